@@ -1,0 +1,7 @@
+/// @file
+/// Galdren_Util: the companion library of Galdren_Tools. Include this one header.
+#pragma once
+
+#include "util/color_space.h"
+#include "util/error.h"
+#include "util/program.h"

@@ -1,0 +1,63 @@
+# Options of every target of this project, and the two ways a library is built.
+add_library(galdren_options INTERFACE)
+target_compile_definitions(galdren_options INTERFACE WIN32_LEAN_AND_MEAN NOMINMAX WINVER=0x0600
+                                                     _WIN32_WINNT=0x0600)
+target_include_directories(galdren_options INTERFACE $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>)
+if(MSVC)
+  target_compile_options(galdren_options INTERFACE /W4 /permissive- /utf-8)
+else()
+  target_compile_options(galdren_options INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow=local)
+  # No MinGW runtime DLL is needed by what is built here.
+  target_link_options(galdren_options INTERFACE -static)
+endif()
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+  # GCC 12 takes "text" + std::string for an overlapping copy.
+  target_compile_options(galdren_options INTERFACE -Wno-restrict)
+endif()
+if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+  target_compile_options(galdren_options INTERFACE -Wno-unknown-warning-option)
+endif()
+option(GALDREN_WERROR "Treat warnings as errors" OFF)
+if(GALDREN_WERROR)
+  target_compile_options(galdren_options INTERFACE $<IF:$<CXX_COMPILER_ID:MSVC>,/WX,-Werror>)
+endif()
+if(GALDREN_CHECKED)
+  target_compile_options(galdren_options INTERFACE -fsanitize=undefined,float-cast-overflow
+                                                   -fsanitize-undefined-trap-on-error)
+endif()
+
+# galdren_library(NAME SOURCES... [NEEDS library]): the DLL NAME and the static library NAME_Static, with the
+# aliases Galdren::NAME and Galdren::NAME_Static.
+function(galdren_library name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;NEEDS;SYSTEM")
+  string(TOUPPER ${name}_BUILD build_macro)
+  if(GALDREN_CHECKED)
+    list(APPEND arg_SOURCES ${PROJECT_SOURCE_DIR}/tests/support/guard_new.cpp)
+  endif()
+
+  set(description "${name}: custom-drawn controls for Windows applications")
+  configure_file(${PROJECT_SOURCE_DIR}/cmake/version.rc.in ${CMAKE_CURRENT_BINARY_DIR}/${name}.rc @ONLY)
+  add_library(${name} SHARED ${arg_SOURCES} ${CMAKE_CURRENT_BINARY_DIR}/${name}.rc)
+  add_library(${name}_Static STATIC ${arg_SOURCES})
+  # lib is in front of import and static library, and of no DLL.
+  set_target_properties(${name} PROPERTIES PREFIX "")
+  set_target_properties(${name}_Static PROPERTIES OUTPUT_NAME ${name})
+  target_compile_definitions(${name} PRIVATE ${build_macro})
+  target_compile_definitions(${name}_Static PUBLIC GALDREN_STATIC)
+  foreach(library ${name} ${name}_Static)
+    target_include_directories(${library} INTERFACE $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>
+                                                    $<INSTALL_INTERFACE:include>)
+    target_link_libraries(${library} PRIVATE $<BUILD_INTERFACE:galdren_options>)
+    add_library(Galdren::${library} ALIAS ${library})
+  endforeach()
+  foreach(needed ${arg_NEEDS})
+    target_link_libraries(${name} PUBLIC ${needed})
+    target_link_libraries(${name}_Static PUBLIC ${needed}_Static)
+  endforeach()
+  target_link_libraries(${name} PRIVATE ${arg_SYSTEM})
+  target_link_libraries(${name}_Static PUBLIC ${arg_SYSTEM})
+  if(NOT MSVC)
+    target_link_options(${name} PRIVATE -Wl,--dynamicbase -Wl,--nxcompat -Wl,--high-entropy-va
+                                        $<$<CONFIG:Release>:-s>)
+  endif()
+endfunction()

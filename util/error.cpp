@@ -1,0 +1,73 @@
+#include "util/error.h"
+
+#include <atomic>
+#include <cstdarg>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+#include "util/program.h"
+
+namespace {
+
+constexpr int Default_Level = ERROR_LEVEL_WARNING;
+constexpr std::size_t Longest_Report = 2048;
+
+int Level_From_Environment() {
+    const char* text = std::getenv("GALDREN_ERROR_LEVEL");
+    return text && *text ? std::atoi(text) : Default_Level;
+}
+
+std::atomic<int> Level{Level_From_Environment()};
+std::atomic<Error_Handler> Handler{nullptr};
+
+/// Takes the style bytes out of `text`, in place.
+void Strip_Styles(char* text) {
+    constexpr unsigned char Style = 0xF1;  // followed by the code of the style
+    constexpr unsigned char Plain = 0x01;
+    constexpr unsigned char Strong = 0x02;
+    char* out = text;
+    for (const char* in = text; *in; ++in) {
+        const auto byte = static_cast<unsigned char>(*in);
+        if (byte == Style) {
+            if (in[1]) ++in;
+        } else if (byte != Plain && byte != Strong) {
+            *out++ = *in;
+        }
+    }
+    *out = '\0';
+}
+
+void Report_Standard(const char* text) {
+    const char* program = Prog_Name ? Prog_Name : "";
+    const std::size_t length = std::strlen(text);
+    const char* line_end = length && text[length - 1] == '\n' ? "" : "\n";
+    char line[Longest_Report + MAX_PATH];
+    std::snprintf(line, sizeof line, "%s: %s%s", program, text, line_end);
+    std::fputs(line, stderr);
+    OutputDebugStringA(line);
+}
+
+}  // namespace
+
+void Error_Fct(HWND window, int level, const char* format, ...) {
+    if (!format || level > Level.load()) return;
+    char text[Longest_Report];
+    va_list arguments;
+    va_start(arguments, format);
+    const int length = std::vsnprintf(text, sizeof text, format, arguments);
+    va_end(arguments);
+    if (length < 0) return;
+    Strip_Styles(text);
+    if (const Error_Handler handler = Handler.load()) {
+        handler(window, level, text);
+    } else {
+        Report_Standard(text);
+    }
+}
+
+const char* Error_Perror(int error) { return std::strerror(error); }
+
+int Error_Set_Level(int level) { return Level.exchange(level); }
+
+Error_Handler Error_Set_Handler(Error_Handler handler) { return Handler.exchange(handler); }
