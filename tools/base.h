@@ -1,0 +1,115 @@
+/// @file
+/// What every control does the same: the checks, the common part of `Init`, the pointer, the parts of a look.
+#pragma once
+
+#include <cstddef>
+
+#include "tools/arithmetic.h"
+#include "tools/canvas.h"
+#include "tools/tools.h"
+
+namespace galdren {
+
+constexpr unsigned long Black = 0x000000;
+constexpr unsigned long White = 0xFFFFFF;
+constexpr unsigned long Outline_Blue = 0xE64040;  // red 64, green 64, blue 230
+
+/// Colour of a highlighted body.
+inline Colors Highlight_Color() { return {230, 100, 100}; }
+
+inline bool Has_Size(const Tools& control) { return control.Width >= 1 && control.Height >= 1; }
+
+/// `Border`, or the common `BORDER` when it is 0.
+int Frame_Width(const Tools& control);
+
+/// Whether any of the bits is set.
+inline bool Has_Flag(const Tools& control, unsigned long bits) { return (control.Flag & bits) != 0; }
+
+/// Neither painted nor highlighted when the pointer moves.
+inline bool Never_Highlights(const Tools& control) { return Has_Flag(control, FLAG_NO_BODY | FLAG_STATIC); }
+
+/// The kind of an event word, without the buttons held.
+inline int Event_Kind(int event) { return event & 15; }
+
+/// Values of the controls' `Hover`.
+constexpr short Hover_Unknown = 0;
+constexpr short Hover_Highlighted = 1;
+constexpr short Hover_Normal = 2;
+
+/// Follows the pointer with the `Hover` of a control.
+/// @return whether the control has to be painted
+bool Hover_Changes(const Tools& control, short& hover, bool inside);
+
+/// The head of almost every member: reports the first call on a control that `Init` did not prepare. The
+/// call goes on.
+/// @param label  name of the member in the report
+void Check(Tools& control, const char* label);
+
+/// The head of every `Init`: marks the control as ready and finds its window, or reports that there is none.
+/// @param window  the argument of `Init`; receives the window to use
+/// @return false when `Init` has to stop
+bool Begin_Init(Tools& control, HWND& window, const char* label);
+
+/// Gives a black control the common grey.
+void Default_Grey(Tools& control);
+
+/// Binds the control to the window: region and hit rectangle.
+void Bind(Tools& control, HWND window);
+
+/// Makes the font when there is none or its size changed.
+void Renew_Font(Tools& control);
+
+/// Notes the size as that of the last generation of buffers.
+void Note_Size(Tools& control);
+
+/// What `Take_Images` found.
+struct Images {
+    bool normal_taken;   ///< `Cur_Graph_Normal` became `Graph_Normal`
+    bool select_taken;   ///< `Cur_Graph_Select` became `Graph_Select`
+    bool normal_needed;  ///< shading is to be generated from `Color`
+    bool select_needed;  ///< shading is to be generated from the highlight colour
+};
+
+/// Takes the application's images where they changed, or the size did, and tells what is to be generated.
+/// An image that the application withdrew is not used any more. Notes size and images.
+Images Take_Images(Tools& control);
+
+/// Whether the pointer is inside the control's hit rectangle.
+bool Pointer_Inside(const Tools& control);
+
+/// Replaces generated shading by that of `color` at the control's present size.
+void Renew_Shading(const Tools& control, unsigned long*& own, const Colors& color);
+
+/// Notes one more holder of an array of bytes or pixels.
+void Share_Array(const void* array);
+
+/// Releases an array of bytes or pixels, unless a copy still shares it.
+void Release_Array(const void* array);
+
+/// The shaded frame; see `Tools::Cadre`.
+void Paint_Frame(Canvas& canvas, Colors color, unsigned long flags, bool sunken, int width, const Area& area);
+
+/// The blue outline; see `Tools::Cadre_Outline`.
+void Paint_Outline(Canvas& canvas, const Area& area);
+
+/// The body; see `Tools::Fill_Select`.
+void Paint_Body(Canvas& canvas, const Tools& control, bool highlighted, const void* buffer,
+                unsigned long flags, int inset, const Area& area);
+
+/// A caption; see `Tools::Text`. Null and the empty text paint nothing.
+void Paint_Caption(Canvas& canvas, HFONT font, const char* text, unsigned long flags, const Area& area,
+                   int border);
+
+/// One line of text, placed in `area` by the placement bits in `flags`.
+void Paint_Line(Canvas& canvas, HFONT font, const char* text, unsigned long flags, const Area& area,
+                unsigned long color);
+
+/// Text from top to bottom: its first 128 characters, one a line, in a column one average character wide
+/// with another of room on either side, placed by the placement bits in `flags`.
+/// @param border  margin above and below
+/// @param margin  margin at the side the column stands at
+/// @param format  further bits for DrawText
+void Paint_Stacked(Canvas& canvas, HFONT font, const char* text, unsigned long flags, const Area& area,
+                   int border, int margin, UINT format, unsigned long color);
+
+}  // namespace galdren

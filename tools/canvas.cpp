@@ -1,0 +1,208 @@
+#include "tools/canvas.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "tools/context.h"
+#include "tools/font.h"
+#include "tools/surface.h"
+
+namespace galdren {
+
+namespace {
+
+/// Keeps an object selected for a scope.
+class Selection {
+  public:
+    Selection(HDC context, HGDIOBJ object) : dc(context), before(SelectObject(context, object)) {}
+    ~Selection() { SelectObject(dc, before); }
+    Selection(const Selection&) = delete;
+    Selection& operator=(const Selection&) = delete;
+
+  private:
+    HDC dc;
+    HGDIOBJ before;
+};
+
+/// A rectangle region for a scope.
+class Scoped_Region {
+  public:
+    explicit Scoped_Region(const RECT& r) : region(CreateRectRgn(r.left, r.top, r.right, r.bottom)) {}
+    ~Scoped_Region() {
+        if (region) DeleteObject(region);
+    }
+    Scoped_Region(const Scoped_Region&) = delete;
+    Scoped_Region& operator=(const Scoped_Region&) = delete;
+    HRGN Get() const { return region; }
+
+  private:
+    HRGN region;
+};
+
+/// Narrows the clip of a context for a scope.
+class Narrow_Clip {
+  public:
+    Narrow_Clip(HDC context, const RECT& r) : dc(context), before({0, 0, 0, 0}) {
+        had_clip = GetClipRgn(dc, before.Get()) == 1;
+        IntersectClipRect(dc, r.left, r.top, r.right, r.bottom);
+    }
+    ~Narrow_Clip() { SelectClipRgn(dc, had_clip ? before.Get() : nullptr); }
+    Narrow_Clip(const Narrow_Clip&) = delete;
+    Narrow_Clip& operator=(const Narrow_Clip&) = delete;
+
+  private:
+    HDC dc;
+    Scoped_Region before;
+    bool had_clip;
+};
+
+/// Distance of something `length` long from the start of a `room`.
+int Offset(Place place, int room, int length) {
+    switch (place) {
+        case Place::Middle:
+            return room / 2 - length / 2;
+        case Place::End:
+            return room - length;
+        default:
+            return 0;
+    }
+}
+
+}  // namespace
+
+Canvas::Canvas(const Tools& control) : clipped(control.Clip_Width != 0) {
+    const View view = Take_Surface(control.Window);
+    dc = view.dc;
+    mapped = view.mapped;
+    bottom_row = view.height - 1;
+    if (clipped) Clip(control.Clip_X, control.Clip_Y, control.Clip_Width, control.Clip_Height);
+}
+
+Canvas::~Canvas() {
+    if (brush_before) SelectObject(dc, brush_before);
+    if (clipped) Clip_Reset();
+    Give_Back_Surface();
+}
+
+void Canvas::Clip(int x, int y, int width, int height) {
+    const Scoped_Region region({x, Device_Y(y), x + width, Device_Y(y + height)});
+    SelectClipRgn(dc, region.Get());
+}
+
+void Canvas::Use_Brush(unsigned long color) {
+    if (!brush_before) brush_before = SelectObject(dc, GetStockObject(DC_BRUSH));
+    SetDCBrushColor(dc, color & 0xFFFFFF);
+    Current_Color = color;
+}
+
+void Canvas::Box(const Area& area, unsigned long color) {
+    Use_Brush(color);
+    PatBlt(dc, area.left, Y(area.top), area.right - area.left, Down(area.top - area.bottom), PATCOPY);
+}
+
+void Canvas::Row(int x_from, int x_to, int y, unsigned long color) {
+    if (x_from == x_to) return;
+    const int left = x_from < x_to ? x_from : x_to + 1;
+    const int right = x_from < x_to ? x_to : x_from + 1;
+    Box({left, right, y - 1, y}, color);
+}
+
+void Canvas::Column(int x, int y_from, int y_to, unsigned long color) {
+    if (y_from == y_to) return;
+    const int bottom = y_from < y_to ? y_from : y_to + 1;
+    const int top = y_from < y_to ? y_to : y_from + 1;
+    Box({x, x + 1, bottom - 1, top - 1}, color);
+}
+
+void Canvas::Outline(const Area& area, unsigned long color) {
+    Column(area.left, area.bottom, area.top, color);
+    Row(area.left, area.right, area.top, color);
+    Column(area.right, area.top, area.bottom, color);
+    Row(area.right, area.left, area.bottom, color);
+}
+
+void Canvas::Polygon(std::initializer_list<POINT> corners, unsigned long color) {
+    Use_Brush(color);
+    const Selection pen(dc, GetStockObject(DC_PEN));
+    SetDCPenColor(dc, color & 0xFFFFFF);
+    POINT points[4];
+    const POINT* end = std::transform(corners.begin(), corners.end(), points, [this](const POINT& corner) {
+        return POINT{corner.x, Y(corner.y)};
+    });
+    ::Polygon(dc, points, static_cast<int>(end - points));
+}
+
+void Canvas::Pixels(const void* buffer, int width, int height, int inset, const Area& area) {
+    const int columns = area.right - area.left + 1;
+    const int rows = area.top - area.bottom + 1;
+    if (columns < 1 || rows < 1) return;
+    constexpr LONG Pixels_Per_Meter = 10000;
+    BITMAPINFO info{};
+    info.bmiHeader = {sizeof info.bmiHeader, width, -height, 1, 32, BI_RGB, 0, Pixels_Per_Meter,
+                      Pixels_Per_Meter,      0,     0};
+    // The first source row is counted from the last row of the buffer, top-down or not.
+    SetDIBitsToDevice(dc, area.left, Y(area.top), static_cast<DWORD>(columns), static_cast<DWORD>(rows),
+                      inset, inset - 1, 0, static_cast<UINT>(height), buffer, &info, DIB_RGB_COLORS);
+}
+
+void Canvas::Use_Text(HFONT font, unsigned long color) {
+    Use_Font(font);
+    SetTextColor(dc, color & 0xFFFFFF);
+    SetBkMode(dc, TRANSPARENT);
+}
+
+void Canvas::Write(HFONT font, const char* text, const Area& area, Place across, Place down,
+                   unsigned long color) {
+    if (!dc || area.left >= area.right || area.bottom >= area.top) return;
+    Use_Text(font, color);
+    if (!Write_Plain(text, area, across, down)) Write_Any(text, area, across, down);
+}
+
+/// The usual caption: short, and without the bytes that DrawText gives a meaning. Placed by hand, for
+/// DrawText takes longer and, on a context with y upward, may centre text one line too low.
+/// @return false when the text is not of that kind
+bool Canvas::Write_Plain(const char* text, const Area& area, Place across, Place down) {
+    constexpr int Longest = 128;
+    const std::size_t length = std::strlen(text);
+    if (length > Longest || std::strchr(text, '\t')) return false;
+    WCHAR wide[Longest];
+    const int count = MultiByteToWideChar(CP_ACP, 0, text, static_cast<int>(length), wide, Longest);
+    SIZE extent{};
+    if (!GetTextExtentPoint32W(dc, wide, count, &extent)) return false;
+    int x = area.left;
+    if (across == Place::Middle) x = (area.left + area.right - extent.cx) / 2;
+    if (across == Place::End) x = area.right - extent.cx;
+    const int drop = Offset(down, area.top - area.bottom, extent.cy);
+    const RECT clip = Rectangle(area);
+    ExtTextOutW(dc, x, Y(area.top) + Down(drop), ETO_CLIPPED, &clip, wide, static_cast<UINT>(count), nullptr);
+    return true;
+}
+
+void Canvas::Write_Any(const char* text, const Area& area, Place across, Place down) {
+    TEXTMETRICA metrics{};
+    GetTextMetricsA(dc, &metrics);
+    const int drop = Offset(down, area.top - area.bottom, metrics.tmHeight);
+    UINT format = DT_SINGLELINE | DT_EXPANDTABS | DT_NOCLIP;
+    if (across == Place::Middle) format |= DT_CENTER;
+    if (across == Place::End) format |= DT_RIGHT;
+    const Narrow_Clip clip(dc, Rectangle(area));
+    RECT line = Rectangle({area.left, area.right, area.top - drop - metrics.tmHeight, area.top - drop});
+    DrawTextA(dc, Escape_Ampersand(text), -1, &line, format);
+}
+
+void Canvas::Write_Lines(HFONT font, const char* text, int length, const Area& area, UINT format,
+                         unsigned long color) {
+    if (!dc || area.left >= area.right || area.bottom >= area.top) return;
+    Use_Text(font, color);
+    RECT rectangle = Rectangle(area);
+    DrawTextA(dc, text, length, &rectangle, format | DT_CENTER);
+}
+
+TEXTMETRICA Canvas::Metrics(HFONT font) {
+    Use_Font(font);
+    TEXTMETRICA metrics{};
+    GetTextMetricsA(dc, &metrics);
+    return metrics;
+}
+
+}  // namespace galdren

@@ -1,0 +1,93 @@
+/// @file
+/// The surface of one control for the time of one paint.
+#pragma once
+
+#include <windows.h>
+
+#include <initializer_list>
+
+#include "tools/tools.h"
+
+namespace galdren {
+
+/// A rectangle in logical pixels, edges as the controls give them.
+struct Area {
+    int left;
+    int right;
+    int bottom;
+    int top;
+
+    Area Inset(int margin) const { return {left + margin, right - margin, bottom + margin, top - margin}; }
+    Area Shifted(int x, int y) const { return {left + x, right + x, bottom + y, top + y}; }
+};
+
+/// `X`, `X` + `Width`, `Y`, `Y` + `Height`, in the range of int.
+inline Area Area_Of(const Tools& control) {
+    return {control.X, control.X + control.Width, control.Y, control.Y + control.Height};
+}
+
+/// Where text goes in its area, in either direction; the start is left or top.
+enum class Place { Start, Middle, End };
+
+/// Takes the surface for a control and clips to its text clip rectangle; at its end it resets the clip and
+/// gives the surface back. Every call carries its colour, so there is nothing to set up or to restore.
+///
+/// All coordinates are logical, y upward, whatever the context underneath.
+class Canvas {
+  public:
+    explicit Canvas(const Tools& control);
+    ~Canvas();
+    Canvas(const Canvas&) = delete;
+    Canvas& operator=(const Canvas&) = delete;
+
+    /// Fills the columns left..right-1 and the rows bottom+1..top.
+    void Box(const Area& area, unsigned long color);
+
+    /// Horizontal line from x_from towards x_to, which is not painted.
+    void Row(int x_from, int x_to, int y, unsigned long color);
+    /// Vertical line from y_from towards y_to, which is not painted.
+    void Column(int x, int y_from, int y_to, unsigned long color);
+    /// Outline of one pixel along all four edges.
+    void Outline(const Area& area, unsigned long color);
+
+    /// Polygon of up to four corners, filled and outlined.
+    void Polygon(std::initializer_list<POINT> corners, unsigned long color);
+
+    /// Pixels of a buffer of `width` x `height`, rows top-down: those that lie `inset` inside it go to
+    /// `area`, all four edges included.
+    void Pixels(const void* buffer, int width, int height, int inset, const Area& area);
+
+    /// One line of text with its tabs expanded, clipped to the columns left..right-1 and the rows
+    /// bottom+1..top.
+    /// @param font  null means the stock system font
+    void Write(HFONT font, const char* text, const Area& area, Place across, Place down, unsigned long color);
+
+    /// Lines of text, centred, from the top of the area downwards, clipped to it as above.
+    /// @param font    null means the stock system font
+    /// @param length  number of bytes
+    /// @param format  further bits for DrawText
+    void Write_Lines(HFONT font, const char* text, int length, const Area& area, UINT format,
+                     unsigned long color);
+
+    /// Metrics of `font`, which is in place afterwards.
+    TEXTMETRICA Metrics(HFONT font);
+
+  private:
+    int Device_Y(int y) const { return bottom_row - y; }
+    int Y(int y) const { return mapped ? y : Device_Y(y); }
+    int Down(int rows) const { return mapped ? -rows : rows; }
+    RECT Rectangle(const Area& area) const { return {area.left, Y(area.top), area.right, Y(area.bottom)}; }
+    void Clip(int x, int y, int width, int height);
+    void Use_Brush(unsigned long color);
+    void Use_Text(HFONT font, unsigned long color);
+    bool Write_Plain(const char* text, const Area& area, Place across, Place down);
+    void Write_Any(const char* text, const Area& area, Place across, Place down);
+
+    HDC dc;
+    bool mapped;
+    int bottom_row;
+    bool clipped;
+    HGDIOBJ brush_before = nullptr;
+};
+
+}  // namespace galdren

@@ -1,0 +1,94 @@
+#include <algorithm>
+#include <cstring>
+
+#include "tools/base.h"
+
+namespace galdren {
+
+namespace {
+
+Place Across(unsigned long flags) {
+    if (flags & FLAG_TEXT_LEFT) return Place::Start;
+    return flags & FLAG_TEXT_RIGHT ? Place::End : Place::Middle;
+}
+
+Place Downwards(unsigned long flags) {
+    if (flags & FLAG_TEXT_BOTTOM) return Place::End;
+    return flags & FLAG_TEXT_TOP ? Place::Start : Place::Middle;
+}
+
+unsigned long Text_Color(unsigned long flags) {
+    if (flags & FLAG_OUTLINE) return Outline_Blue;
+    return flags & FLAG_TEXT_WHITE ? White : Black;
+}
+
+/// Rows that stacked text of `height` takes: from the bottom upwards, over the whole area, or around its
+/// middle.
+void Place_Rows(Area& place, const Area& area, unsigned long flags, int border, int height) {
+    place.bottom = area.bottom + border;
+    place.top = area.top - border;
+    if (flags & FLAG_TEXT_BOTTOM) {
+        place.top = place.bottom + height;
+    } else if (!(flags & FLAG_TEXT_TOP)) {
+        const int middle = area.bottom + (area.top - area.bottom) / 2;
+        place.bottom = middle - height / 2;
+        place.top = middle + height / 2;
+    }
+}
+
+}  // namespace
+
+void Paint_Stacked(Canvas& canvas, HFONT font, const char* text, unsigned long flags, const Area& area,
+                   int border, int margin, UINT format, unsigned long color) {
+    constexpr std::size_t Most_Characters = 128;
+    constexpr std::size_t Most_Lines = 1000000;  // far outside any window, and their height is still in range
+    const TEXTMETRICA metrics = canvas.Metrics(font);
+    const std::size_t length = std::strlen(text);
+    const int character = metrics.tmAveCharWidth;
+    Area place = area;
+    if (flags & FLAG_TEXT_LEFT) {
+        place.left = area.left - character + margin;
+        place.right = area.left + 2 * character + margin;
+    } else if (flags & FLAG_TEXT_RIGHT) {
+        place.left = area.right - 2 * character - margin;
+        place.right = area.right - margin + character;
+    }
+    Place_Rows(place, area, flags, border, static_cast<int>(std::min(length, Most_Lines)) * metrics.tmHeight);
+
+    char lines[2 * Most_Characters];
+    const std::size_t count = std::min(length, Most_Characters);
+    for (std::size_t i = 0; i < count; ++i) {
+        lines[2 * i] = text[i];
+        lines[2 * i + 1] = '\n';
+    }
+    canvas.Write_Lines(font, lines, static_cast<int>(2 * count), place, format, color);
+}
+
+void Paint_Line(Canvas& canvas, HFONT font, const char* text, unsigned long flags, const Area& area,
+                unsigned long color) {
+    canvas.Write(font, text, area, Across(flags), Downwards(flags), color);
+}
+
+void Paint_Caption(Canvas& canvas, HFONT font, const char* text, unsigned long flags, const Area& area,
+                   int border) {
+    if (!text || !*text) return;
+    constexpr int Least_Margin = 6;
+    border = std::max(border, 1);
+    const int margin = std::max(2 * border, Least_Margin);
+    if (flags & FLAG_VERTICAL) {
+        Paint_Stacked(canvas, font, text, flags, area, border, margin, DT_EXPANDTABS, Text_Color(flags));
+    } else {
+        const Area room{area.left + margin, area.right - margin, area.bottom + border + 1, area.top - border};
+        Paint_Line(canvas, font, text, flags, room, Text_Color(flags));
+    }
+}
+
+}  // namespace galdren
+
+using namespace galdren;
+
+void Tools::Text(HFONT font, const char* text, long flags, short x, short y, short w, short h, short border) {
+    if (!text || !*text) return;
+    Canvas canvas(*this);
+    Paint_Caption(canvas, font, text, static_cast<unsigned long>(flags), {x, x + w, y, y + h}, border);
+}

@@ -1,0 +1,35 @@
+/// @file
+/// The library's own side of the surface: what its members use instead of `Begin_Draw` and `End_Draw`.
+#pragma once
+
+#include <windows.h>
+
+namespace galdren {
+
+/// The context in use and how to paint on it.
+struct View {
+    HDC dc;       ///< null when there is nothing to paint on
+    LONG height;  ///< of the client area
+    bool mapped;  ///< logical coordinates, y upward; otherwise device coordinates, y downward
+};
+
+/// Takes the surface of `window` for a member. It differs from an application's `Begin_Draw` in two ways that
+/// save most of the time: the context need not be mapped, and the font that is selected may stay for the next
+/// member, as long as no application draws in between.
+View Take_Surface(HWND window);
+
+/// Gives back what `Take_Surface` took.
+void Give_Back_Surface();
+
+/// Selects `font`, or the stock system font when null, on the surface in use, unless it is in place already.
+/// The surface restores the font before as soon as somebody else may draw on it.
+void Use_Font(HFONT font);
+
+/// Pointer position in the logical coordinates of `window`.
+/// @return false when there is no such window or its client area is empty
+bool Find_Pointer(HWND window, POINT& position);
+
+/// Frees the off-screen contexts of all batches. No batch may be open on any thread.
+void Free_Back_Buffers();
+
+}  // namespace galdren

@@ -1,0 +1,181 @@
+#include "tools/font.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <tuple>
+
+#include "tools/arithmetic.h"
+#include "tools/context.h"
+#include "tools/font_cache.h"
+#include "tools/sharing.h"
+#include "tools/surface.h"
+#include "util/error.h"
+#include "util/program.h"
+
+namespace galdren {
+
+namespace {
+
+/// Resolution of the display in pixels per inch. It is fixed for the life of a process, and asking for it is
+/// slow.
+struct Resolution {
+    int x = 0;
+    int y = 0;
+    explicit Resolution(HWND window) {
+        if (const HDC dc = GetDC(window)) {
+            x = GetDeviceCaps(dc, LOGPIXELSX);
+            y = GetDeviceCaps(dc, LOGPIXELSY);
+            ReleaseDC(window, dc);
+        }
+        if (x < 1 || y < 1) x = y = USER_DEFAULT_SCREEN_DPI;
+    }
+};
+
+/// Character height in pixels of a font of `points`.
+int Pixel_Height(HWND window, short points) {
+    static const Resolution resolution(window);
+    constexpr short Default_Points = 12;
+    const float pixels_per_point_base = static_cast<float>(resolution.x) / 96.0F * 72.0F;
+    const int scaled = (points < 1 ? Default_Points : points) * resolution.y;
+    return std::abs(Truncate(static_cast<float>(scaled) / pixels_per_point_base));
+}
+
+/// What a font is made from, in the form in which equal fonts are equal.
+struct Font_Key {
+    char face[LF_FACESIZE] = {};
+    int height;
+    bool bold;
+    bool italic;
+
+    Font_Key(HWND window, const char* face_word, const char* weight, const char* style, short points)
+        : height(Pixel_Height(window, points)),
+          bold(weight && std::strcmp(weight, "bold") == 0),
+          italic(style && (std::strcmp(style, "i") == 0 || std::strcmp(style, "o") == 0)) {
+        std::strncpy(face, face_word ? face_word : "Arial", LF_FACESIZE - 1);
+    }
+
+    bool operator<(const Font_Key& other) const {
+        const int order = std::strcmp(face, other.face);
+        return std::tie(height, bold, italic) < std::tie(other.height, other.bold, other.italic) ||
+               (std::tie(height, bold, italic) == std::tie(other.height, other.bold, other.italic) &&
+                order < 0);
+    }
+};
+
+using Font_Pool = Pool<Thing::Font, Font_Key, HFONT>;
+
+Font_Pool& Fonts() {
+    static Immortal<Font_Pool> fonts;
+    return *fonts;
+}
+
+/// Every failure but the first of the process is silent.
+void Report_Failure(const LOGFONTA& description) {
+    static bool reported = false;
+    if (reported) return;
+    reported = true;
+    Error_Fct(hwnd, ERROR_LEVEL_FONT, "WARNING: in Z_Create_Font()");
+    Error_Fct(hwnd, ERROR_LEVEL_FONT, "Unable to allocate font:(name:%s height:%d weight:%d )",
+              description.lfFaceName, static_cast<int>(description.lfHeight),
+              static_cast<int>(description.lfWeight));
+}
+
+HFONT Make_Font(const Font_Key& key) {
+    LOGFONTA description{};
+    description.lfHeight = -key.height;
+    description.lfWeight = key.bold ? FW_BOLD : FW_DONTCARE;
+    description.lfItalic = key.italic;
+    std::memcpy(description.lfFaceName, key.face, sizeof key.face);
+    const HFONT font = CreateFontIndirectA(&description);
+    if (!font) Report_Failure(description);
+    return font;
+}
+
+bool Asks_For_Nothing(const char* face, const char* weight, const char* style, short points) {
+    return !face && !weight && !style && points == 0;
+}
+
+/// Metrics of the font in place on the surface.
+TEXTMETRICA Current_Metrics() {
+    TEXTMETRICA metrics{};
+    GetTextMetricsA(Z_DC, &metrics);
+    return metrics;
+}
+
+/// Font of the surface in use for a scope.
+class Selected_Font {
+  public:
+    explicit Selected_Font(HFONT font)
+        : before(SelectObject(Z_DC, font ? font : GetStockObject(SYSTEM_FONT))) {}
+    ~Selected_Font() { SelectObject(Z_DC, before); }
+    Selected_Font(const Selected_Font&) = delete;
+    Selected_Font& operator=(const Selected_Font&) = delete;
+
+  private:
+    HGDIOBJ before;
+};
+
+}  // namespace
+
+HFONT Acquire_Font(HWND window, const char* face, const char* weight, const char* style, short points) {
+    if (Asks_For_Nothing(face, weight, style, points)) return nullptr;
+    const Font_Key key(window, face, weight, style, points);
+    return Fonts().Acquire(key, [&] { return Make_Font(key); });
+}
+
+void Share_Font(HFONT font) { Share(Thing::Font, font); }
+
+}  // namespace galdren
+
+using namespace galdren;
+
+HFONT Z_Create_Font(HWND window, const char* face, const char* weight, const char* style, short points) {
+    if (Asks_For_Nothing(face, weight, style, points)) return nullptr;
+    return Make_Font(Font_Key(window, face, weight, style, points));
+}
+
+void Z_Delete_Font(HWND, HFONT font) {
+    if (font == GetStockObject(SYSTEM_FONT)) return;
+    if (Fonts().Release(font)) DeleteObject(font);
+}
+
+int Text_Width(HFONT font, const char* text) {
+    if (!text) return 0;
+    const Selected_Font selected(font);
+    const std::size_t length = std::strlen(text);
+    SIZE extent{};
+    GetTextExtentPoint32A(Z_DC, text, static_cast<int>(length), &extent);
+    const auto tabs = static_cast<int>(std::count(text, text + length, '\t'));
+    constexpr int Characters_Per_Tab = 3;
+    return extent.cx + (tabs ? Characters_Per_Tab * Current_Metrics().tmAveCharWidth * tabs : 0);
+}
+
+int Text_Height(HFONT font) {
+    const Selected_Font selected(font);
+    return Current_Metrics().tmHeight;
+}
+
+void Text_Tabbed(HFONT font, int x, int y, const char* text) {
+    if (!text) return;
+    constexpr int Longest = 255;
+    constexpr int Characters_Per_Stop = 4;
+    const Selected_Font selected(font);
+    const TEXTMETRICA metrics = Current_Metrics();
+    const int stop = Characters_Per_Stop * metrics.tmAveCharWidth;
+    const auto length = static_cast<int>(std::find(text, text + Longest, '\0') - text);
+    TabbedTextOutA(Z_DC, x, y + metrics.tmHeight, text, length, 1, &stop, 0);
+}
+
+const char* Escape_Ampersand(const char* text) {
+    constexpr std::size_t Longest = 128;
+    static char escaped[2 * Longest + 1];
+    if (!text || !std::strchr(text, '&') || std::strlen(text) > Longest) return text;
+    char* out = escaped;
+    for (; *text; ++text) {
+        if (*text == '&') *out++ = '&';
+        *out++ = *text;
+    }
+    *out = '\0';
+    return escaped;
+}

@@ -1,0 +1,101 @@
+#include "tools/base.h"
+
+namespace galdren {
+
+void Paint_Frame(Canvas& canvas, Colors color, unsigned long flags, bool sunken, int width,
+                 const Area& area) {
+    if (!(flags & FLAG_NO_RIM)) canvas.Outline(area, Black);
+    if (width < 1) return;
+    constexpr int Contrast = 80;
+    constexpr int Extra_Dark = 40;
+    const int step = Contrast / width;
+    int offset = sunken ? step : Contrast;
+    for (int ring = 1; ring <= width; ++ring) {
+        Colors light = color;
+        Colors dark = color;
+        light += static_cast<short>(offset);
+        dark += static_cast<short>(sunken ? -(offset + Extra_Dark) : -offset);
+        const unsigned long bottom_right = (sunken ? light : dark).get();
+        const unsigned long top_left = (sunken ? dark : light).get();
+        const Area edge = area.Inset(ring);
+        canvas.Row(edge.left, edge.right, edge.bottom, bottom_right);
+        canvas.Column(edge.right, edge.bottom, edge.top, bottom_right);
+        canvas.Column(edge.left, edge.bottom, edge.top, top_left);
+        canvas.Row(edge.left, edge.right + 1, edge.top, top_left);
+        offset += sunken ? step : -step;
+    }
+}
+
+void Paint_Outline(Canvas& canvas, const Area& area) { canvas.Outline(area.Inset(1), Outline_Blue); }
+
+namespace {
+
+/// A buffer that `Init` chose was made for the size it saw. It must not be read at a larger one.
+bool Covers(const Tools& control, const void* buffer) {
+    if (buffer != control.Cur_Graph_Normal && buffer != control.Cur_Graph_Select) return true;
+    return int{control.Width} * control.Height <= int{control.Last_Width} * control.Last_Height;
+}
+
+void Paint_Signal(const Tools& control, const Area& area, const Colors& color) {
+    Canvas canvas(control);
+    if (!Has_Flag(control, FLAG_NO_BODY)) canvas.Box(area, color.get());
+}
+
+}  // namespace
+
+void Paint_Body(Canvas& canvas, const Tools& control, bool highlighted, const void* buffer,
+                unsigned long flags, int inset, const Area& area) {
+    if (flags & FLAG_STATIC) return;
+    const Area body = area.Inset(inset);
+    if (body.right < body.left || body.top < body.bottom) return;
+    if (buffer && Covers(control, buffer)) {
+        canvas.Pixels(buffer, control.Width, control.Height, inset, body);
+    } else {
+        const Colors flat = highlighted ? Highlight_Color() : control.Color;
+        canvas.Box({body.left, body.right + 1, body.bottom - 1, body.top}, flat.get());
+    }
+}
+
+}  // namespace galdren
+
+using namespace galdren;
+
+void Tools::Cadre(long flags, short mode, short width, short x0, short x1, short y0, short y1) {
+    Canvas canvas(*this);
+    Paint_Frame(canvas, Color, static_cast<unsigned long>(flags), mode != 0, width, {x0, x1, y0, y1});
+}
+
+void Tools::Cadre_Outline(short x0, short x1, short y0, short y1) {
+    Canvas canvas(*this);
+    Paint_Outline(canvas, {x0, x1, y0, y1});
+}
+
+void Tools::Fill(long flags, short x0, short x1, short y0, short y1) {
+    if (!(flags & static_cast<long>(FLAG_STATIC))) Paint_Signal(*this, {x0, x1, y0, y1}, Color);
+}
+
+void Tools::Fill_Grey(short x0, short x1, short y0, short y1) {
+    Paint_Signal(*this, {x0, x1, y0, y1}, Colors(170, 170, 170));
+}
+
+void Tools::Fill_Yellow(short x0, short x1, short y0, short y1) {
+    Paint_Signal(*this, {x0, x1, y0, y1}, Colors(255, 255, 0));
+}
+
+void Tools::Fill_Red(short x0, short x1, short y0, short y1) {
+    Paint_Signal(*this, {x0, x1, y0, y1}, Colors(255, 0, 0));
+}
+
+void Tools::Fill_Green(short x0, short x1, short y0, short y1) {
+    Paint_Signal(*this, {x0, x1, y0, y1}, Colors(0, 255, 0));
+}
+
+void Tools::Fill_Blue(short x0, short x1, short y0, short y1) {
+    Paint_Signal(*this, {x0, x1, y0, y1}, Colors(0, 0, 255));
+}
+
+void Tools::Fill_Select(short sel, const char* buffer, long flags, short inset, short x0, short x1, short y0,
+                        short y1) {
+    Canvas canvas(*this);
+    Paint_Body(canvas, *this, sel != 0, buffer, static_cast<unsigned long>(flags), inset, {x0, x1, y0, y1});
+}

@@ -1,0 +1,366 @@
+#include "tools/surface.h"
+
+#include <algorithm>
+#include <map>
+#include <memory>
+#include <new>
+#include <vector>
+
+#include "tools/cleanup.h"
+#include "tools/context.h"
+#include "tools/input.h"
+#include "tools/lock.h"
+
+CRITICAL_SECTION Critical;
+unsigned char Critical_Flag = 0;
+HDC Z_DC = nullptr;
+HWND Z_Window = nullptr;
+unsigned long Current_Color = 0;
+
+namespace galdren {
+
+namespace {
+
+BOOL CALLBACK Make_Lock(INIT_ONCE*, void*, void**) {
+    InitializeCriticalSection(&Critical);
+    Critical_Flag = 1;
+    return TRUE;
+}
+
+void Enter_Lock() {
+    static INIT_ONCE once = INIT_ONCE_STATIC_INIT;
+    InitOnceExecuteOnce(&once, Make_Lock, nullptr, nullptr);
+    EnterCriticalSection(&Critical);
+}
+
+void Leave_Lock() { LeaveCriticalSection(&Critical); }
+
+/// Whether this thread is inside the lock, so that a call that only ends something cannot end another's.
+bool Holds_Lock() {
+    return Critical_Flag &&
+           Critical.OwningThread == reinterpret_cast<HANDLE>(ULONG_PTR{GetCurrentThreadId()});
+}
+
+SIZE Client_Size(HWND window) {
+    RECT client{};
+    if (window) GetClientRect(window, &client);
+    return {client.right, client.bottom};
+}
+
+/// Logical (0, 0) becomes the bottom-left pixel, y grows upward, one unit is one pixel. An isotropic mapping
+/// would be off by a pixel at many sizes, for the display's millimetres are rounded.
+void Map_Logical(HDC dc, SIZE client) {
+    const int width = std::max(static_cast<int>(client.cx), 1);
+    const int height = std::max(static_cast<int>(client.cy), 1);
+    SetMapMode(dc, MM_ANISOTROPIC);
+    SetWindowExtEx(dc, width, height, nullptr);
+    SetViewportExtEx(dc, width, -height, nullptr);
+    SetViewportOrgEx(dc, 0, height - 1, nullptr);
+}
+
+/// A context of its own per window or class keeps what is selected when it is released.
+bool Has_Private_Context(HWND window) {
+    return (GetClassLongPtrA(window, GCL_STYLE) & (CS_OWNDC | CS_CLASSDC)) != 0;
+}
+
+/// Device context of a window for a scope, in device coordinates.
+class Window_Context {
+  public:
+    explicit Window_Context(HWND owner) : window(owner), dc(GetDC(owner)) {}
+    ~Window_Context() {
+        if (dc) ReleaseDC(window, dc);
+    }
+    Window_Context(const Window_Context&) = delete;
+    Window_Context& operator=(const Window_Context&) = delete;
+    HDC Get() const { return dc; }
+
+  private:
+    HWND window;
+    HDC dc;
+};
+
+/// The off-screen picture of one window's client area.
+class Back_Buffer {
+  public:
+    explicit Back_Buffer(SIZE client) : size(client), dc(CreateCompatibleDC(nullptr)) {
+        const BITMAPINFO info = Top_Down_Info(size.cy);
+        void* bits = nullptr;
+        bitmap = CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
+        pixels = static_cast<unsigned long*>(bits);
+        if (!dc || !bitmap) return;
+        bitmap_before = SelectObject(dc, bitmap);
+        Map_Logical(dc, size);
+    }
+    ~Back_Buffer() {
+        if (bitmap_before) SelectObject(dc, bitmap_before);
+        if (bitmap) DeleteObject(bitmap);
+        if (dc) DeleteDC(dc);
+    }
+    Back_Buffer(const Back_Buffer&) = delete;
+    Back_Buffer& operator=(const Back_Buffer&) = delete;
+
+    bool Usable() const { return bitmap_before != nullptr; }
+    bool Fits(SIZE client) const { return client.cx == size.cx && client.cy == size.cy; }
+    View Viewed() const { return {dc, size.cy, true}; }
+
+    /// Starts with what the window shows and notes what is painted from then on.
+    void Load(HWND window) {
+        const Window_Context source(window);
+        StretchBlt(dc, 0, size.cy - 1, size.cx, -size.cy, source.Get(), 0, 0, size.cx, size.cy, SRCCOPY);
+        SetBoundsRect(dc, nullptr, DCB_RESET | DCB_ENABLE);
+    }
+
+    /// Copies what was painted since `Load` to the window.
+    void Show(HWND window) {
+        SelectObject(dc, GetStockObject(SYSTEM_FONT));
+        SelectClipRgn(dc, nullptr);
+        RECT painted{};
+        if (!(GetBoundsRect(dc, &painted, DCB_RESET) & DCB_SET)) return;
+        LPtoDP(dc, reinterpret_cast<POINT*>(&painted), 2);
+        const int left = std::max(static_cast<int>(painted.left), 0);
+        const int right = std::min(painted.right, size.cx);
+        const int top = std::max(static_cast<int>(std::min(painted.top, painted.bottom)), 0);
+        const int bottom = std::min(std::max(painted.top, painted.bottom), size.cy);
+        if (left >= right || top >= bottom) return;
+        const Window_Context target(window);
+        const auto rows = static_cast<UINT>(bottom - top);
+        const BITMAPINFO info = Top_Down_Info(bottom - top);
+        GdiFlush();
+        SetDIBitsToDevice(target.Get(), left, top, static_cast<DWORD>(right - left), rows, left, 0, 0, rows,
+                          pixels + std::size_t(top) * static_cast<std::size_t>(size.cx), &info,
+                          DIB_RGB_COLORS);
+    }
+
+  private:
+    BITMAPINFO Top_Down_Info(LONG rows) const {
+        BITMAPINFO info{};
+        info.bmiHeader = {sizeof info.bmiHeader, size.cx, -rows, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+        return info;
+    }
+
+    SIZE size;
+    HDC dc;
+    HBITMAP bitmap = nullptr;
+    unsigned long* pixels = nullptr;
+    HGDIOBJ bitmap_before = nullptr;
+};
+
+/// An open batch; the innermost is the last.
+struct Batch {
+    HWND window;
+    Back_Buffer* buffer;  ///< null when it could not be made: members then paint on the window itself
+    bool outermost;       ///< of its window; this one brings the picture to the window
+};
+
+/// Where a level has its context from.
+enum class Source { Window, Lower_Level, Batch };
+
+/// A window whose surface is held; the one being drawn is the last.
+struct Level {
+    HWND window;
+    View view;
+    Source source;
+    int holders = 0;                ///< open pairs
+    int applications = 0;           ///< open pairs of applications among them
+    HGDIOBJ font_before = nullptr;  ///< font to put back; null while it is in place
+};
+
+/// All that the lock guards.
+struct Surface {
+    Surface() {
+        constexpr std::size_t Usual_Depth = 16;  // taking the surface allocates only beyond this
+        levels.reserve(Usual_Depth);
+        batches.reserve(Usual_Depth);
+    }
+    std::vector<Level> levels;
+    std::vector<Batch> batches;
+    std::map<HWND, std::unique_ptr<Back_Buffer>> buffers;
+};
+
+Surface& The_Surface() {
+    static Immortal<Surface> surface;
+    return *surface;
+}
+
+void Restore_Font(Level& level) {
+    if (level.font_before) SelectObject(level.view.dc, level.font_before);
+    level.font_before = nullptr;
+}
+
+void Set_Globals(const Surface& surface) {
+    Z_DC = surface.levels.empty() ? nullptr : surface.levels.back().view.dc;
+    Z_Window = surface.levels.empty() ? nullptr : surface.levels.back().window;
+}
+
+/// A context of the window's own. Only an application needs the mapping, which costs more than the rest.
+Level Take_Window(HWND window, bool mapped) {
+    const HDC dc = window ? GetDC(window) : nullptr;
+    const SIZE client = Client_Size(window);
+    if (dc && mapped) Map_Logical(dc, client);
+    return {window, {dc, client.cy, mapped}, Source::Window};
+}
+
+/// The context that is already held for `window`, or a new one.
+Level Find_Context(const Surface& surface, HWND window, bool mapped) {
+    for (const Batch& batch : surface.batches) {
+        if (batch.window == window && batch.buffer) return {window, batch.buffer->Viewed(), Source::Batch};
+    }
+    for (const Level& level : surface.levels) {
+        const bool fit = level.source == Source::Window && (level.view.mapped || !mapped);
+        if (level.window == window && fit) return {window, level.view, Source::Lower_Level};
+    }
+    return Take_Window(window, mapped);
+}
+
+/// Whether the innermost level already shows `window`, on the batch's context if there is one.
+bool Goes_On(const Surface& surface, HWND window, bool mapped) {
+    if (surface.levels.empty()) return false;
+    const Level& level = surface.levels.back();
+    if (level.window != window || (mapped && !level.view.mapped)) return false;
+    return level.source == Source::Batch ||
+           std::none_of(surface.batches.begin(), surface.batches.end(),
+                        [&](const Batch& batch) { return batch.window == window && batch.buffer; });
+}
+
+Level& Take(HWND window, bool application) {
+    Enter_Lock();
+    Surface& surface = The_Surface();
+    if (!Goes_On(surface, window, application)) {
+        surface.levels.push_back(Find_Context(surface, window, application));
+        Set_Globals(surface);
+    }
+    Level& level = surface.levels.back();
+    ++level.holders;
+    if (application) ++level.applications;
+    return level;
+}
+
+/// Ends a level. The font stays where nobody else meets it: a batch puts it back at its end, and a window's
+/// common context forgets it when released.
+void Release(Level& level) {
+    const bool own = level.source == Source::Window;
+    if (level.source == Source::Lower_Level || (own && Has_Private_Context(level.window)))
+        Restore_Font(level);
+    if (own && level.view.dc) ReleaseDC(level.window, level.view.dc);
+}
+
+void Give_Back(bool application) {
+    if (!Holds_Lock()) return;
+    Surface& surface = The_Surface();
+    if (surface.levels.empty()) return;
+    Level& level = surface.levels.back();
+    if (application) {
+        if (level.applications == 0) return;
+        --level.applications;
+    }
+    --level.holders;
+    if (level.holders == 0) {
+        Release(level);
+        surface.levels.pop_back();
+        Set_Globals(surface);
+    } else if (level.holders == level.applications) {
+        Restore_Font(level);
+    }
+    Leave_Lock();
+}
+
+/// The buffer of `window` at its present size; null when it cannot be had. Buffers of windows that are gone
+/// go when a new one is made.
+Back_Buffer* Buffer_For(Surface& surface, HWND window) {
+    const SIZE client = Client_Size(window);
+    if (client.cx < 1 || client.cy < 1) return nullptr;
+    const auto found = surface.buffers.find(window);
+    if (found != surface.buffers.end() && found->second->Fits(client)) return found->second.get();
+    std::erase_if(surface.buffers,
+                  [&](const auto& entry) { return entry.first == window || !IsWindow(entry.first); });
+    try {
+        auto buffer = std::make_unique<Back_Buffer>(client);
+        if (!buffer->Usable()) return nullptr;
+        return (surface.buffers[window] = std::move(buffer)).get();
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+}
+
+}  // namespace
+
+Drawing_Lock::Drawing_Lock() { Enter_Lock(); }
+
+Drawing_Lock::~Drawing_Lock() { Leave_Lock(); }
+
+View Take_Surface(HWND window) { return Take(window, false).view; }
+
+void Give_Back_Surface() { Give_Back(false); }
+
+void Use_Font(HFONT font) {
+    const HGDIOBJ wanted = font ? font : GetStockObject(SYSTEM_FONT);
+    const HGDIOBJ before = GetCurrentObject(Z_DC, OBJ_FONT);
+    if (before == wanted) return;
+    SelectObject(Z_DC, wanted);
+    Level& level = The_Surface().levels.back();
+    if (!level.font_before) level.font_before = before;
+}
+
+bool Find_Pointer(HWND window, POINT& position) {
+    position = {ZCursor_X, ZCursor_Y};
+    const SIZE client = Client_Size(window);
+    if (client.cx < 1 || client.cy < 1 || !ScreenToClient(window, &position)) return false;
+    position.y = client.cy - 1 - position.y;
+    return true;
+}
+
+void Free_Back_Buffers() {
+    Drawing_Lock lock;
+    The_Surface().buffers.clear();
+}
+
+}  // namespace galdren
+
+using namespace galdren;
+
+void Begin_Draw(HWND window, HRGN) { Take(window, true); }
+
+void End_Draw() { Give_Back(true); }
+
+void Clip_Rect(int x, int y, int w, int h) {
+    POINT corners[2] = {{x, y}, {x + w, y + h}};
+    LPtoDP(Z_DC, corners, 2);
+    const HRGN region = CreateRectRgn(corners[0].x, corners[0].y, corners[1].x, corners[1].y);
+    SelectClipRgn(Z_DC, region);
+    if (region) DeleteObject(region);
+}
+
+void Clip_Reset() {
+    const SIZE client = Client_Size(Z_Window);
+    const HRGN region = CreateRectRgn(0, 0, client.cx, client.cy);
+    SelectClipRgn(Z_DC, region);
+    if (region) DeleteObject(region);
+}
+
+void Begin_Batch(HWND window) {
+    Enter_Lock();
+    Surface& surface = The_Surface();
+    const auto open = std::find_if(surface.batches.begin(), surface.batches.end(),
+                                   [&](const Batch& batch) { return batch.window == window; });
+    if (open != surface.batches.end()) {
+        surface.batches.push_back({window, open->buffer, false});
+        return;
+    }
+    Back_Buffer* buffer = Buffer_For(surface, window);
+    if (buffer) buffer->Load(window);
+    surface.batches.push_back({window, buffer, true});
+}
+
+void End_Batch() {
+    if (!Holds_Lock()) return;
+    Surface& surface = The_Surface();
+    if (surface.batches.empty()) return;
+    const Batch batch = surface.batches.back();
+    surface.batches.pop_back();
+    if (batch.outermost && batch.buffer) batch.buffer->Show(batch.window);
+    Leave_Lock();
+}
+
+namespace {
+const Cleanup Buffers_Cleanup(Free_Back_Buffers);
+}

@@ -1,0 +1,52 @@
+/// @file
+/// The drawing surface: one device context at a time, under one lock, in logical pixels.
+///
+/// Logical (0, 0) is the bottom-left pixel of the window's client area, y grows upward, and one logical unit
+/// is one pixel. The lock is re-entrant on its thread, so members that take the surface may be called while
+/// it is held.
+#pragma once
+
+#include <windows.h>
+
+#include "api.h"
+
+/// The lock that every paint holds. Ready once `Critical_Flag` is set.
+extern GALDREN_TOOLS_API CRITICAL_SECTION Critical;
+/// 1 once `Critical` has been made, which the first `Begin_Draw` does.
+extern GALDREN_TOOLS_API unsigned char Critical_Flag;
+/// Device context of the drawing in progress on the thread that holds the lock; null otherwise.
+extern GALDREN_TOOLS_API HDC Z_DC;
+/// Window that `Z_DC` belongs to; null when no drawing is in progress.
+extern GALDREN_TOOLS_API HWND Z_Window;
+/// Colour of the line, box and frame helpers, in the GDI form of `Colors::get`.
+extern GALDREN_TOOLS_API unsigned long Current_Color;
+
+/// Takes the lock and the surface of `window`; `Z_DC` and `Z_Window` are set until the matching `End_Draw`.
+///
+/// Pairs nest: an inner pair for the window that is being drawn keeps its context as it stands; for another
+/// window the outer context is put aside and comes back. Without a window, or when its context cannot be
+/// had, `Z_DC` is null and nothing is painted.
+/// @param window  the window to paint in
+/// @param region  accepted for the controls' `Clip_Region` and not used
+GALDREN_TOOLS_API void Begin_Draw(HWND window, HRGN region);
+
+/// Gives back what the matching `Begin_Draw` took. Without one it does nothing.
+GALDREN_TOOLS_API void End_Draw();
+
+/// Limits painting on `Z_DC` to the rectangle from (x, y) to (x + w, y + h), in place of any clip before.
+GALDREN_TOOLS_API void Clip_Rect(int x, int y, int w, int h);
+
+/// Limits painting on `Z_DC` to the whole client area of `Z_Window`.
+GALDREN_TOOLS_API void Clip_Reset();
+
+/// Begins a paint batch: until the matching `End_Batch` every `Begin_Draw` of `window` on this thread gives
+/// one off-screen context with the same coordinates, which starts with what the window shows.
+///
+/// The lock is held for the whole batch. Batches nest; those of one window share the context, and the
+/// outermost brings the picture to the window.
+/// @param window  the window to paint in
+GALDREN_TOOLS_API void Begin_Batch(HWND window);
+
+/// Ends the innermost batch of this thread and copies what was painted to its window in one go. Without a
+/// batch it does nothing.
+GALDREN_TOOLS_API void End_Batch();

@@ -1,0 +1,136 @@
+#include "widgets/box.h"
+
+#include "tools/base.h"
+#include "tools/dimensions.h"
+#include "tools/sharing.h"
+
+using namespace galdren;
+
+namespace {
+
+void Paint_Name(Canvas& canvas, const Boxs& box) {
+    const bool placed = Has_Flag(box, FLAG_TEXT_MIDDLE | FLAG_TEXT_BOTTOM);
+    const unsigned long flags = placed ? box.Flag : box.Flag | FLAG_TEXT_TOP;
+    Paint_Caption(canvas, box.Font, box.Name, flags, Area_Of(box), box.Border);
+}
+
+/// Body and caption.
+void Paint_Look(Canvas& canvas, const Boxs& box, bool highlighted) {
+    const unsigned long* body = highlighted ? box.Cur_Graph_Select : box.Cur_Graph_Normal;
+    const Area area = Area_Of(box);
+    if (Has_Flag(box, FLAG_INNER_FRAME)) {
+        const Area inner{area.left + 5, area.right - 5, area.bottom + 6, area.top - 5};
+        Paint_Body(canvas, box, highlighted, body, box.Flag, BORDER + 1, inner);
+    } else {
+        Paint_Body(canvas, box, highlighted, body, box.Flag, Frame_Width(box) + 1, area);
+    }
+    Paint_Name(canvas, box);
+}
+
+void Paint_Frames(Canvas& canvas, const Boxs& box) {
+    const bool raised = Has_Flag(box, FLAG_RAISED);
+    const Area area = Area_Of(box);
+    Paint_Frame(canvas, box.Color, box.Flag, !raised, Frame_Width(box), area);
+    if (!Has_Flag(box, FLAG_INNER_FRAME)) return;
+    const int from_left = raised ? 6 : 5;
+    const int from_bottom = raised ? 5 : 6;
+    const Area inner{area.left + from_left, area.right - 6, area.bottom + from_bottom, area.top - 6};
+    Paint_Frame(canvas, box.Color, 0, false, Frame_Width(box), inner);
+}
+
+}  // namespace
+
+Boxs::Boxs() = default;
+
+Boxs::Boxs(const Boxs& other)
+    : Tools(other),
+      Hover(other.Hover),
+      Reserved_1(other.Reserved_1),
+      Reserved_2(other.Reserved_2),
+      Own_Graph_Normal(other.Own_Graph_Normal),
+      Own_Graph_Select(other.Own_Graph_Select) {
+    Share_Array(Own_Graph_Normal);
+    Share_Array(Own_Graph_Select);
+}
+
+Boxs& Boxs::operator=(const Boxs& other) { return Reassign(*this, other); }
+
+Boxs::~Boxs() {
+    Release_Array(Own_Graph_Normal);
+    Release_Array(Own_Graph_Select);
+}
+
+void Boxs::Init(HWND window) {
+    if (!Begin_Init(*this, window, "Boxs::Init")) return;
+    Hover = Hover_Unknown;
+    Default_Grey(*this);
+    Bind(*this, window);
+    Renew_Font(*this);
+    if (Has_Flag(*this, FLAG_STATIC)) {
+        Note_Size(*this);
+    } else {
+        const Images images = Take_Images(*this);
+        if (images.normal_needed) {
+            Renew_Shading(*this, Own_Graph_Normal, Color);
+            Cur_Graph_Normal = Own_Graph_Normal;
+        }
+        if (images.select_needed) {
+            Renew_Shading(*this, Own_Graph_Select, Highlight_Color());
+            Cur_Graph_Select = Own_Graph_Select;
+        }
+    }
+    Last_Color = Color.get();
+}
+
+void Boxs::Draw() {
+    Check(*this, "Box::Draw");
+    if (!Has_Size(*this)) return;
+    Canvas canvas(*this);
+    if (Has_Flag(*this, FLAG_OUTLINE)) {
+        Paint_Outline(canvas, Area_Of(*this));
+        Paint_Name(canvas, *this);
+    }
+    if (Has_Flag(*this, FLAG_NO_BODY)) return;
+    Paint_Frames(canvas, *this);
+    Paint_Name(canvas, *this);
+    if (Has_Flag(*this, FLAG_STATIC)) return;
+    Hover = Hover_Unknown;
+    Select(EVENT_MOVE);
+}
+
+int Boxs::Select(int event) {
+    Check(*this, "Box::Select");
+    if (!Has_Size(*this)) return 0;
+    const bool inside = Pointer_Inside(*this);
+    if (Event_Kind(event) == EVENT_TEST) return inside;
+    if (Has_Flag(*this, FLAG_PASSIVE)) {
+        if (!Never_Highlights(*this)) {
+            Canvas canvas(*this);
+            Paint_Look(canvas, *this, false);
+        }
+        return 0;
+    }
+    if (Hover_Changes(*this, Hover, inside)) {
+        Canvas canvas(*this);
+        Paint_Look(canvas, *this, inside);
+    }
+    return inside;
+}
+
+int Boxs::Read() {
+    Check(*this, "Box::Read");
+    return 0;
+}
+
+void Boxs::Deselect() {
+    if (State == 0 || !Has_Size(*this) || Never_Highlights(*this) || Hover != Hover_Highlighted) return;
+    Canvas canvas(*this);
+    Paint_Look(canvas, *this, false);
+}
+
+void Boxs::Adjust() {
+    Check(*this, "Box::Adjust");
+    if (!Has_Size(*this)) return;
+    Hover = Hover_Unknown;
+    Select(EVENT_MOVE);
+}

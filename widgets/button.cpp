@@ -1,0 +1,211 @@
+#include "widgets/button.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+#include "tools/base.h"
+#include "tools/dimensions.h"
+#include "tools/sharing.h"
+
+using namespace galdren;
+
+namespace {
+
+constexpr int Lamp_Width = 8;
+
+int Button_Border(const Buttons& button) { return std::abs(Frame_Width(button)); }
+
+Colors Lamp_Color(const Buttons& button) {
+    const Colors grey(170, 170, 170);
+    const Colors yellow(255, 255, 0);
+    if (button.Lamp == 0) return grey;
+    if (!Has_Flag(button, BUTTON_LAMP_COLORS)) return yellow;
+    switch (button.Lamp) {
+        case 1:
+            return Colors(0, 255, 0);
+        case 2:
+            return Colors(0, 0, 255);
+        case 3:
+            return yellow;
+        default:
+            return Colors(255, 0, 0);
+    }
+}
+
+/// The lamp stands `SPACE` pixels from the left edge, centred, as high as the body but at most as that of a
+/// button of the common size.
+void Paint_Lamp(Canvas& canvas, const Buttons& button) {
+    if (!Has_Flag(button, BUTTON_LAMP)) return;
+    const int border = Button_Border(button);
+    const int height = std::min(button.Height, BUT_DIM);
+    const int margin = 2 * border + 4;
+    const int frame = std::max(border - 1, 1);
+    const int left = button.X + SPACE;
+    const Area lamp{left, left + Lamp_Width, button.Y + ((button.Height - height + margin) >> 1),
+                    button.Y + ((height - margin + button.Height) >> 1)};
+    canvas.Box(lamp.Inset(frame), Lamp_Color(button).get());
+    Paint_Frame(canvas, button.Color, 0, true, frame, lamp);
+}
+
+void Paint_Name(Canvas& canvas, const Buttons& button, unsigned long flags) {
+    Area area = Area_Of(button);
+    if (Has_Flag(button, BUTTON_LAMP)) area.left += Lamp_Width;
+    Paint_Caption(canvas, button.Font, button.Name, flags, area, button.Border);
+}
+
+/// The caption of a button that is down is white.
+void Paint_Name(Canvas& canvas, const Buttons& button) {
+    const unsigned long flags = button.Flag & ~FLAG_TEXT_WHITE;
+    Paint_Name(canvas, button, button.Value ? flags | FLAG_TEXT_WHITE : flags);
+}
+
+void Paint_Fill(Canvas& canvas, const Buttons& button, bool highlighted) {
+    const unsigned long* body = highlighted ? button.Cur_Graph_Select : button.Cur_Graph_Normal;
+    Paint_Body(canvas, button, highlighted, body, button.Flag, Button_Border(button) + 1, Area_Of(button));
+}
+
+/// Body, lamp and caption.
+void Paint_Look(Canvas& canvas, const Buttons& button, bool highlighted) {
+    Paint_Fill(canvas, button, highlighted);
+    Paint_Lamp(canvas, button);
+    Paint_Name(canvas, button);
+}
+
+void Choose_Bodies(Buttons& button) {
+    button.Cur_Graph_Normal = button.Value ? button.Normal_Down : button.Normal_Up;
+    button.Cur_Graph_Select = button.Value ? button.Select_Down : button.Select_Up;
+}
+
+void Renew_Bodies(Buttons& button) {
+    const Images images = Take_Images(button);
+    if (images.normal_taken) button.Normal_Up = button.Normal_Down = button.Graph_Normal;
+    if (images.select_taken) button.Select_Up = button.Select_Down = button.Graph_Select;
+    if (images.normal_needed) {
+        Colors down = button.Color;
+        down -= Colors(40, 40, 40);
+        Renew_Shading(button, button.Own_Normal_Up, button.Color);
+        Renew_Shading(button, button.Own_Normal_Down, down);
+        button.Normal_Up = button.Own_Normal_Up;
+        button.Normal_Down = button.Own_Normal_Down;
+    }
+    if (images.select_needed) {
+        Renew_Shading(button, button.Own_Select_Up, Highlight_Color());
+        Renew_Shading(button, button.Own_Select_Down, Colors(190, 60, 60));
+        button.Select_Up = button.Own_Select_Up;
+        button.Select_Down = button.Own_Select_Down;
+    }
+    if (!Has_Flag(button, FLAG_OWN_IMAGES)) Choose_Bodies(button);
+}
+
+/// The whole button: frame, lamp and caption, and the body by where the pointer is.
+void Paint_Whole(Canvas& canvas, Buttons& button) {
+    Paint_Frame(canvas, button.Color, button.Flag, button.Value != 0, Button_Border(button), Area_Of(button));
+    Paint_Lamp(canvas, button);
+    Paint_Name(canvas, button);
+    if (Has_Flag(button, FLAG_STATIC)) return;
+    Choose_Bodies(button);
+    button.Hover = Hover_Unknown;
+    button.Select(EVENT_MOVE);
+}
+
+}  // namespace
+
+Buttons::Buttons() = default;
+
+Buttons::Buttons(const Buttons& other)
+    : Tools(other),
+      Value(other.Value),
+      Lamp(other.Lamp),
+      Shown(other.Shown),
+      Hover(other.Hover),
+      Normal_Up(other.Normal_Up),
+      Normal_Down(other.Normal_Down),
+      Select_Up(other.Select_Up),
+      Select_Down(other.Select_Down),
+      Own_Normal_Up(other.Own_Normal_Up),
+      Own_Normal_Down(other.Own_Normal_Down),
+      Own_Select_Up(other.Own_Select_Up),
+      Own_Select_Down(other.Own_Select_Down),
+      Last_Value(other.Last_Value) {
+    for (const unsigned long* body : {Own_Normal_Up, Own_Normal_Down, Own_Select_Up, Own_Select_Down}) {
+        Share_Array(body);
+    }
+}
+
+Buttons& Buttons::operator=(const Buttons& other) { return Reassign(*this, other); }
+
+Buttons::~Buttons() {
+    for (const unsigned long* body : {Own_Normal_Up, Own_Normal_Down, Own_Select_Up, Own_Select_Down}) {
+        Release_Array(body);
+    }
+}
+
+void Buttons::Init(HWND window) {
+    if (!Begin_Init(*this, window, "Buttons::Init")) return;
+    Hover = Hover_Unknown;
+    Last_Value = Value;
+    Default_Grey(*this);
+    Bind(*this, window);
+    Renew_Font(*this);
+    if (Has_Flag(*this, FLAG_STATIC)) {
+        Note_Size(*this);
+    } else {
+        Renew_Bodies(*this);
+    }
+    Last_Color = Color.get();
+}
+
+void Buttons::Draw() {
+    Check(*this, "Button::Draw");
+    if (!Has_Size(*this)) return;
+    Last_Value = Value;
+    Canvas canvas(*this);
+    if (Has_Flag(*this, FLAG_OUTLINE)) {
+        Paint_Outline(canvas, Area_Of(*this));
+        Paint_Name(canvas, *this, Flag);
+    } else if (!Has_Flag(*this, FLAG_NO_BODY)) {
+        Paint_Whole(canvas, *this);
+    }
+}
+
+int Buttons::Select(int event) {
+    Check(*this, "Button::Select");
+    if (!Has_Size(*this)) return 0;
+    const bool inside = Pointer_Inside(*this);
+    if (Event_Kind(event) == EVENT_TEST) return inside;
+    if (Has_Flag(*this, FLAG_PASSIVE)) {
+        if (!Never_Highlights(*this)) {
+            Canvas canvas(*this);
+            Paint_Fill(canvas, *this, false);
+            Paint_Name(canvas, *this);
+        }
+        return 0;
+    }
+    if (Hover_Changes(*this, Hover, inside)) {
+        Canvas canvas(*this);
+        Paint_Look(canvas, *this, inside);
+    }
+    return inside;
+}
+
+void Buttons::Deselect() {
+    if (State == 0 || !Has_Size(*this) || Never_Highlights(*this)) return;
+    if (Hover == Hover_Unknown || Hover == Hover_Normal) return;
+    Hover = Hover_Unknown;
+    Canvas canvas(*this);
+    Paint_Look(canvas, *this, false);
+}
+
+void Buttons::Adjust() {
+    Check(*this, "Button::Adjust");
+    if (!Has_Size(*this) || Has_Flag(*this, FLAG_NO_BODY)) return;
+    if (!Has_Flag(*this, BUTTON_LAMP) && Value == Last_Value) return;
+    Last_Value = Value;
+    Canvas canvas(*this);
+    Paint_Whole(canvas, *this);
+}
+
+int Buttons::Read() {
+    Check(*this, "Button::Read");
+    return Value;
+}
