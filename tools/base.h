@@ -6,6 +6,7 @@
 
 #include "tools/arithmetic.h"
 #include "tools/canvas.h"
+#include "tools/shading.h"
 #include "tools/tools.h"
 
 namespace galdren {
@@ -78,7 +79,22 @@ Images Take_Images(Tools& control);
 bool Pointer_Inside(const Tools& control);
 
 /// Replaces generated shading by that of `color` at the control's present size.
-void Renew_Shading(const Tools& control, unsigned long*& own, const Colors& color);
+/// @param frame  the frame that is usually painted around it, if there is one
+void Renew_Shading(const Tools& control, unsigned long*& own, const Colors& color,
+                   Frame_Look frame = Frame_Look::None);
+
+/// Paints body and frame in one copy, which costs a tenth of painting them line by line.
+/// @return false, with nothing painted, when `body` was not generated for this frame, size and colour
+bool Paint_Framed_Body(Canvas& canvas, const Tools& control, const unsigned long* body, Frame_Look frame);
+
+/// Colours of one ring of a shaded frame.
+struct Ring_Shades {
+    Colors bottom_right;
+    Colors top_left;
+};
+
+/// @param ring  1 for the outermost of `width` rings
+Ring_Shades Shades_Of_Ring(Colors color, bool sunken, int width, int ring);
 
 /// Notes one more holder of an array of bytes or pixels.
 void Share_Array(const void* array);
@@ -99,6 +115,10 @@ void Paint_Body(Canvas& canvas, const Tools& control, bool highlighted, const vo
 /// A caption; see `Tools::Text`. Null and the empty text paint nothing.
 void Paint_Caption(Canvas& canvas, HFONT font, const char* text, unsigned long flags, const Area& area,
                    int border);
+
+/// Whether all that `Paint_Caption` may paint lies in `body`, all four edges of that included.
+bool Caption_Stays_Inside(Canvas& canvas, HFONT font, const char* text, unsigned long flags, const Area& area,
+                          int border, const Area& body);
 
 /// One line of text, placed in `area` by the placement bits in `flags`.
 void Paint_Line(Canvas& canvas, HFONT font, const char* text, unsigned long flags, const Area& area,

@@ -56,7 +56,8 @@ class Narrow_Clip {
     bool had_clip;
 };
 
-/// Distance of something `length` long from the start of a `room`.
+}  // namespace
+
 int Offset(Place place, int room, int length) {
     switch (place) {
         case Place::Middle:
@@ -67,8 +68,6 @@ int Offset(Place place, int room, int length) {
             return 0;
     }
 }
-
-}  // namespace
 
 Canvas::Canvas(const Tools& control) : clipped(control.Clip_Width != 0) {
     const View view = Take_Surface(control.Window);
@@ -132,7 +131,7 @@ void Canvas::Polygon(std::initializer_list<POINT> corners, unsigned long color) 
     ::Polygon(dc, points, static_cast<int>(end - points));
 }
 
-void Canvas::Pixels(const void* buffer, int width, int height, int inset, const Area& area) {
+void Canvas::Pixels(const void* buffer, int width, int height, int column, int rows_below, const Area& area) {
     const int columns = area.right - area.left + 1;
     const int rows = area.top - area.bottom + 1;
     if (columns < 1 || rows < 1) return;
@@ -142,7 +141,7 @@ void Canvas::Pixels(const void* buffer, int width, int height, int inset, const 
                       Pixels_Per_Meter,      0,     0};
     // The first source row is counted from the last row of the buffer, top-down or not.
     SetDIBitsToDevice(dc, area.left, Y(area.top), static_cast<DWORD>(columns), static_cast<DWORD>(rows),
-                      inset, inset - 1, 0, static_cast<UINT>(height), buffer, &info, DIB_RGB_COLORS);
+                      column, rows_below, 0, static_cast<UINT>(height), buffer, &info, DIB_RGB_COLORS);
 }
 
 void Canvas::Use_Text(HFONT font, unsigned long color) {

@@ -17,8 +17,12 @@ struct Area {
     int bottom;
     int top;
 
+    /// Whether `inner`, which has to be a proper rectangle, lies inside; common edges count.
+    bool Holds(const Area& inner) const {
+        return left <= inner.left && inner.left <= inner.right && inner.right <= right &&
+               bottom <= inner.bottom && inner.bottom <= inner.top && inner.top <= top;
+    }
     Area Inset(int margin) const { return {left + margin, right - margin, bottom + margin, top - margin}; }
-    Area Shifted(int x, int y) const { return {left + x, right + x, bottom + y, top + y}; }
 };
 
 /// `X`, `X` + `Width`, `Y`, `Y` + `Height`, in the range of int.
@@ -28,6 +32,9 @@ inline Area Area_Of(const Tools& control) {
 
 /// Where text goes in its area, in either direction; the start is left or top.
 enum class Place { Start, Middle, End };
+
+/// Distance of something `length` long from the start of a `room`.
+int Offset(Place place, int room, int length);
 
 /// Takes the surface for a control and clips to its text clip rectangle; at its end it resets the clip and
 /// gives the surface back. Every call carries its colour, so there is nothing to set up or to restore.
@@ -53,9 +60,9 @@ class Canvas {
     /// Polygon of up to four corners, filled and outlined.
     void Polygon(std::initializer_list<POINT> corners, unsigned long color);
 
-    /// Pixels of a buffer of `width` x `height`, rows top-down: those that lie `inset` inside it go to
-    /// `area`, all four edges included.
-    void Pixels(const void* buffer, int width, int height, int inset, const Area& area);
+    /// Pixels of a buffer of `width` x `height`, rows top-down, from its column `column` and `rows_below` rows
+    /// above its last, to `area`, all four edges included.
+    void Pixels(const void* buffer, int width, int height, int column, int rows_below, const Area& area);
 
     /// One line of text with its tabs expanded, clipped to the columns left..right-1 and the rows
     /// bottom+1..top.

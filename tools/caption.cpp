@@ -69,17 +69,42 @@ void Paint_Line(Canvas& canvas, HFONT font, const char* text, unsigned long flag
     canvas.Write(font, text, area, Across(flags), Downwards(flags), color);
 }
 
+namespace {
+
+/// How far a caption keeps clear of the edges of its area.
+struct Margins {
+    explicit Margins(int border_width)
+        : border(std::max(border_width, 1)), side(std::max(2 * border, Least_Side)) {}
+    static constexpr int Least_Side = 6;
+    int border;
+    int side;
+
+    Area Room(const Area& area) const {
+        return {area.left + side, area.right - side, area.bottom + border + 1, area.top - border};
+    }
+};
+
+}  // namespace
+
+bool Caption_Stays_Inside(Canvas& canvas, HFONT font, const char* text, unsigned long flags, const Area& area,
+                          int border, const Area& body) {
+    if (!text || !*text) return true;
+    const Area room = Margins(border).Room(area);
+    if (flags & FLAG_VERTICAL || room.left < body.left || room.right > body.right + 1) return false;
+    const int height = canvas.Metrics(font).tmHeight;
+    const int top = room.top - Offset(Downwards(flags), room.top - room.bottom, height);
+    return top <= body.top && top - height + 1 >= body.bottom;
+}
+
 void Paint_Caption(Canvas& canvas, HFONT font, const char* text, unsigned long flags, const Area& area,
                    int border) {
     if (!text || !*text) return;
-    constexpr int Least_Margin = 6;
-    border = std::max(border, 1);
-    const int margin = std::max(2 * border, Least_Margin);
+    const Margins margins(border);
     if (flags & FLAG_VERTICAL) {
-        Paint_Stacked(canvas, font, text, flags, area, border, margin, DT_EXPANDTABS, Text_Color(flags));
+        Paint_Stacked(canvas, font, text, flags, area, margins.border, margins.side, DT_EXPANDTABS,
+                      Text_Color(flags));
     } else {
-        const Area room{area.left + margin, area.right - margin, area.bottom + border + 1, area.top - border};
-        Paint_Line(canvas, font, text, flags, room, Text_Color(flags));
+        Paint_Line(canvas, font, text, flags, margins.Room(area), Text_Color(flags));
     }
 }
 

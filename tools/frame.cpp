@@ -2,27 +2,28 @@
 
 namespace galdren {
 
-void Paint_Frame(Canvas& canvas, Colors color, unsigned long flags, bool sunken, int width,
-                 const Area& area) {
-    if (!(flags & FLAG_NO_RIM)) canvas.Outline(area, Black);
-    if (width < 1) return;
+Ring_Shades Shades_Of_Ring(Colors color, bool sunken, int width, int ring) {
     constexpr int Contrast = 80;
     constexpr int Extra_Dark = 40;
     const int step = Contrast / width;
-    int offset = sunken ? step : Contrast;
+    const int offset = sunken ? step * ring : Contrast - step * (ring - 1);
+    Colors light = color;
+    Colors dark = color;
+    light += static_cast<short>(offset);
+    dark += static_cast<short>(sunken ? -(offset + Extra_Dark) : -offset);
+    return sunken ? Ring_Shades{light, dark} : Ring_Shades{dark, light};
+}
+
+void Paint_Frame(Canvas& canvas, Colors color, unsigned long flags, bool sunken, int width,
+                 const Area& area) {
+    if (!(flags & FLAG_NO_RIM)) canvas.Outline(area, Black);
     for (int ring = 1; ring <= width; ++ring) {
-        Colors light = color;
-        Colors dark = color;
-        light += static_cast<short>(offset);
-        dark += static_cast<short>(sunken ? -(offset + Extra_Dark) : -offset);
-        const unsigned long bottom_right = (sunken ? light : dark).get();
-        const unsigned long top_left = (sunken ? dark : light).get();
+        const Ring_Shades shades = Shades_Of_Ring(color, sunken, width, ring);
         const Area edge = area.Inset(ring);
-        canvas.Row(edge.left, edge.right, edge.bottom, bottom_right);
-        canvas.Column(edge.right, edge.bottom, edge.top, bottom_right);
-        canvas.Column(edge.left, edge.bottom, edge.top, top_left);
-        canvas.Row(edge.left, edge.right + 1, edge.top, top_left);
-        offset += sunken ? step : -step;
+        canvas.Row(edge.left, edge.right, edge.bottom, shades.bottom_right.get());
+        canvas.Column(edge.right, edge.bottom, edge.top, shades.bottom_right.get());
+        canvas.Column(edge.left, edge.bottom, edge.top, shades.top_left.get());
+        canvas.Row(edge.left, edge.right + 1, edge.top, shades.top_left.get());
     }
 }
 
@@ -49,7 +50,7 @@ void Paint_Body(Canvas& canvas, const Tools& control, bool highlighted, const vo
     const Area body = area.Inset(inset);
     if (body.right < body.left || body.top < body.bottom) return;
     if (buffer && Covers(control, buffer)) {
-        canvas.Pixels(buffer, control.Width, control.Height, inset, body);
+        canvas.Pixels(buffer, control.Width, control.Height, inset, inset - 1, body);
     } else {
         const Colors flat = highlighted ? Highlight_Color() : control.Color;
         canvas.Box({body.left, body.right + 1, body.bottom - 1, body.top}, flat.get());

@@ -32,32 +32,44 @@ Colors Lamp_Color(const Buttons& button) {
     }
 }
 
+/// Width of the frame around the lamp.
+int Lamp_Frame(const Buttons& button) { return std::max(Button_Border(button) - 1, 1); }
+
 /// The lamp stands `SPACE` pixels from the left edge, centred, as high as the body but at most as that of a
 /// button of the common size.
+Area Lamp_Area(const Buttons& button) {
+    const int height = std::min(button.Height, BUT_DIM);
+    const int margin = 2 * Button_Border(button) + 4;
+    const int left = button.X + SPACE;
+    return {left, left + Lamp_Width, button.Y + ((button.Height - height + margin) >> 1),
+            button.Y + ((height - margin + button.Height) >> 1)};
+}
+
 void Paint_Lamp(Canvas& canvas, const Buttons& button) {
     if (!Has_Flag(button, BUTTON_LAMP)) return;
-    const int border = Button_Border(button);
-    const int height = std::min(button.Height, BUT_DIM);
-    const int margin = 2 * border + 4;
-    const int frame = std::max(border - 1, 1);
-    const int left = button.X + SPACE;
-    const Area lamp{left, left + Lamp_Width, button.Y + ((button.Height - height + margin) >> 1),
-                    button.Y + ((height - margin + button.Height) >> 1)};
+    const int frame = Lamp_Frame(button);
+    const Area lamp = Lamp_Area(button);
     canvas.Box(lamp.Inset(frame), Lamp_Color(button).get());
     Paint_Frame(canvas, button.Color, 0, true, frame, lamp);
 }
 
-void Paint_Name(Canvas& canvas, const Buttons& button, unsigned long flags) {
-    Area area = Area_Of(button);
-    if (Has_Flag(button, BUTTON_LAMP)) area.left += Lamp_Width;
-    Paint_Caption(canvas, button.Font, button.Name, flags, area, button.Border);
+/// Flags and place of the caption. That of a button that is down is white.
+unsigned long Caption_Flags(const Buttons& button) {
+    const unsigned long flags = button.Flag & ~FLAG_TEXT_WHITE;
+    return button.Value ? flags | FLAG_TEXT_WHITE : flags;
 }
 
-/// The caption of a button that is down is white.
-void Paint_Name(Canvas& canvas, const Buttons& button) {
-    const unsigned long flags = button.Flag & ~FLAG_TEXT_WHITE;
-    Paint_Name(canvas, button, button.Value ? flags | FLAG_TEXT_WHITE : flags);
+Area Caption_Area(const Buttons& button) {
+    Area area = Area_Of(button);
+    if (Has_Flag(button, BUTTON_LAMP)) area.left += Lamp_Width;
+    return area;
 }
+
+void Paint_Name(Canvas& canvas, const Buttons& button, unsigned long flags) {
+    Paint_Caption(canvas, button.Font, button.Name, flags, Caption_Area(button), button.Border);
+}
+
+void Paint_Name(Canvas& canvas, const Buttons& button) { Paint_Name(canvas, button, Caption_Flags(button)); }
 
 void Paint_Fill(Canvas& canvas, const Buttons& button, bool highlighted) {
     const unsigned long* body = highlighted ? button.Cur_Graph_Select : button.Cur_Graph_Normal;
@@ -83,8 +95,8 @@ void Renew_Bodies(Buttons& button) {
     if (images.normal_needed) {
         Colors down = button.Color;
         down -= Colors(40, 40, 40);
-        Renew_Shading(button, button.Own_Normal_Up, button.Color);
-        Renew_Shading(button, button.Own_Normal_Down, down);
+        Renew_Shading(button, button.Own_Normal_Up, button.Color, Frame_Look::Raised);
+        Renew_Shading(button, button.Own_Normal_Down, down, Frame_Look::Sunken);
         button.Normal_Up = button.Own_Normal_Up;
         button.Normal_Down = button.Own_Normal_Down;
     }
@@ -97,15 +109,44 @@ void Renew_Bodies(Buttons& button) {
     if (!Has_Flag(button, FLAG_OWN_IMAGES)) Choose_Bodies(button);
 }
 
-/// The whole button: frame, lamp and caption, and the body by where the pointer is.
-void Paint_Whole(Canvas& canvas, Buttons& button) {
+/// Whether lamp and caption lie on the body alone, so that painting the body leaves nothing of them.
+bool Body_Hides_Rest(Canvas& canvas, const Buttons& button) {
+    const Area body = Area_Of(button).Inset(Button_Border(button) + 1);
+    return (!Has_Flag(button, BUTTON_LAMP) || body.Holds(Lamp_Area(button))) &&
+           Caption_Stays_Inside(canvas, button.Font, button.Name, Caption_Flags(button), Caption_Area(button),
+                                button.Border, body);
+}
+
+/// Frame and body. What the body does not hide of lamp and caption is painted between the two.
+void Paint_Body_In_Frame(Canvas& canvas, const Buttons& button, bool highlighted) {
+    const bool hidden = Body_Hides_Rest(canvas, button);
+    const Frame_Look frame = button.Value ? Frame_Look::Sunken : Frame_Look::Raised;
+    if (hidden && !highlighted && Paint_Framed_Body(canvas, button, button.Cur_Graph_Normal, frame)) return;
     Paint_Frame(canvas, button.Color, button.Flag, button.Value != 0, Button_Border(button), Area_Of(button));
-    Paint_Lamp(canvas, button);
-    Paint_Name(canvas, button);
-    if (Has_Flag(button, FLAG_STATIC)) return;
+    if (!hidden) {
+        Paint_Lamp(canvas, button);
+        Paint_Name(canvas, button);
+    }
+    Paint_Fill(canvas, button, highlighted);
+}
+
+/// The whole button, highlighted when the pointer is inside. A passive one shows no lamp.
+void Paint_Whole(Canvas& canvas, Buttons& button) {
+    if (Has_Flag(button, FLAG_STATIC)) {
+        Paint_Frame(canvas, button.Color, button.Flag, button.Value != 0, Button_Border(button),
+                    Area_Of(button));
+        Paint_Lamp(canvas, button);
+        Paint_Name(canvas, button);
+        return;
+    }
     Choose_Bodies(button);
     button.Hover = Hover_Unknown;
-    button.Select(EVENT_MOVE);
+    const bool passive = Has_Flag(button, FLAG_PASSIVE);
+    const bool inside = !passive && Pointer_Inside(button);
+    if (!passive) Hover_Changes(button, button.Hover, inside);
+    Paint_Body_In_Frame(canvas, button, inside);
+    if (!passive) Paint_Lamp(canvas, button);
+    Paint_Name(canvas, button);
 }
 
 }  // namespace
