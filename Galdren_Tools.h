@@ -14,3 +14,5 @@
 #include "widgets/box.h"
 #include "widgets/button.h"
 #include "widgets/label.h"
+#include "widgets/slider.h"
+#include "widgets/valuator.h"

@@ -7,8 +7,6 @@ namespace {
 constexpr unsigned long Dark_Grey = 0x6E6E6E;
 constexpr unsigned long Light_Grey = 0xD8D8D8;
 
-enum Direction : short { Left, Right, Down, Up };
-
 /// Colours of the facets: the upper (or right) side, the base, the lower (or left) side.
 struct Facets {
     unsigned long high;
@@ -17,7 +15,7 @@ struct Facets {
 };
 
 constexpr Facets Facet_Colors[] = {
-    {Light_Grey, Black, Black},       // left
+    {Light_Grey, Black, Black},
     {Light_Grey, Light_Grey, Black},  // right
     {Black, Light_Grey, Light_Grey},  // down
     {Black, Light_Grey, Light_Grey},  // up
@@ -57,22 +55,31 @@ void Paint_Embossed(Canvas& canvas, const Triangle& outer, const Triangle& inner
 
 }  // namespace
 
-}  // namespace galdren
+void Paint_Arrow(Canvas& canvas, short direction, int inset, int size, const Area& area) {
+    if (size <= inset || direction < ARROW_LEFT || direction > ARROW_UP) return;
+    const bool horizontal = direction == ARROW_LEFT || direction == ARROW_RIGHT;
+    const bool at_start = direction == ARROW_LEFT || direction == ARROW_DOWN;
+    const int near_end = horizontal ? area.left : area.bottom;
+    const int far_end = horizontal ? area.right : area.top;
+    const int low = horizontal ? area.bottom : area.left;
+    const int across = horizontal ? area.top - area.bottom : area.right - area.left;
+    const Axis axis{horizontal, at_start ? near_end : far_end, at_start ? 1 : -1, low + across / 2,
+                    low + (across - size) / 2};
 
-using namespace galdren;
-
-void Tools::Arrow(short direction, short inset, short size, short x, short w, short y, short h) {
-    if (size <= inset || direction < Left || direction > Up) return;
-    const Axis axis = direction == Left || direction == Right
-                          ? Axis{true, direction == Left ? x : x + w, direction == Left ? 1 : -1, y + h / 2,
-                                 y + (h - size) / 2}
-                          : Axis{false, direction == Down ? y : y + h, direction == Down ? 1 : -1, x + w / 2,
-                                 x + (w - size) / 2};
     constexpr int Bevel_At_Tip = 3;
     constexpr int Bevel_At_Base = 1;
     constexpr int Bevel_At_Side = 2;
     const Triangle outer = axis.Make(inset, size, inset, size);
     const Triangle inner = axis.Make(inset + Bevel_At_Tip, size - Bevel_At_Base, inset + Bevel_At_Side, size);
-    Canvas canvas(*this);
     Paint_Embossed(canvas, outer, inner, Facet_Colors[direction]);
+}
+
+}  // namespace galdren
+
+using namespace galdren;
+
+void Tools::Arrow(short direction, short inset, short size, short x, short w, short y, short h) {
+    if (size <= inset) return;
+    Canvas canvas(*this);
+    Paint_Arrow(canvas, direction, inset, size, {x, x + w, y, y + h});
 }

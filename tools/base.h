@@ -108,6 +108,9 @@ void Paint_Frame(Canvas& canvas, Colors color, unsigned long flags, bool sunken,
 /// The blue outline; see `Tools::Cadre_Outline`.
 void Paint_Outline(Canvas& canvas, const Area& area);
 
+/// An embossed arrow in an area; see `Tools::Arrow`.
+void Paint_Arrow(Canvas& canvas, short direction, int inset, int size, const Area& area);
+
 /// The body; see `Tools::Fill_Select`.
 void Paint_Body(Canvas& canvas, const Tools& control, bool highlighted, const void* buffer,
                 unsigned long flags, int inset, const Area& area);

@@ -60,8 +60,8 @@ class Canvas {
     /// Polygon of up to four corners, filled and outlined.
     void Polygon(std::initializer_list<POINT> corners, unsigned long color);
 
-    /// Pixels of a buffer of `width` x `height`, rows top-down, from its column `column` and `rows_below` rows
-    /// above its last, to `area`, all four edges included.
+    /// Pixels of a buffer of `width` x `height`, rows top-down, from its column `column` and `rows_below`
+    /// rows above its last, to `area`, all four edges included.
     void Pixels(const void* buffer, int width, int height, int column, int rows_below, const Area& area);
 
     /// One line of text with its tabs expanded, clipped to the columns left..right-1 and the rows

@@ -30,6 +30,11 @@ void Share(Thing kind, const void* thing) {
     }
 }
 
+bool Is_Shared(Thing kind, const void* thing) {
+    Drawing_Lock lock;
+    return All_Holders().count({kind, thing}) != 0;
+}
+
 bool Let_Go(Thing kind, const void* thing) {
     if (!thing) return false;
     Drawing_Lock lock;

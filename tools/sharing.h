@@ -15,6 +15,9 @@ enum class Thing : unsigned char { Array, Font, Region };
 /// Notes one more holder of `thing`. Null is ignored.
 void Share(Thing kind, const void* thing);
 
+/// Whether `thing` has more than one holder.
+bool Is_Shared(Thing kind, const void* thing);
+
 /// Takes one holder away.
 /// @return true when it was the last, who now has to free the thing; false for null
 bool Let_Go(Thing kind, const void* thing);

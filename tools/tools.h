@@ -13,23 +13,23 @@
 #include "colors.h"
 
 /// Bits of `Tools::Flag` that controls share.
-enum Tools_Flag : unsigned long {
-    FLAG_NO_BODY = 0x1,          ///< no frame, no text, no highlight
-    FLAG_PASSIVE = 0x2,          ///< `Select` never highlights and returns 0
-    FLAG_VERTICAL = 0x4,         ///< text written from top to bottom, one character a line
-    FLAG_STATIC = 0x10,          ///< no shading, no highlight
-    FLAG_OUTLINE = 0x20,         ///< an outline of one pixel, and blue text
-    FLAG_OWN_IMAGES = 0x40,      ///< the images are used as given; nothing is generated
-    FLAG_TEXT_MIDDLE = 0x100,    ///< text centred vertically
-    FLAG_TEXT_TOP = 0x200,       ///< text at the top
-    FLAG_TEXT_BOTTOM = 0x400,    ///< text at the bottom
-    FLAG_TEXT_LEFT = 0x2000,     ///< text at the left
-    FLAG_TEXT_RIGHT = 0x4000,    ///< text at the right
-    FLAG_INNER_FRAME = 0x10000,  ///< a second, inset frame
-    FLAG_TEXT_WHITE = 0x40000,   ///< text in white
-    FLAG_RAISED = 0x80000,       ///< raised frame instead of a sunken one
-    FLAG_NO_RIM = 0x400000       ///< no black rim around the frame
-};
+/// @{
+constexpr unsigned long FLAG_NO_BODY = 0x1;        ///< no frame, no text, no highlight
+constexpr unsigned long FLAG_PASSIVE = 0x2;        ///< `Select` never highlights and returns 0
+constexpr unsigned long FLAG_VERTICAL = 0x4;       ///< text written from top to bottom, one character a line
+constexpr unsigned long FLAG_STATIC = 0x10;        ///< no shading, no highlight
+constexpr unsigned long FLAG_OUTLINE = 0x20;       ///< an outline of one pixel, and blue text
+constexpr unsigned long FLAG_OWN_IMAGES = 0x40;    ///< the images are used as given; nothing is generated
+constexpr unsigned long FLAG_TEXT_MIDDLE = 0x100;  ///< text centred vertically
+constexpr unsigned long FLAG_TEXT_TOP = 0x200;     ///< text at the top
+constexpr unsigned long FLAG_TEXT_BOTTOM = 0x400;  ///< text at the bottom
+constexpr unsigned long FLAG_TEXT_LEFT = 0x2000;   ///< text at the left
+constexpr unsigned long FLAG_TEXT_RIGHT = 0x4000;  ///< text at the right
+constexpr unsigned long FLAG_INNER_FRAME = 0x10000;  ///< a second, inset frame
+constexpr unsigned long FLAG_TEXT_WHITE = 0x40000;   ///< text in white
+constexpr unsigned long FLAG_RAISED = 0x80000;       ///< raised frame instead of a sunken one
+constexpr unsigned long FLAG_NO_RIM = 0x400000;      ///< no black rim around the frame
+/// @}
 
 /// Bits of `Tools::State`.
 enum Tools_State : unsigned char {
@@ -49,10 +49,13 @@ enum Select_Event : int {
     EVENT_RIGHT = 64    ///< the right button is held
 };
 
+/// Directions of `Tools::Arrow`.
+enum Arrow_Direction : short { ARROW_LEFT, ARROW_RIGHT, ARROW_DOWN, ARROW_UP };
+
 /// The fields that every control begins with, all zero at first. The application fills in those up to
 /// `Border`; `Init` and the other members keep the rest.
 struct Tools_Fields {
-    unsigned long Flag{};           ///< style bits, see `Tools_Flag`
+    unsigned long Flag{};           ///< style bits, see the FLAG_ constants
     const char* Name{};             ///< caption, also used in reports; not owned unless made by `Set_Name`
     short X{};                      ///< left edge
     short Y{};                      ///< bottom edge
@@ -164,7 +167,7 @@ class GALDREN_TOOLS_API Tools : public Tools_Fields {
     void Text(HFONT font, const char* text, long flags, short x, short y, short w, short h, short border);
 
     /// Paints an embossed arrow in the box (x, y, w, h).
-    /// @param direction  0 left, 1 right, 2 down, 3 up; it sits at that end of the box
+    /// @param direction  see `Arrow_Direction`; it sits at that end of the box
     /// @param inset      margin kept free
     /// @param size       length of the arrow's zone; nothing is painted unless it is above `inset`
     void Arrow(short direction, short inset, short size, short x, short w, short y, short h);

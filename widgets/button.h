@@ -5,10 +5,10 @@
 #include "../tools/tools.h"
 
 /// Bits of `Flag` that buttons add.
-enum Buttons_Flag : unsigned long {
-    BUTTON_LAMP = 0x100000,         ///< the button has a lamp; the caption moves 8 pixels right
-    BUTTON_LAMP_COLORS = 0x200000,  ///< the lamp knows several colours
-};
+/// @{
+constexpr unsigned long BUTTON_LAMP = 0x100000;  ///< the button has a lamp; the caption moves 8 pixels right
+constexpr unsigned long BUTTON_LAMP_COLORS = 0x200000;  ///< the lamp knows several colours
+/// @}
 
 /// A push button: frame, shaded body, caption and lamp.
 ///

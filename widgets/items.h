@@ -1,0 +1,116 @@
+/// @file
+/// The owned array of items behind every `Grow`: pointers to items, ended by null.
+#pragma once
+
+#include <algorithm>
+#include <climits>
+#include <new>
+
+#include "tools/base.h"
+#include "tools/sharing.h"
+#include "util/error.h"
+#include "util/program.h"
+
+namespace galdren {
+
+/// Where an allocation stands in reports; part of their text, so it does not follow the code.
+struct Grow_Place {
+    const char* file;
+    int growing;
+    int shrinking;
+};
+
+template <class Item>
+int Count_Items(Item* const* items) {
+    int count = 0;
+    while (items && items[count])
+        ++count;
+    return count;
+}
+
+/// Gives a holder's items up; the last holder deletes them. The pointer becomes null.
+template <class Item>
+void Release_Items(Item**& items) {
+    if (Let_Go(Thing::Array, items)) {
+        for (Item** item = items; *item; ++item)
+            delete *item;
+        delete[] items;
+    }
+    items = nullptr;
+}
+
+/// Gives a holder that shares its items with a copy an array of its own, with copies of the items.
+/// @return false when the memory cannot be had
+template <class Item>
+bool Detach_Items(Item**& items) {
+    if (!items || !Is_Shared(Thing::Array, items)) return true;
+    const int count = Count_Items(items);
+    Item** own = new (std::nothrow) Item* [std::size_t(count) + 1] {};
+    bool complete = own != nullptr;
+    for (int i = 0; i < count && complete; ++i) {
+        own[i] = new (std::nothrow) Item(*items[i]);
+        complete = own[i] != nullptr;
+    }
+    if (complete) {
+        Let_Go(Thing::Array, items);
+        items = own;
+    } else if (own) {
+        Release_Items(own);
+    }
+    return complete;
+}
+
+inline void Report_No_Items(int line, const char* file, int count) {
+    Error_Fct(hwnd, ERROR_LEVEL_MEMORY, "line %-4d of %s \nmemory error in realloc (var=%s, dim=%dx%d)", line,
+              file, "this->Item", count + 1, 8);
+}
+
+/// A new item with the fields that its owner gives; null when the memory cannot be had.
+template <class Item>
+Item* Make_Item(const Tools& owner, unsigned long flag) {
+    Item* item = new (std::nothrow) Item;
+    if (!item) return nullptr;
+    item->Flag = flag;
+    item->Clip_X = owner.Clip_X;
+    item->Clip_Y = owner.Clip_Y;
+    item->Clip_Width = owner.Clip_Width;
+    item->Clip_Height = owner.Clip_Height;
+    return item;
+}
+
+/// Sets the number of items. Those that stay are not touched; new ones are constructed. A negative count
+/// frees the array itself.
+/// @return 1; 0 when the memory cannot be had, which is reported at level 1. Without memory for the array
+///         all items are freed; without memory for an item those before it stay.
+template <class Item>
+int Grow_Items(const Tools& owner, Item**& items, int count, unsigned long flag, const Grow_Place& place) {
+    const int before = Count_Items(items);
+    if (before == count) return 1;
+    const int line = count > before ? place.growing : place.shrinking;
+    if (count > SHRT_MAX) {
+        Report_No_Items(line, place.file, count);
+        return 0;
+    }
+    Item** resized = nullptr;
+    if (count >= 0 && Detach_Items(items)) resized = new (std::nothrow) Item* [std::size_t(count) + 1] {};
+    if (!resized) {
+        Release_Items(items);
+        if (count >= 0) Report_No_Items(line, place.file, count);
+        return count < 0;
+    }
+    const int kept = count < before ? count : before;
+    if (items) std::copy_n(items, kept, resized);
+    for (int i = kept; i < before; ++i)
+        delete items[i];
+    delete[] items;
+    items = resized;
+    for (int i = kept; i < count; ++i) {
+        items[i] = Make_Item<Item>(owner, flag);
+        if (items[i]) continue;
+        Report_No_Items(line, place.file, count);
+        return 0;
+    }
+    return 1;
+}
+
+}  // namespace galdren

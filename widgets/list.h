@@ -1,0 +1,68 @@
+/// @file
+/// Lists: buttons in a column or a row, with a scroll bar where they do not fit.
+#pragma once
+
+#include "box.h"
+#include "button.h"
+#include "slider.h"
+
+/// A list of push buttons in a framed box, in a row or, with `Flag` 0x4, in a column from the top down.
+///
+/// The application sets the number of items with `Grow` and writes each item's `Name`, then calls `Init`.
+/// The list presses down the button of the current item. After a `Select` that answers 1, `Read` tells which
+/// item is under the pointer; to mark it, the application writes `Current` and calls `Adjust`.
+class GALDREN_TOOLS_API Lists : public Tools {
+  public:
+    short Current{};       ///< index of the item that is marked; any other value marks none
+    short Item_Height{};   ///< height of an item in a column that scrolls, in pixels; 0 means `BUT_LIST`
+    short Slider_Width{};  ///< thickness of the scroll bar in pixels; 0 means `CURSEUR`
+    Buttons** Item{};      ///< the items, ended by null; owned, and shared by copies
+    short Last_Current{};  ///< `Current` at the last `Draw` or `Adjust`
+    short Nb_Item{};       ///< number of items, counted by `Grow` and `Init`
+    short Item_X{};        ///< left edge of item 0; held within 16 bits in a list that is longer
+    short Item_Y{};        ///< bottom edge of item 0; held within 16 bits in a list that is longer
+    short Item_DX{};       ///< step to the next item in a row, else 0
+    short Item_DY{};       ///< step to the next item in a column, else 0
+    Boxs Frame;            ///< the framed background
+    Sliders Scroll_Bar;    ///< the scroll bar; its `Width` is 0 when there is none
+
+    /// Every field zero.
+    Lists();
+    /// Copies every field; the items are shared with the source until one of the two changes their number.
+    Lists(const Lists& other);
+    /// Lets go of what this list owns and copies every field.
+    Lists& operator=(const Lists& other);
+    /// Lets go of the items, then of what every control owns.
+    ~Lists();
+
+    /// Sets the number of items; those that stay keep everything. `Init` has to follow.
+    /// @param count  at most 32767; a negative count frees the array itself
+    /// @param flags  style bits of new items; 0 takes those of the list
+    /// @return 1; 0 when the memory cannot be had, which is reported at level 1
+    int Grow(int count, int flags);
+    /// Lays the list out and binds frame, items and scroll bar to a window.
+    /// @param window  null keeps the window of the last `Init`; without any it is reported at level 11
+    void Init(HWND window);
+    /// Paints the whole list.
+    void Draw();
+    /// Follows the pointer with scroll bar and items.
+    /// @param event  see `Select_Event`
+    /// @return 1 when the pointer is on an item; 0 on the scroll bar and elsewhere
+    int Select(int event);
+    /// Index of the item under the pointer, passive ones excepted; -1 when there is none.
+    int Read();
+    /// Scrolls by wheel steps, when the pointer is inside.
+    void Scroll(int amount);
+    /// Takes the highlights away.
+    void Deselect();
+    /// Moves the mark from `Last_Current` to `Current`.
+    void Adjust();
+
+  private:
+    void Update();
+
+    int Origin{};       // of item 0 along the list, in the range of a list of any length
+    int Shown_First{};  // items shown by the last `Update`, the only ones that take part in events
+    int Shown_Count{};
+    bool Hovers_Left{};  // no item has been told of the pointer since all of them were told that it left
+};
