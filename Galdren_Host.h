@@ -1,0 +1,5 @@
+/// @file
+/// Galdren_Host: forwards the messages of a window to the controls in it. Include this one header.
+#pragma once
+
+#include "host/host.h"

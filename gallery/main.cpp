@@ -1,0 +1,130 @@
+// The gallery: every control of Galdren_Tools in all its styles, alive.
+#include <cstdio>
+#include <cstring>
+#include <exception>
+#include <optional>
+#include <string>
+
+#include "gallery/picture.h"
+#include "gallery/window.h"
+
+namespace {
+
+using gallery::Page;
+using gallery::Pages;
+
+constexpr int exit_failed = 1;
+constexpr int exit_usage = 2;
+
+struct Options {
+    std::size_t page = 0;
+    std::string png_directory;
+    bool log = false;
+    bool help = false;
+};
+
+void Print_Help() {
+    std::puts(
+        "gallery: every control of Galdren_Tools in all its styles\n"
+        "\n"
+        "usage: gallery [--page NAME] [--log]\n"
+        "       gallery --png DIR\n"
+        "\n"
+        "  --page NAME  begin with this page\n"
+        "  --png DIR    write a picture of every page to DIR\\gallery-NAME.png and exit\n"
+        "  --log        write events to standard output, one per line; the first line is \"ready\"\n"
+        "  --help       show this text\n"
+        "\n"
+        "pages:");
+    for (const Page& page : Pages())
+        std::printf("  %s\n", page.name);
+}
+
+std::nullopt_t Usage_Error(const std::string& text) {
+    std::fprintf(stderr, "gallery: %s\nTry gallery --help.\n", text.c_str());
+    return std::nullopt;
+}
+
+std::optional<std::size_t> Find_Page(const char* name) {
+    for (std::size_t i = 0; i < Pages().size(); ++i) {
+        if (std::strcmp(Pages()[i].name, name) == 0) return i;
+    }
+    return Usage_Error(std::string("no page is called ") + name);
+}
+
+/// Reads the command line; what is wrong with it has been said when there is no answer.
+std::optional<Options> Read_Options(int count, char** words) {
+    Options options;
+    for (int i = 1; i < count; ++i) {
+        const std::string word = words[i];
+        const bool has_value = i + 1 < count;
+        if (word == "--help") {
+            options.help = true;
+        } else if (word == "--log") {
+            options.log = true;
+        } else if (word != "--page" && word != "--png") {
+            return Usage_Error("unknown option " + word);
+        } else if (!has_value) {
+            return Usage_Error(word + " needs a value");
+        } else if (word == "--png") {
+            options.png_directory = words[++i];
+        } else {
+            const std::optional<std::size_t> page = Find_Page(words[++i]);
+            if (!page) return std::nullopt;
+            options.page = *page;
+        }
+    }
+    return options;
+}
+
+int Write_Pictures(gallery::Window& window, const std::string& directory) {
+    const gallery::Picture_Writer writer;
+    CreateDirectoryA(directory.c_str(), nullptr);
+    ShowWindow(window.Handle(), SW_SHOWNOACTIVATE);
+    for (std::size_t i = 0; i < Pages().size(); ++i) {
+        window.Show_Page(i);
+        window.Paint_Now();
+        const std::string path = directory + "\\gallery-" + Pages()[i].name + ".png";
+        if (!writer.Write(window.Handle(), path)) {
+            std::fprintf(stderr, "gallery: cannot write %s\n", path.c_str());
+            return exit_failed;
+        }
+        std::puts(path.c_str());
+    }
+    return 0;
+}
+
+int Run(gallery::Window& window, std::size_t page) {
+    window.Show_Page(page);
+    ShowWindow(window.Handle(), SW_SHOW);
+    window.Paint_Now();
+    window.Announce();
+    MSG message;
+    while (GetMessageA(&message, nullptr, 0, 0) > 0) {
+        TranslateMessage(&message);
+        DispatchMessageA(&message);
+    }
+    return static_cast<int>(message.wParam);
+}
+
+}  // namespace
+
+int main(int count, char** words) try {
+    const std::optional<Options> options = Read_Options(count, words);
+    if (!options) return exit_usage;
+    if (options->help) {
+        Print_Help();
+        return 0;
+    }
+    int code = 0;
+    {
+        gallery::Window window(GetModuleHandleA(nullptr), options->log);
+        code = options->png_directory.empty() ? Run(window, options->page)
+                                              : Write_Pictures(window, options->png_directory);
+    }
+    Tools_Lib_Cleanup();
+    return code;
+} catch (const std::exception& error) {
+    std::fprintf(stderr, "gallery: %s\n", error.what());
+    return exit_failed;
+}

@@ -1,0 +1,14 @@
+#include "gallery/pages.h"
+
+namespace gallery {
+
+std::span<const Page> Pages() {
+    static constexpr Page pages[] = {
+        {"boxes", "Boxes", Build_Boxes},
+        {"labels", "Labels", Build_Labels},
+        {"buttons", "Buttons", Build_Buttons},
+    };
+    return pages;
+}
+
+}  // namespace gallery

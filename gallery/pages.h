@@ -1,0 +1,27 @@
+/// @file
+/// The pages of the gallery. A new page is one source file and one row of the table in pages.cpp.
+#pragma once
+
+#include <span>
+
+#include "gallery/sheet.h"
+
+namespace gallery {
+
+/// The part of `design_size` that pages may fill.
+constexpr Place page_area{24, 58, 752, 498};
+
+struct Page {
+    const char* name;       ///< word for the command line and for file names
+    const char* title;      ///< caption of its button in the header
+    void (*build)(Sheet&);  ///< puts its controls on an empty sheet
+};
+
+/// All pages in the order of their buttons.
+std::span<const Page> Pages();
+
+void Build_Boxes(Sheet& sheet);
+void Build_Labels(Sheet& sheet);
+void Build_Buttons(Sheet& sheet);
+
+}  // namespace gallery

@@ -1,0 +1,68 @@
+#include "gallery/picture.h"
+
+// GDI+ wants COM's declarations first, and min and max by their plain names.
+#include <objidl.h>
+
+#include <algorithm>
+namespace Gdiplus {
+using std::max;
+using std::min;
+}  // namespace Gdiplus
+#include <gdiplus.h>
+
+namespace gallery {
+
+namespace {
+
+constexpr CLSID png_encoder{0x557CF406, 0x1A04, 0x11D3, {0x9A, 0x73, 0x00, 0x00, 0xF8, 0x1E, 0xF3, 0x2E}};
+
+/// A copy of a window's client area.
+class Snapshot {
+  public:
+    explicit Snapshot(HWND window) {
+        RECT client{};
+        GetClientRect(window, &client);
+        const HDC source = GetDC(window);
+        const HDC target = CreateCompatibleDC(source);
+        bitmap = CreateCompatibleBitmap(source, client.right, client.bottom);
+        const HGDIOBJ before = SelectObject(target, bitmap);
+        BitBlt(target, 0, 0, client.right, client.bottom, source, 0, 0, SRCCOPY);
+        SelectObject(target, before);
+        DeleteDC(target);
+        ReleaseDC(window, source);
+    }
+    ~Snapshot() { DeleteObject(bitmap); }
+    Snapshot(const Snapshot&) = delete;
+    Snapshot& operator=(const Snapshot&) = delete;
+    HBITMAP Get() const { return bitmap; }
+
+  private:
+    HBITMAP bitmap;
+};
+
+std::wstring Widen(const std::string& text) {
+    const int length = MultiByteToWideChar(CP_ACP, 0, text.c_str(), -1, nullptr, 0);
+    std::wstring wide(static_cast<std::size_t>(std::max(length, 1)), L'\0');
+    MultiByteToWideChar(CP_ACP, 0, text.c_str(), -1, wide.data(), length);
+    return wide;
+}
+
+}  // namespace
+
+Picture_Writer::Picture_Writer() {
+    const Gdiplus::GdiplusStartupInput input;
+    if (Gdiplus::GdiplusStartup(&token, &input, nullptr) != Gdiplus::Ok) token = 0;
+}
+
+Picture_Writer::~Picture_Writer() {
+    if (token) Gdiplus::GdiplusShutdown(token);
+}
+
+bool Picture_Writer::Write(HWND window, const std::string& path) const {
+    if (!token) return false;
+    const Snapshot snapshot(window);
+    Gdiplus::Bitmap picture(snapshot.Get(), nullptr);
+    return picture.Save(Widen(path).c_str(), &png_encoder, nullptr) == Gdiplus::Ok;
+}
+
+}  // namespace gallery

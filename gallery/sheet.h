@@ -1,0 +1,78 @@
+/// @file
+/// A sheet of controls: what one page, the header and the status line are made of.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "host/host.h"
+
+namespace gallery {
+
+/// The client area that all positions are given for; a larger window keeps them at the top, centred.
+constexpr SIZE design_size{800, 600};
+
+/// A place on the sheet in pixels of the client area of `design_size`, y downward from its top.
+struct Place {
+    int x, top, width, height;
+};
+
+/// Owns controls, knows where they stand, and says what the user did with them.
+class Sheet {
+  public:
+    /// Receives what happened, such as `press "Plain": Value 1`.
+    using Reporter = std::function<void(const std::string& text)>;
+
+    Sheet(Host& owner, Reporter reporter);
+
+    /// Adds a control of any class with the fields that all controls have.
+    /// @param on_press   see `Host::Add`
+    /// @param on_change  see `Host::Add`
+    template <class Control>
+    Control& Add(const Place& place, const char* name, unsigned long flag = 0,
+                 std::function<void(Control&)> on_press = {}, std::function<void(Control&)> on_change = {}) {
+        auto control = std::make_shared<Control>();
+        Fill_In(*control, place, name, flag);
+        items.push_back({control, [this, &added = *control, on_press, on_change] {
+                             host.Add(added, on_press, on_change);
+                         }});
+        return *control;
+    }
+
+    Boxs& Box(const Place& place, const char* name, unsigned long flag = 0);
+    /// A button that toggles when it is pressed: its lamp when it has one, else its value.
+    Buttons& Button(const Place& place, const char* name, unsigned long flag = 0);
+    Labels& Label(const Place& place, const char* name, unsigned long flag = 0);
+    /// Title of a group of controls.
+    Labels& Heading(int x, int top, const char* name);
+    /// A sunken plate without reaction, to put a label on.
+    Boxs& Plate(const Place& place);
+    /// A light plate without reaction, to put a control on whose own text is dark.
+    Boxs& Paper(const Place& place);
+
+    /// Adds the controls to the host, above those that it has.
+    void Show() const;
+    /// Moves the controls to where they stand in a client area of this size. They need `Init` afterwards.
+    void Fit(SIZE client);
+    /// The controls in order of addition.
+    std::vector<const Tools*> Controls() const;
+
+    void Report(const std::string& text) const { report(text); }
+
+  private:
+    struct Item {
+        std::shared_ptr<Tools> control;
+        std::function<void()> show;
+    };
+
+    static void Fill_In(Tools& control, const Place& place, const char* name, unsigned long flag);
+    void Press(Buttons& button) const;
+
+    Host& host;
+    Reporter report;
+    std::vector<Item> items;
+    SIZE fitted = design_size;
+};
+
+}  // namespace gallery

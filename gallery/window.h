@@ -1,0 +1,58 @@
+/// @file
+/// The gallery's window: a header with a button for every page, the page, and a line for the last event.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "gallery/pages.h"
+#include "host/host.h"
+
+namespace gallery {
+
+class Window {
+  public:
+    /// Makes the window, not yet visible.
+    /// @param log  write events to standard output
+    Window(HINSTANCE instance, bool log);
+    ~Window();
+    Window(const Window&) = delete;
+    Window& operator=(const Window&) = delete;
+
+    HWND Handle() const { return window; }
+    /// Puts a page on the window, in the state in which it was left.
+    void Show_Page(std::size_t index);
+    /// Paints all that is pending now.
+    void Paint_Now() const;
+    /// Says on the log that the window is shown, and where its controls are.
+    void Announce();
+
+  private:
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
+    LRESULT On_Message(UINT message, WPARAM wparam, LPARAM lparam);
+
+    void Build_Header();
+    void Build_Status();
+    void Fit();
+    void Paint_Header() const;
+    void Report(const std::string& text);
+    void Log_Pointer();
+    void Log(const std::string& line) const;
+    void Log_Page() const;
+    void Log_Controls(const Sheet& sheet) const;
+
+    HWND window;
+    Host host;
+    bool logging;
+    bool announced = false;
+    const Tools* pointed_at = nullptr;  // the control last logged as under the pointer
+    Sheet header;
+    std::vector<Buttons*> page_buttons;
+    std::vector<std::unique_ptr<Sheet>> sheets;  // null until the page is shown for the first time
+    std::size_t shown = 0;
+    Boxs status_box;
+    Labels status_text;
+};
+
+}  // namespace gallery

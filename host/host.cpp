@@ -1,0 +1,369 @@
+#include "host/host.h"
+
+#include <windowsx.h>
+
+#include <algorithm>
+
+namespace {
+
+/// A position that is over no control: what the controls are shown while the pointer is not theirs.
+constexpr POINT nowhere{-32768, -32768};
+
+constexpr int button_count = 3;
+constexpr WPARAM button_keys[button_count] = {MK_LBUTTON, MK_MBUTTON, MK_RBUTTON};
+constexpr int button_events[button_count] = {EVENT_LEFT, EVENT_MIDDLE, EVENT_RIGHT};
+
+/// The event word for `Select`: the kind and the buttons held.
+int Event_Word(int kind, WPARAM keys) {
+    int event = kind;
+    for (int i = 0; i < button_count; ++i) {
+        if (keys & button_keys[i]) event |= button_events[i];
+    }
+    return event;
+}
+
+POINT Position_Of(LPARAM lparam) { return {GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam)}; }
+
+void Set_Pointer(POINT screen) {
+    ZCursor_X = screen.x;
+    ZCursor_Y = screen.y;
+}
+
+/// Shows another pointer position to the controls for a scope.
+class Pointer_Scope {
+  public:
+    explicit Pointer_Scope(POINT screen) : before{ZCursor_X, ZCursor_Y} { Set_Pointer(screen); }
+    ~Pointer_Scope() { Set_Pointer(before); }
+    Pointer_Scope(const Pointer_Scope&) = delete;
+    Pointer_Scope& operator=(const Pointer_Scope&) = delete;
+
+  private:
+    POINT before;
+};
+
+class Paint_Scope {
+  public:
+    explicit Paint_Scope(HWND painted) : window(painted) { BeginPaint(window, &paint); }
+    ~Paint_Scope() { EndPaint(window, &paint); }
+    Paint_Scope(const Paint_Scope&) = delete;
+    Paint_Scope& operator=(const Paint_Scope&) = delete;
+    const RECT& Area() const { return paint.rcPaint; }
+
+  private:
+    HWND window;
+    PAINTSTRUCT paint{};
+};
+
+class Batch_Scope {
+  public:
+    explicit Batch_Scope(HWND window) { Begin_Batch(window); }
+    ~Batch_Scope() { End_Batch(); }
+    Batch_Scope(const Batch_Scope&) = delete;
+    Batch_Scope& operator=(const Batch_Scope&) = delete;
+};
+
+class Draw_Scope {
+  public:
+    explicit Draw_Scope(HWND window) { Begin_Draw(window, nullptr); }
+    ~Draw_Scope() { End_Draw(); }
+    Draw_Scope(const Draw_Scope&) = delete;
+    Draw_Scope& operator=(const Draw_Scope&) = delete;
+};
+
+RECT Client_Area(HWND window) {
+    RECT client{};
+    GetClientRect(window, &client);
+    return client;
+}
+
+/// Turns a rectangle of a client area of this height from y down to y up, or back.
+RECT Flip(const RECT& area, LONG height) {
+    return {area.left, height - area.bottom, area.right, height - area.top};
+}
+
+POINT To_Logical(HWND window, POINT client) { return {client.x, Client_Area(window).bottom - 1 - client.y}; }
+
+bool Meet(const RECT& a, const RECT& b) {
+    return a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom;
+}
+
+bool Is_Shown(const Tools& control) { return control.Width > 0 && control.Height > 0; }
+
+bool Is_Inside(const Tools& control, POINT logical) {
+    return Is_Shown(control) && PtInRect(&control.Rect, logical);
+}
+
+}  // namespace
+
+Host::Host(HWND served) : window(served) {}
+
+Host::~Host() = default;
+
+void Host::Set_Background(Colors color) { background = color; }
+
+void Host::Set_On_Paint(std::function<void()> draw) {
+    on_paint = std::make_shared<const std::function<void()>>(std::move(draw));
+}
+
+void Host::Remove(const Tools& control) {
+    std::erase_if(entries, [&](const Entry& entry) { return entry.control == &control; });
+    if (current == &control) current = nullptr;
+    if (wheel_control == &control) wheel_control = nullptr;
+}
+
+void Host::Clear() {
+    entries.clear();
+    current = nullptr;
+    wheel_control = nullptr;
+}
+
+void Host::Init_All() {
+    for (const Entry& entry : entries)
+        entry.calls->init(*entry.control, window);
+}
+
+void Host::Refresh(const Tools& control) const {
+    const RECT area = Flip(control.Rect, Client_Area(window).bottom);
+    InvalidateRect(window, &area, FALSE);
+}
+
+bool Host::Message(UINT message, WPARAM wparam, LPARAM lparam, LRESULT& result) {
+    // The callbacks run last in every branch, so that one of them may even destroy the host.
+    const auto taken = [&result](LRESULT value) {
+        result = value;
+        return true;
+    };
+    switch (message) {
+        case WM_ERASEBKGND:
+            return taken(1);
+        case WM_PAINT:
+            taken(0);
+            Paint();
+            return true;
+        case WM_SIZE:
+            // The origin is at the bottom: a new height moves everything.
+            InvalidateRect(window, nullptr, FALSE);
+            return false;
+        case WM_MOUSEMOVE:
+            return On_Move(wparam, Position_Of(lparam)) && taken(0);
+        case WM_MOUSELEAVE:
+            On_Leave();
+            return taken(0);
+        case WM_LBUTTONDOWN:
+        case WM_LBUTTONDBLCLK:
+            return On_Press(1, wparam, Position_Of(lparam)) && taken(0);
+        case WM_MBUTTONDOWN:
+        case WM_MBUTTONDBLCLK:
+            return On_Press(2, wparam, Position_Of(lparam)) && taken(0);
+        case WM_RBUTTONDOWN:
+        case WM_RBUTTONDBLCLK:
+            return On_Press(3, wparam, Position_Of(lparam)) && taken(0);
+        case WM_LBUTTONUP:
+            return On_Release(1, wparam, Position_Of(lparam)) && taken(0);
+        case WM_MBUTTONUP:
+            return On_Release(2, wparam, Position_Of(lparam)) && taken(0);
+        case WM_RBUTTONUP:
+            return On_Release(3, wparam, Position_Of(lparam)) && taken(0);
+        case WM_CAPTURECHANGED:
+            return On_Capture_Lost(reinterpret_cast<HWND>(lparam)) && taken(0);
+        case WM_MOUSEWHEEL:
+            return On_Wheel(wparam, Position_Of(lparam)) && taken(0);
+        default:
+            return false;
+    }
+}
+
+const Host::Entry* Host::Find(const Tools* control) const {
+    const auto found =
+        std::find_if(entries.begin(), entries.end(), [&](const Entry& e) { return e.control == control; });
+    return found == entries.end() ? nullptr : &*found;
+}
+
+/// The topmost control at a place that gets events; null over bare ground and over a passive control.
+const Host::Entry* Host::At(POINT client) const {
+    const POINT logical = To_Logical(window, client);
+    for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry) {
+        const Tools& control = *entry->control;
+        if (!entry->calls->select || !Is_Inside(control, logical)) continue;
+        return control.Flag & FLAG_PASSIVE ? nullptr : &*entry;
+    }
+    return nullptr;
+}
+
+bool Host::Is_Covered(const Tools& control) const {
+    const auto above = [&](const Entry& entry) {
+        return Is_Shown(*entry.control) && Meet(entry.control->Rect, control.Rect);
+    };
+    const Entry* own = Find(&control);
+    return own && std::any_of(entries.begin() + (own - entries.data() + 1), entries.end(), above);
+}
+
+/// One call of `Select`. When it may have painted over controls above, these are brought back before
+/// anything reaches the screen.
+int Host::Tell(const Entry& entry, int event, bool repaints) {
+    if (!repaints || !Is_Covered(*entry.control)) return entry.calls->select(*entry.control, event);
+    const Batch_Scope batch(window);
+    const int answer = entry.calls->select(*entry.control, event);
+    Paint_Area(entry.control->Rect);
+    return answer;
+}
+
+/// Takes the highlight from the control that has it. `Select` with the pointer far away does it for every
+/// class, also when the pointer is still inside and another control is now above.
+void Host::Leave() {
+    const Entry* left = Find(std::exchange(current, nullptr));
+    if (!left) return;
+    const Pointer_Scope away(nowhere);
+    Tell(*left, EVENT_MOVE, true);
+}
+
+/// Hands the pointer to the control under it. While a button is held it stays with the control pressed.
+/// @return true when the control is another one than before
+bool Host::Hand_Over(POINT client) {
+    if (held) return false;
+    const Entry* under = At(client);
+    Tools* const next = under ? under->control : nullptr;
+    if (next == current) return false;
+    Leave();
+    current = next;
+    return true;
+}
+
+/// Notes where the pointer is and tells the control that has it.
+/// @return what its `Select` answers; 0 without a control
+int Host::Point(POINT client, int event) {
+    pointer = client;
+    ClientToScreen(window, &pointer);
+    Set_Pointer(pointer);
+    const bool entered = Hand_Over(client);
+    const Entry* entry = Find(current);
+    if (!entry) return 0;
+    const bool was_inside = std::exchange(inside, Is_Inside(*current, To_Logical(window, client)));
+    return Tell(*entry, event, entered || inside != was_inside);
+}
+
+void Host::Notify(const Entry& entry, Callback Handlers::*callback) {
+    Tools& control = *entry.control;
+    // The entry may be gone before the callback returns, and the callback with it.
+    const std::shared_ptr<const Handlers> handlers = entry.handlers;
+    if ((*handlers).*callback) ((*handlers).*callback)(control);
+}
+
+bool Host::On_Move(WPARAM keys, POINT client) {
+    if (!tracking) {
+        TRACKMOUSEEVENT request{sizeof request, TME_LEAVE, window, 0};
+        tracking = TrackMouseEvent(&request) != 0;
+    }
+    const int buttons = Event_Word(0, keys);
+    const int answer = Point(client, buttons ? EVENT_DRAG | buttons : EVENT_MOVE);
+    const Entry* entry = Find(current);
+    if (!entry) return false;
+    if (answer && held && (keys & MK_LBUTTON)) Notify(*entry, &Handlers::on_change);
+    return true;
+}
+
+void Host::On_Leave() {
+    tracking = false;
+    if (held) return;
+    Leave();
+    // An `Adjust` of the application must not light a control up where the pointer has been. Another window
+    // may have noted the pointer already; that stays.
+    if (ZCursor_X == pointer.x && ZCursor_Y == pointer.y) Set_Pointer(nowhere);
+}
+
+bool Host::On_Press(int button, WPARAM keys, POINT client) {
+    BUTTON_PRESS(button);
+    const int answer = Point(client, Event_Word(EVENT_PRESS, keys));
+    if (!held) SetCapture(window);
+    held |= 1u << button;
+    const Entry* entry = Find(current);
+    if (!entry) return false;
+    if (answer && button == 1) Notify(*entry, &Handlers::on_press);
+    return true;
+}
+
+bool Host::On_Release(int button, WPARAM keys, POINT client) {
+    BUTTON_RELEASE(button);
+    const bool had_control = current != nullptr;
+    const unsigned held_before = std::exchange(held, held & ~(1u << button));
+    Point(client, Event_Word(EVENT_MOVE, keys));
+    if (held_before && !held) ReleaseCapture();
+    return had_control || current;
+}
+
+bool Host::On_Capture_Lost(HWND now) {
+    if (!held || now == window) return false;
+    for (int button = 1; button <= button_count; ++button) {
+        if (held & (1u << button)) BUTTON_RELEASE(button);
+    }
+    held = 0;
+    // The pointer may be over any window now; the next move says so if it is over this one.
+    Leave();
+    return true;
+}
+
+bool Host::On_Wheel(WPARAM wparam, POINT screen) {
+    POINT client = screen;
+    ScreenToClient(window, &client);
+    const RECT area = Client_Area(window);
+    const Entry* entry = PtInRect(&area, client) ? At(client) : nullptr;
+    if (!entry || !entry->calls->scroll) return false;
+    Set_Pointer(screen);
+    if (std::exchange(wheel_control, entry->control) != entry->control) wheel_rest = 0;
+    wheel_rest += GET_WHEEL_DELTA_WPARAM(wparam);
+    const int steps = wheel_rest / WHEEL_DELTA;
+    wheel_rest %= WHEEL_DELTA;
+    if (steps == 0) return true;
+    entry->calls->scroll(*entry->control, steps);
+    Notify(*entry, &Handlers::on_change);
+    return true;
+}
+
+void Host::Paint() {
+    const Paint_Scope paint(window);
+    const RECT area = Flip(paint.Area(), Client_Area(window).bottom);
+    if (IsRectEmpty(&area)) return;
+    const Batch_Scope batch(window);
+    Paint_Area(area);
+}
+
+/// Paints a part of the client area anew, in logical pixels with the lower y in `top`.
+void Host::Paint_Area(RECT area) {
+    area = Grow_To_Controls(area);
+    Paint_Ground(area);
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        Tools& control = *entries[i].control;
+        if (!Meet(control.Rect, area)) continue;
+        // Only the control that has the pointer may light up, whatever lies above or beside it.
+        const Pointer_Scope shown(&control == current ? pointer : nowhere);
+        entries[i].calls->draw(control);
+    }
+}
+
+/// The area with all controls that meet it. What is painted twice must be painted from the ground up, since
+/// smoothed text written over itself grows bolder, and a control may be painted over those above it.
+RECT Host::Grow_To_Controls(RECT area) const {
+    for (bool grown = true; grown;) {
+        grown = false;
+        for (const Entry& entry : entries) {
+            const RECT& control = entry.control->Rect;
+            if (!Is_Shown(*entry.control) || !Meet(control, area)) continue;
+            const RECT before = area;
+            UnionRect(&area, &before, &control);
+            grown = grown || !EqualRect(&before, &area);
+        }
+    }
+    return area;
+}
+
+void Host::Paint_Ground(const RECT& area) {
+    const std::shared_ptr<const std::function<void()>> own_drawing = on_paint;
+    const Draw_Scope draw(window);
+    if (!Z_DC) return;
+    Current_Color = background.get();
+    Draw_Box(area.left, area.bottom - 1, area.right, area.top - 1);
+    if (!own_drawing || !*own_drawing) return;
+    Clip_Rect(area.left, area.top - 1, area.right - area.left, area.bottom - area.top);
+    (*own_drawing)();
+    Clip_Reset();
+}

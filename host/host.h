@@ -1,0 +1,167 @@
+/// @file
+/// Host: forwards the messages of one window to its controls, written once for every application.
+///
+/// The window procedure calls `Host::Message` with every message before it looks at the message itself. The
+/// answer is true when the host took the message, and `result` is then what the window procedure returns;
+/// after false the message goes on to the application and to `DefWindowProc`.
+#pragma once
+
+#include <windows.h>
+
+#include <concepts>
+#include <functional>
+#include <memory>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+#include "../Galdren_Tools.h"
+
+/// Draws the controls of one window and tells them of the pointer.
+///
+/// The host does not own controls: each must outlive the host or be removed. They are painted in the order in
+/// which they were added, and the last one added is the topmost under the pointer. A passive control hides
+/// what it covers from the pointer and gets no events itself; a control without `Select`, such as a label,
+/// is only drawn. For the thread that runs the window.
+///
+/// Controls and the whole host may be changed from inside every callback: `Remove`, `Clear`, `Add`.
+class Host {
+  public:
+    /// Serves the window `served`, which need not be visible yet.
+    explicit Host(HWND served);
+    ~Host();
+    Host(const Host&) = delete;
+    Host& operator=(const Host&) = delete;
+
+    /// Colour behind the controls; grey (170, 170, 170) until it is set. Takes effect with the next paint.
+    void Set_Background(Colors color);
+
+    /// Called at every paint for the application's own drawing, above the background and below the controls.
+    /// The surface is taken (`Z_DC` is ready) and clipped to the part that is painted anew.
+    void Set_On_Paint(std::function<void()> draw);
+
+    /// Adds a control on top of those before. It is initialised by the application or by `Init_All`.
+    /// @param control    a control of any class
+    /// @param on_press   called when the left button goes down on the control and its `Select` answers 1
+    /// @param on_change  called when the control's `Select` answers 1 to the pointer dragged with the left
+    ///                   button, and after its `Scroll` for the wheel
+    template <std::derived_from<Tools> Control>
+    void Add(Control& control, std::type_identity_t<std::function<void(Control&)>> on_press = {},
+             std::type_identity_t<std::function<void(Control&)>> on_change = {}) {
+        auto handlers = std::make_shared<Handlers>();
+        handlers->on_press = Erase_Type<Control>(std::move(on_press));
+        handlers->on_change = Erase_Type<Control>(std::move(on_change));
+        entries.push_back({&control, &class_calls<Control>, std::move(handlers)});
+    }
+
+    /// Forgets a control; one that was never added is ignored. What it painted stays until the next paint.
+    void Remove(const Tools& control);
+    /// Forgets all controls.
+    void Clear();
+
+    /// `Init` of every control with the window of this host.
+    void Init_All();
+
+    /// Has the rectangle of `control` painted anew with the next WM_PAINT: background, and every control
+    /// that meets it. For changes that the control cannot show alone, such as another text of a label.
+    void Refresh(const Tools& control) const;
+
+    /// The control that has the pointer: the topmost one under it, or the one pressed while a button is held;
+    /// null when there is none.
+    const Tools* Current() const { return current; }
+
+    /// Takes one message of the window.
+    /// @return true when the window procedure is to return `result`, false when the message is not for the
+    ///         host (`result` is then left alone)
+    bool Message(UINT message, WPARAM wparam, LPARAM lparam, LRESULT& result);
+
+  private:
+    using Callback = std::function<void(Tools&)>;
+
+    /// What a class of controls can do; null where the class has no such member.
+    struct Class_Calls {
+        void (*init)(Tools& control, HWND window);
+        void (*draw)(Tools& control);
+        int (*select)(Tools& control, int event);
+        void (*scroll)(Tools& control, int steps);
+    };
+
+    struct Handlers {
+        Callback on_press;
+        Callback on_change;
+    };
+
+    struct Entry {
+        Tools* control;
+        const Class_Calls* calls;
+        std::shared_ptr<const Handlers> handlers;  // kept alive by the call while a callback runs
+    };
+
+    template <class Control>
+    static constexpr Class_Calls Make_Calls() {
+        Class_Calls calls{};
+        calls.init = [](Tools& control, HWND target) { static_cast<Control&>(control).Init(target); };
+        calls.draw = [](Tools& control) { static_cast<Control&>(control).Draw(); };
+        if constexpr (requires(Control & c) { c.Select(0); }) {
+            calls.select = [](Tools& control, int event) {
+                return static_cast<int>(static_cast<Control&>(control).Select(event));
+            };
+        }
+        if constexpr (requires(Control & c) { c.Scroll(0); }) {
+            calls.scroll = [](Tools& control, int steps) {
+                using Steps = Scroll_Argument<Control>;
+                static_cast<Control&>(control).Scroll(static_cast<Steps>(steps));
+            };
+        }
+        return calls;
+    }
+
+    template <class Result, class Control, class Steps>
+    static Steps Argument_Of(Result (Control::*)(Steps));
+    /// Some classes scroll by a short, others by an int.
+    template <class Control>
+    using Scroll_Argument = decltype(Argument_Of(&Control::Scroll));
+
+    template <class Control>
+    static inline constexpr Class_Calls class_calls = Make_Calls<Control>();
+
+    template <class Control>
+    static Callback Erase_Type(std::function<void(Control&)> callback) {
+        if (!callback) return {};
+        return [callback = std::move(callback)](Tools& control) { callback(static_cast<Control&>(control)); };
+    }
+
+    const Entry* Find(const Tools* control) const;
+    const Entry* At(POINT client) const;
+    bool Is_Covered(const Tools& control) const;
+
+    int Tell(const Entry& entry, int event, bool repaints);
+    void Leave();
+    bool Hand_Over(POINT client);
+    int Point(POINT client, int event);
+    static void Notify(const Entry& entry, Callback Handlers::*callback);
+
+    bool On_Move(WPARAM keys, POINT client);
+    void On_Leave();
+    bool On_Press(int button, WPARAM keys, POINT client);
+    bool On_Release(int button, WPARAM keys, POINT client);
+    bool On_Capture_Lost(HWND now);
+    bool On_Wheel(WPARAM wparam, POINT screen);
+
+    void Paint();
+    void Paint_Area(RECT area);
+    RECT Grow_To_Controls(RECT area) const;
+    void Paint_Ground(const RECT& area);
+
+    HWND window;
+    Colors background{170, 170, 170};
+    std::shared_ptr<const std::function<void()>> on_paint;
+    std::vector<Entry> entries;
+    POINT pointer{};           // where the pointer was seen last, on the screen
+    Tools* current = nullptr;  // the control that gets the pointer's events
+    bool inside = false;       // whether the pointer was inside it then; while a button is held it may leave
+    unsigned held = 0;      // one bit for each button that went down here; the mouse is captured while not 0
+    bool tracking = false;  // WM_MOUSELEAVE has been asked for
+    const Tools* wheel_control = nullptr;
+    int wheel_rest = 0;  // what is left of the wheel's movement after whole steps
+};

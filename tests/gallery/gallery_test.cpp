@@ -1,0 +1,176 @@
+// The gallery driven by the real pointer: what it says, and what the screen shows.
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <fstream>
+#include <iterator>
+
+#include "tests/gallery/gallery_process.h"
+
+namespace galdren_test {
+namespace {
+
+constexpr unsigned grey = 0xAAAAAA;
+
+testing::AssertionResult Shows(POINT screen, unsigned color) {
+    unsigned shown = 0;
+    if (Wait_Until([&] { return (shown = Screen_Color(screen)) == color; }))
+        return testing::AssertionSuccess();
+    char text[64];
+    std::snprintf(text, sizeof text, "the screen shows %06X, not %06X", shown, color);
+    return testing::AssertionFailure() << text;
+}
+
+/// Every channel of the grey `color` less `amount`.
+unsigned Darker(unsigned color, unsigned amount) { return color - amount * 0x010101; }
+
+/// Whether a body is lit: its red stands out from its green.
+bool Is_Lit(POINT screen) {
+    const unsigned color = Screen_Color(screen);
+    return (color >> 16) > (color >> 8 & 0xFF) + 60;
+}
+
+testing::AssertionResult Lights_Up(POINT screen) {
+    return Wait_Until([&] { return Is_Lit(screen); }) ? testing::AssertionSuccess()
+                                                      : testing::AssertionFailure();
+}
+
+/// A pixel of a control's body, clear of its caption.
+POINT Body_Of(const Gallery& gallery, const char* control) { return gallery.Place_Of(control, 14, 14); }
+
+/// Moves the pointer off every control.
+bool Point_Away(Gallery& gallery) {
+    gallery.Move_To(gallery.Place_Of("Plain", -5, -5));
+    return gallery.Says("over nothing");
+}
+
+TEST(Gallery_Test, Button_Lights_Up_And_Toggles) {
+    Gallery gallery("buttons");
+    const POINT body = Body_Of(gallery, "Plain");
+    const unsigned plain = Screen_Color(body);
+    ASSERT_TRUE(gallery.Point_At("Plain"));
+    EXPECT_TRUE(Lights_Up(body));
+    gallery.Press();
+    gallery.Release();
+    EXPECT_TRUE(gallery.Says("press \"Plain\": Value 1"));
+    EXPECT_TRUE(Point_Away(gallery));
+    EXPECT_TRUE(Shows(body, Darker(plain, 40))) << "the body of a button that is down";
+    EXPECT_TRUE(gallery.Click("Plain", "press \"Plain\": Value 0"));
+    EXPECT_TRUE(Point_Away(gallery));
+    EXPECT_TRUE(Shows(body, plain));
+    EXPECT_FALSE(gallery.Tells_Of_Press());
+    EXPECT_EQ(gallery.Close(), 0u);
+}
+
+TEST(Gallery_Test, Lamp_Shows_Every_Colour) {
+    Gallery gallery("buttons");
+    const POINT lamp = gallery.Lamp_Of("Lamp cycling");
+    EXPECT_TRUE(Shows(lamp, grey));
+    ASSERT_TRUE(gallery.Point_At("Lamp cycling"));
+    const unsigned colors[] = {0x00FF00, 0x0000FF, 0xFFFF00, 0xFF0000, grey};
+    for (std::size_t i = 0; i < std::size(colors); ++i) {
+        gallery.Press();
+        gallery.Release();
+        const std::size_t code = (i + 1) % std::size(colors);
+        EXPECT_TRUE(gallery.Says("press \"Lamp cycling\": Lamp " + std::to_string(code)));
+        EXPECT_TRUE(Shows(lamp, colors[i]));
+    }
+    EXPECT_EQ(gallery.Close(), 0u);
+}
+
+TEST(Gallery_Test, Pressed_Button_Keeps_The_Pointer) {
+    Gallery gallery("buttons");
+    ASSERT_TRUE(gallery.Point_At("Plain"));
+    EXPECT_TRUE(Lights_Up(Body_Of(gallery, "Plain")));
+    gallery.Press();
+    EXPECT_TRUE(gallery.Says("press \"Plain\": Value 1"));
+    gallery.Move_To(gallery.Middle_Of("No rim"));
+    EXPECT_TRUE(Wait_Until([&] { return !Is_Lit(Body_Of(gallery, "Plain")); }));
+    EXPECT_FALSE(Is_Lit(Body_Of(gallery, "No rim")));
+    gallery.Release();
+    EXPECT_TRUE(gallery.Says("over \"No rim\""));
+    EXPECT_TRUE(Lights_Up(Body_Of(gallery, "No rim")));
+    EXPECT_FALSE(gallery.Tells_Of_Press());
+    EXPECT_EQ(gallery.Close(), 0u);
+}
+
+TEST(Gallery_Test, Only_Reacting_Boxes_Light_Up) {
+    Gallery gallery("boxes");
+    const POINT lit = Body_Of(gallery, "Lights up");
+    EXPECT_TRUE(gallery.Click("Lights up", "press \"Lights up\": a box holds no value"));
+    EXPECT_TRUE(Lights_Up(lit));
+    gallery.Move_To(gallery.Middle_Of("Passive"));
+    EXPECT_TRUE(gallery.Says("over nothing"));
+    EXPECT_TRUE(Wait_Until([&] { return !Is_Lit(lit); }));
+    EXPECT_FALSE(Is_Lit(Body_Of(gallery, "Passive")));
+    EXPECT_TRUE(gallery.Click("Static", "press \"Static\": a box holds no value"));
+    EXPECT_FALSE(Is_Lit(Body_Of(gallery, "Static")));
+    EXPECT_EQ(gallery.Close(), 0u);
+}
+
+TEST(Gallery_Test, Pages_Change_And_Keep_Their_State) {
+    Gallery gallery("buttons");
+    EXPECT_TRUE(gallery.Click("Lamp on", "press \"Lamp on\": Lamp 0"));
+    EXPECT_TRUE(gallery.Click("Labels", "page labels"));
+    EXPECT_TRUE(gallery.Click("Buttons", "page buttons"));
+    EXPECT_TRUE(Shows(gallery.Lamp_Of("Lamp on"), grey));
+    EXPECT_EQ(gallery.Close(), 0u);
+}
+
+TEST(Gallery_Test, Resized_Window_Moves_The_Page) {
+    Gallery gallery("buttons");
+    const POINT lamp = gallery.Lamp_Of("Red");
+    const POINT corner = gallery.Place_Of("Plain", 0, 0);
+    const unsigned ground = Screen_Color(gallery.Place_Of("Plain", -10, 0));
+    EXPECT_TRUE(Shows(lamp, 0xFF0000));
+    gallery.Resize(900, 680);
+    EXPECT_TRUE(Shows({lamp.x + 50, lamp.y}, 0xFF0000)) << "at the top, centred";
+    EXPECT_TRUE(Shows(corner, ground)) << "nothing is left behind";
+    gallery.Resize(800, 600);
+    EXPECT_TRUE(Shows(lamp, 0xFF0000));
+    EXPECT_TRUE(gallery.Click("Red", "press \"Red\": Lamp 0"));
+    EXPECT_EQ(gallery.Close(), 0u);
+}
+
+TEST(Gallery_Test, Command_Line) {
+    struct Case {
+        const char* arguments;
+        DWORD code;
+        const char* says;
+    };
+    const Case cases[] = {
+        {"--help", 0, "usage: gallery"},
+        {"--colour", 2, "unknown option --colour"},
+        {"--page", 2, "--page needs a value"},
+        {"--page cellar", 2, "no page is called cellar"},
+    };
+    for (const Case& test : cases) {
+        SCOPED_TRACE(test.arguments);
+        Program program(test.arguments);
+        EXPECT_EQ(program.Exit_Code(), test.code);
+        EXPECT_NE(program.Output().find(test.says), std::string::npos) << program.Output();
+    }
+}
+
+TEST(Gallery_Test, Writes_Pictures) {
+    char directory[MAX_PATH];
+    GetTempPathA(MAX_PATH, directory);
+    const std::string target = std::string(directory) + "galdren_gallery_test";
+    Program program("--png \"" + target + '"');
+    EXPECT_EQ(program.Exit_Code(), 0u);
+    for (const char* page : {"boxes", "labels", "buttons"}) {
+        const std::string path = target + "\\gallery-" + page + ".png";
+        std::ifstream file(path, std::ios::binary);
+        std::string head(24, '\0');
+        EXPECT_TRUE(file.read(head.data(), static_cast<std::streamsize>(head.size()))) << path;
+        // Signature, then the header chunk with width and height, highest byte first: 800 x 600.
+        EXPECT_EQ(head.substr(0, 8), "\x89PNG\r\n\x1A\n");
+        EXPECT_EQ(head.substr(16), std::string("\0\0\x03\x20\0\0\x02\x58", 8));
+        file.close();
+        DeleteFileA(path.c_str());
+    }
+    RemoveDirectoryA(target.c_str());
+}
+
+}  // namespace
+}  // namespace galdren_test

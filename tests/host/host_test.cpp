@@ -1,0 +1,333 @@
+// The host: which control hears of which message, and what is painted.
+#include "host/host.h"
+
+#include <array>
+#include <memory>
+#include <string>
+
+#include "tests/support/spy.h"
+#include "tests/support/window.h"
+
+namespace galdren_test {
+namespace {
+
+constexpr int client_width = 200;
+constexpr int client_height = 100;
+
+/// A control that writes down what it is told: "a18+" is event 18 with the pointer inside, "a0-" event 0 with
+/// the pointer elsewhere, "a draw", "a scroll 1".
+class Recorder : public Tools {
+  public:
+    Recorder(std::string& shared_log, char letter, short x, short y, short width, short height)
+        : log(shared_log), id(letter) {
+        X = x;
+        Y = y;
+        Width = width;
+        Height = height;
+    }
+    void Init(HWND window) {
+        Window = window;
+        Rect = {X, Y, X + Width + 1, Y + Height + 1};
+    }
+    void Draw() { Note(" draw"); }
+    int Select(int event) {
+        POINT pointer{ZCursor_X, ZCursor_Y};
+        ScreenToClient(Window, &pointer);
+        pointer.y = client_height - 1 - pointer.y;
+        const int inside = PtInRect(&Rect, pointer) ? 1 : 0;
+        Note(std::to_string(event) + (inside ? '+' : '-'));
+        return inside;
+    }
+    void Note(const std::string& text) {
+        if (!log.empty()) log += ' ';
+        log += id;
+        log += text;
+    }
+
+  protected:
+    std::string& log;
+    const char id;
+};
+
+class Scroll_Recorder : public Recorder {
+  public:
+    using Recorder::Recorder;
+    int Scroll(short steps) {
+        Note(" scroll " + std::to_string(steps));
+        return 0;
+    }
+};
+
+class Host_Test : public testing::Test {
+  protected:
+    Host_Test() {
+        host->Add(a, Note_Press, Note_Change);
+        host->Add(b, Note_Press, Note_Change);
+        host->Init_All();
+    }
+    ~Host_Test() override {
+        ReleaseCapture();
+        STATE_MASK(0);
+    }
+
+    static void Note_Press(Recorder& control) { control.Note(" press"); }
+    static void Note_Change(Recorder& control) { control.Note(" change"); }
+
+    /// Sends a message at logical (x, y) and returns what the controls wrote down.
+    std::string Send(UINT message, WPARAM keys, int x, int y) {
+        log.clear();
+        taken = host->Message(message, keys, MAKELPARAM(x, client_height - 1 - y), result);
+        return log;
+    }
+    std::string Wheel(int delta, int x, int y) {
+        POINT screen{x, client_height - 1 - y};
+        ClientToScreen(window, &screen);
+        log.clear();
+        taken = host->Message(WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(delta)),
+                              MAKELPARAM(screen.x, screen.y), result);
+        return log;
+    }
+    /// Paints the logical rectangle (left, bottom) to (right, top), both included.
+    std::string Paint(int left, int bottom, int right, int top) {
+        const RECT area{left, client_height - 1 - top, right + 1, client_height - bottom};
+        ValidateRect(window, nullptr);
+        InvalidateRect(window, &area, FALSE);
+        return Send(WM_PAINT, 0, 0, 0);
+    }
+
+    std::string log;
+    bool taken = false;
+    LRESULT result = -1;
+    Test_Window window{client_width, client_height};
+    std::unique_ptr<Host> host = std::make_unique<Host>(window);
+    Recorder a{log, 'a', 10, 10, 50, 30};
+    Recorder b{log, 'b', 100, 10, 50, 30};
+};
+
+TEST_F(Host_Test, Tells_The_Controls_Concerned) {
+    constexpr POINT on_a{20, 20}, on_b{120, 20}, bare{80, 80};
+    constexpr WPARAM l = MK_LBUTTON, m = MK_MBUTTON, r = MK_RBUTTON;
+    struct Step {
+        const char* name;
+        UINT message;
+        WPARAM keys;
+        POINT at;
+        const char* told;
+        bool taken, captured;
+        unsigned buttons;
+    };
+    const Step steps[] = {
+        {"over bare ground", WM_MOUSEMOVE, 0, bare, "", false, false, 0},
+        {"enters a", WM_MOUSEMOVE, 0, on_a, "a0+", true, false, 0},
+        {"first column of a", WM_MOUSEMOVE, 0, {10, 10}, "a0+", true, false, 0},
+        {"last column and row of a", WM_MOUSEMOVE, 0, {60, 40}, "a0+", true, false, 0},
+        {"one row above a", WM_MOUSEMOVE, 0, {60, 41}, "a0-", false, false, 0},
+        {"enters a again", WM_MOUSEMOVE, 0, on_a, "a0+", true, false, 0},
+        {"from a to b", WM_MOUSEMOVE, 0, on_b, "a0- b0+", true, false, 0},
+        {"press", WM_LBUTTONDOWN, l, on_b, "b18+ b press", true, true, 1},
+        {"drag inside", WM_MOUSEMOVE, l, on_b, "b17+ b change", true, true, 1},
+        {"drag over a: b keeps the pointer", WM_MOUSEMOVE, l, on_a, "b17-", true, true, 1},
+        {"drag far outside the window", WM_MOUSEMOVE, l, {-300, 400}, "b17-", true, true, 1},
+        {"second button", WM_RBUTTONDOWN, l | r, on_b, "b82+", true, true, 3},
+        {"first button up", WM_LBUTTONUP, r, on_b, "b64+", true, true, 2},
+        {"drag with the right button is no change", WM_MOUSEMOVE, r, on_b, "b65+", true, true, 2},
+        {"last button up over a", WM_RBUTTONUP, 0, on_a, "b0- a0+", true, false, 0},
+        {"middle press calls nobody", WM_MBUTTONDOWN, m, on_a, "a34+", true, true, 4},
+        {"middle up", WM_MBUTTONUP, 0, on_a, "a0+", true, false, 0},
+        {"second press of a double click", WM_LBUTTONDBLCLK, l, on_a, "a18+ a press", true, true, 1},
+        {"up", WM_LBUTTONUP, 0, on_a, "a0+", true, false, 0},
+        {"leaves the window", WM_MOUSELEAVE, 0, {0, 0}, "a0-", true, false, 0},
+        {"press on bare ground", WM_LBUTTONDOWN, l, bare, "", false, true, 1},
+        {"dragged from there over a", WM_MOUSEMOVE, l, on_a, "", false, true, 1},
+        {"up over a", WM_LBUTTONUP, 0, on_a, "a0+", true, false, 0},
+        {"press without a move before", WM_LBUTTONDOWN, l, on_b, "a0- b18+ b press", true, true, 1},
+        {"up", WM_LBUTTONUP, 0, bare, "b0-", true, false, 0},
+        {"a key is not for the host", WM_KEYDOWN, 'A', bare, "", false, false, 0},
+    };
+    for (const Step& step : steps) {
+        SCOPED_TRACE(step.name);
+        EXPECT_EQ(Send(step.message, step.keys, step.at.x, step.at.y), step.told);
+        EXPECT_EQ(taken, step.taken);
+        EXPECT_EQ(GetCapture() == window, step.captured);
+        EXPECT_EQ(Button_State, step.buttons);
+    }
+}
+
+TEST_F(Host_Test, Lost_Capture_Ends_The_Press) {
+    Send(WM_LBUTTONDOWN, MK_LBUTTON, 20, 20);
+    log.clear();
+    EXPECT_FALSE(
+        host->Message(WM_CAPTURECHANGED, 0, reinterpret_cast<LPARAM>(static_cast<HWND>(window)), result));
+    EXPECT_EQ(log, "");
+    EXPECT_TRUE(host->Message(WM_CAPTURECHANGED, 0, 0, result));
+    EXPECT_EQ(log, "a0-");
+    EXPECT_EQ(Button_State, 0u);
+    EXPECT_EQ(Send(WM_MOUSEMOVE, 0, 120, 20), "b0+");
+}
+
+TEST_F(Host_Test, Controls_Above_Take_The_Pointer) {
+    Recorder above{log, 'c', 40, 20, 40, 10};
+    host->Add(above);
+    host->Init_All();
+    // Whenever a changes its look, c is painted anew above it.
+    EXPECT_EQ(Send(WM_MOUSEMOVE, 0, 20, 25), "a0+ a draw c draw");
+    EXPECT_EQ(Send(WM_MOUSEMOVE, 0, 21, 25), "a0+");
+    EXPECT_EQ(Send(WM_MOUSEMOVE, 0, 50, 25), "a0- a draw c draw c0+") << "a is told to let go, though inside";
+    EXPECT_EQ(Send(WM_MOUSEMOVE, 0, 70, 25), "c0+");
+    EXPECT_EQ(Send(WM_MOUSELEAVE, 0, 0, 0), "c0-");
+    above.Flag = FLAG_PASSIVE;
+    EXPECT_EQ(Send(WM_MOUSEMOVE, 0, 50, 25), "") << "a passive control hides what it covers";
+    above.Width = 0;
+    EXPECT_EQ(Send(WM_MOUSEMOVE, 0, 50, 25), "a0+") << "a control without a size is not there";
+    a.Rect = {90, 60, 99, 99};
+    EXPECT_EQ(Send(WM_MOUSEMOVE, 0, 50, 25), "a0-") << "rectangles are read as they are now";
+    Labels label;
+    label.X = 100;
+    label.Y = 10;
+    label.Width = label.Height = 20;
+    label.Init(window);
+    host->Add(label);
+    EXPECT_EQ(Send(WM_MOUSEMOVE, 0, 110, 20), "b0+ b draw") << "a label is seen through";
+}
+
+TEST_F(Host_Test, Callbacks_May_Change_The_Host) {
+    Recorder c{log, 'c', 10, 50, 50, 30};
+    const auto press_c = [this] {
+        std::string told = Send(WM_LBUTTONDOWN, MK_LBUTTON, 20, 60);
+        told += '|' + Send(WM_MOUSEMOVE, MK_LBUTTON, 20, 61);
+        return told + '|' + Send(WM_LBUTTONUP, 0, 20, 62);
+    };
+    c.Init(window);
+    // What the callback holds must live until it returns, though nobody but the host knows of it.
+    const auto text = std::make_shared<std::string>(1000, 'x');
+    host->Add(c, [this, text = text](Recorder& control) {
+        host->Remove(control);
+        EXPECT_EQ(text->size(), 1000u);
+    });
+    EXPECT_EQ(press_c(), "c18+||");
+    EXPECT_EQ(text.use_count(), 1) << "the callback goes with the control";
+
+    host->Add(c, [this](Recorder&) { host->Clear(); });
+    EXPECT_EQ(press_c(), "c18+||");
+    EXPECT_EQ(Send(WM_MOUSEMOVE, 0, 20, 20), "") << "a is forgotten too";
+
+    host->Add(c, [this](Recorder& control) {
+        for (int i = 0; i < 100; ++i)
+            host->Add(a);
+        control.Note(" press");
+    });
+    EXPECT_EQ(press_c(), "c18+ c press|c17+|c0+");
+
+    host->Clear();
+    host->Add(c, [this](Recorder&) { host.reset(); });
+    EXPECT_EQ(Send(WM_LBUTTONDOWN, MK_LBUTTON, 20, 60), "c18+");
+}
+
+TEST_F(Host_Test, Wheel_Keeps_The_Rest_Of_Fine_Steps) {
+    Scroll_Recorder c{log, 'c', 10, 50, 50, 30};
+    Scroll_Recorder d{log, 'd', 100, 50, 50, 30};
+    host->Add(c, {}, Note_Change);
+    host->Add(d);
+    host->Init_All();
+    EXPECT_EQ(Wheel(40, 20, 60), "");
+    EXPECT_TRUE(taken);
+    EXPECT_EQ(Wheel(40, 20, 60), "");
+    EXPECT_EQ(Wheel(50, 20, 60), "c scroll 1 c change");
+    EXPECT_EQ(Wheel(-250, 20, 60), "c scroll -2 c change") << "10 were left";
+    EXPECT_EQ(Wheel(100, 20, 60), "");
+    EXPECT_EQ(Wheel(100, 120, 60), "") << "the rest of another control does not count";
+    EXPECT_EQ(Wheel(-240, 120, 60), "d scroll -1");
+    EXPECT_EQ(Wheel(120, 20, 20), "");
+    EXPECT_FALSE(taken) << "a has no Scroll";
+    Wheel(120, 20, -500);
+    EXPECT_FALSE(taken) << "outside the window";
+}
+
+TEST_F(Host_Test, Paints_What_Meets_The_Update_Rectangle) {
+    Send(WM_ERASEBKGND, 0, 0, 0);
+    EXPECT_TRUE(taken && result == 1);
+    EXPECT_EQ(Paint(0, 0, client_width - 1, client_height - 1), "a draw b draw");
+    EXPECT_EQ(Paint(60, 40, 70, 50), "a draw") << "its last column and row";
+    EXPECT_EQ(Paint(61, 10, 99, 40), "") << "between the two";
+    EXPECT_EQ(Paint(10, 41, 60, 60), "");
+    EXPECT_EQ(Paint(10, 0, 60, 9), "");
+    EXPECT_EQ(Paint(10, 0, 60, 10), "a draw");
+    // What is drawn may cover others, so these are drawn anew with it.
+    Recorder c{log, 'c', 50, 30, 60, 30};
+    host->Add(c);
+    c.Init(window);
+    EXPECT_EQ(Paint(12, 12, 12, 12), "a draw b draw c draw");
+}
+
+TEST_F(Host_Test, Background_And_Own_Drawing) {
+    constexpr std::uint32_t ground = 0x204060, own = 0xFFEE00;
+    host->Set_Background(Colors(0x20, 0x40, 0x60));
+    window.Refill();
+    Paint(70, 50, 89, 69);
+    const Area wanted{70, 89, 50, 69};
+    EXPECT_EQ(Picture(window).Painted(), wanted);
+    EXPECT_EQ(Picture(window).At(70, 50), ground);
+    host->Set_On_Paint([] {
+        Current_Color = Colors(0xFF, 0xEE, 0x00).get();
+        Draw_Box(0, client_height, client_width, 60);
+    });
+    window.Refill();
+    Paint(70, 50, 89, 69);
+    const Picture picture(window);
+    EXPECT_EQ(picture.Painted(), wanted) << "clipped to what is painted anew";
+    EXPECT_EQ(picture.At(70, 60), ground);
+    EXPECT_EQ(picture.At(89, 61), own);
+}
+
+// A panel below a button must not be seen through it, whatever the pointer does.
+TEST_F(Host_Test, Panel_Below_A_Button) {
+    Boxs panel;
+    panel.Width = client_width - 1;
+    panel.Height = client_height - 1;
+    Buttons button;
+    button.X = button.Y = 30;
+    button.Width = button.Height = 30;
+    host->Clear();
+    host->Add(panel);
+    host->Add(button);
+    host->Init_All();
+    Paint(0, 0, client_width - 1, client_height - 1);
+    const Picture plain(window);
+    Send(WM_MOUSEMOVE, 0, 100, 80);
+    EXPECT_NE(Picture(window).At(100, 80), plain.At(100, 80)) << "the panel lights up";
+    EXPECT_EQ(Picture(window).At(45, 45), plain.At(45, 45)) << "the button stays";
+    Send(WM_MOUSEMOVE, 0, 45, 45);
+    EXPECT_EQ(Picture(window).At(100, 80), plain.At(100, 80)) << "only the topmost is lit";
+    EXPECT_NE(Picture(window).At(45, 45), plain.At(45, 45));
+    Paint(0, 0, client_width - 1, client_height - 1);
+    EXPECT_NE(Picture(window).At(45, 45), plain.At(45, 45)) << "a repaint keeps the highlight";
+    Send(WM_MOUSELEAVE, 0, 0, 0);
+    EXPECT_TRUE(Same(Picture(window), plain));
+}
+
+TEST_F(Host_Test, Move_Without_Change_Of_Hover_Paints_Nothing) {
+    std::array<Buttons, 200> buttons;
+    host->Clear();
+    for (std::size_t i = 0; i < buttons.size(); ++i) {
+        buttons[i].X = static_cast<short>(i % 20 * 10);
+        buttons[i].Y = static_cast<short>(i / 20 * 8);
+        buttons[i].Width = 8;
+        buttons[i].Height = 6;
+        buttons[i].Border = 1;
+        host->Add(buttons[i]);
+    }
+    host->Init_All();
+    Paint(0, 0, client_width - 1, client_height - 1);
+    Send(WM_MOUSEMOVE, 0, 54, 20);
+    const Call_Spy spy;
+    for (int x = 52; x < 58; ++x)
+        Send(WM_MOUSEMOVE, 0, x, 20);
+    for (const char* call : {"GetDC", "SetDIBitsToDevice", "DrawTextA", "BitBlt", "PatBlt", "FillRect"}) {
+        EXPECT_EQ(spy.Count(call), 0) << call;
+    }
+    Send(WM_MOUSEMOVE, 0, 64, 20);
+    EXPECT_EQ(spy.Count("GetDC"), 2) << "the one that was left and the one entered";
+}
+
+}  // namespace
+}  // namespace galdren_test
