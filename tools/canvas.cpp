@@ -5,6 +5,7 @@
 
 #include "tools/context.h"
 #include "tools/font.h"
+#include "tools/font_cache.h"
 #include "tools/surface.h"
 
 namespace galdren {
@@ -69,13 +70,19 @@ int Offset(Place place, int room, int length) {
     }
 }
 
-Canvas::Canvas(const Tools& control) : clipped(control.Clip_Width != 0) {
-    const View view = Take_Surface(control.Window);
-    dc = view.dc;
-    mapped = view.mapped;
-    bottom_row = view.height - 1;
+Canvas::Canvas(const View& view, const Tools& control)
+    : dc(view.dc), mapped(view.mapped), bottom_row(view.height - 1), clipped(control.Clip_Width != 0) {
     if (clipped) Clip(control.Clip_X, control.Clip_Y, control.Clip_Width, control.Clip_Height);
 }
+
+Canvas::Canvas(const Tools& control) : Canvas(Take_Surface(control.Window), control) {}
+
+// What a clip rectangle leaves out is not covered.
+Canvas::Canvas(const Tools& control, const Area& covered)
+    : Canvas(control.Clip_Width != 0
+                 ? Take_Surface(control.Window)
+                 : Take_Surface(control.Window, {covered.left, covered.bottom, covered.right, covered.top}),
+             control) {}
 
 Canvas::~Canvas() {
     if (brush_before) SelectObject(dc, brush_before);
@@ -154,26 +161,32 @@ void Canvas::Write(HFONT font, const char* text, const Area& area, Place across,
                    unsigned long color) {
     if (!dc || area.left >= area.right || area.bottom >= area.top) return;
     Use_Text(font, color);
-    if (!Write_Plain(text, area, across, down)) Write_Any(text, area, across, down);
+    if (!Write_Plain(font, text, area, across, down)) Write_Any(text, area, across, down);
 }
 
-/// The usual caption: short, and without the bytes that DrawText gives a meaning. Placed by hand, for
-/// DrawText takes longer and, on a context with y upward, may centre text one line too low.
+/// The usual caption: short, and of characters that the font has. Its glyphs are placed by hand, for DrawText
+/// takes twice as long and, on a context with y upward, may centre text one line too low.
 /// @return false when the text is not of that kind
-bool Canvas::Write_Plain(const char* text, const Area& area, Place across, Place down) {
+bool Canvas::Write_Plain(HFONT font, const char* text, const Area& area, Place across, Place down) {
+    const Font_Facts* facts = Facts_Of(font, dc);
+    if (!facts) return false;
     constexpr int Longest = 128;
-    const std::size_t length = std::strlen(text);
-    if (length > Longest || std::strchr(text, '\t')) return false;
-    WCHAR wide[Longest];
-    const int count = MultiByteToWideChar(CP_ACP, 0, text, static_cast<int>(length), wide, Longest);
-    SIZE extent{};
-    if (!GetTextExtentPoint32W(dc, wide, count, &extent)) return false;
+    WORD glyphs[Longest];
+    int count = 0;
+    int width = 0;
+    for (; text[count]; ++count) {
+        const auto byte = static_cast<unsigned char>(text[count]);
+        if (count == Longest || facts->glyphs[byte] == Font_Facts::No_Glyph) return false;
+        glyphs[count] = facts->glyphs[byte];
+        width += facts->widths[byte];
+    }
     int x = area.left;
-    if (across == Place::Middle) x = (area.left + area.right - extent.cx) / 2;
-    if (across == Place::End) x = area.right - extent.cx;
-    const int drop = Offset(down, area.top - area.bottom, extent.cy);
+    if (across == Place::Middle) x = (area.left + area.right - width) / 2;
+    if (across == Place::End) x = area.right - width;
+    const int drop = Offset(down, area.top - area.bottom, facts->metrics.tmHeight);
     const RECT clip = Rectangle(area);
-    ExtTextOutW(dc, x, Y(area.top) + Down(drop), ETO_CLIPPED, &clip, wide, static_cast<UINT>(count), nullptr);
+    ExtTextOutW(dc, x, Y(area.top) + Down(drop), ETO_CLIPPED | ETO_GLYPH_INDEX, &clip,
+                reinterpret_cast<const WCHAR*>(glyphs), static_cast<UINT>(count), nullptr);
     return true;
 }
 
@@ -197,8 +210,16 @@ void Canvas::Write_Lines(HFONT font, const char* text, int length, const Area& a
     DrawTextA(dc, text, length, &rectangle, format | DT_CENTER);
 }
 
+void Canvas::Write_Tabbed(HFONT font, const char* text, int x, int y, unsigned long color) {
+    if (!dc || !text) return;
+    Use_Text(font, color);
+    const TEXTMETRICA metrics = Metrics(font);
+    galdren::Write_Tabbed(dc, x, Y(y + metrics.tmHeight), text, metrics);
+}
+
 TEXTMETRICA Canvas::Metrics(HFONT font) {
     Use_Font(font);
+    if (const Font_Facts* facts = Facts_Of(font, dc)) return facts->metrics;
     TEXTMETRICA metrics{};
     GetTextMetricsA(dc, &metrics);
     return metrics;

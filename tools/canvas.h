@@ -6,6 +6,7 @@
 
 #include <initializer_list>
 
+#include "tools/context.h"
 #include "tools/tools.h"
 
 namespace galdren {
@@ -43,6 +44,8 @@ int Offset(Place place, int room, int length);
 class Canvas {
   public:
     explicit Canvas(const Tools& control);
+    /// For a paint that covers an area completely, edges included, before it puts anything on it.
+    Canvas(const Tools& control, const Area& covered);
     ~Canvas();
     Canvas(const Canvas&) = delete;
     Canvas& operator=(const Canvas&) = delete;
@@ -76,10 +79,16 @@ class Canvas {
     void Write_Lines(HFONT font, const char* text, int length, const Area& area, UINT format,
                      unsigned long color);
 
+    /// A text as `Text_Tabbed` writes it, not clipped.
+    /// @param font  null means the stock system font
+    /// @param text  null writes nothing
+    void Write_Tabbed(HFONT font, const char* text, int x, int y, unsigned long color);
+
     /// Metrics of `font`, which is in place afterwards.
     TEXTMETRICA Metrics(HFONT font);
 
   private:
+    Canvas(const View& view, const Tools& control);
     int Device_Y(int y) const { return bottom_row - y; }
     int Y(int y) const { return mapped ? y : Device_Y(y); }
     int Down(int rows) const { return mapped ? -rows : rows; }
@@ -87,7 +96,7 @@ class Canvas {
     void Clip(int x, int y, int width, int height);
     void Use_Brush(unsigned long color);
     void Use_Text(HFONT font, unsigned long color);
-    bool Write_Plain(const char* text, const Area& area, Place across, Place down);
+    bool Write_Plain(HFONT font, const char* text, const Area& area, Place across, Place down);
     void Write_Any(const char* text, const Area& area, Place across, Place down);
 
     HDC dc;

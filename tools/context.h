@@ -18,6 +18,11 @@ struct View {
 /// member, as long as no application draws in between.
 View Take_Surface(HWND window);
 
+/// Takes the surface for a member that covers a rectangle of logical pixels completely, edges included
+/// (`top` holds the lower y). As far as it is not held already, the rectangle is composed off screen, where
+/// the font of the last member is still in place, and goes to the window in one copy.
+View Take_Surface(HWND window, const RECT& covered);
+
 /// Gives back what `Take_Surface` took.
 void Give_Back_Surface();
 
@@ -28,6 +33,9 @@ void Use_Font(HFONT font);
 /// Pointer position in the logical coordinates of `window`.
 /// @return false when there is no such window or its client area is empty
 bool Find_Pointer(HWND window, POINT& position);
+
+/// Takes a font off all off-screen contexts before it is deleted.
+void Put_Away_Font(HFONT font);
 
 /// Frees the off-screen contexts of all batches. No batch may be open on any thread.
 void Free_Back_Buffers();

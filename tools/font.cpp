@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <map>
+#include <new>
 #include <tuple>
 
 #include "tools/arithmetic.h"
@@ -70,6 +72,44 @@ Font_Pool& Fonts() {
     return *fonts;
 }
 
+/// Facts of the fonts in the pool, and those asked for last: most paints stay with one font.
+struct Facts_Cache {
+    std::map<HFONT, Font_Facts> facts;
+    HFONT last_font = nullptr;
+    const Font_Facts* last = nullptr;
+};
+
+Facts_Cache& The_Facts() {
+    static Immortal<Facts_Cache> cache;
+    return *cache;
+}
+
+/// Glyphs are looked up byte by byte, which is right in the code pages of one byte a character.
+Font_Facts Ask_Facts(HDC dc) {
+    Font_Facts facts{};
+    GetTextMetricsA(dc, &facts.metrics);
+    CPINFO code_page{};
+    const bool one_byte = GetCPInfo(CP_ACP, &code_page) && code_page.MaxCharSize == 1;
+    for (int byte = 0; byte < 256; ++byte) {
+        WORD& glyph = facts.glyphs[byte];
+        glyph = Font_Facts::No_Glyph;
+        const char text = static_cast<char>(byte);
+        WCHAR wide = 0;
+        if (!one_byte || byte < ' ' || MultiByteToWideChar(CP_ACP, 0, &text, 1, &wide, 1) != 1) continue;
+        GetGlyphIndicesW(dc, &wide, 1, &glyph, GGI_MARK_NONEXISTING_GLYPHS);
+        SIZE extent{};
+        GetTextExtentPoint32W(dc, &wide, 1, &extent);
+        facts.widths[byte] = extent.cx;
+    }
+    return facts;
+}
+
+void Forget_Facts(HFONT font) {
+    Facts_Cache& cache = The_Facts();
+    cache.facts.erase(font);
+    if (cache.last_font == font) cache.last_font = nullptr;
+}
+
 /// Every failure but the first of the process is silent.
 void Report_Failure(const LOGFONTA& description) {
     static bool reported = false;
@@ -126,6 +166,30 @@ HFONT Acquire_Font(HWND window, const char* face, const char* weight, const char
 
 void Share_Font(HFONT font) { Share(Thing::Font, font); }
 
+const Font_Facts* Facts_Of(HFONT font, HDC dc) {
+    Drawing_Lock lock;
+    Facts_Cache& cache = The_Facts();
+    if (font && cache.last_font == font) return cache.last;
+    if (!Fonts().Key_Of(font)) return nullptr;
+    auto found = cache.facts.find(font);
+    try {
+        if (found == cache.facts.end()) found = cache.facts.emplace(font, Ask_Facts(dc)).first;
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+    cache.last_font = font;
+    cache.last = &found->second;
+    return cache.last;
+}
+
+void Write_Tabbed(HDC dc, int x, int y, const char* text, const TEXTMETRICA& metrics) {
+    constexpr int Longest = 255;
+    constexpr int Characters_Per_Stop = 4;
+    const int stop = Characters_Per_Stop * metrics.tmAveCharWidth;
+    const auto length = static_cast<int>(std::find(text, text + Longest, '\0') - text);
+    TabbedTextOutA(dc, x, y, text, length, 1, &stop, 0);
+}
+
 }  // namespace galdren
 
 using namespace galdren;
@@ -137,7 +201,11 @@ HFONT Z_Create_Font(HWND window, const char* face, const char* weight, const cha
 
 void Z_Delete_Font(HWND, HFONT font) {
     if (font == GetStockObject(SYSTEM_FONT)) return;
-    if (Fonts().Release(font)) DeleteObject(font);
+    Drawing_Lock lock;
+    if (!Fonts().Release(font)) return;
+    Forget_Facts(font);
+    Put_Away_Font(font);
+    DeleteObject(font);
 }
 
 int Text_Width(HFONT font, const char* text) {
@@ -158,13 +226,9 @@ int Text_Height(HFONT font) {
 
 void Text_Tabbed(HFONT font, int x, int y, const char* text) {
     if (!text) return;
-    constexpr int Longest = 255;
-    constexpr int Characters_Per_Stop = 4;
     const Selected_Font selected(font);
     const TEXTMETRICA metrics = Current_Metrics();
-    const int stop = Characters_Per_Stop * metrics.tmAveCharWidth;
-    const auto length = static_cast<int>(std::find(text, text + Longest, '\0') - text);
-    TabbedTextOutA(Z_DC, x, y + metrics.tmHeight, text, length, 1, &stop, 0);
+    Write_Tabbed(Z_DC, x, y + metrics.tmHeight, text, metrics);
 }
 
 const char* Escape_Ampersand(const char* text) {

@@ -12,4 +12,22 @@ HFONT Acquire_Font(HWND window, const char* face, const char* weight, const char
 /// Notes one more holder of a font, made by either function.
 void Share_Font(HFONT font);
 
+/// What painting needs to know of a font, asked of the system once.
+struct Font_Facts {
+    static constexpr WORD No_Glyph = 0xFFFF;
+
+    TEXTMETRICA metrics;
+    WORD glyphs[256];  ///< of each byte in the system's code page; `No_Glyph` where the font has none
+    int widths[256];   ///< advance of each glyph in pixels
+};
+
+/// Facts of a font from the cache; null for any other font, whose handle may stand for another one tomorrow.
+/// @param dc  a context that has the font in place, one unit a pixel
+const Font_Facts* Facts_Of(HFONT font, HDC dc);
+
+/// Writes the first 255 bytes of `text`, top-left at (x, y) of the context, with a tab stop every 4 average
+/// characters.
+/// @param metrics  of the font in place
+void Write_Tabbed(HDC dc, int x, int y, const char* text, const TEXTMETRICA& metrics);
+
 }  // namespace galdren

@@ -66,8 +66,15 @@ bool Has_Private_Context(HWND window) {
 /// Device context of a window for a scope, in device coordinates.
 class Window_Context {
   public:
-    explicit Window_Context(HWND owner) : window(owner), dc(GetDC(owner)) {}
+    explicit Window_Context(HWND owner) : window(owner), dc(GetDC(owner)) {
+        if (!dc || !Has_Private_Context(owner)) return;
+        saved = SaveDC(dc);
+        SetMapMode(dc, MM_TEXT);
+        SetWindowOrgEx(dc, 0, 0, nullptr);
+        SetViewportOrgEx(dc, 0, 0, nullptr);
+    }
     ~Window_Context() {
+        if (saved) RestoreDC(dc, saved);
         if (dc) ReleaseDC(window, dc);
     }
     Window_Context(const Window_Context&) = delete;
@@ -77,21 +84,21 @@ class Window_Context {
   private:
     HWND window;
     HDC dc;
+    int saved = 0;
 };
 
-/// The off-screen picture of one window's client area.
+/// A picture off screen with a context to paint on it.
 class Back_Buffer {
   public:
-    explicit Back_Buffer(SIZE client) : size(client), dc(CreateCompatibleDC(nullptr)) {
+    explicit Back_Buffer(SIZE pixels_wanted) : size(pixels_wanted), dc(CreateCompatibleDC(nullptr)) {
         const BITMAPINFO info = Top_Down_Info(size.cy);
         void* bits = nullptr;
         bitmap = CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
         pixels = static_cast<unsigned long*>(bits);
-        if (!dc || !bitmap) return;
-        bitmap_before = SelectObject(dc, bitmap);
-        Map_Logical(dc, size);
+        if (dc && bitmap) bitmap_before = SelectObject(dc, bitmap);
     }
     ~Back_Buffer() {
+        if (font) SelectObject(dc, GetStockObject(SYSTEM_FONT));
         if (bitmap_before) SelectObject(dc, bitmap_before);
         if (bitmap) DeleteObject(bitmap);
         if (dc) DeleteDC(dc);
@@ -100,36 +107,30 @@ class Back_Buffer {
     Back_Buffer& operator=(const Back_Buffer&) = delete;
 
     bool Usable() const { return bitmap_before != nullptr; }
-    bool Fits(SIZE client) const { return client.cx == size.cx && client.cy == size.cy; }
-    View Viewed() const { return {dc, size.cy, true}; }
+    HDC Context() const { return dc; }
+    SIZE Size() const { return size; }
 
-    /// Starts with what the window shows and notes what is painted from then on.
-    void Load(HWND window) {
-        const Window_Context source(window);
-        StretchBlt(dc, 0, size.cy - 1, size.cx, -size.cy, source.Get(), 0, 0, size.cx, size.cy, SRCCOPY);
-        SetBoundsRect(dc, nullptr, DCB_RESET | DCB_ENABLE);
-    }
-
-    /// Copies what was painted since `Load` to the window.
-    void Show(HWND window) {
-        SelectObject(dc, GetStockObject(SYSTEM_FONT));
-        SelectClipRgn(dc, nullptr);
-        RECT painted{};
-        if (!(GetBoundsRect(dc, &painted, DCB_RESET) & DCB_SET)) return;
-        LPtoDP(dc, reinterpret_cast<POINT*>(&painted), 2);
-        const int left = std::max(static_cast<int>(painted.left), 0);
-        const int right = std::min(painted.right, size.cx);
-        const int top = std::max(static_cast<int>(std::min(painted.top, painted.bottom)), 0);
-        const int bottom = std::min(std::max(painted.top, painted.bottom), size.cy);
-        if (left >= right || top >= bottom) return;
+    /// Copies `columns` x `rows` pixels from (left, top) to a place in device coordinates of `window`.
+    void Copy_To(HWND window, POINT place, int left, int top, int columns, int rows) const {
         const Window_Context target(window);
-        const auto rows = static_cast<UINT>(bottom - top);
-        const BITMAPINFO info = Top_Down_Info(bottom - top);
+        const BITMAPINFO info = Top_Down_Info(rows);
         GdiFlush();
-        SetDIBitsToDevice(target.Get(), left, top, static_cast<DWORD>(right - left), rows, left, 0, 0, rows,
+        SetDIBitsToDevice(target.Get(), place.x, place.y, static_cast<DWORD>(columns),
+                          static_cast<DWORD>(rows), left, 0, 0, static_cast<UINT>(rows),
                           pixels + std::size_t(top) * static_cast<std::size_t>(size.cx), &info,
                           DIB_RGB_COLORS);
     }
+
+    /// Brings back what members changed for their text, for an application that draws next.
+    void Reset_Text() {
+        if (font) SelectObject(dc, GetStockObject(SYSTEM_FONT));
+        font = nullptr;
+        SetTextColor(dc, 0);
+        SetBkMode(dc, OPAQUE);
+    }
+
+    /// The font that is known to be in place; null when an application may have changed it.
+    HGDIOBJ font = nullptr;
 
   private:
     BITMAPINFO Top_Down_Info(LONG rows) const {
@@ -145,21 +146,79 @@ class Back_Buffer {
     HGDIOBJ bitmap_before = nullptr;
 };
 
+/// The client area of one window off screen, for its batches.
+class Window_Buffer : public Back_Buffer {
+  public:
+    explicit Window_Buffer(SIZE client) : Back_Buffer(client) {
+        if (Usable()) Map_Logical(Context(), client);
+    }
+    bool Fits(SIZE client) const { return client.cx == Size().cx && client.cy == Size().cy; }
+    View Viewed() const { return {Context(), Size().cy, true}; }
+
+    /// Starts with what the window shows and notes what is painted from then on.
+    void Load(HWND window) {
+        const Window_Context source(window);
+        const SIZE size = Size();
+        StretchBlt(Context(), 0, size.cy - 1, size.cx, -size.cy, source.Get(), 0, 0, size.cx, size.cy,
+                   SRCCOPY);
+        SetBoundsRect(Context(), nullptr, DCB_RESET | DCB_ENABLE);
+    }
+
+    /// Copies what was painted since `Load` to the window.
+    void Show(HWND window) {
+        SelectClipRgn(Context(), nullptr);
+        RECT painted{};
+        if (!(GetBoundsRect(Context(), &painted, DCB_RESET) & DCB_SET)) return;
+        LPtoDP(Context(), reinterpret_cast<POINT*>(&painted), 2);
+        const SIZE size = Size();
+        const int left = std::max(static_cast<int>(painted.left), 0);
+        const int right = std::min(painted.right, size.cx);
+        const int top = std::max(static_cast<int>(std::min(painted.top, painted.bottom)), 0);
+        const int bottom = std::min(std::max(painted.top, painted.bottom), size.cy);
+        if (left < right && top < bottom) Copy_To(window, {left, top}, left, top, right - left, bottom - top);
+    }
+};
+
+/// A picture of one small control, composed off screen.
+class Scratch : public Back_Buffer {
+  public:
+    Scratch() : Back_Buffer({160, 48}) {}
+    bool Fits(const RECT& device) const {
+        return device.right - device.left <= Size().cx && device.bottom - device.top <= Size().cy;
+    }
+
+    /// Makes the device coordinates of a window's rectangle fall on this picture.
+    View Stand_For(const RECT& device, LONG client_height) {
+        place = device;
+        SetViewportOrgEx(Context(), -device.left, -device.top, nullptr);
+        return {Context(), client_height, false};
+    }
+
+    void Show(HWND window) const {
+        SelectClipRgn(Context(), nullptr);
+        Copy_To(window, {place.left, place.top}, 0, 0, place.right - place.left, place.bottom - place.top);
+    }
+
+  private:
+    RECT place{};
+};
+
 /// An open batch; the innermost is the last.
 struct Batch {
     HWND window;
-    Back_Buffer* buffer;  ///< null when it could not be made: members then paint on the window itself
-    bool outermost;       ///< of its window; this one brings the picture to the window
+    Window_Buffer* buffer;  ///< null when it could not be made: members then paint on the window itself
+    bool outermost;         ///< of its window; this one brings the picture to the window
 };
 
 /// Where a level has its context from.
-enum class Source { Window, Lower_Level, Batch };
+enum class Source { Window, Lower_Level, Batch, Scratch };
 
 /// A window whose surface is held; the one being drawn is the last.
 struct Level {
     HWND window;
     View view;
     Source source;
+    Back_Buffer* buffer = nullptr;  ///< what is painted on, when that is off screen
     int holders = 0;                ///< open pairs
     int applications = 0;           ///< open pairs of applications among them
     HGDIOBJ font_before = nullptr;  ///< font to put back; null while it is in place
@@ -174,7 +233,8 @@ struct Surface {
     }
     std::vector<Level> levels;
     std::vector<Batch> batches;
-    std::map<HWND, std::unique_ptr<Back_Buffer>> buffers;
+    std::map<HWND, std::unique_ptr<Window_Buffer>> buffers;
+    std::unique_ptr<Scratch> scratch;
 };
 
 Surface& The_Surface() {
@@ -192,10 +252,12 @@ void Set_Globals(const Surface& surface) {
     Z_Window = surface.levels.empty() ? nullptr : surface.levels.back().window;
 }
 
-/// A context of the window's own. Only an application needs the mapping, which costs more than the rest.
+/// A context of the window's own. Only an application needs the mapping, which costs more than the rest; a
+/// private context may have one already.
 Level Take_Window(HWND window, bool mapped) {
     const HDC dc = window ? GetDC(window) : nullptr;
     const SIZE client = Client_Size(window);
+    mapped = mapped || (dc && Has_Private_Context(window));
     if (dc && mapped) Map_Logical(dc, client);
     return {window, {dc, client.cy, mapped}, Source::Window};
 }
@@ -203,7 +265,9 @@ Level Take_Window(HWND window, bool mapped) {
 /// The context that is already held for `window`, or a new one.
 Level Find_Context(const Surface& surface, HWND window, bool mapped) {
     for (const Batch& batch : surface.batches) {
-        if (batch.window == window && batch.buffer) return {window, batch.buffer->Viewed(), Source::Batch};
+        if (batch.window == window && batch.buffer) {
+            return {window, batch.buffer->Viewed(), Source::Batch, batch.buffer};
+        }
     }
     for (const Level& level : surface.levels) {
         const bool fit = level.source == Source::Window && (level.view.mapped || !mapped);
@@ -231,17 +295,45 @@ Level& Take(HWND window, bool application) {
     }
     Level& level = surface.levels.back();
     ++level.holders;
-    if (application) ++level.applications;
+    if (application) {
+        ++level.applications;
+        if (level.buffer) level.buffer->Reset_Text();
+    }
     return level;
 }
 
-/// Ends a level. The font stays where nobody else meets it: a batch puts it back at its end, and a window's
-/// common context forgets it when released.
+/// Whether nothing is held for `window` and the scratch picture is free.
+bool May_Compose(const Surface& surface, HWND window) {
+    return std::none_of(surface.batches.begin(), surface.batches.end(),
+                        [&](const Batch& batch) { return batch.window == window; }) &&
+           std::none_of(surface.levels.begin(), surface.levels.end(), [&](const Level& level) {
+               return level.window == window || level.source == Source::Scratch;
+           });
+}
+
+/// A new level on the scratch picture that stands for a rectangle of the window in logical pixels.
+/// @return false when that is not possible
+bool Take_Scratch(Surface& surface, HWND window, const RECT& covered) {
+    const SIZE client = Client_Size(window);
+    if (client.cx < 1 || client.cy < 1 || !May_Compose(surface, window)) return false;
+    if (!surface.scratch) surface.scratch.reset(new (std::nothrow) Scratch);
+    const RECT device{covered.left, client.cy - 1 - covered.bottom, covered.right + 1,
+                      client.cy - covered.top};
+    Scratch* scratch = surface.scratch.get();
+    if (!scratch || !scratch->Usable() || !scratch->Fits(device)) return false;
+    surface.levels.push_back({window, scratch->Stand_For(device, client.cy), Source::Scratch, scratch});
+    Set_Globals(surface);
+    return true;
+}
+
+/// Ends a level. The font stays where only members meet it: off screen, and on a window's common context,
+/// which forgets it when released.
 void Release(Level& level) {
     const bool own = level.source == Source::Window;
     if (level.source == Source::Lower_Level || (own && Has_Private_Context(level.window)))
         Restore_Font(level);
     if (own && level.view.dc) ReleaseDC(level.window, level.view.dc);
+    if (level.source == Source::Scratch) The_Surface().scratch->Show(level.window);
 }
 
 void Give_Back(bool application) {
@@ -266,7 +358,7 @@ void Give_Back(bool application) {
 
 /// The buffer of `window` at its present size; null when it cannot be had. Buffers of windows that are gone
 /// go when a new one is made.
-Back_Buffer* Buffer_For(Surface& surface, HWND window) {
+Window_Buffer* Buffer_For(Surface& surface, HWND window) {
     const SIZE client = Client_Size(window);
     if (client.cx < 1 || client.cy < 1) return nullptr;
     const auto found = surface.buffers.find(window);
@@ -274,7 +366,7 @@ Back_Buffer* Buffer_For(Surface& surface, HWND window) {
     std::erase_if(surface.buffers,
                   [&](const auto& entry) { return entry.first == window || !IsWindow(entry.first); });
     try {
-        auto buffer = std::make_unique<Back_Buffer>(client);
+        auto buffer = std::make_unique<Window_Buffer>(client);
         if (!buffer->Usable()) return nullptr;
         return (surface.buffers[window] = std::move(buffer)).get();
     } catch (const std::bad_alloc&) {
@@ -290,19 +382,48 @@ Drawing_Lock::~Drawing_Lock() { Leave_Lock(); }
 
 View Take_Surface(HWND window) { return Take(window, false).view; }
 
+View Take_Surface(HWND window, const RECT& covered) {
+    Enter_Lock();
+    Surface& surface = The_Surface();
+    if (!Take_Scratch(surface, window, covered)) {
+        const View view = Take(window, false).view;
+        Leave_Lock();
+        return view;
+    }
+    ++surface.levels.back().holders;
+    return surface.levels.back().view;
+}
+
 void Give_Back_Surface() { Give_Back(false); }
 
 void Use_Font(HFONT font) {
     const HGDIOBJ wanted = font ? font : GetStockObject(SYSTEM_FONT);
-    const HGDIOBJ before = GetCurrentObject(Z_DC, OBJ_FONT);
-    if (before == wanted) return;
-    SelectObject(Z_DC, wanted);
     Level& level = The_Surface().levels.back();
-    if (!level.font_before) level.font_before = before;
+    if (level.buffer && level.buffer->font == wanted) return;
+    const HGDIOBJ before = GetCurrentObject(Z_DC, OBJ_FONT);
+    if (before != wanted) {
+        SelectObject(Z_DC, wanted);
+        if (!level.font_before) level.font_before = before;
+    }
+    if (level.buffer && level.applications == 0) level.buffer->font = wanted;
+}
+
+void Put_Away_Font(HFONT font) {
+    Drawing_Lock lock;
+    Surface& surface = The_Surface();
+    const auto put_away = [font](Back_Buffer& buffer) {
+        if (GetCurrentObject(buffer.Context(), OBJ_FONT) != font) return;
+        SelectObject(buffer.Context(), GetStockObject(SYSTEM_FONT));
+        buffer.font = nullptr;
+    };
+    if (surface.scratch) put_away(*surface.scratch);
+    for (const auto& entry : surface.buffers)
+        put_away(*entry.second);
 }
 
 bool Find_Pointer(HWND window, POINT& position) {
     position = {ZCursor_X, ZCursor_Y};
+    if (!window) return false;
     const SIZE client = Client_Size(window);
     if (client.cx < 1 || client.cy < 1 || !ScreenToClient(window, &position)) return false;
     position.y = client.cy - 1 - position.y;
@@ -312,6 +433,7 @@ bool Find_Pointer(HWND window, POINT& position) {
 void Free_Back_Buffers() {
     Drawing_Lock lock;
     The_Surface().buffers.clear();
+    The_Surface().scratch.reset();
 }
 
 }  // namespace galdren
@@ -346,7 +468,7 @@ void Begin_Batch(HWND window) {
         surface.batches.push_back({window, open->buffer, false});
         return;
     }
-    Back_Buffer* buffer = Buffer_For(surface, window);
+    Window_Buffer* buffer = Buffer_For(surface, window);
     if (buffer) buffer->Load(window);
     surface.batches.push_back({window, buffer, true});
 }

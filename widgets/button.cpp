@@ -130,6 +130,17 @@ void Paint_Body_In_Frame(Canvas& canvas, const Buttons& button, bool highlighted
     Paint_Fill(canvas, button, highlighted);
 }
 
+/// The canvas for a paint of the whole button, which frame and body cover completely where there is room for
+/// both.
+Canvas Canvas_For_Whole(const Buttons& button) {
+    const Area covered = Area_Of(button).Inset(Has_Flag(button, FLAG_NO_RIM) ? 1 : 0);
+    // Stacked text may be longer than the button is high.
+    const bool complete = !Has_Flag(button, FLAG_STATIC | FLAG_OUTLINE | FLAG_NO_BODY | FLAG_VERTICAL) &&
+                          2 * Button_Border(button) + 2 <= std::min(button.Width, button.Height) &&
+                          (!Has_Flag(button, BUTTON_LAMP) || covered.Holds(Lamp_Area(button)));
+    return complete ? Canvas(button, covered) : Canvas(button);
+}
+
 /// The whole button, highlighted when the pointer is inside. A passive one shows no lamp.
 void Paint_Whole(Canvas& canvas, Buttons& button) {
     if (Has_Flag(button, FLAG_STATIC)) {
@@ -200,7 +211,7 @@ void Buttons::Draw() {
     Check(*this, "Button::Draw");
     if (!Has_Size(*this)) return;
     Last_Value = Value;
-    Canvas canvas(*this);
+    Canvas canvas = Canvas_For_Whole(*this);
     if (Has_Flag(*this, FLAG_OUTLINE)) {
         Paint_Outline(canvas, Area_Of(*this));
         Paint_Name(canvas, *this, Flag);
@@ -242,7 +253,7 @@ void Buttons::Adjust() {
     if (!Has_Size(*this) || Has_Flag(*this, FLAG_NO_BODY)) return;
     if (!Has_Flag(*this, BUTTON_LAMP) && Value == Last_Value) return;
     Last_Value = Value;
-    Canvas canvas(*this);
+    Canvas canvas = Canvas_For_Whole(*this);
     Paint_Whole(canvas, *this);
 }
 
