@@ -26,16 +26,16 @@ if(GALDREN_CHECKED)
                                                    -fsanitize-undefined-trap-on-error)
 endif()
 
-# galdren_library(NAME SOURCES... [NEEDS library]): the DLL NAME and the static library NAME_Static, with the
+# galdren_library(NAME DESCRIPTION text SOURCES... [NEEDS library] [SYSTEM library...]): the DLL NAME and the static library NAME_Static, with the
 # aliases Galdren::NAME and Galdren::NAME_Static.
 function(galdren_library name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;NEEDS;SYSTEM")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "DESCRIPTION" "SOURCES;NEEDS;SYSTEM")
   string(TOUPPER ${name}_BUILD build_macro)
   if(GALDREN_CHECKED)
     list(APPEND arg_SOURCES ${PROJECT_SOURCE_DIR}/tests/support/guard_new.cpp)
   endif()
 
-  set(description "${name}: custom-drawn controls for Windows applications")
+  set(description ${arg_DESCRIPTION})
   configure_file(${PROJECT_SOURCE_DIR}/cmake/version.rc.in ${CMAKE_CURRENT_BINARY_DIR}/${name}.rc @ONLY)
   add_library(${name} SHARED ${arg_SOURCES} ${CMAKE_CURRENT_BINARY_DIR}/${name}.rc)
   add_library(${name}_Static STATIC ${arg_SOURCES})

@@ -1,0 +1,31 @@
+# Installs the public headers: the three that an application includes, and what they include. They stand in a
+# folder of their own, so that in the application's include path there are three names and no more.
+cmake_minimum_required(VERSION 3.23)
+
+set(entry_headers Galdren_Tools.h Galdren_Util.h Galdren_Host.h)
+set(headers_dir $ENV{DESTDIR}${CMAKE_INSTALL_PREFIX}/${include_dir})
+
+set(unread ${entry_headers})
+set(public_headers)
+while(unread)
+  list(POP_FRONT unread header)
+  list(APPEND public_headers ${header})
+  cmake_path(GET header PARENT_PATH folder)
+  file(STRINGS ${source_dir}/${header} lines REGEX "^#include \"")
+  foreach(line IN LISTS lines)
+    string(REGEX REPLACE "^#include \"([^\"]+)\".*" "\\1" included "${line}")
+    cmake_path(APPEND folder ${included} OUTPUT_VARIABLE included)
+    cmake_path(NORMAL_PATH included)
+    if(NOT included IN_LIST public_headers AND NOT included IN_LIST unread)
+      list(APPEND unread ${included})
+    endif()
+  endforeach()
+endwhile()
+
+foreach(header IN LISTS public_headers)
+  cmake_path(GET header PARENT_PATH folder)
+  file(INSTALL ${source_dir}/${header} DESTINATION ${headers_dir}/galdren/${folder})
+endforeach()
+foreach(header IN LISTS entry_headers)
+  file(WRITE ${headers_dir}/${header} "#include \"galdren/${header}\"\n")
+endforeach()
