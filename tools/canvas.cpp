@@ -25,38 +25,6 @@ class Selection {
     HGDIOBJ before;
 };
 
-/// A rectangle region for a scope.
-class Scoped_Region {
-  public:
-    explicit Scoped_Region(const RECT& r) : region(CreateRectRgn(r.left, r.top, r.right, r.bottom)) {}
-    ~Scoped_Region() {
-        if (region) DeleteObject(region);
-    }
-    Scoped_Region(const Scoped_Region&) = delete;
-    Scoped_Region& operator=(const Scoped_Region&) = delete;
-    HRGN Get() const { return region; }
-
-  private:
-    HRGN region;
-};
-
-/// Narrows the clip of a context for a scope.
-class Narrow_Clip {
-  public:
-    Narrow_Clip(HDC context, const RECT& r) : dc(context), before({0, 0, 0, 0}) {
-        had_clip = GetClipRgn(dc, before.Get()) == 1;
-        IntersectClipRect(dc, r.left, r.top, r.right, r.bottom);
-    }
-    ~Narrow_Clip() { SelectClipRgn(dc, had_clip ? before.Get() : nullptr); }
-    Narrow_Clip(const Narrow_Clip&) = delete;
-    Narrow_Clip& operator=(const Narrow_Clip&) = delete;
-
-  private:
-    HDC dc;
-    Scoped_Region before;
-    bool had_clip;
-};
-
 }  // namespace
 
 int Offset(Place place, int room, int length) {
@@ -215,6 +183,11 @@ void Canvas::Write_Tabbed(HFONT font, const char* text, int x, int y, unsigned l
     Use_Text(font, color);
     const TEXTMETRICA metrics = Metrics(font);
     galdren::Write_Tabbed(dc, x, Y(y + metrics.tmHeight), text, metrics);
+}
+
+int Canvas::Width_Of(HFONT font, const char* text) {
+    Use_Font(font);
+    return Extent_In_Place(dc, text);
 }
 
 TEXTMETRICA Canvas::Metrics(HFONT font) {

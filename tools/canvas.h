@@ -6,6 +6,7 @@
 
 #include <initializer_list>
 
+#include "tools/clip.h"
 #include "tools/context.h"
 #include "tools/tools.h"
 
@@ -83,6 +84,16 @@ class Canvas {
     /// @param font  null means the stock system font
     /// @param text  null writes nothing
     void Write_Tabbed(HFONT font, const char* text, int x, int y, unsigned long color);
+
+    /// Width of a text in pixels, with 3 average characters added for every tab.
+    int Width_Of(HFONT font, const char* text);
+
+    /// Paints with everything clipped to the columns left..right-1 and the rows bottom+1..top of `area`.
+    template <class Paint>
+    void Within(const Area& area, Paint paint) {
+        const Narrow_Clip clip(dc, Rectangle(area));
+        paint();
+    }
 
     /// Metrics of `font`, which is in place afterwards.
     TEXTMETRICA Metrics(HFONT font);

@@ -136,10 +136,9 @@ bool Asks_For_Nothing(const char* face, const char* weight, const char* style, s
     return !face && !weight && !style && points == 0;
 }
 
-/// Metrics of the font in place on the surface.
-TEXTMETRICA Current_Metrics() {
+TEXTMETRICA Metrics_In_Place(HDC dc) {
     TEXTMETRICA metrics{};
-    GetTextMetricsA(Z_DC, &metrics);
+    GetTextMetricsA(dc, &metrics);
     return metrics;
 }
 
@@ -165,6 +164,15 @@ HFONT Acquire_Font(HWND window, const char* face, const char* weight, const char
 }
 
 void Share_Font(HFONT font) { Share(Thing::Font, font); }
+
+int Extent_In_Place(HDC dc, const char* text) {
+    constexpr int Characters_Per_Tab = 3;
+    const std::size_t length = std::strlen(text);
+    SIZE extent{};
+    GetTextExtentPoint32A(dc, text, static_cast<int>(length), &extent);
+    const auto tabs = static_cast<int>(std::count(text, text + length, '\t'));
+    return extent.cx + (tabs ? Characters_Per_Tab * Metrics_In_Place(dc).tmAveCharWidth * tabs : 0);
+}
 
 const Font_Facts* Facts_Of(HFONT font, HDC dc) {
     Drawing_Lock lock;
@@ -211,23 +219,18 @@ void Z_Delete_Font(HWND, HFONT font) {
 int Text_Width(HFONT font, const char* text) {
     if (!text) return 0;
     const Selected_Font selected(font);
-    const std::size_t length = std::strlen(text);
-    SIZE extent{};
-    GetTextExtentPoint32A(Z_DC, text, static_cast<int>(length), &extent);
-    const auto tabs = static_cast<int>(std::count(text, text + length, '\t'));
-    constexpr int Characters_Per_Tab = 3;
-    return extent.cx + (tabs ? Characters_Per_Tab * Current_Metrics().tmAveCharWidth * tabs : 0);
+    return Extent_In_Place(Z_DC, text);
 }
 
 int Text_Height(HFONT font) {
     const Selected_Font selected(font);
-    return Current_Metrics().tmHeight;
+    return Metrics_In_Place(Z_DC).tmHeight;
 }
 
 void Text_Tabbed(HFONT font, int x, int y, const char* text) {
     if (!text) return;
     const Selected_Font selected(font);
-    const TEXTMETRICA metrics = Current_Metrics();
+    const TEXTMETRICA metrics = Metrics_In_Place(Z_DC);
     Write_Tabbed(Z_DC, x, y + metrics.tmHeight, text, metrics);
 }
 

@@ -30,4 +30,7 @@ const Font_Facts* Facts_Of(HFONT font, HDC dc);
 /// @param metrics  of the font in place
 void Write_Tabbed(HDC dc, int x, int y, const char* text, const TEXTMETRICA& metrics);
 
+/// `Text_Width` of the font in place on `dc`.
+int Extent_In_Place(HDC dc, const char* text);
+
 }  // namespace galdren

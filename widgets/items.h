@@ -65,16 +65,37 @@ inline void Report_No_Items(int line, const char* file, int count) {
               file, "this->Item", count + 1, 8);
 }
 
+/// Gives a part the text clip rectangle of its owner.
+inline void Copy_Clip(Tools& part, const Tools& owner) {
+    part.Clip_X = owner.Clip_X;
+    part.Clip_Y = owner.Clip_Y;
+    part.Clip_Width = owner.Clip_Width;
+    part.Clip_Height = owner.Clip_Height;
+}
+
+/// Gives an item the font words and size of its owner.
+inline void Copy_Font(Tools& item, const Tools& owner) {
+    item.Font_Name = owner.Font_Name;
+    item.Font_Weight = owner.Font_Weight;
+    item.Font_Style = owner.Font_Style;
+    item.Font_Size = owner.Font_Size;
+}
+
+/// Style bits of its owner that an item takes over.
+inline unsigned long Inherited_Flags(const Tools& owner) { return owner.Flag & 0x0F107750; }
+
+/// Style bits of new items: those wanted, or those of the owner when these are 0.
+inline unsigned long Flags_For_New(const Tools& owner, int wanted) {
+    return (wanted ? static_cast<unsigned long>(wanted) : Inherited_Flags(owner)) | FLAG_NO_RIM;
+}
+
 /// A new item with the fields that its owner gives; null when the memory cannot be had.
 template <class Item>
 Item* Make_Item(const Tools& owner, unsigned long flag) {
     Item* item = new (std::nothrow) Item;
     if (!item) return nullptr;
     item->Flag = flag;
-    item->Clip_X = owner.Clip_X;
-    item->Clip_Y = owner.Clip_Y;
-    item->Clip_Width = owner.Clip_Width;
-    item->Clip_Height = owner.Clip_Height;
+    Copy_Clip(*item, owner);
     return item;
 }
 

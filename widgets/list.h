@@ -60,9 +60,11 @@ class GALDREN_TOOLS_API Lists : public Tools {
 
   private:
     void Update();
+    void Mark(int index, short value);
 
-    int Origin{};       // of item 0 along the list, in the range of a list of any length
-    int Shown_First{};  // items shown by the last `Update`, the only ones that take part in events
+    int Origin{};        // coordinate of item 0 along the list, in the range of a list of any length
+    int Title_Height{};  // height of the title; 0 without a name
+    int Shown_First{};   // the items that the last `Update` painted: the only ones that take part in events
     int Shown_Count{};
-    bool Hovers_Left{};  // no item has been told of the pointer since all of them were told that it left
+    bool All_Left{};  // every item has been told that the pointer left
 };

@@ -1,0 +1,403 @@
+#include "widgets/checklist.h"
+
+#include <algorithm>
+#include <climits>
+#include <cstdlib>
+#include <new>
+#include <optional>
+
+#include "tools/context.h"
+#include "tools/dimensions.h"
+#include "tools/font.h"
+#include "tools/region.h"
+#include "tools/sharing.h"
+#include "util/error.h"
+#include "util/program.h"
+#include "widgets/items.h"
+
+using namespace galdren;
+
+namespace {
+
+constexpr unsigned long Label_Flags = FLAG_NO_BODY | FLAG_STATIC;
+constexpr unsigned long Disabled_Flags = FLAG_NO_BODY | FLAG_PASSIVE | FLAG_OUTLINE;
+constexpr unsigned Bits_Of_Value = 32;
+
+const char* Name_Of(const Tools& control) { return control.Name ? control.Name : ""; }
+
+short Clamp_16(int value) { return Low_16(std::clamp(value, SHRT_MIN, SHRT_MAX)); }
+
+bool Is_Single(const CheckLists& list) { return Has_Flag(list, CHECKLIST_SINGLE); }
+
+/// The bit of an item; those beyond the last bit begin again with the first.
+unsigned Bit_Of(int item) { return 1U << static_cast<unsigned>(item) % Bits_Of_Value; }
+
+bool Is_Checked(const CheckLists& list, int item) {
+    if (Is_Single(list)) return list.Value == item;
+    return (static_cast<unsigned>(list.Value) & Bit_Of(item)) != 0;
+}
+
+/// The state of a box from `Init` to the first `Draw`, which follows a mask of its own.
+bool Starts_Checked(const CheckLists& list, int item) {
+    if (Is_Single(list)) return list.Value == item;
+    const auto number = static_cast<unsigned>(item);
+    return (static_cast<unsigned>(list.Value) & number << number % Bits_Of_Value) != 0;
+}
+
+void Set_Checks(CheckLists& list) {
+    for (int item = 0; item < list.Count; ++item)
+        list.Check[item].Value = Is_Checked(list, item);
+}
+
+/// Painting of the items.
+
+/// Takes a canvas of its own, since a check box painted before has reset the text clip.
+void Paint_Label(const CheckLists& list, int item, unsigned long color) {
+    const Buttons& box = list.Check[item];
+    Canvas canvas(list);
+    canvas.Write_Tabbed(list.Font, list.Label[item].Name, box.X + box.Width + SPACE, box.Y - 1, color);
+}
+
+bool Has_Mark(const Buttons& box) { return box.Value != 0 && box.Flag == 0; }
+
+void Paint_Mark(const Buttons& box) {
+    const int border = Frame_Width(box);
+    const Area body = Area_Of(box);
+    const Area mark{body.left + border + 1, body.right - border, body.bottom + border, body.top - border - 1};
+    if (mark.left >= mark.right || mark.bottom >= mark.top) return;
+    Canvas canvas(box);
+    canvas.Box(mark, Colors(255, 255, 0).get());
+}
+
+void Paint_Fill(const Buttons& box, bool highlighted) {
+    const unsigned long* body = highlighted ? box.Cur_Graph_Select : box.Cur_Graph_Normal;
+    Canvas canvas(box);
+    Paint_Body(canvas, box, highlighted, body, box.Flag, Frame_Width(box) + 1, Area_Of(box));
+}
+
+void Paint_Check(Buttons& box) {
+    box.Draw();
+    if (Has_Mark(box)) Paint_Mark(box);
+}
+
+void Paint_Item(CheckLists& list, int item) {
+    const bool disabled = Has_Flag(list.Check[item], FLAG_OUTLINE);
+    Paint_Label(list, item, disabled ? Outline_Blue : Black);
+    Paint_Check(list.Check[item]);
+}
+
+/// The flags of the box are gone afterwards, those of a disabled item too, and its next paint is a full one.
+void Paint_Outlined_Item(CheckLists& list, int item) {
+    Paint_Label(list, item, Outline_Blue);
+    list.Check[item].Flag = FLAG_OUTLINE;
+    list.Check[item].Draw();
+    list.Check[item].Flag = 0;
+    list.Check[item].Hover = Hover_Unknown;
+}
+
+void Paint_Hover(const CheckLists& list, int item, bool highlighted) {
+    const Buttons& box = list.Check[item];
+    Paint_Label(list, item, highlighted ? Highlight_Color().get() : Black);
+    if (!highlighted && Has_Mark(box)) {
+        Paint_Mark(box);
+    } else {
+        Paint_Fill(box, highlighted);
+    }
+}
+
+bool Shows_Hover(const CheckLists& list, int item) {
+    return !Has_Flag(list, FLAG_NO_BODY) && !Has_Flag(list.Check[item], FLAG_OUTLINE);
+}
+
+/// Follows the pointer with one entry of `Hover_List`.
+/// @return whether it changed
+bool Follow(short& hover, bool under_pointer) {
+    if (under_pointer == (hover == Hover_Highlighted)) return false;
+    hover = under_pointer ? Hover_Highlighted : Hover_Normal;
+    return true;
+}
+
+/// Pointer position, when it is inside the list.
+std::optional<POINT> Pointer_On(const CheckLists& list) {
+    POINT position{};
+    if (!Find_Pointer(list.Window, position) || !PtInRect(&list.Rect, position)) return std::nullopt;
+    return position;
+}
+
+bool Is_On_Item(const CheckLists& list, int item, const std::optional<POINT>& position) {
+    return position && PtInRect(&list.Label[item].Rect, *position);
+}
+
+/// Whether a box shows on the window what painting it again would give.
+bool Is_Up_To_Date(const CheckLists& list, int item, const POINT* pointer) {
+    const Buttons& box = list.Check[item];
+    const bool plain = box.Hover == Hover_Normal && list.Hover_List[item] != Hover_Highlighted;
+    return plain && box.Value == box.Last_Value && !(pointer && PtInRect(&box.Rect, *pointer));
+}
+
+/// Making the items.
+
+template <class Element>
+void Release(Element*& array) {
+    if (Let_Go(Thing::Array, array)) delete[] array;
+    array = nullptr;
+}
+
+/// A copy that shares the items keeps them.
+void Release_Items(CheckLists& list) {
+    Release(list.Hover_List);
+    Release(list.Check);
+    Release(list.Label);
+    list.Count = 0;
+}
+
+short Count_Labels(const char* const* labels) {
+    short count = 0;
+    while (count < SHRT_MAX && labels[count] && *labels[count])
+        ++count;
+    return count;
+}
+
+void Make_Items(CheckLists& list) {
+    const short count = Count_Labels(list.List);
+    if (count == 0) return;
+    const auto size = static_cast<std::size_t>(count);
+    list.Hover_List = new (std::nothrow) short[size]();
+    list.Check = new (std::nothrow) Buttons[size];
+    list.Label = new (std::nothrow) Buttons[size];
+    if (list.Hover_List && list.Check && list.Label) {
+        list.Count = count;
+    } else {
+        Release_Items(list);
+        Error_Fct(hwnd, ERROR_LEVEL_MEMORY, "CheckLists: no memory for %d items\n   name: %s", int{count},
+                  Name_Of(list));
+    }
+}
+
+void Measure(CheckLists& list) {
+    Canvas canvas(list);
+    list.Font_Height = Text_Height(list.Font);
+    list.H_Width = Text_Width(list.Font, "H");
+}
+
+int Name_Width(const CheckLists& list) {
+    Canvas canvas(list);
+    return Text_Width(list.Font, list.Name);
+}
+
+void Take_Look(Tools& part, const CheckLists& list) {
+    part.Font_Size = list.Font_Size;
+    part.Font_Name = list.Font_Name;
+    part.Font_Weight = list.Font_Weight;
+    Copy_Clip(part, list);
+}
+
+/// The box holds the name like a copy does, so that the list may be given another one.
+void Take_Name(Boxs& box, const CheckLists& list) {
+    box.Set_Name(nullptr);
+    box.Name = list.Name;
+    if (!(list.State & STATE_OWNS_NAME)) return;
+    Share_Array(list.Name);
+    box.State |= STATE_OWNS_NAME;
+}
+
+void Init_Box(Boxs& box, const CheckLists& list) {
+    constexpr unsigned long Passed_On = 0x47771;
+    Take_Name(box, list);
+    Take_Look(box, list);
+    box.Font_Style = list.Font_Style;
+    box.X = list.X;
+    box.Y = list.Y;
+    box.Width = list.Width;
+    box.Height = list.Height;
+    box.Color = list.Color;
+    box.Border = list.Border;
+    box.Flag = (list.Flag & Passed_On) | FLAG_PASSIVE;
+    box.Init(list.Window);
+}
+
+/// The grid in which the items stand.
+struct Grid {
+    int left;          ///< of the first column
+    int bottom;        ///< of the first row, which is the top one
+    int column_width;  ///< below 1 when there is no room
+    int row_height;
+    int rows;  ///< at least 1
+};
+
+/// @pre the list has items
+Grid Make_Grid(const CheckLists& list) {
+    const int border = std::abs(Frame_Width(list));
+    const int row_height = list.Line_Height ? Magnitude(list.Line_Height) : list.Font_Height + 2;
+    int room = list.Height - 2 * border - 4;
+    if (list.Name && !Has_Flag(list, CHECKLIST_NO_TITLE_ROW)) room -= list.Font_Height + 2 * border;
+    const int fitting = room / row_height;
+    int rows = fitting > 1 ? std::min<int>(fitting, list.Count) : 1;
+    if (Has_Flag(list, CHECKLIST_ONE_COLUMN)) rows = list.Count;
+    const int columns = (list.Count - 1) / rows + 1;
+    const bool name_left = list.Name && Has_Flag(list, CHECKLIST_NAME_LEFT);
+    const int rest = room - row_height * rows;
+    return {list.Box.X + border + 2 + (name_left ? Name_Width(list) + SPACE : 0),
+            list.Box.Y + rest / 2 + border + (rows - 1) * row_height + 2,
+            (list.Width - 2 * border - 4) / columns, row_height, rows};
+}
+
+/// Nobody reads the regions of the items, and Windows gives a process no more than 10,000 handles.
+void Init_Without_Region(Buttons& part, HWND window) {
+    part.Init(window);
+    Release_Region(part.Region);
+    part.Region = part.Clip_Region = nullptr;
+}
+
+void Init_Label(const CheckLists& list, int item, const Grid& grid) {
+    Buttons& label = list.Label[item];
+    Take_Look(label, list);
+    label.Flag = Label_Flags;
+    label.Set_Name("%s", list.List[item]);
+    label.X = Clamp_16(grid.left + item / grid.rows * grid.column_width);
+    label.Y = Clamp_16(grid.bottom - item % grid.rows * grid.row_height);
+    label.Width = Clamp_16(grid.column_width);
+    label.Height = Clamp_16(grid.row_height);
+    Init_Without_Region(label, list.Window);
+}
+
+void Init_Check(const CheckLists& list, int item) {
+    Buttons& box = list.Check[item];
+    Take_Look(box, list);
+    box.Flag = list.Enabled && !list.Enabled[item] ? Disabled_Flags : 0;
+    box.Border = 2;
+    box.X = Clamp_16(list.Label[item].X + 1);
+    box.Y = Clamp_16(list.Label[item].Y + 1);
+    box.Width = box.Height = Clamp_16(list.Font_Height - 2);
+    box.Value = Starts_Checked(list, item);
+    Init_Without_Region(box, list.Window);
+}
+
+void Init_Items(const CheckLists& list) {
+    if (list.Count == 0) return;
+    const Grid grid = Make_Grid(list);
+    for (int item = 0; item < list.Count; ++item) {
+        Init_Label(list, item, grid);
+        Init_Check(list, item);
+    }
+}
+
+void Report_No_List(const CheckLists& list) {
+    Error_Fct(hwnd, ERROR_LEVEL_WARNING, "Problems in CheckLists::Init()");
+    Error_Fct(hwnd, ERROR_LEVEL_WARNING, "device->List is empty");
+    Error_Fct(hwnd, ERROR_LEVEL_WARNING, "type: %s\n  name: %s", "CheckLists", Name_Of(list));
+}
+
+}  // namespace
+
+CheckLists::CheckLists() = default;
+
+CheckLists::CheckLists(const CheckLists& other)
+    : Tools(other),
+      List(other.List),
+      Enabled(other.Enabled),
+      Line_Height(other.Line_Height),
+      Value(other.Value),
+      Hover_List(other.Hover_List),
+      Count(other.Count),
+      Last_Value(other.Last_Value),
+      H_Width(other.H_Width),
+      Font_Height(other.Font_Height),
+      Check(other.Check),
+      Label(other.Label),
+      Box(other.Box) {
+    Share(Thing::Array, Hover_List);
+    Share(Thing::Array, Check);
+    Share(Thing::Array, Label);
+}
+
+CheckLists& CheckLists::operator=(const CheckLists& other) { return Reassign(*this, other); }
+
+CheckLists::~CheckLists() { Release_Items(*this); }
+
+void CheckLists::Init(HWND window) {
+    if (!Begin_Init(*this, window, "CheckLists::Init")) return;
+    Default_Grey(*this);
+    Release_Items(*this);
+    Bind(*this, window);
+    Note_Size(*this);
+    Renew_Font(*this);
+    Measure(*this);
+    Init_Box(Box, *this);
+    if (!List) {
+        Report_No_List(*this);
+        Flag = FLAG_NO_BODY | FLAG_PASSIVE;
+        return;
+    }
+    Make_Items(*this);
+    Init_Items(*this);
+    Last_Value = Value;
+}
+
+void CheckLists::Draw() {
+    galdren::Check(*this, "CheckList::Draw");
+    if (!Has_Size(*this)) return;
+    if (!Has_Flag(*this, FLAG_PASSIVE)) Set_Checks(*this);
+    const bool outline = Has_Flag(*this, FLAG_OUTLINE);
+    if (!outline && Has_Flag(*this, FLAG_NO_BODY)) return;
+    Canvas canvas(*this);
+    // A box that `Init` did not reach has no size, and would only report that once more.
+    if (!Has_Flag(*this, FLAG_STATIC) && Has_Size(Box)) Box.Draw();
+    for (int item = 0; item < Count; ++item)
+        outline ? Paint_Outlined_Item(*this, item) : Paint_Item(*this, item);
+}
+
+int CheckLists::Select(int event) {
+    galdren::Check(*this, "CheckList::Select");
+    if (!Has_Size(*this)) return 0;
+    const std::optional<POINT> position = Pointer_On(*this);
+    if (Event_Kind(event) == EVENT_TEST) return position.has_value();
+    if (Has_Flag(*this, FLAG_PASSIVE)) return 0;
+    std::optional<Canvas> surface;  // taken once for all items, if there is anything to paint
+    int result = 0;
+    for (int item = 0; item < Count; ++item) {
+        const bool under_pointer = Is_On_Item(*this, item, position);
+        if (under_pointer) result = 1;
+        if (!Follow(Hover_List[item], under_pointer) || !Shows_Hover(*this, item)) continue;
+        if (!surface) surface.emplace(*this);
+        Paint_Hover(*this, item, under_pointer);
+    }
+    return result;
+}
+
+void CheckLists::Deselect() {
+    if (State == 0 || !Has_Size(*this) || Has_Flag(*this, FLAG_NO_BODY)) return;
+    std::optional<Canvas> surface;
+    for (int item = 0; item < Count; ++item) {
+        const bool seen = Hover_List[item] != Hover_Unknown && Hover_List[item] != Hover_Normal;
+        if (!seen || !Shows_Hover(*this, item)) continue;
+        if (!surface) surface.emplace(*this);
+        Paint_Hover(*this, item, false);
+    }
+}
+
+void CheckLists::Adjust() {
+    galdren::Check(*this, "CheckList::Adjust");
+    if (!Has_Size(*this) || Value == Last_Value || Has_Flag(*this, FLAG_PASSIVE)) return;
+    if (Is_Single(*this) && (Value < 0 || Value >= Count)) return;
+    Set_Checks(*this);
+    Last_Value = Value;
+    if (Has_Flag(*this, FLAG_NO_BODY)) return;
+    POINT position{};
+    const POINT* pointer = Find_Pointer(Window, position) ? &position : nullptr;
+    Canvas canvas(*this);
+    for (int item = 0; item < Count; ++item) {
+        if (!Is_Up_To_Date(*this, item, pointer)) Paint_Check(Check[item]);
+    }
+}
+
+int CheckLists::Read() {
+    galdren::Check(*this, "CheckList::Read");
+    if (!Has_Size(*this) || Has_Flag(*this, FLAG_PASSIVE)) return -1;
+    const std::optional<POINT> position = Pointer_On(*this);
+    for (int item = 0; item < Count; ++item) {
+        if (!Is_On_Item(*this, item, position)) continue;
+        return Is_Single(*this) ? item : static_cast<int>(static_cast<unsigned>(Value) ^ Bit_Of(item));
+    }
+    return -1;
+}

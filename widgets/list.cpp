@@ -1,0 +1,476 @@
+#include "widgets/list.h"
+
+#include <algorithm>
+#include <climits>
+
+#include "tools/arithmetic.h"
+#include "tools/context.h"
+#include "tools/dimensions.h"
+#include "tools/input.h"
+#include "tools/region.h"
+#include "tools/sharing.h"
+#include "widgets/items.h"
+#include "widgets/range.h"
+
+using namespace galdren;
+
+namespace {
+
+/// Space between frame and contents.
+constexpr int Gap = 2;
+
+int Border_Of(const Lists& list) { return list.Border ? Magnitude(list.Border) : BORDER; }
+
+/// Frame and gap together.
+int Margin_Of(const Lists& list) { return Border_Of(list) + Gap; }
+
+bool Is_Column(const Lists& list) { return Has_Flag(list, FLAG_VERTICAL); }
+
+bool Has_Bar(const Lists& list) { return list.Scroll_Bar.Width != 0; }
+
+int Bar_Width(const Lists& list) { return list.Slider_Width ? Magnitude(list.Slider_Width) : CURSEUR; }
+
+void Init_Frame(Lists& list) {
+    Boxs& frame = list.Frame;
+    frame.Name = list.Name;
+    frame.X = list.X;
+    frame.Y = list.Y;
+    frame.Width = list.Width;
+    frame.Height = list.Height;
+    frame.Color = list.Color;
+    frame.Font_Size = list.Font_Size;
+    frame.Font_Name = list.Font_Name;
+    frame.Font_Weight = list.Font_Weight;
+    frame.Border = list.Border;
+    frame.Flag = (list.Flag & (FLAG_NO_BODY | FLAG_STATIC | FLAG_OUTLINE)) | FLAG_OWN_IMAGES | FLAG_PASSIVE;
+    Copy_Clip(frame, list);
+    frame.Init(list.Window);
+}
+
+/// What the layout works out for the items.
+struct Item_Size {
+    int width;
+    int height;
+};
+
+/// A bar along the list, over the coordinates that item 0 may have.
+void Set_Bar(Lists& list, const Area& place, int first, int last, int step) {
+    Sliders& bar = list.Scroll_Bar;
+    bar.X = Low_16(place.left);
+    bar.Y = Low_16(place.bottom);
+    bar.Width = Low_16(place.right - place.left);
+    bar.Height = Low_16(place.top - place.bottom);
+    bar.Flag = list.Flag | SLIDER_REVERSED;
+    bar.Border = 1;
+    bar.Color = list.Color;
+    Copy_Clip(bar, list);
+    bar.Start_Val = static_cast<float>(first);
+    bar.End_Val = static_cast<float>(last);
+    bar.Step = static_cast<float>(step);
+}
+
+/// Items from the top down. Those that fit share the height evenly.
+Item_Size Lay_Out_Column(Lists& list, const Area& area, int title) {
+    constexpr int Below_Last = 5;
+    const int margin = Margin_Of(list);
+    const int room = area.top - area.bottom - 2 * margin - title;
+    const int wanted = list.Item_Height ? Magnitude(list.Item_Height) : BUT_LIST;
+    const int pitch = room / list.Nb_Item;
+    const int top = area.top - margin - title;
+    list.Item_DX = 0;
+    if (pitch >= wanted + 1) {
+        list.Item_X = Low_16(area.left + margin);
+        list.Item_Y = Low_16(top - (pitch - 1));
+        list.Item_DY = Low_16(-pitch);
+        list.Scroll_Bar = Sliders();
+        return {area.right - area.left - 2 * margin, pitch - 1};
+    }
+    const int bar_width = Bar_Width(list);
+    const int step = wanted + 1;
+    const int extent = list.Nb_Item * step;
+    list.Item_X = Low_16(area.left + 2 * margin + bar_width);
+    list.Item_Y = Low_16(top - wanted);
+    list.Item_DY = Low_16(-step);
+    const int left = area.left + margin;
+    const int bottom = area.bottom + margin;
+    Set_Bar(list, {left, left + bar_width, bottom, bottom + room}, list.Item_Y + extent - room + Below_Last,
+            list.Item_Y, step);
+    list.Scroll_Bar.Larg_Adjust(static_cast<float>(room), static_cast<float>(-extent));
+    if (list.Scroll_Bar.Val == 0.0F) list.Scroll_Bar.Val = list.Item_Y;
+    return {area.right - area.left - 3 * margin - bar_width, wanted};
+}
+
+int Widest_Name(const Lists& list) {
+    Canvas canvas(list);
+    const char* first = list.Item[0]->Name;
+    int widest = first ? canvas.Width_Of(list.Font, first) : 2 * SPACE;
+    for (Buttons** item = list.Item; *item; ++item) {
+        if ((*item)->Name) widest = std::max(widest, canvas.Width_Of(list.Font, (*item)->Name));
+    }
+    return widest;
+}
+
+/// Items from left to right. Those that fit share the width evenly and are centred; else a whole number of
+/// them fills it.
+Item_Size Lay_Out_Row(Lists& list, const Area& area, int title) {
+    constexpr int Beyond_Last = 5;
+    const int margin = Margin_Of(list);
+    const int width = area.right - area.left;
+    const int height = area.top - area.bottom;
+    const int room = width - 2 * margin;
+    const int needed = Widest_Name(list) + 2 * margin;
+    const int pitch = room / list.Nb_Item;
+    list.Item_DY = 0;
+    if (pitch - 1 >= needed) {
+        list.Item_X = Low_16(area.left + (width - pitch * list.Nb_Item) / 2);
+        list.Item_Y = Low_16(area.bottom + margin);
+        list.Item_DX = Low_16(pitch);
+        list.Scroll_Bar = Sliders();
+        return {pitch - 1, height - 2 * Border_Of(list) - 5 - title};
+    }
+    const int bar_width = Bar_Width(list);
+    const int column = SPACE + needed;
+    const int item_width = room > column && column > 0 ? room / (room / column) - 1 : room;
+    const int step = item_width + 1;
+    list.Item_X = Low_16(area.left + margin);
+    list.Item_Y = Low_16(area.bottom + 2 * margin + bar_width);
+    list.Item_DX = Low_16(step);
+    const int extent = list.Nb_Item * list.Item_DX;
+    const int bottom = area.bottom + margin;
+    Set_Bar(list, {list.Item_X, list.Item_X + room, bottom, bottom + bar_width}, list.Item_X,
+            list.Item_X - extent + room - Beyond_Last, step);
+    list.Scroll_Bar.Larg_Adjust(static_cast<float>(room), static_cast<float>(extent));
+    if (list.Scroll_Bar.Val == 0.0F) list.Scroll_Bar.Val = list.Item_X;
+    return {item_width, height - 3 * margin - bar_width - title};
+}
+
+void Init_Items(Lists& list, const Item_Size& size) {
+    const unsigned long flags = FLAG_NO_RIM | (Has_Flag(list, FLAG_STATIC) ? Inherited_Flags(list) : 0);
+    for (int i = 0; i < list.Nb_Item; ++i) {
+        Buttons& item = *list.Item[i];
+        item.Flag |= flags;
+        item.Value = i == list.Current;
+        item.Width = Low_16(size.width);
+        item.Height = Low_16(size.height);
+        item.Border = list.Border;
+        Copy_Font(item, list);
+        Copy_Clip(item, list);
+        item.Init(list.Window);
+    }
+}
+
+/// The part of the list that items show in. One that reaches the outermost pixel is painted but takes no
+/// clicks, so the area for events is a pixel smaller at the right and top.
+enum class Purpose { Painting, Events };
+
+Area Inner_Area(const Lists& list, Purpose purpose, int title) {
+    const int margin = Margin_Of(list);
+    const int outer = Border_Of(list) + (purpose == Purpose::Painting ? 1 : 2);
+    const Area all = Area_Of(list);
+    Area inner{all.left + margin, all.right - outer, all.bottom + margin, all.top - outer - title};
+    if (!Has_Bar(list)) return inner;
+    if (Is_Column(list)) {
+        inner.left += list.Scroll_Bar.Width + margin;
+    } else {
+        inner.bottom += list.Scroll_Bar.Height + margin;
+    }
+    return inner;
+}
+
+/// A run of items.
+struct Run {
+    int first;
+    int count;
+};
+
+/// Items of a row or column whose coordinate along it lies between `low` and `high`.
+Run Items_Between(int origin, int step, int count, int low, int high) {
+    if (step == 0 || low > high) return {0, 0};
+    // Distances from item 0 in the direction of the items.
+    const int near_end = step > 0 ? low - origin : origin - high;
+    const int far_end = step > 0 ? high - origin : origin - low;
+    const int pitch = std::abs(step);
+    if (far_end < 0) return {0, 0};
+    const int first = near_end <= 0 ? 0 : (near_end + pitch - 1) / pitch;
+    const int last = std::min(far_end / pitch, count - 1);
+    return {first, std::max(last - first + 1, 0)};
+}
+
+bool Stands_In(const Buttons& item, const Area& area) {
+    return item.X >= area.left && item.Y >= area.bottom && item.X + item.Width <= area.right &&
+           item.Y + item.Height <= area.top;
+}
+
+/// Step from one item to the next along the list.
+int Step_Of(const Lists& list) { return list.Item_DX ? list.Item_DX : list.Item_DY; }
+
+void Place_Item(const Lists& list, int origin, int index) {
+    const int along = origin + index * Step_Of(list);
+    Buttons& item = *list.Item[index];
+    item.X = list.Item_DX ? Low_16(along) : list.Item_X;
+    item.Y = list.Item_DX ? list.Item_Y : Low_16(along);
+}
+
+/// Places every item of a list whose coordinates are in the range of the fields. In a longer one only those
+/// that show have a place.
+void Place_Items(const Lists& list, int origin) {
+    const int end = origin + list.Nb_Item * Step_Of(list);
+    if (end < SHRT_MIN || end > SHRT_MAX || origin < SHRT_MIN || origin > SHRT_MAX) return;
+    for (int i = 0; i < list.Nb_Item; ++i)
+        Place_Item(list, origin, i);
+}
+
+/// The items whose lower left corner lies in an area.
+Run Items_In(const Lists& list, int origin, const Area& area) {
+    return list.Item_DX ? Items_Between(origin, list.Item_DX, list.Nb_Item, area.left, area.right)
+                        : Items_Between(origin, list.Item_DY, list.Nb_Item, area.bottom, area.top);
+}
+
+bool Any_Button_Held() { return getbutton(VK_LBUTTON) || getbutton(VK_RBUTTON) || getbutton(VK_MBUTTON); }
+
+/// The ground behind the items, in the columns left..right-1 and the rows bottom+1..top: the frame's own
+/// picture where it has one.
+void Paint_Ground(Canvas& canvas, const Lists& list, const Area& area) {
+    if (area.left >= area.right || area.bottom >= area.top) return;
+    const Boxs& frame = list.Frame;
+    if (frame.Cur_Graph_Normal) {
+        canvas.Pixels(frame.Cur_Graph_Normal, frame.Width, frame.Height, area.left - frame.X,
+                      area.bottom - frame.Y, {area.left, area.right - 1, area.bottom + 1, area.top});
+    } else if (!Has_Flag(list, FLAG_NO_BODY)) {
+        canvas.Box(area, list.Color.get());
+    }
+}
+
+/// Whether painting an item leaves nothing to be seen of what was there, from one pixel inside its edges.
+bool Covers_Its_Place(const Buttons& item) {
+    return !Has_Flag(item, FLAG_NO_BODY | FLAG_STATIC | FLAG_OUTLINE) && item.Clip_Width == 0 &&
+           2 * std::abs(Frame_Width(item)) + 2 <= std::min(item.Width, item.Height);
+}
+
+/// The ground in the gaps around items that cover their places. What the items are painted on next is left
+/// alone, so that nothing flickers when they scroll.
+void Paint_Gaps(Canvas& canvas, const Lists& list, const Area& inner, const Run& run) {
+    const Buttons& any = *list.Item[run.first];
+    const bool row = list.Item_DX != 0;
+    const Area across{row ? inner.left : any.X + 1, row ? inner.right : any.X + any.Width,
+                      row ? any.Y : inner.bottom, row ? any.Y + any.Height - 1 : inner.top};
+    const auto gap = [&](int from, int to) {
+        Area area = across;
+        (row ? area.left : area.bottom) = from;
+        (row ? area.right : area.top) = to;
+        Paint_Ground(canvas, list, area);
+    };
+    Paint_Ground(canvas, list, {inner.left, across.left, inner.bottom, inner.top});
+    Paint_Ground(canvas, list, {across.right, inner.right, inner.bottom, inner.top});
+    Paint_Ground(canvas, list, {across.left, across.right, inner.bottom, across.bottom});
+    Paint_Ground(canvas, list, {across.left, across.right, across.top, inner.top});
+    int from = row ? inner.left : inner.bottom;
+    for (int i = 0; i < run.count; ++i) {
+        // In the direction of growing coordinates.
+        const Buttons& item = *list.Item[Step_Of(list) > 0 ? run.first + i : run.first + run.count - 1 - i];
+        gap(from, row ? item.X + 1 : item.Y);
+        from = row ? item.X + item.Width : item.Y + item.Height - 1;
+    }
+    gap(from, row ? inner.right : inner.top);
+}
+
+/// Takes an item out of view. It keeps no region: thousands of items could each have been seen last at a
+/// place of its own.
+void Hide(Buttons& item) {
+    item.Shown = 0;
+    Release_Region(item.Region);
+    item.Region = item.Clip_Region = nullptr;
+}
+
+constexpr Grow_Place Grow_In_List{".\\list.cpp", 158, 155};
+
+}  // namespace
+
+Lists::Lists() = default;
+
+Lists::Lists(const Lists& other)
+    : Tools(other),
+      Current(other.Current),
+      Item_Height(other.Item_Height),
+      Slider_Width(other.Slider_Width),
+      Item(other.Item),
+      Last_Current(other.Last_Current),
+      Nb_Item(other.Nb_Item),
+      Item_X(other.Item_X),
+      Item_Y(other.Item_Y),
+      Item_DX(other.Item_DX),
+      Item_DY(other.Item_DY),
+      Frame(other.Frame),
+      Scroll_Bar(other.Scroll_Bar),
+      Origin(other.Origin),
+      Title_Height(other.Title_Height),
+      Shown_First(other.Shown_First),
+      Shown_Count(other.Shown_Count),
+      All_Left(other.All_Left) {
+    Share(Thing::Array, Item);
+}
+
+Lists& Lists::operator=(const Lists& other) { return Reassign(*this, other); }
+
+Lists::~Lists() { Release_Items(Item); }
+
+int Lists::Grow(int count, int flags) {
+    const int done = Grow_Items(*this, Item, count, Flags_For_New(*this, flags), Grow_In_List);
+    Nb_Item = Low_16(Count_Items(Item));
+    Shown_Count = std::clamp(Nb_Item - Shown_First, 0, Shown_Count);
+    All_Left = false;
+    return done;
+}
+
+void Lists::Init(HWND window) {
+    if (!Begin_Init(*this, window, "Lists::Init")) return;
+    Last_Current = Current;
+    Default_Grey(*this);
+    Bind(*this, window);
+    Renew_Font(*this);
+    Title_Height = Name ? Canvas(*this).Metrics(Font).tmHeight : 0;
+    Init_Frame(*this);
+    Scroll_Bar.Width = 0;
+    Nb_Item = Low_16(Count_Items(Item));
+    Shown_Count = 0;
+    All_Left = false;
+    if (Nb_Item == 0) return;
+
+    Area area = Area_Of(*this);
+    if (Has_Flag(*this, FLAG_INNER_FRAME)) {
+        area = {area.left + 5, area.right - 6, area.bottom + 5, area.top - 6};
+    }
+    const Item_Size size =
+        Is_Column(*this) ? Lay_Out_Column(*this, area, Title_Height) : Lay_Out_Row(*this, area, Title_Height);
+    Origin = Is_Column(*this) ? Item_Y : Item_X;
+    Init_Items(*this, size);
+    if (Has_Bar(*this)) Scroll_Bar.Init(window);
+    Note_Size(*this);
+}
+
+void Lists::Draw() {
+    Check(*this, "List::Draw");
+    if (!Has_Size(*this)) return;
+    Canvas canvas(*this);
+    Last_Current = Current;
+    Frame.Draw();
+    if (Has_Flag(*this, FLAG_NO_BODY)) return;
+    if (Has_Bar(*this)) Scroll_Bar.Draw();
+    for (int i = 0; i < Nb_Item; ++i)
+        Item[i]->Value = i == Current;
+    Update();
+}
+
+/// Paints the inner area and the items in it.
+void Lists::Update() {
+    if (!Has_Size(*this)) return;
+    const Area inner = Inner_Area(*this, Purpose::Painting, Title_Height);
+    Canvas canvas(*this);
+    Paint_Ground(canvas, *this, inner);
+    if (Has_Bar(*this)) {
+        Origin = Truncate(double{Scroll_Bar.Val});
+        (Item_DX ? Item_X : Item_Y) = Low_16(std::clamp(Origin, SHRT_MIN, SHRT_MAX));
+    }
+    if (Has_Flag(*this, FLAG_OUTLINE) || !Item) return;
+    for (int i = Shown_First; i < Shown_First + Shown_Count; ++i)
+        Item[i]->Shown = 0;
+    Place_Items(*this, Origin);
+    const Run run = Items_In(*this, Origin, inner);
+    Shown_First = run.first;
+    Shown_Count = run.count;
+    for (int i = run.first; i < run.first + run.count; ++i) {
+        Place_Item(*this, Origin, i);
+        Buttons& item = *Item[i];
+        if (!Stands_In(item, inner)) continue;
+        item.Init(Window);
+        item.Draw();
+        item.Shown = 1;
+        All_Left = false;
+    }
+}
+
+int Lists::Select(int event) {
+    Check(*this, "List::Select");
+    if (!Has_Size(*this) || Has_Flag(*this, FLAG_PASSIVE)) return 0;
+    const int kind = Event_Kind(event);
+    const bool inside = Pointer_Inside(*this);
+    if (kind == EVENT_TEST) return inside;
+    if (Has_Bar(*this) && Scroll_Bar.Select(kind)) {
+        if (Any_Button_Held()) {
+            Canvas canvas(*this);
+            Scroll_Bar.Val = Scroll_Bar.Read();
+            Scroll_Bar.Adjust();
+            if (Truncate(double{Scroll_Bar.Val}) != Origin) Update();
+        }
+        return 0;
+    }
+    if (!inside && All_Left) return 0;
+    const Area inner = Inner_Area(*this, Purpose::Events, Title_Height);
+    int result = 0;
+    for (int i = Shown_First; i < Shown_First + Shown_Count; ++i) {
+        Buttons& item = *Item[i];
+        if (!item.Shown || !Stands_In(item, inner)) continue;
+        if (inside ? item.Select(kind) != 0 : item.Hover != Hover_Normal && item.Select(kind) != 0)
+            result = 1;
+    }
+    if (!inside) {
+        for (int i = 0; i < Nb_Item; ++i)
+            Item[i]->Hover = Hover_Normal;
+        result = 0;
+    }
+    All_Left = !inside;
+    return result;
+}
+
+int Lists::Read() {
+    Check(*this, "List::Read");
+    POINT pointer{};
+    if (!Has_Size(*this) || Has_Flag(*this, FLAG_PASSIVE) || Nb_Item == 0) return -1;
+    if (!Find_Pointer(Window, pointer) || !PtInRect(&Rect, pointer)) return -1;
+    // An item under the pointer begins at most its own size before it.
+    const Area before{pointer.x - Item[0]->Width, pointer.x, pointer.y - Item[0]->Height, pointer.y};
+    const Run run = Items_In(*this, Origin, before);
+    for (int i = run.first; i < run.first + run.count; ++i) {
+        Place_Item(*this, Origin, i);
+        const Buttons& item = *Item[i];
+        if (Has_Flag(item, FLAG_PASSIVE)) continue;
+        const Area area = Area_Of(item);
+        if (area.Holds({pointer.x, pointer.x, pointer.y, pointer.y})) return i;
+    }
+    return -1;
+}
+
+void Lists::Scroll(int amount) {
+    Check(*this, "Lists::Scroll");
+    if (!Has_Size(*this) || Has_Flag(*this, FLAG_PASSIVE) || !Pointer_Inside(*this) || !Has_Bar(*this))
+        return;
+    Canvas canvas(*this);
+    Scroll_Bar.Scroll(amount);
+    if (Truncate(double{Scroll_Bar.Val}) != Origin) Update();
+}
+
+void Lists::Deselect() {
+    if (State == 0 || !Has_Size(*this) || Never_Highlights(*this)) return;
+    if (Has_Bar(*this)) Scroll_Bar.Deselect();
+    for (int i = Shown_First; i < Shown_First + Shown_Count; ++i) {
+        if (Item[i]->Shown) Item[i]->Deselect();
+    }
+}
+
+/// Marks an item or takes the mark away, with the repaint that it needs. No item has an index out of range.
+void Lists::Mark(int index, short value) {
+    if (index < 0 || index >= Nb_Item) return;
+    Buttons& item = *Item[index];
+    item.Value = value;
+    if (Has_Flag(*this, FLAG_NO_BODY) || !item.Shown) return;
+    Place_Item(*this, Origin, index);
+    item.Adjust();
+}
+
+void Lists::Adjust() {
+    Check(*this, "List::Adjust");
+    if (!Has_Size(*this) || Current == Last_Current || Has_Flag(*this, FLAG_PASSIVE)) return;
+    Mark(Last_Current, 0);
+    Mark(Current, 1);
+    Last_Current = Current;
+}

@@ -1,0 +1,301 @@
+#include "widgets/selector.h"
+
+#include <algorithm>
+
+#include "tools/context.h"
+#include "tools/dimensions.h"
+#include "tools/font.h"
+#include "tools/sharing.h"
+#include "widgets/items.h"
+
+using namespace galdren;
+
+namespace {
+
+constexpr Grow_Place Grow_In_Selector{".\\select.cpp", 218, 215};
+
+bool Is_Column(const Selects& selector) { return Has_Flag(selector, FLAG_VERTICAL); }
+
+/// Between the outer edge, the value area and the item.
+int Margin_Of(const Selects& selector) { return std::max(Frame_Width(selector) + 2, 4); }
+
+Area Value_Area(const Selects& selector) { return Area_Of(selector.Value_Box); }
+
+Buttons& Shown_Item(const Selects& selector) { return *selector.Item[selector.Current]; }
+
+bool Is_Skipped(const Selects& selector) { return Has_Flag(Shown_Item(selector), FLAG_PASSIVE); }
+
+void Place_In(Tools& part, const Area& area) {
+    part.X = Low_16(area.left);
+    part.Y = Low_16(area.bottom);
+    part.Width = Low_16(std::max(area.right - area.left, 0));
+    part.Height = Low_16(std::max(area.top - area.bottom, 0));
+}
+
+void Init_Frame(Selects& selector) {
+    constexpr unsigned long Kept_Flags = 0x7771;
+    Boxs& frame = selector.Frame;
+    Place_In(frame, Area_Of(selector));
+    frame.Color = selector.Color;
+    frame.Border = selector.Border;
+    frame.Font_Name = selector.Font_Name;
+    frame.Font_Weight = selector.Font_Weight;
+    frame.Font_Size = selector.Font_Size;
+    frame.Flag = (selector.Flag & Kept_Flags) | FLAG_PASSIVE;
+    Copy_Clip(frame, selector);
+    frame.Init(selector.Window);
+}
+
+/// What the caption leaves for arrows and item: all but a strip at its side, or above.
+Area Room_Beside_Caption(const Selects& selector) {
+    const int margin = Margin_Of(selector);
+    Area room = Area_Of(selector).Inset(margin);
+    if (selector.Value_Width != 0) {
+        room.right -= margin;
+        room.left = room.right - selector.Value_Width;
+    } else if (selector.Name) {
+        const Canvas surface(selector);
+        const int width = Text_Width(selector.Font, selector.Name);
+        if (Has_Flag(selector, FLAG_TEXT_LEFT)) {
+            room.left += width + margin;
+        } else if (Has_Flag(selector, FLAG_TEXT_RIGHT)) {
+            room.right -= width + margin;
+        } else {
+            room.top -= Text_Height(selector.Font);
+        }
+    }
+    return room;
+}
+
+/// Between the arrows.
+Area Item_Area(const Selects& selector) {
+    Area area = Value_Area(selector);
+    const int margin = selector.Arrow_Size + Margin_Of(selector);
+    if (Is_Column(selector)) {
+        area.bottom += margin;
+        area.top -= margin;
+    } else {
+        area.left += margin;
+        area.right -= margin;
+    }
+    return area;
+}
+
+void Init_Items(Selects& selector) {
+    const Area area = Item_Area(selector);
+    const unsigned long flags =
+        FLAG_NO_RIM | (Has_Flag(selector, FLAG_STATIC) ? Inherited_Flags(selector) : 0);
+    for (int i = 0; i < selector.Nb_Item; ++i) {
+        Buttons& item = *selector.Item[i];
+        item.Flag |= flags;
+        item.Border = 1;
+        item.Value = 1;
+        Place_In(item, area);
+        Copy_Clip(item, selector);
+        Copy_Font(item, selector);
+        item.Init(selector.Window);
+    }
+}
+
+void Note_Items(Selects& selector) { selector.Nb_Item = Low_16(Count_Items(selector.Item)); }
+
+void Hold_In_Range(Selects& selector) {
+    if (selector.Current < 0 || selector.Current >= selector.Nb_Item) selector.Current = 0;
+}
+
+void Step_Once(Selects& selector, int step) {
+    const int next = selector.Current + step;
+    const int last = selector.Nb_Item - 1;
+    selector.Current = Low_16(next < 0 ? last : next > last ? 0 : next);
+}
+
+/// Steps to the next item that is not to be skipped; after one pass it stays where it is.
+void Step(Selects& selector, int step) {
+    for (int tries = 0; tries < selector.Nb_Item; ++tries) {
+        Step_Once(selector, step);
+        if (!Is_Skipped(selector)) return;
+    }
+}
+
+/// Has `Current` stand on an item that may be shown, as far as there is one.
+void Settle(Selects& selector) {
+    Hold_In_Range(selector);
+    if (selector.Nb_Item > 0 && Is_Skipped(selector)) Step(selector, 1);
+}
+
+void Press_Arrows(Selects& selector) {
+    POINT position{};
+    if (!Find_Pointer(selector.Window, position)) return;
+    const bool column = Is_Column(selector);
+    const Boxs& value = selector.Value_Box;
+    const int distance = column ? position.y - value.Y : position.x - value.X;
+    const int forwards = column ? -1 : 1;
+    if (distance < selector.Arrow_Size) {
+        Step(selector, -forwards);
+    } else if (distance > (column ? value.Height : value.Width) - selector.Arrow_Size) {
+        Step(selector, forwards);
+    }
+}
+
+void Paint_Inside(Canvas& canvas, const Selects& selector, bool highlighted) {
+    const Boxs& frame = selector.Frame;
+    const unsigned long* body = highlighted ? frame.Cur_Graph_Select : frame.Cur_Graph_Normal;
+    Paint_Body(canvas, selector, highlighted, body, frame.Flag, Frame_Width(selector) + 1, Area_Of(selector));
+}
+
+/// What the value area takes of the caption's room, its frame included.
+int Value_Room(const Selects& selector) {
+    return selector.Value_Box.Width + 2 * Frame_Width(selector.Frame) + 2;
+}
+
+void Paint_Name(Canvas& canvas, const Selects& selector) {
+    Area area = Area_Of(selector);
+    if (Has_Flag(selector, FLAG_TEXT_RIGHT)) area.right -= Value_Room(selector);
+    unsigned long flags = selector.Flag & ~FLAG_VERTICAL;
+    if (!Has_Flag(selector, FLAG_TEXT_MIDDLE | FLAG_TEXT_BOTTOM)) flags |= FLAG_TEXT_TOP;
+    Paint_Caption(canvas, selector.Font, selector.Name, flags, area, selector.Border);
+}
+
+void Paint_Arrows(Canvas& canvas, const Selects& selector) {
+    const bool column = Is_Column(selector);
+    const Area area = Value_Area(selector);
+    Paint_Arrow(canvas, column ? ARROW_DOWN : ARROW_LEFT, 0, selector.Arrow_Size, area);
+    Paint_Arrow(canvas, column ? ARROW_UP : ARROW_RIGHT, 0, selector.Arrow_Size, area);
+}
+
+/// An outline, the caption and the item as an outline; no arrows.
+void Paint_Thin(Canvas& canvas, const Selects& selector) {
+    Area caption = Area_Of(selector);
+    Paint_Outline(canvas, caption);
+    // The width is compared with the placement bit itself; existing windows are laid out for that.
+    const unsigned long right = selector.Flag & FLAG_TEXT_RIGHT;
+    const bool has_room = static_cast<unsigned long>(selector.Width) != right;
+    const int inner = selector.Value_Box.Width - 2 * Frame_Width(selector.Frame) - 2;
+    caption.right = caption.left + (has_room ? inner : 0);
+    Paint_Caption(canvas, selector.Font, selector.Name, selector.Flag, caption, selector.Border);
+    if (selector.Nb_Item == 0) return;
+    Buttons& item = Shown_Item(selector);
+    item.Flag |= FLAG_OUTLINE;
+    item.Draw();
+    item.Flag &= ~FLAG_OUTLINE;
+}
+
+}  // namespace
+
+Selects::Selects() = default;
+
+Selects::Selects(const Selects& other)
+    : Tools(other),
+      Current(other.Current),
+      Arrow_Size(other.Arrow_Size),
+      Value_Width(other.Value_Width),
+      Item(other.Item),
+      Nb_Item(other.Nb_Item),
+      Hover(other.Hover),
+      Last_Current(other.Last_Current),
+      Frame(other.Frame),
+      Value_Box(other.Value_Box) {
+    Share(Thing::Array, Item);
+}
+
+Selects& Selects::operator=(const Selects& other) { return Reassign(*this, other); }
+
+Selects::~Selects() { Release_Items(Item); }
+
+int Selects::Grow(int count, int flags) {
+    const int grown = Grow_Items(*this, Item, count, Flags_For_New(*this, flags), Grow_In_Selector);
+    Note_Items(*this);
+    return grown;
+}
+
+void Selects::Init(HWND window) {
+    if (!Begin_Init(*this, window, "Selects::Init")) return;
+    Default_Grey(*this);
+    Bind(*this, window);
+    Renew_Font(*this);
+    Init_Frame(*this);
+    if (Arrow_Size == 0) {
+        const int across = Is_Column(*this) ? Width : Height;
+        const int along = Is_Column(*this) ? Height : Width;
+        Arrow_Size = Low_16(std::min(across, along / 2 - CURSEUR));
+    }
+    Place_In(Value_Box, Room_Beside_Caption(*this));
+    Copy_Clip(Value_Box, *this);
+    Note_Items(*this);
+    Hold_In_Range(*this);
+    Last_Current = Current;
+    if (Nb_Item == 0) return;
+    Init_Items(*this);
+    Note_Size(*this);
+}
+
+void Selects::Draw() {
+    Check(*this, "Selects::Draw");
+    if (!Has_Size(*this)) return;
+    Settle(*this);
+    Last_Current = Current;
+    Canvas canvas(*this);
+    if (Has_Flag(*this, FLAG_OUTLINE)) {
+        Paint_Thin(canvas, *this);
+    } else if (!Has_Flag(*this, FLAG_NO_BODY)) {
+        if (!Has_Flag(*this, SELECTOR_NO_FRAME)) Frame.Draw();
+        Update();
+    }
+}
+
+int Selects::Select(int event) {
+    Check(*this, "Selects::Select");
+    if (!Has_Size(*this)) return 0;
+    const bool inside = Pointer_Inside(*this);
+    if (Event_Kind(event) == EVENT_TEST) return inside;
+    if (Has_Flag(*this, FLAG_PASSIVE)) return 0;
+    if (inside && Event_Kind(event) == EVENT_PRESS) Press_Arrows(*this);
+    if (Hover_Changes(*this, Hover, inside)) {
+        Canvas canvas(*this);
+        Paint_Inside(canvas, *this, inside);
+        Update();
+    }
+    return inside;
+}
+
+int Selects::Read() {
+    Check(*this, "Selects::Read");
+    return Has_Size(*this) && !Has_Flag(*this, FLAG_PASSIVE) ? Current : -1;
+}
+
+int Selects::Scroll(short amount) {
+    Check(*this, "Selects::Scroll");
+    if (!Has_Size(*this) || Has_Flag(*this, FLAG_PASSIVE)) return Current;
+    if (Nb_Item == 0) return 0;
+    Step(*this, -amount);
+    Update();
+    return Current;
+}
+
+void Selects::Adjust() {
+    Check(*this, "Selects::Adjust");
+    if (!Has_Size(*this)) return;
+    Settle(*this);
+    if (Current == Last_Current || Has_Flag(*this, FLAG_PASSIVE)) return;
+    Last_Current = Current;
+    if (!Has_Flag(*this, FLAG_NO_BODY)) Update();
+}
+
+void Selects::Deselect() {
+    if (State == 0 || !Has_Size(*this) || Never_Highlights(*this)) return;
+    if (Hover != Hover_Highlighted) {
+        Hover = Hover_Unknown;
+        return;
+    }
+    Canvas canvas(*this);
+    Paint_Inside(canvas, *this, false);
+    Update();
+}
+
+void Selects::Update() {
+    Hold_In_Range(*this);
+    Canvas canvas(*this);
+    Paint_Name(canvas, *this);
+    Paint_Arrows(canvas, *this);
+    if (Nb_Item > 0) Shown_Item(*this).Draw();
+}
