@@ -35,10 +35,11 @@ HWND Window_Of(DWORD process) {
     return search.found;
 }
 
-void Send_Mouse(DWORD flags) {
+void Send_Mouse(DWORD flags, int data = 0) {
     INPUT input{};
     input.type = INPUT_MOUSE;
     input.mi.dwFlags = flags;
+    input.mi.mouseData = static_cast<DWORD>(data);
     SendInput(1, &input, sizeof input);
 }
 
@@ -167,6 +168,8 @@ bool Gallery::Point_At(const std::string& control) {
 void Gallery::Press() const { Send_Mouse(MOUSEEVENTF_LEFTDOWN); }
 
 void Gallery::Release() const { Send_Mouse(MOUSEEVENTF_LEFTUP); }
+
+void Gallery::Turn_Wheel(int steps) const { Send_Mouse(MOUSEEVENTF_WHEEL, steps * WHEEL_DELTA); }
 
 bool Gallery::Click(const std::string& control, const std::string& answer) {
     if (!Point_At(control)) return false;

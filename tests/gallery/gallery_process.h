@@ -49,6 +49,8 @@ class Gallery {
     bool Point_At(const std::string& control);
     void Press() const;
     void Release() const;
+    /// Turns the wheel, away from the user when positive.
+    void Turn_Wheel(int steps) const;
     /// Points at a control, presses and releases, and waits until the gallery says `answer`.
     bool Click(const std::string& control, const std::string& answer);
     void Resize(int width, int height) const;

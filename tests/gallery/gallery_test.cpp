@@ -108,6 +108,34 @@ TEST(Gallery_Test, Only_Reacting_Boxes_Light_Up) {
     EXPECT_EQ(gallery.Close(), 0u);
 }
 
+TEST(Gallery_Test, Bars_Follow_Drag_And_Wheel) {
+    Gallery gallery("sliders");
+    const char keeper[] = "Drag keeps the grab";
+    const POINT far_left = gallery.Place_Of(keeper, -20, 90), far_right = gallery.Place_Of(keeper, 400, -70);
+    const POINT first_thumb = gallery.Place_Of(keeper, 10, 12);
+    ASSERT_TRUE(gallery.Point_At(keeper));
+    gallery.Move_To(gallery.Place_Of(keeper, 40, 12));
+    gallery.Press();
+    EXPECT_TRUE(gallery.Says("press \"Drag keeps the grab\": Val 11.68"));
+    gallery.Move_To(far_right);
+    EXPECT_TRUE(gallery.Says("drag \"Drag keeps the grab\": Val 100"));
+    gallery.Move_To(far_left);
+    EXPECT_TRUE(gallery.Says("drag \"Drag keeps the grab\": Val 0"));
+    EXPECT_TRUE(Shows(first_thumb, 0x6E6E6E));
+    gallery.Release();
+    ASSERT_TRUE(gallery.Point_At("Reversed"));
+    gallery.Turn_Wheel(2);
+    EXPECT_TRUE(gallery.Says("wheel \"Reversed\": Val 42"));
+    gallery.Turn_Wheel(-1);
+    EXPECT_TRUE(gallery.Says("wheel \"Reversed\": Val 41"));
+    ASSERT_TRUE(gallery.Point_At("Plain"));
+    gallery.Move_To(gallery.Place_Of("Plain", 5, 8));
+    gallery.Press();
+    EXPECT_TRUE(gallery.Says("press \"Plain\": Val 39"));
+    gallery.Release();
+    EXPECT_EQ(gallery.Close(), 0u);
+}
+
 TEST(Gallery_Test, Pages_Change_And_Keep_Their_State) {
     Gallery gallery("buttons");
     EXPECT_TRUE(gallery.Click("Lamp on", "press \"Lamp on\": Lamp 0"));
@@ -123,10 +151,10 @@ TEST(Gallery_Test, Resized_Window_Moves_The_Page) {
     const POINT corner = gallery.Place_Of("Plain", 0, 0);
     const unsigned ground = Screen_Color(gallery.Place_Of("Plain", -10, 0));
     EXPECT_TRUE(Shows(lamp, 0xFF0000));
-    gallery.Resize(900, 680);
+    gallery.Resize(900, 700);
     EXPECT_TRUE(Shows({lamp.x + 50, lamp.y}, 0xFF0000)) << "at the top, centred";
     EXPECT_TRUE(Shows(corner, ground)) << "nothing is left behind";
-    gallery.Resize(800, 600);
+    gallery.Resize(800, 620);
     EXPECT_TRUE(Shows(lamp, 0xFF0000));
     EXPECT_TRUE(gallery.Click("Red", "press \"Red\": Lamp 0"));
     EXPECT_EQ(gallery.Close(), 0u);
@@ -163,9 +191,9 @@ TEST(Gallery_Test, Writes_Pictures) {
         std::ifstream file(path, std::ios::binary);
         std::string head(24, '\0');
         EXPECT_TRUE(file.read(head.data(), static_cast<std::streamsize>(head.size()))) << path;
-        // Signature, then the header chunk with width and height, highest byte first: 800 x 600.
+        // Signature, then the header chunk with width and height, highest byte first: 800 x 620.
         EXPECT_EQ(head.substr(0, 8), "\x89PNG\r\n\x1A\n");
-        EXPECT_EQ(head.substr(16), std::string("\0\0\x03\x20\0\0\x02\x58", 8));
+        EXPECT_EQ(head.substr(16), std::string("\0\0\x03\x20\0\0\x02\x6C", 8));
         file.close();
         DeleteFileA(path.c_str());
     }

@@ -1,0 +1,59 @@
+/// @file
+/// What the library asks of the system: calls, handles, reports.
+#pragma once
+
+#include <windows.h>
+
+#include <map>
+#include <string>
+
+namespace galdren_test {
+
+/// While it lives, counts the calls that Galdren_Tools makes to GDI, to USER and for memory, and lets one
+/// fail. The import table of the loaded library leads through it; the tests' own calls are not seen.
+class Call_Spy {
+  public:
+    Call_Spy();
+    ~Call_Spy();
+    Call_Spy(const Call_Spy&) = delete;
+    Call_Spy& operator=(const Call_Spy&) = delete;
+
+    /// Calls of `function` since the spy came or was reset; 0 when the library does not import it.
+    long long Count(const char* function) const;
+    void Reset();
+    /// Makes the call of `function` that comes after `passed` more answer 0 instead of doing its work.
+    void Fail(const char* function, int passed = 0);
+    /// Makes the allocation that comes after `passed` more fail.
+    void Fail_Allocation(int passed = 0);
+
+  private:
+    /// Laid out for the machine code in front of each function.
+    struct Entry {
+        volatile long long count;
+        long long failing;
+        ULONGLONG real;
+        ULONGLONG* slot;
+    };
+    void Lead_Through(const char* function, ULONGLONG* slot);
+
+    std::map<std::string, Entry, std::less<>> entries_;
+    BYTE* code_;
+    BYTE* free_code_;
+};
+
+/// Number of live GDI objects of this process.
+int Gdi_Objects();
+
+/// While it lives, takes the reports of both libraries, of every level.
+class Report_Catcher {
+  public:
+    Report_Catcher();
+    ~Report_Catcher();
+    Report_Catcher(const Report_Catcher&) = delete;
+    Report_Catcher& operator=(const Report_Catcher&) = delete;
+
+    /// The texts caught since the last call, joined by '|', each as "level:text".
+    std::string Take();
+};
+
+}  // namespace galdren_test

@@ -1,0 +1,72 @@
+/// @file
+/// A window to paint in, and pictures read from it.
+#pragma once
+
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <cstdint>
+#include <vector>
+
+namespace galdren_test {
+
+/// A rectangle in logical pixels, y upward; all four edges belong to it.
+struct Area {
+    int left, right, bottom, top;
+    bool operator==(const Area&) const = default;
+    friend void PrintTo(const Area& area, std::ostream* out);
+};
+
+constexpr Area Nothing{0, -1, 0, -1};
+constexpr std::uint32_t Loud = 0xFF00FE;  ///< 0xRRGGBB; no control paints in this colour
+
+/// The pixels of a client area as 0xRRGGBB.
+class Picture {
+  public:
+    /// Reads what `window` shows.
+    explicit Picture(HWND window);
+    /// The pixel at logical (x, y): y is 0 in the bottom row.
+    std::uint32_t At(int x, int y) const;
+    /// Smallest area that holds every pixel that is not loud.
+    Area Painted() const;
+    /// Passes when both are equal; otherwise tells where they differ first and how often.
+    friend testing::AssertionResult Same(const Picture& got, const Picture& wanted);
+
+  private:
+    int width_, height_;
+    std::vector<std::uint32_t> pixels_;
+};
+
+/// A visible window of a wanted client size. It never takes the focus, so that it does not disturb tests of
+/// real input that run beside.
+class Test_Window {
+  public:
+    explicit Test_Window(int width, int height, UINT class_style = 0);
+    ~Test_Window() { Close(); }
+    Test_Window(const Test_Window&) = delete;
+    Test_Window& operator=(const Test_Window&) = delete;
+
+    operator HWND() const { return window_; }
+    void Resize(int width, int height);
+    void Close();
+    /// Paints the whole client area loud.
+    void Refill();
+    /// What the window shows when `paint` ran on a loud one.
+    template <class Paint>
+    Picture After(Paint paint) {
+        Refill();
+        paint();
+        return Picture(window_);
+    }
+    template <class Paint>
+    Area Changed(Paint paint) {
+        return After(paint).Painted();
+    }
+    /// Puts the pointer position that the controls read over logical (x, y) of this window.
+    void Point_At(int x, int y) const;
+
+  private:
+    HWND window_;
+};
+
+}  // namespace galdren_test

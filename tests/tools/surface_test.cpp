@@ -1,0 +1,238 @@
+#include <atomic>
+#include <thread>
+
+#include "Galdren_Tools.h"
+#include "tests/support/spy.h"
+#include "tests/support/window.h"
+
+using namespace galdren_test;
+
+namespace {
+
+/// Fills `area` of `window` in red, in a pair of its own.
+void Paint(HWND window, const Area& area) {
+    Begin_Draw(window, nullptr);
+    Current_Color = 0xFF;
+    Draw_Box(area.left, area.top, area.right + 1, area.bottom - 1);
+    End_Draw();
+}
+
+void Expect_Nothing_Taken() {
+    EXPECT_EQ(Z_DC, nullptr);
+    EXPECT_EQ(Z_Window, nullptr);
+    bool free = false;
+    std::thread([&free] {
+        free = TryEnterCriticalSection(&Critical);
+        if (free) LeaveCriticalSection(&Critical);
+    }).join();
+    EXPECT_TRUE(free) << "the lock is still held";
+}
+
+/// A box and a button, the pointer on the button.
+struct Controls {
+    explicit Controls(const Test_Window& window) {
+        box.X = 10, box.Y = 10, box.Width = 120, box.Height = 80, box.Name = "Box", box.Flag = FLAG_VERTICAL;
+        button.X = 150, button.Y = 20, button.Width = 100, button.Height = 25, button.Name = "But\tton";
+        box.Font_Size = button.Font_Size = 10;
+        box.Init(window), button.Init(window);
+        window.Point_At(160, 30);
+    }
+    void Draw() { box.Draw(), button.Draw(); }
+    Boxs box;
+    Buttons button;
+};
+
+}  // namespace
+
+// Has to be the first test of this program: it needs a library that has not drawn yet.
+TEST(Surface, Two_Threads_May_Draw_First) {
+    ASSERT_EQ(Critical_Flag, 0) << "run this test alone";
+    Test_Window windows[2] = {Test_Window(60, 40), Test_Window(60, 40)};
+    std::atomic<int> ready = 0;
+    int overlaps = 0;
+    const auto draw = [&](HWND window) {
+        for (++ready; ready < 2;) {
+        }
+        for (int i = 0; i < 300; ++i) {
+            Begin_Draw(window, nullptr);
+            overlaps += Z_Window != window;
+            Paint(window, {10, 29, 11, 20});
+            overlaps += Z_Window != window;
+            End_Draw();
+        }
+    };
+    std::thread other(draw, HWND{windows[0]});
+    draw(windows[1]);
+    other.join();
+    EXPECT_EQ(overlaps, 0);
+    EXPECT_EQ(Critical_Flag, 1);
+    for (const Test_Window& window : windows)
+        EXPECT_EQ(Picture(window).Painted(), (Area{10, 29, 11, 20}));
+    Expect_Nothing_Taken();
+}
+
+TEST(Surface, One_Unit_Is_One_Pixel_From_The_Bottom_Left) {
+    for (const int w : {1, 240, 799, 800, 1100}) {
+        const int h = w / 4 + 1;
+        Test_Window window(w, h);
+        for (const POINT p : {POINT{0, 0}, POINT{w - 1, h - 1}, POINT{w - 1, 0}, POINT{w / 2, h / 3}}) {
+            const Area pixel{p.x, p.x, p.y, p.y};
+            EXPECT_EQ(window.Changed([&] { Paint(window, pixel); }), pixel) << w << " x " << h;
+        }
+        Boxs box;
+        box.X = static_cast<short>(w - 31), box.Y = 2, box.Width = 20, box.Height = 10;
+        box.Init(window);
+        for (int x = w - 33; x < w; ++x) {
+            window.Point_At(x, 7);
+            EXPECT_EQ(box.Select(EVENT_TEST), x >= w - 31 && x <= w - 11) << x << " of " << w;
+        }
+        for (int y = 0; y < 15; ++y) {
+            window.Point_At(w - 20, y);
+            EXPECT_EQ(box.Select(EVENT_TEST), y >= 2 && y <= 12) << y << " of " << h;
+        }
+    }
+}
+
+TEST(Surface, Pairs_Nest) {
+    Test_Window outer(100, 50), inner(80, 30);
+    Call_Spy spy;
+    const Area painted = outer.Changed([&] {
+        Begin_Draw(outer, nullptr);
+        HDC context = Z_DC;
+        Paint(outer, {1, 2, 3, 4});
+        EXPECT_EQ(Z_DC, context);
+        Begin_Draw(inner, nullptr);
+        EXPECT_EQ(WindowFromDC(Z_DC), inner);
+        Paint(outer, {1, 2, 3, 4});
+        Paint(nullptr, {0, 9, 0, 9});
+        EXPECT_EQ(Z_Window, inner);
+        Draw_Box(5, 8, 6, 7);
+        End_Draw();
+        EXPECT_EQ(Z_DC, context);
+        EXPECT_EQ(Z_Window, outer);
+        Draw_Box(97, 49, 100, 47);
+        End_Draw();
+    });
+    EXPECT_EQ(painted, (Area{1, 99, 3, 49}));
+    EXPECT_EQ(Picture(inner).Painted(), (Area{5, 5, 8, 8}));
+    EXPECT_GT(spy.Count("GetDC"), 1);
+    EXPECT_EQ(spy.Count("GetDC"), spy.Count("ReleaseDC"));
+    Expect_Nothing_Taken();
+}
+
+TEST(Surface, Tolerates_Missing_Windows_And_Ends) {
+    Test_Window window(50, 50), empty(50, 50), gone(50, 50);
+    HWND destroyed = gone;
+    gone.Close();
+    empty.Resize(0, 0);
+    for (int i = 0; i < 3; ++i)
+        End_Draw(), End_Batch();
+    for (HWND bad : {HWND{}, destroyed, HWND{empty}}) {
+        const Area painted = window.Changed([bad] {
+            Begin_Draw(bad, nullptr);
+            Clip_Rect(0, 0, 9, 9);
+            Draw_Line(9, 9, 1), Draw_Frame(0, 0, 9, 9), Draw_Box(0, 9, 9, 0);
+            Text_Tabbed(nullptr, 0, 0, "text"), Text_Width(nullptr, "text"), Text_Height(nullptr);
+            Clip_Reset();
+            End_Draw();
+            Begin_Batch(bad);
+            Paint(bad, {0, 9, 0, 9});
+            End_Batch();
+        });
+        EXPECT_EQ(painted, Nothing);
+        Expect_Nothing_Taken();
+    }
+    Begin_Draw(window, nullptr);
+    window.Close();
+    Draw_Box(0, 9, 9, 0);
+    End_Draw();
+    Expect_Nothing_Taken();
+}
+
+TEST(Surface, Clips_To_A_Rectangle_Until_Reset) {
+    for (const int w : {240, 800, 1100}) {
+        Test_Window window(w, 90);
+        const Area all{0, w - 1, 0, 89};
+        const auto clipped = [&](int x, int y, int width, int height, bool reset) {
+            return window.Changed([&] {
+                Begin_Draw(window, nullptr);
+                Clip_Rect(1, 1, 2, 2);  // the next clip takes its place
+                Clip_Rect(x, y, width, height);
+                if (reset) Clip_Reset();
+                Paint(window, all);
+                End_Draw();
+            });
+        };
+        EXPECT_EQ(clipped(w - 30, 20, 10, 5, false), (Area{w - 30, w - 21, 21, 25}));
+        EXPECT_EQ(clipped(5, 5, 0, 10, false), Nothing);
+        EXPECT_EQ(clipped(5, 5, 0, 10, true), all);
+        EXPECT_EQ(window.Changed([&] { Paint(window, all); }), all) << "a clip outlives its pair";
+    }
+}
+
+TEST(Surface, May_Keep_Its_Context) {
+    Test_Window plain(300, 120), own(300, 120, CS_OWNDC);
+    Controls wanted(plain);
+    const Picture picture = plain.After([&] { wanted.Draw(); });
+    Controls controls(own);
+    EXPECT_TRUE(Same(own.After([&] { controls.Draw(); }), picture));
+    Paint(own, {0, 9, 0, 9});
+    EXPECT_TRUE(Same(own.After([&] { controls.Draw(); }), picture)) << "after the application drew";
+}
+
+TEST(Batch, Reaches_The_Window_At_Its_End_And_Equals_Plain_Painting) {
+    Test_Window window(300, 120), other(60, 60);
+    Controls controls(window);
+    const auto all = [&] {
+        controls.Draw();
+        Begin_Draw(window, nullptr);  // the application finds the context as the system makes it
+        TextOutA(Z_DC, 5, 115, "Text", 4);
+        End_Draw();
+    };
+    const Picture plain = window.After(all);
+    const auto batch = [&] {
+        other.Refill();
+        Begin_Batch(window);
+        all();
+        Begin_Batch(other);  // another window's batch ends on its own
+        Paint(other, {0, 9, 0, 9});
+        EXPECT_EQ(Picture(other).Painted(), Nothing);
+        End_Batch();
+        EXPECT_EQ(Picture(other).Painted(), (Area{0, 9, 0, 9}));
+        Begin_Batch(window);
+        controls.button.Adjust();
+        End_Batch();
+        EXPECT_EQ(Picture(window).Painted(), Nothing);
+        End_Batch();
+        Expect_Nothing_Taken();
+    };
+    EXPECT_TRUE(Same(window.After(batch), plain));
+    EXPECT_TRUE(Same(window.After(batch), plain)) << "second batch";
+}
+
+TEST(Batch, Follows_The_Window_And_Survives_It) {
+    Test_Window window(100, 80), beside(240, 200);
+    for (const SIZE size : {SIZE{100, 80}, SIZE{220, 160}, SIZE{60, 40}, SIZE{221, 40}}) {
+        const int right = size.cx - 1, top = size.cy - 1;
+        window.Resize(size.cx, size.cy);
+        for (const Area& area : {Area{0, right, 0, top}, Area{right, right, top, top}}) {
+            const Area painted = window.Changed([&] {
+                Begin_Batch(window);
+                Paint(window, area);
+                End_Batch();
+            });
+            EXPECT_EQ(painted, area);
+        }
+    }
+    const Area painted = beside.Changed([&] {
+        Begin_Batch(window);
+        Begin_Draw(window, nullptr);
+        HWND gone = window;
+        window.Close();
+        Paint(gone, {0, 9, 0, 9});
+        End_Draw();
+        End_Batch();
+    });
+    EXPECT_EQ(painted, Nothing);
+    Expect_Nothing_Taken();
+}

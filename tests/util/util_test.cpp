@@ -1,0 +1,53 @@
+#include "Galdren_Util.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "tests/support/spy.h"
+
+using galdren_test::Report_Catcher;
+
+TEST(Error_Fct, Filters_Strips_And_Cuts) {
+    Report_Catcher reports;
+    Error_Set_Level(7);
+    Error_Fct(nullptr, 7, "%s %d", "\xF1\x42kept\xF1\xF1 \x02once\x01", 1);
+    Error_Fct(nullptr, 8, "dropped");
+    Error_Fct(nullptr, -1, nullptr);
+    EXPECT_EQ(reports.Take(), "7:kept once 1");
+    EXPECT_EQ(Error_Set_Level(11), 7);
+    Error_Fct(nullptr, 1, "its code is missing\xF1");
+    EXPECT_EQ(reports.Take(), "1:its code is missing");
+    const std::string longest(2047, 'x');
+    for (const std::size_t length : {2047U, 2048U, 100000U}) {
+        Error_Fct(nullptr, 1, "%s", std::string(length, 'x').c_str());
+        EXPECT_EQ(reports.Take().substr(2), longest);
+    }
+}
+
+TEST(Color_Space, Knows_The_Corners_And_Comes_Back) {
+    constexpr float Third = 1.0F / 3.0F;
+    const float table[][6] = {{0, 0, 0, 0, 0, 0},
+                              {1, 1, 1, 0, 1, 0},
+                              {1, 0, 0, 0, 0.5F, 1},
+                              {0, 1, 0, Third, 0.5F, 1},
+                              {0, 0, 1, 2 * Third, 0.5F, 1},
+                              {1, 0, 1, 2.5F * Third, 0.5F, 1},
+                              {0.5F, 0.25F, 0.25F, 0, 0.375F, Third}};
+    for (const auto& row : table) {
+        float hls[3];
+        RGB_to_HLS(row[0], row[1], row[2], &hls[0], &hls[1], &hls[2]);
+        for (int i = 0; i < 3; ++i)
+            EXPECT_NEAR(hls[i], row[3 + i], 1e-6F) << &row - table << ", " << i;
+    }
+    for (int color = 0; color < 1 << 24; color += 4093) {
+        float h, l, s, back[3];
+        const float rgb[] = {static_cast<float>(color & 255) / 255,
+                             static_cast<float>(color >> 8 & 255) / 255,
+                             static_cast<float>(color >> 16) / 255};
+        RGB_to_HLS(rgb[0], rgb[1], rgb[2], &h, &l, &s);
+        HLS_to_RGB(h + 1, l, s, &back[0], &back[1], &back[2]);
+        for (int i = 0; i < 3; ++i)
+            ASSERT_NEAR(back[i], rgb[i], 2e-6F) << std::hex << color;
+    }
+}

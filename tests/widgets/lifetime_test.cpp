@@ -1,0 +1,357 @@
+#include <algorithm>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "tests/support/painter.h"
+#include "tests/support/spy.h"
+#include "tests/support/window.h"
+
+using namespace galdren_test;
+
+namespace {
+
+template <class Control>
+void Fill_In(Control& control) {
+    control.X = 20, control.Y = 10, control.Width = 80, control.Height = 30;
+    control.Font_Name = "Arial", control.Font_Weight = "bold", control.Font_Size = 10;
+    control.Set_Name("%s", "Name");
+}
+
+/// Every member of every control that an application may call.
+void Use_Everything(HWND window, const char* name = "Name") {
+    const auto base = [](auto& control) {
+        control.Draw();
+        control.Clear();
+        control.Clear(Colors(1, 2, 3));
+        control.Cadre_Outline(0, 9, 0, 9);
+        control.Arrow(1, 2, 10, 0, 20, 0, 20);
+        control.Alloc_Graph_Normal(1), control.Alloc_Graph_Select(2);
+        control.Set_Name("%d", 5);
+        control.Set_Name("%d", 6);
+    };
+    const auto prepare = [&](auto& control, unsigned long flag) {
+        control.X = 20, control.Y = 10, control.Width = 80, control.Height = 30;
+        control.Flag = flag, control.Name = name, control.Font_Name = "Arial";
+        control.Init(window);
+    };
+    for (const unsigned long flag : {0x0UL, 0x10024UL, 0x300010UL, 0x302404UL}) {
+        Boxs box;
+        Buttons button;
+        Labels label;
+        const auto pointed = [&](auto& control) {
+            control.Font_Size = flag ? 11 : 0;
+            prepare(control, flag);
+            for (const int event : {0, 2 | 16, 4})
+                control.Select(event);
+            control.Deselect(), control.Adjust(), control.Read();
+            base(control);
+            control.Init(nullptr);
+            control.Draw();
+        };
+        pointed(box), pointed(button);
+        prepare(label, flag);
+        base(label);
+    }
+}
+
+}  // namespace
+
+TEST(Names, Belong_To_The_Control_Only_When_Set) {
+    Tools t;
+    EXPECT_EQ(t.Set_Name("%s-%d", "axis", 3), 1);
+    EXPECT_STREQ(t.Name, "axis-3");
+    EXPECT_EQ(t.State, STATE_OWNS_NAME);
+    EXPECT_EQ(t.Set_Name("%s", t.Name), 1);  // from itself
+    EXPECT_STREQ(t.Name, "axis-3");
+    for (const std::size_t length : {0U, 1023U, 1024U, 100000U}) {
+        EXPECT_EQ(t.Set_Name("%s", std::string(length, 'n').c_str()), 1);
+        EXPECT_EQ(t.Name, std::string(std::min<std::size_t>(length, 1023), 'n'));
+    }
+    EXPECT_EQ(t.Set_Name(nullptr), 0);
+    EXPECT_EQ(t.Name, nullptr);
+    EXPECT_EQ(t.State, 0);
+    for (const unsigned char state : {std::uint8_t{0}, std::uint8_t{STATE_READY}}) {
+        t.Name = "the application's";
+        t.State = state;
+        EXPECT_EQ(t.Set_Name(nullptr), 0);
+        EXPECT_EQ(t.Name == nullptr, state != 0);
+    }
+}
+
+TEST(Images, Are_Allocated_And_Freed_Once) {
+    Tools t;
+    EXPECT_EQ(t.Alloc_Graph_Normal(7), 1);  // nothing usable, no failure
+    t.Width = 10, t.Height = 4;
+    EXPECT_EQ(t.Alloc_Graph_Normal(0xFF00FF00), 1);
+    EXPECT_EQ(t.Alloc_Graph_Select(0x01020304), 1);
+    EXPECT_EQ(std::count(t.Graph_Normal, t.Graph_Normal + 40, 0xFF00FF00), 40);
+    EXPECT_EQ(std::count(t.Graph_Select, t.Graph_Select + 40, 0x01020304U), 40);
+    EXPECT_EQ(t.Free(new char[3]), nullptr);
+    EXPECT_EQ(t.Free(nullptr), nullptr);
+    Report_Catcher reports;
+    Call_Spy spy;
+    spy.Fail_Allocation();
+    EXPECT_EQ(t.Alloc_Graph_Normal(1), 0);
+    EXPECT_EQ(t.Graph_Normal, nullptr);
+    EXPECT_EQ(reports.Take(), "1:line 311  of .\\tools.cpp \nmemory error in new");
+    spy.Fail_Allocation();
+    EXPECT_EQ(t.Alloc_Graph_Select(1), 0);
+    EXPECT_EQ(reports.Take(), "1:line 336  of .\\tools.cpp \nmemory error in new");
+    spy.Fail_Allocation();
+    EXPECT_EQ(t.Set_Name("name"), 0);
+    EXPECT_EQ(reports.Take(), "1:line 451  of .\\tools.cpp \nmemory error in new");
+    EXPECT_EQ(t.Alloc_Graph_Normal(5), 1);
+    t.Graph_Select = t.Graph_Normal;  // one image for both states is one image to free
+}
+
+TEST(Init, Rebuilds_Only_What_Changed) {
+    Test_Window window(200, 80);
+    Boxs box;
+    Buttons button;
+    Fill_In(box), Fill_In(button);
+    box.Init(window), button.Init(window);
+    EXPECT_EQ(box.Color == Colors(170, 170, 170), 1);
+    struct Buffer {
+        unsigned long** of;
+        bool by_color;
+    };
+    const Buffer buffers[] = {{&box.Own_Graph_Normal, true},  {&box.Own_Graph_Select, false},
+                              {&button.Own_Normal_Up, true},  {&button.Own_Normal_Down, true},
+                              {&button.Own_Select_Up, false}, {&button.Own_Select_Down, false}};
+    // A mark in each buffer tells whether it was made again.
+    constexpr unsigned long Mark = 0x12345678;
+    const auto survivors = [&](const std::function<void()>& change) {
+        for (const Buffer& buffer : buffers)
+            (*buffer.of)[0] = Mark;
+        change();
+        box.Init(window), button.Init(window);
+        std::string kept;
+        for (const Buffer& buffer : buffers)
+            kept += (*buffer.of)[0] == Mark ? 'k' : '-';
+        return kept;
+    };
+    EXPECT_EQ(survivors([] {}), "kkkkkk");
+    EXPECT_EQ(survivors([&] { box.Flag |= FLAG_RAISED, box.X += 5, button.Value = 1, box.Font_Size = 14; }),
+              "kkkkkk");
+    EXPECT_EQ(survivors([&] { box.Set_Color(9, 8, 7), button.Set_Color(30, 8, 7); }), "-k--kk");
+    EXPECT_EQ(survivors([&] { box.Set_Color(0, 0, 0), button.Color = Colors(170, 170, 170); }), "-k--kk");
+    EXPECT_EQ(survivors([&] { box.Width++, button.Height++; }), "------");
+    box.Set_Color(30, 200, 100), button.Set_Color(30, 200, 100);
+    box.Init(window), button.Init(window);
+    const Colors wanted[] = {Colors(30, 200, 100), Colors(230, 100, 100), Colors(30, 200, 100),
+                             Colors(-10, 160, 60), Colors(230, 100, 100), Colors(190, 60, 60)};
+    for (int i = 0; i < 6; ++i) {
+        Tools& owner = i < 2 ? static_cast<Tools&>(box) : button;
+        const std::unique_ptr<unsigned long[]> body(owner.Inside_3D(wanted[i]));
+        const auto pixel = static_cast<std::size_t>(owner.Width * 15 + 9);
+        EXPECT_EQ((*buffers[i].of)[pixel], body[pixel]) << i;
+    }
+    EXPECT_EQ(button.Cur_Graph_Normal, button.Normal_Down);
+    Call_Spy spy;
+    box.Init(window), button.Init(window);
+    EXPECT_EQ(spy.Count("CreateFontIndirectA"), 0);
+}
+
+TEST(Init, Takes_The_Applications_Images) {
+    Test_Window window(200, 80);
+    const auto check = [&](auto control) {
+        Fill_In(control);
+        for (int round = 0; round < 3; ++round) {
+            delete[] control.Graph_Normal;  // the application replaces its image
+            control.Graph_Normal = new unsigned long[80 * 30];
+            std::fill_n(control.Graph_Normal, 80 * 30, 0x102030U + static_cast<unsigned>(round));
+            control.Init(window);
+            EXPECT_EQ(control.Cur_Graph_Normal, control.Graph_Normal);
+            EXPECT_NE(control.Cur_Graph_Select, nullptr);
+            EXPECT_EQ(window.After([&] { control.Draw(); }).At(30, 15),
+                      0x102030U + static_cast<unsigned>(round));
+        }
+    };
+    check(Boxs());
+    check(Buttons());
+}
+
+TEST(Copies, Share_And_Free_In_Any_Order) {
+    Test_Window window(200, 80);
+    const auto run = [&]<class Control>(Control*) {
+        int order[] = {0, 1, 2, 3};
+        do {
+            std::unique_ptr<Control> copies[4];
+            copies[0] = std::make_unique<Control>();
+            Fill_In(*copies[0]);
+            copies[0]->Alloc_Graph_Select(0x00405060);
+            copies[0]->Init(window);
+            copies[1] = std::make_unique<Control>(*copies[0]);
+            copies[2] = std::make_unique<Control>();
+            Fill_In(*copies[2]);
+            copies[2]->Init(window);
+            *copies[2] = *copies[1];
+            copies[3] = std::make_unique<Control>(*copies[2]);
+            Control& self = *copies[3];
+            *copies[3] = self;
+            EXPECT_EQ(copies[3]->Font, copies[0]->Font);
+            EXPECT_EQ(copies[3]->Region, copies[0]->Region);
+            EXPECT_EQ(copies[3]->Name, copies[0]->Name);
+            copies[1]->Width++, copies[1]->Font_Size++;
+            copies[1]->Set_Name("%s", "another");
+            copies[1]->Init(window);
+            for (const int victim : order) {
+                for (const auto& copy : copies) {
+                    if (!copy) continue;
+                    EXPECT_STREQ(copy->Name, copy == copies[1] ? "another" : "Name");
+                    copy->Draw();
+                }
+                copies[victim].reset();
+            }
+        } while (std::next_permutation(std::begin(order), std::end(order)));
+    };
+    const auto all = [&] {
+        run(static_cast<Boxs*>(nullptr)), run(static_cast<Buttons*>(nullptr)),
+            run(static_cast<Labels*>(nullptr));
+        Tools_Lib_Cleanup();
+    };
+    all();
+    const int before = Gdi_Objects();
+    all();
+    EXPECT_EQ(Gdi_Objects(), before);
+}
+
+TEST(Handles, Are_All_Given_Back) {
+    Test_Window window(300, 200);
+    const auto all = [&] {
+        Use_Everything(window);
+        Begin_Batch(window);
+        Use_Everything(window);
+        End_Batch();
+        Tools_Lib_Cleanup();
+    };
+    all();
+    const int before = Gdi_Objects();
+    Call_Spy spy;
+    for (int i = 0; i < 3; ++i)
+        all();
+    EXPECT_EQ(Gdi_Objects(), before);
+    EXPECT_GT(spy.Count("GetDC"), 0);
+    EXPECT_EQ(spy.Count("GetDC"), spy.Count("ReleaseDC"));
+    Boxs box;
+    Fill_In(box);
+    box.Init(window);
+    const int ready = Gdi_Objects();
+    for (short i = 0; i < 1000; ++i) {
+        box.X = i, box.Width = static_cast<short>(80 + i % 3), box.Font_Size = static_cast<short>(9 + i % 4);
+        box.Init(window);
+    }
+    EXPECT_LE(Gdi_Objects(), ready);
+}
+
+TEST(Odd_Sizes, Neither_Crash_Nor_Leave_The_Rectangle) {
+    Test_Window window(300, 200);
+    window.Point_At(21, 11);
+    for (const int width : {-32768, 0, 1, 7, 32767}) {
+        for (const int height : {-1, 1, 5, 40}) {
+            for (const int border : {0, 1, 30, 32767, -1, -32768}) {
+                SCOPED_TRACE(testing::Message() << width << " x " << height << ", border " << border);
+                const auto check = [&](auto control) {
+                    control.X = 20, control.Y = 10, control.Name = "Name", control.Flag = width & 0x4;
+                    control.Width = static_cast<short>(width), control.Height = static_cast<short>(height);
+                    control.Border = static_cast<short>(border);
+                    const bool there = width > 0 && height > 0;
+                    const Area painted = window.Changed([&] {
+                        control.Init(window);
+                        control.Draw();
+                        control.Adjust(), control.Deselect();
+                        EXPECT_EQ(control.Select(EVENT_MOVE), there);
+                    });
+                    EXPECT_EQ(painted != Nothing, there);
+                    if (there && border == 0 && height == 40 && width > 7) {
+                        EXPECT_EQ(painted, (Area{20, 299, 10, 50}));
+                    }
+                };
+                check(Boxs()), check(Buttons());
+            }
+        }
+    }
+}
+
+TEST(Odd_Captions, Do_Not_Leave_The_Rectangle) {
+    Test_Window window(300, 200);
+    const std::string texts[] = {std::string(128, '&'), std::string(129, '&'), std::string(100000, 'm'),
+                                 "a\nb\tc\r\n&&\x01\xFF", "%s%n"};
+    for (const std::string& text : texts) {
+        for (const unsigned long flag : {0x0UL, 0x2600UL, 0x4400UL}) {
+            Boxs box;
+            box.X = 20, box.Y = 10, box.Width = 80, box.Height = 30, box.Flag = flag, box.Name = text.c_str();
+            box.Font_Name = "No Such Face", box.Font_Size = 8;
+            box.Init(window);
+            EXPECT_EQ(window.Changed([&] { box.Draw(); }), (Area{20, 100, 10, 40}))
+                << text.substr(0, 9) << flag;
+        }
+        Use_Everything(window, text.c_str());
+    }
+}
+
+TEST(Failures, Of_The_Window_Are_Tolerated) {
+    Test_Window window(300, 200), beside(300, 200);
+    Boxs box;
+    Buttons button;
+    Labels label;
+    Fill_In(box), Fill_In(button), Fill_In(label);
+    box.Init(window), button.Init(window), label.Init(window);
+    window.Close();
+    const Area painted = beside.Changed([&] {
+        box.Draw(), button.Draw(), label.Draw();
+        button.Value = 1;
+        button.Adjust(), box.Adjust();
+        EXPECT_EQ(box.Select(EVENT_TEST) + button.Select(EVENT_MOVE), 0);
+    });
+    EXPECT_EQ(painted, Nothing);
+}
+
+TEST(Failures, Of_Memory_And_Handles_Are_Tolerated) {
+    Test_Window window(300, 200);
+    Report_Catcher reports;
+    const auto all = [&] {
+        for (const char* function :
+             {"", "GetDC", "CreateRectRgn", "CreateFontIndirectA", "CreateDIBSection"}) {
+            for (int passed = 0; passed < (*function ? 8 : 60); ++passed) {
+                Call_Spy spy;
+                *function ? spy.Fail(function, passed) : spy.Fail_Allocation(passed);
+                Begin_Batch(window);
+                Use_Everything(window);
+                End_Batch();
+                Use_Everything(window);
+                Tools_Lib_Cleanup();
+            }
+        }
+    };
+    all();
+    const int before = Gdi_Objects();
+    all();
+    EXPECT_EQ(Gdi_Objects(), before);
+}
+
+TEST(Failures, Of_A_Font_Are_Reported_Once) {
+    Test_Window window(300, 200);
+    Report_Catcher reports;
+    Call_Spy spy;
+    spy.Fail("CreateFontIndirectA");
+    Boxs box;
+    Fill_In(box);
+    box.Font_Name = "Face";
+    box.Init(window);
+    EXPECT_EQ(box.Font, nullptr);
+    EXPECT_EQ(reports.Take(),
+              "7:WARNING: in Z_Create_Font()|7:Unable to allocate font:(name:Face height:-13 weight:700 )");
+    spy.Fail("CreateFontIndirectA");
+    EXPECT_EQ(Z_Create_Font(window, "Other", nullptr, nullptr, 33), nullptr);
+    EXPECT_EQ(reports.Take(), "");
+    const Picture got = window.After([&] { box.Draw(); });
+    const Picture wanted = window.After([&] {
+        Painter painter(window);
+        painter.Box(box, false);
+    });
+    EXPECT_TRUE(Same(got, wanted)) << "in the stock font";
+    box.Init(window);
+    EXPECT_NE(box.Font, nullptr);
+}

@@ -1,0 +1,256 @@
+#include <memory>
+#include <string>
+
+#include "tests/support/painter.h"
+#include "tests/support/spy.h"
+#include "tests/support/window.h"
+
+using namespace galdren_test;
+
+namespace {
+
+constexpr short Left = 20, Bottom = 30;
+constexpr int All_Skipped = 0x1F;
+
+/// A selector of five items, ready but for `Init`.
+struct Five : Selects {
+    Five(unsigned long flag, int width, int height, const char* name = nullptr) {
+        X = Left, Y = Bottom, Width = static_cast<short>(width), Height = static_cast<short>(height);
+        Flag = flag, Name = name, Font_Name = "Arial", Font_Size = 10;
+        EXPECT_EQ(Grow(5, 0), 1);
+        static constexpr const char* Names[] = {"Zero", "One & more", "Two", nullptr, "Four"};
+        for (int i = 0; i < 5; ++i)
+            Item[i]->Name = Names[i];
+    }
+    void Stand(int current, int skipped) {
+        Current = static_cast<short>(current);
+        for (int i = 0; i < 5; ++i)
+            Item[i]->Flag = (Item[i]->Flag & ~FLAG_PASSIVE) | (skipped >> i & 1 ? FLAG_PASSIVE : 0);
+    }
+};
+
+void Paint_Plain(Painter& painter, const Selects& s, bool lit) {
+    const Tools& value = s.Value_Box;
+    const int b = s.Border ? s.Border : BORDER;
+    const bool outline = s.Flag & FLAG_OUTLINE;
+    painter.Clip(s);
+    if (outline) {
+        painter.Frame(RGB(64, 64, 230), s.X + 1, s.Y + s.Height - 1, s.X + s.Width - 1, s.Y + 1);
+        painter.Text(s.Font, s.Name, s.Flag, {s.X, s.Y, value.Width - 2 * b - 2, s.Height}, s.Border);
+    } else {
+        if (!(s.Flag & SELECTOR_NO_FRAME)) painter.Box(s.Frame, false);
+        if (lit)
+            painter.Body(s, true, s.Frame.Cur_Graph_Select, b + 1, s.X, s.X + s.Width, s.Y, s.Y + s.Height);
+        const int width = s.Width - (s.Flag & 0x4000 ? value.Width + 2 * b + 2 : 0);
+        const unsigned long flags = (s.Flag & ~0x4UL) | (s.Flag & 0x500 ? 0 : 0x200);
+        painter.Text(s.Font, s.Name, flags, {s.X, s.Y, width, s.Height}, s.Border);
+        const int first = s.Flag & 0x4 ? 2 : 0;
+        for (const int direction : {first, first + 1})
+            painter.Arrow(direction, 0, s.Arrow_Size, value.X, value.Width, value.Y, value.Height);
+    }
+    if (s.Nb_Item == 0) return;
+    Buttons& item = *s.Item[s.Current];
+    const unsigned long flags = std::exchange(item.Flag, item.Flag | (outline ? FLAG_OUTLINE : 0));
+    painter.Button(item, lit);
+    item.Flag = flags;
+}
+
+}  // namespace
+
+TEST(Selectors, Step_When_An_Arrow_Is_Pressed) {
+    // Column or row, the pointer's distance from the start of the value area (190 long, arrows of 24), the
+    // item before, those to skip, the item after.
+    const int table[][5] = {{0, 23, 3, 0, 2},   {0, 23, 0, 0, 4},    {0, -5, 1, 0, 0},
+                            {0, 24, 3, 0, 3},   {0, 166, 3, 0, 3},   {0, 167, 3, 0, 4},
+                            {0, 167, 4, 0, 0},  {0, 167, 1, 0xC, 4}, {0, 0, 0, 0x10, 3},
+                            {1, 23, 3, 0, 4},   {1, 23, 4, 0, 0},    {1, 24, 3, 0, 3},
+                            {1, 166, 3, 0, 3},  {1, 167, 0, 0, 4},   {1, 195, 0, 0x18, 2},
+                            {0, 167, 99, 0, 0}, {0, 0, -7, 0, 4},    {0, 0, 2, All_Skipped, 2}};
+    Test_Window window(260, 260);
+    for (const auto& [column, distance, from, skipped, to] : table) {
+        SCOPED_TRACE(testing::Message() << column << ' ' << distance << ' ' << from);
+        Five s(column ? FLAG_VERTICAL : 0, column ? 24 : 200, column ? 200 : 24);
+        s.Init(window);
+        s.Stand(from, skipped);
+        window.Point_At(Left + (column ? 7 : 5 + distance), Bottom + (column ? 5 + distance : 7));
+        EXPECT_EQ(s.Select(EVENT_PRESS | EVENT_LEFT), 1);
+        EXPECT_EQ(s.Read(), to);
+        EXPECT_EQ(s.Last_Current, 0) << "shown by Adjust";
+        s.Adjust();
+        EXPECT_EQ(s.Last_Current, to);
+        EXPECT_EQ(s.Read(), to);
+    }
+}
+
+TEST(Selectors, Scroll_Past_An_End_To_The_Other) {
+    // Steps, the item before, those to skip, the item after.
+    const int table[][4] = {{1, 3, 0, 2},     {1, 0, 0, 4},      {-1, 4, 0, 0},  {3, 1, 0, 4},
+                            {-3, 3, 0, 0},    {3, 4, 0x10, 1},   {1, 3, 0x6, 0}, {0, 2, 0x4, 2},
+                            {32767, 2, 0, 4}, {-32768, 2, 0, 0}, {1, 99, 0, 0},  {1, 2, All_Skipped, 2}};
+    Test_Window window(260, 100);
+    Five s(0, 200, 24);
+    s.Init(window);
+    for (const auto& [steps, from, skipped, to] : table) {
+        s.Stand(from, skipped);
+        EXPECT_EQ(s.Scroll(static_cast<short>(steps)), to) << steps << ' ' << from;
+    }
+    s.Flag = FLAG_PASSIVE;
+    EXPECT_EQ(s.Scroll(1), 2);
+    EXPECT_EQ(s.Read(), -1);
+    s.Flag = 0;
+    s.Stand(0, 0x3);
+    EXPECT_NE(window.Changed([&] { s.Adjust(); }), Nothing);
+    EXPECT_EQ(s.Read(), 2);
+    EXPECT_EQ(window.Changed([&] { s.Adjust(); }), Nothing);
+    s.Flag = FLAG_NO_BODY, s.Current = 4;
+    EXPECT_EQ(window.Changed([&] { s.Adjust(), s.Draw(); }), Nothing);
+    s.Grow(0, 0);
+    EXPECT_EQ(s.Scroll(1), 0);
+}
+
+TEST(Selectors, Lay_Out_Value_And_Item_Beside_The_Caption) {
+    Test_Window window(300, 200);
+    Five measured(0, 10, 10);
+    measured.Init(window);
+    Begin_Draw(window, nullptr);
+    const int tw = Text_Width(measured.Font, "Caption"), th = Text_Height(measured.Font);
+    End_Draw();
+    struct Row {
+        unsigned long flag;
+        const char* name;
+        short value_width, border, width, height, arrow;
+        Area value, item;  // from the selector's corner
+    };
+    const Row table[] = {
+        {0, nullptr, 0, 0, 60, 20, 14, {5, 55, 5, 15}, {24, 36, 5, 15}},
+        {FLAG_VERTICAL, nullptr, 0, 0, 60, 90, 29, {5, 55, 5, 85}, {5, 55, 39, 51}},
+        {0, "Caption", 0, 1, 160, 40, 40, {4, 156, 4, 36 - th}, {48, 112, 4, 36 - th}},
+        {0x2000, "Caption", 0, 6, 160, 30, 30, {tw + 16, 152, 8, 22}, {tw + 54, 114, 8, 22}},
+        {0x4000, "Caption", 0, -7, 160, 30, 30, {4, 152 - tw, 4, 26}, {38, 118 - tw, 4, 26}},
+        {0x4000, "Caption", 90, 0, 160, 30, 30, {60, 150, 5, 25}, {95, 115, 5, 25}},
+        {0, nullptr, -9, 0, 60, 20, 14, {59, 59, 5, 15}, {78, 78, 5, 15}},
+        {0, nullptr, 0, 0, 8, 8, -12, {5, 5, 5, 5}, {-2, 12, 5, 5}},
+    };
+    for (const Row& row : table) {
+        SCOPED_TRACE(&row - table);
+        Five s(row.flag, row.width, row.height, row.name);
+        s.Value_Width = row.value_width, s.Border = row.border, s.Current = 5;
+        s.Init(window);
+        const auto from_corner = [](const Tools& t) {
+            return Area{t.X - Left, t.X - Left + t.Width, t.Y - Bottom, t.Y - Bottom + t.Height};
+        };
+        EXPECT_EQ(s.Arrow_Size, row.arrow);
+        EXPECT_EQ(from_corner(s.Value_Box), row.value);
+        EXPECT_EQ(from_corner(*s.Item[4]), row.item);
+        EXPECT_EQ(s.Current, 0);
+    }
+}
+
+TEST(Selectors, Look_As_Their_Bits_Say) {
+    Test_Window window(300, 140);
+    for (const unsigned long flag :
+         {0x0, 0x4, 0x8, 0x10, 0x20, 0x24, 0x30, 0x100, 0x2100, 0x4400, 0x4020, 0x6, 0x48}) {
+        for (const int variant : {0, 1, 2, 3}) {
+            SCOPED_TRACE(testing::Message() << std::hex << flag << ", " << variant);
+            Five s(flag, 210, 90, variant == 1 ? nullptr : "Some & caption");
+            s.Current = static_cast<short>(variant), s.Arrow_Size = 20;
+            if (variant == 1) s.Border = 6, s.Color = Colors(90, 200, 120);
+            if (variant == 2) s.Clip_X = 60, s.Clip_Y = 40, s.Clip_Width = 120, s.Clip_Height = 70;
+            if (variant == 3) s.Value_Width = 120, s.Grow(0, 0);
+            s.Init(window);
+            const auto shows = [&](bool lit, auto&& paint) {
+                return Same(window.After(paint), window.After([&] {
+                    Painter painter(window);
+                    Paint_Plain(painter, s, lit);
+                }));
+            };
+            EXPECT_TRUE(shows(false, [&] { s.Draw(); }));
+            if (flag & (FLAG_OUTLINE | FLAG_STATIC | FLAG_PASSIVE | SELECTOR_NO_FRAME)) continue;
+            window.Point_At(s.Value_Box.X + s.Value_Box.Width / 2, s.Value_Box.Y + s.Value_Box.Height / 2);
+            EXPECT_TRUE(shows(true, [&] { s.Draw(), s.Select(EVENT_MOVE); }));
+            window.Point_At(0, 0);
+            EXPECT_TRUE(shows(false, [&] { s.Draw(), s.Deselect(); }));
+        }
+    }
+    // An outline leaves its caption no room where the width equals the placement bit.
+    Five wide(FLAG_OUTLINE | FLAG_STATIC | FLAG_TEXT_RIGHT, 0x4000, 60, "Caption");
+    wide.Init(window);
+    const Picture captioned = window.After([&] { wide.Draw(); });
+    wide.Name = nullptr;
+    EXPECT_TRUE(Same(captioned, window.After([&] { wide.Draw(); })));
+}
+
+TEST(Selectors, Repaint_When_The_Highlight_Changes) {
+    // Flag, event, pointer inside, hover before, answer, hover after, whether it is painted.
+    const int table[][7] = {{0, 0, 1, 0, 1, 1, 1},   {0, 0, 1, 1, 1, 1, 0},   {0, 0, 1, 2, 1, 1, 1},
+                            {0, 0, 0, 0, 0, 2, 1},   {0, 2, 0, 1, 0, 2, 1},   {0, 0, 0, 2, 0, 2, 0},
+                            {0, 4, 1, 0, 1, 0, 0},   {0, 4, 0, 1, 0, 1, 0},   {0x2, 4, 1, 0, 1, 0, 0},
+                            {0x2, 2, 1, 0, 0, 0, 0}, {0x1, 2, 1, 0, 1, 0, 0}, {0x10, 0, 1, 2, 1, 2, 0},
+                            {0x10, 0, 0, 1, 0, 1, 0}};
+    Test_Window window(260, 100);
+    for (const auto& [flag, event, inside, hover, answer, hover_after, paints] : table) {
+        SCOPED_TRACE(testing::Message() << flag << ' ' << event << ' ' << inside << ' ' << hover);
+        Five s(static_cast<unsigned long>(flag), 200, 40);
+        s.Arrow_Size = 20;
+        s.Init(window);
+        s.Hover = static_cast<short>(hover);
+        window.Point_At(inside ? Left : Left - 1, Bottom);
+        int answered = -1;
+        const Area painted = window.Changed([&] { answered = s.Select(event); });
+        EXPECT_EQ(answered, answer);
+        EXPECT_EQ(s.Hover, hover_after);
+        EXPECT_EQ(painted, paints ? (Area{Left + 4, Left + 196, Bottom + 4, Bottom + 36}) : Nothing);
+        for (const short before : {short{0}, short{1}, short{2}}) {
+            s.Hover = before;
+            const bool rests = flag & 0x11;
+            EXPECT_EQ(window.Changed([&] { s.Deselect(); }) != Nothing, before == 1 && !rests);
+            EXPECT_EQ(s.Hover, rests || before == 1 ? before : 0);
+        }
+    }
+}
+
+TEST(Selectors, Grow_And_Share_Their_Items) {
+    Test_Window window(260, 100);
+    Report_Catcher reports;
+    const auto no_memory = [](const char* line, const char* count) {
+        return "1:line " + std::string(line) +
+               "  of .\\select.cpp \nmemory error in realloc (var=this->Item, dim=" + count + "x8)";
+    };
+    const auto scene = [&] {
+        auto first = std::make_unique<Five>(0x10002000UL, 200, 40);
+        first->Init(window);
+        EXPECT_EQ(first->Item[1]->Flag, 0x402000UL);
+        Buttons* kept = first->Item[1];
+        EXPECT_EQ(first->Grow(7, 0x12), 1);
+        EXPECT_EQ(first->Item[6]->Flag, 0x400012UL);
+        EXPECT_EQ(first->Grow(2, 0), 1);
+        EXPECT_EQ(first->Item[1], kept);
+        auto copy = std::make_unique<Selects>(*first);
+        Selects other;
+        other.Grow(3, 0);
+        other = *copy;
+        EXPECT_EQ(other.Item, first->Item);
+        EXPECT_EQ(copy->Grow(3, 0), 1);  // from now on it has its own
+        EXPECT_EQ(other.Nb_Item * 10 + copy->Nb_Item, 23);
+        EXPECT_STREQ(copy->Item[1]->Name, "One & more");
+        first.reset();
+        other.Init(window), other.Draw();
+        EXPECT_EQ(other.Grow(-1, 0) * 10 + other.Grow(-32768, 0), 11);
+        EXPECT_EQ(other.Item, nullptr);
+        EXPECT_EQ(copy->Grow(40000, 0), 0) << "more than the count can say";
+        EXPECT_EQ(reports.Take(), no_memory("218", "40001"));
+        Call_Spy spy;
+        spy.Fail_Allocation(1);  // the first new item
+        EXPECT_EQ(copy->Grow(5, 0) * 10 + copy->Nb_Item, 3);
+        EXPECT_EQ(reports.Take(), no_memory("218", "6"));
+        spy.Fail_Allocation();  // the array
+        EXPECT_EQ(copy->Grow(1, 0) * 10 + copy->Nb_Item, 0);
+        EXPECT_EQ(reports.Take(), no_memory("215", "2"));
+        copy->Init(window), copy->Draw(), copy->Adjust();
+    };
+    scene();
+    const int before = Gdi_Objects();
+    for (int i = 0; i < 20; ++i)
+        scene();
+    EXPECT_EQ(Gdi_Objects(), before);
+}

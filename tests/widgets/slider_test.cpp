@@ -1,0 +1,370 @@
+#include <cmath>
+#include <limits>
+#include <string>
+
+#include "tests/support/painter.h"
+#include "tests/support/spy.h"
+#include "tests/support/window.h"
+
+using namespace galdren_test;
+
+namespace {
+
+constexpr COLORREF Grey = RGB(110, 110, 110), Light = RGB(216, 216, 216), Black = 0, Blue = RGB(64, 64, 230);
+constexpr short Left = 30, Bottom = 20;
+
+/// A bar from 0 to 100, or back when it is reversed, ready but for `Init`.
+template <class Bar>
+struct Sample : Bar {
+    Sample(unsigned long flag, int length, int thickness, float value = 50) {
+        const bool upright = flag & FLAG_VERTICAL;
+        this->X = Left, this->Y = Bottom, this->Flag = flag;
+        this->Width = static_cast<short>(upright ? thickness : length);
+        this->Height = static_cast<short>(upright ? length : thickness);
+        this->Font_Name = "Arial", this->Font_Size = 10;
+        (flag & SLIDER_REVERSED ? this->Start_Val : this->End_Val) = 100;
+        this->Val = value;
+    }
+};
+
+/// Puts the pointer `distance` from the start end of a bar.
+void Point_Along(const Test_Window& window, const Tools& bar, int distance) {
+    const bool upright = bar.Flag & FLAG_VERTICAL;
+    window.Point_At(bar.X + (upright ? 3 : distance), bar.Y + (upright ? distance : 3));
+}
+
+template <class Bar>
+int Offset(const Bar& bar, int track) {
+    const float part = (bar.Val - bar.Start_Val) / (bar.End_Val - bar.Start_Val);
+    return static_cast<int>(std::floor(part * static_cast<float>(track) + 0.5F));
+}
+
+void Bend(Painter& p, COLORREF color, POINT a, POINT b, POINT c) {
+    p.Line(color, a.x, a.y, b.x, b.y);
+    p.Line(color, b.x, b.y, c.x, c.y);
+}
+
+/// A thumb between two corners, without the padlock of a locked one. The groove of a scroll bar lies on the
+/// edges, that of a valuator under them.
+template <class Bar>
+void Thumb(Painter& p, const Bar& bar, int x0, int y0, int x1, int y1) {
+    constexpr bool scroll_bar = std::is_same_v<Bar, Sliders>;
+    const bool upright = bar.Flag & FLAG_VERTICAL, locked = !scroll_bar && bar.Flag & VALUATOR_LOCKED;
+    const int half = bar.Curs_Half;
+    const auto groove = [&](COLORREF color, int shift, int less) {
+        const int at = half + (upright ? -shift : shift);
+        upright ? p.Line(color, x0 + 1, y0 + at, x1 - less, y0 + at)
+                : p.Line(color, x0 + at, y0 + 1, x0 + at, y1 - less);
+    };
+    const auto shadow = [&] { Bend(p, Black, {x0 + 2, y0 + 1}, {x1 - 1, y0 + 1}, {x1 - 1, y1 - 1}); };
+    p.Fill(locked ? Light : Grey, x0 + 1, x1, y0, upright && !locked ? y1 : y1 - 1);
+    if (locked) p.Frame(Blue, x0 + 1, y1 - 1, x1 - 1, y0 + 1);
+    if (!locked) groove(Light, upright, upright);
+    if (!locked && !scroll_bar) groove(Black, upright ? 0 : -1, 0), shadow();
+    Bend(p, Light, {x0, y0}, {x0, y1}, {upright || scroll_bar ? x1 - 1 : x1, y1});
+    Bend(p, Black, {x0 + 1, y0}, {x1, y0}, {x1, y1});
+    if (scroll_bar) shadow(), groove(Black, upright ? 0 : -1, !upright);
+}
+
+void Paint_Plain(Painter& p, const Sliders& s, bool adjusted) {
+    const int x = s.X, y = s.Y, w = s.Width, h = s.Height, b = s.Border;
+    const bool upright = s.Flag & FLAG_VERTICAL;
+    const int length = upright ? h : w, thick = upright ? w : h;
+    const int arrow = s.Arrow_Dim ? s.Arrow_Dim : std::min(thick, length / 2 - 16);
+    const bool lit = s.Select_State == 1;
+    if (adjusted) p.Body(s, lit, s.Cur_Graph_Select, b + 2, x, x + w, y, y + h);
+    if (!adjusted) p.Fill(s.Color.get(), x, x + w, y, y + h);
+    p.Cadre(s, true, true, b <= 1 ? 1 : 2, x, x + w, y, y + h);
+    for (const int end : {0, 1})
+        p.Arrow((upright ? 2 : 0) + end, b + 2, arrow, x, w, y, h);
+    if (length < 2 * thick) return;
+    const int at = b + thick + Offset(s, length - 2 * (s.Curs_Half + b + thick)), size = 2 * s.Curs_Half - 1;
+    if (upright) return Thumb(p, s, x + b + 2, y + at + 1, x + w - b - 2, y + at + 1 + size);
+    Thumb(p, s, x + at, y + b + 2, x + at + size, y + h - b - 2);
+}
+
+void Paint_Plain(Painter& p, const Valuators& v, bool adjusted) {
+    const int x = v.X, y = v.Y, w = v.Width, h = v.Height, n = v.Num_Width, half = v.Curs_Half;
+    const int b = v.Border ? v.Border : BORDER, i = b + (v.Format ? 2 : 0);
+    const bool upright = v.Flag & FLAG_VERTICAL, framed = v.Format && v.Border;
+    if (!adjusted) p.Fill(v.Color.get(), x, x + w, y, y + h);
+    if (!adjusted || !v.Format) p.Cadre(v, true, true, adjusted ? v.Border : b, x, x + w, y, y + h);
+    if (v.Format) {
+        char text[64];
+        std::snprintf(text, sizeof text, v.Format, double{v.Val});
+        if (adjusted) p.Fill(v.Color.get(), x + w - n - b - 1, x + w - b - 1, y + b + 1, y + h - b - 1);
+        p.Text(v.Font, text, 0, {x + w - n - b - 1, y, n, h}, v.Border);
+        if (adjusted && !framed) p.Cadre(v, true, true, b, x, x + w, y, y + h);
+    }
+    if (framed) p.Cadre(v, true, true, 1, x + b + 1, x + w - n - b - 1, y + b + 1, y + h - b - 1);
+    const int inset = b + (framed ? 3 : 1);
+    if (adjusted) p.Body(v, v.Select_State == 1, v.Cur_Graph_Select, inset, x, x + w - n, y, y + h);
+    p.Text(v.Font, v.Name, v.Flag, {x, y, w - n, h}, v.Border);
+    const int at = i + Offset(v, (upright ? h : w - n) - 2 * half - 2 * b), size = 2 * half - 1;
+    if (upright) return Thumb(p, v, x + i, y + at, x + w - i, y + at + size);
+    Thumb(p, v, x + at, y + i, x + at + size, y + h - i);
+}
+
+/// Initialises and draws a bar, adjusts it, lights it up and adjusts it again, and compares each picture
+/// with the plain one, after `mask` has covered what the plain one lacks.
+template <class Bar, class Mask>
+void Expect_Plain(Test_Window& window, Bar& bar, Mask mask) {
+    window.Point_At(0, 0);
+    bar.Init(window);
+    for (const int pass : {0, 1, 2}) {
+        SCOPED_TRACE(pass);
+        if (pass == 2) Point_Along(window, bar, 3), bar.Select(EVENT_MOVE);
+        const auto reference = [&] {
+            Painter painter(window);
+            painter.Clip(bar);
+            Paint_Plain(painter, bar, pass > 0);
+            mask();
+        };
+        const Picture ours = window.After([&] { pass ? bar.Adjust() : bar.Draw(), mask(); });
+        EXPECT_TRUE(Same(ours, window.After(reference)));
+    }
+}
+
+}  // namespace
+
+TEST(Sliders, Look_As_Plain_Lines_Do) {
+    Test_Window window(300, 260);
+    for (const unsigned long flag : {0UL, FLAG_VERTICAL, 0UL | SLIDER_REVERSED}) {
+        for (const int variant : {0, 1, 2, 3}) {
+            SCOPED_TRACE(testing::Message() << std::hex << flag << ", " << variant);
+            Sample<Sliders> s(flag, variant == 3 ? 36 : 201, variant == 2 ? 31 : 19,
+                              variant == 1 ? 0 : 37.5F);
+            if (variant == 1) s.Border = 3, s.Curs_Half = 25, s.Color = Colors(240, 90, 10);
+            if (variant == 2) s.Arrow_Dim = 12, s.Clip_X = 35, s.Clip_Width = 140, s.Clip_Height = 90;
+            Expect_Plain(window, s, [] {});
+        }
+    }
+}
+
+TEST(Valuators, Look_As_Plain_Lines_Do) {
+    Test_Window window(300, 260);
+    for (const unsigned long flag : {0UL, FLAG_VERTICAL, FLAG_TEXT_LEFT | SLIDER_REVERSED}) {
+        for (short variant = 0; variant < 5; ++variant) {
+            SCOPED_TRACE(testing::Message() << std::hex << flag << ", " << variant);
+            Sample<Valuators> v(flag, 203, 16 + 4 * variant);
+            v.Name = variant == 3 ? nullptr : "Trough";
+            v.Border = variant % 3, v.Curs_Half = static_cast<short>(10 * variant);
+            if (variant != 1) v.Format = "%.1f m", v.Num_Width = 48;
+            if (variant == 2) v.Clip_X = 35, v.Clip_Y = 24, v.Clip_Width = 240, v.Clip_Height = 120;
+            Expect_Plain(window, v, [] {});
+        }
+    }
+}
+
+TEST(Valuators, Show_The_Padlock_That_Fits) {
+    Test_Window window(300, 260);
+    // Upright, thickness, size of the padlock.
+    const int table[][3] = {{0, 19, 16}, {0, 18, 10}, {0, 13, 10}, {0, 12, 8},
+                            {0, 11, 8},  {0, 10, 0},  {1, 40, 16}};
+    for (const auto& [upright, thickness, size] : table) {
+        SCOPED_TRACE(thickness);
+        Sample<Valuators> v(upright ? FLAG_VERTICAL : 0, 203, thickness);
+        v.Border = 1;
+        v.Lock(5);
+        v.Init(window);
+        const int at = 1 + Offset(v, 169), k = size / 2;
+        const int left = Left + (upright ? 1 : at) + 16 - k;
+        const int top = Bottom + (upright ? at + 15 : thickness / 2) + k - 1;
+        // The frame of the thumb may cover the outermost rows.
+        const Picture shown = window.After([&] { v.Draw(); });
+        int sum = 0;
+        for (int row = 2; row < size - 2; ++row) {
+            for (int column = 0; column < size; ++column)
+                sum += static_cast<int>(shown.At(left + column, top - row) & 0xFF) * (row + 1) * (column + 1);
+        }
+        EXPECT_EQ(sum, size == 16 ? 1319438 : size == 10 ? 171221 : size == 8 ? 66465 : 0);
+        Expect_Plain(window, v, [&] {
+            Painter painter(window);
+            painter.Fill(Light, left, left + size, top - size, top);
+        });
+    }
+}
+
+TEST(Sliders, Know_The_Value_Of_Every_Position) {
+    Test_Window window(300, 260);
+    for (const unsigned long flag : {0UL, FLAG_VERTICAL}) {
+        Sample<Sliders> s(flag, 200, 16);
+        s.Border = 1;
+        s.Init(window);
+        EXPECT_EQ(s.Curs_Half, 16);
+        EXPECT_EQ(s.Tab_Num, 136);
+        EXPECT_EQ(s.Tab[0], 0);
+        EXPECT_NEAR(s.Tab[135], 100, 1e-3);
+        const std::pair<int, float> table[] = {{16, 50.0F},    {17, s.Tab[0]},   {32, s.Tab[0]},
+                                               {33, s.Tab[1]}, {100, s.Tab[68]}, {183, s.Tab[135]},
+                                               {184, 50.0F}};
+        for (const auto& [distance, value] : table) {
+            Point_Along(window, s, distance);
+            EXPECT_EQ(s.Read(), value) << distance;
+        }
+        s.Flag |= FLAG_PASSIVE;
+        EXPECT_EQ(s.Read(), 0);
+    }
+}
+
+TEST(Bars, Show_The_Part_That_Is_Visible) {
+    // Length, visible part, whole; half the thumb of a slider and of a valuator that is 40 longer.
+    const float table[][5] = {{200, 10, 100, 16, 16}, {200, 80, 100, 62, 88}, {200, -80, 100, 62, 88},
+                              {200, 5, -4, 78, 110},  {200, 1, 0, 78, 110},   {44, 1, 2, 0, 16},
+                              {47, 2, 1, 1, 33}};
+    for (const auto& [length, part, total, slider, valuator] : table) {
+        Sample<Sliders> s(0, static_cast<int>(length), 16);
+        Sample<Valuators> v(0, static_cast<int>(length) + 40, 16);
+        v.Num_Width = 8, v.State = STATE_READY;
+        s.Larg_Adjust(part, total), v.Larg_Adjust(part, total);
+        EXPECT_EQ(s.Curs_Half, slider);
+        EXPECT_EQ(v.Curs_Half, valuator);
+    }
+}
+
+TEST(Valuators, Know_The_Value_Of_Every_Position) {
+    Test_Window window(400, 60);
+    Sample<Valuators> v(VALUATOR_LOG_10, 337, 26, 10);
+    v.Start_Val = 1, v.End_Val = 1000;
+    v.Init(window);
+    EXPECT_EQ(v.Tab_Num, 301);
+    for (const int power : {0, 1, 2, 3})
+        EXPECT_FLOAT_EQ(v.Tab[100 * power], std::pow(10.0F, static_cast<float>(power)));
+    for (const int distance : {-20, 18, 19, 118, 318, 319, 336, 900}) {
+        Point_Along(window, v, distance);
+        EXPECT_EQ(v.Read(), v.Tab[std::clamp(distance - 18, 0, 300)]) << distance;
+    }
+    EXPECT_FLOAT_EQ(v.Scroll(-1), std::pow(10.0F, 1.06F));
+    v.Lock(8);
+    EXPECT_EQ(v.Read(), v.Val);
+    EXPECT_EQ(v.Scroll(3), v.Val);
+    v.Lock(8), v.Lock(0);
+    EXPECT_EQ(v.Flag, VALUATOR_LOG_10);
+    v.Width = 37;
+    v.Init(window);
+    EXPECT_EQ(v.Tab_Num, 1);
+    EXPECT_EQ(v.Read(), v.Tab[0]);
+}
+
+TEST(Bars, Step_By_Arrows_And_Wheel) {
+    Test_Window window(300, 60);
+    // Reversed, distance of the pressed place, value before, after the press, after the owner's `Adjust`.
+    const float presses[][5] = {{0, 15, 50, 49, 49},  {0, 15, 0.5F, 0, 0},    {0, 16, 50, 50, 50},
+                                {0, 184, 50, 50, 50}, {0, 185, 50, 51, 51},   {0, 185, 100, 100, 100},
+                                {1, 15, 50, 51, 51},  {1, 15, 100, 101, 100}, {1, 185, 50, 49, 49},
+                                {1, 185, 0, -1, 0}};
+    for (const auto& [reversed, distance, from, to, shown] : presses) {
+        Sample<Sliders> s(reversed != 0 ? SLIDER_REVERSED : 0, 200, 16, from);
+        s.Init(window);
+        Point_Along(window, s, static_cast<int>(distance));
+        EXPECT_EQ(s.Select(EVENT_PRESS | EVENT_LEFT), 1);
+        EXPECT_EQ(s.Val, to);
+        s.Adjust();
+        EXPECT_EQ(s.Val, shown);
+    }
+    // Steps of the wheel, value before, after for sliders, reversed ones, valuators and reversed ones.
+    const float turns[][6] = {{1, 50, 49, 51, 48, 52},
+                              {-1, 50, 51, 49, 52, 48},
+                              {3, 1, 0, 4, 0, 7},
+                              {-3, 99, 100, 96, 100, 93},
+                              {0, 70, 70, 70, 70, 70}};
+    for (const auto& [steps, from, slider, slider_back, valuator, valuator_back] : turns) {
+        for (const unsigned long flag : {0UL, 0UL | SLIDER_REVERSED, 0UL | FLAG_PASSIVE}) {
+            Sample<Sliders> s(flag, 200, 16, from);
+            Sample<Valuators> v(flag, 200, 26, from);
+            s.Init(window), v.Init(window);
+            const bool still = flag == FLAG_PASSIVE;
+            EXPECT_EQ(s.Scroll(static_cast<int>(steps)), still ? from : flag ? slider_back : slider);
+            EXPECT_FLOAT_EQ(v.Scroll(static_cast<int>(steps)), still  ? from
+                                                               : flag ? valuator_back
+                                                                      : valuator);
+        }
+    }
+}
+
+using Both = testing::Types<Sliders, Valuators>;
+template <class Bar>
+class Grab : public testing::Test {};
+TYPED_TEST_SUITE(Grab, Both);
+
+TYPED_TEST(Grab, Is_Kept_From_Press_To_Release) {
+    // Event, pointer inside, answers with the flag and without.
+    const int table[][4] = {{EVENT_DRAG, 1, 0, 1},  {EVENT_PRESS, 0, 0, 0}, {EVENT_PRESS, 1, 1, 1},
+                            {EVENT_DRAG, 0, 1, 0},  {EVENT_TEST, 0, 0, 0},  {EVENT_DRAG, 1, 1, 1},
+                            {EVENT_MOVE, 0, 0, 0},  {EVENT_DRAG, 1, 0, 1},  {EVENT_TEST, 1, 1, 1},
+                            {EVENT_PRESS, 1, 1, 1}, {EVENT_MOVE, 1, 0, 0}};
+    Test_Window window(300, 60);
+    for (const unsigned long flag : {0UL, 0UL | SLIDER_KEEP_GRAB}) {
+        Sample<TypeParam> bar(flag, 200, 20);
+        bar.Init(window);
+        for (const auto& [event, inside, kept, loose] : table) {
+            SCOPED_TRACE(testing::Message() << event << ' ' << inside);
+            Point_Along(window, bar, inside ? 100 : -9);
+            const short before = bar.Select_State;
+            int answer = -1;
+            const Area painted = window.Changed([&] { answer = bar.Select(event | EVENT_LEFT); });
+            EXPECT_EQ(answer, flag ? kept : loose);
+            EXPECT_EQ(painted != Nothing, bar.Select_State != before);
+        }
+        Point_Along(window, bar, 100);
+        bar.Select(EVENT_PRESS), bar.Deselect();
+        EXPECT_EQ(bar.Capture, 0);
+        bar.Flag = FLAG_PASSIVE;
+        EXPECT_EQ(bar.Select(EVENT_PRESS) * 10 + bar.Select(EVENT_TEST), 1);
+    }
+}
+
+TYPED_TEST(Grab, Survives_Any_Range_And_Size) {
+    constexpr float Infinite = std::numeric_limits<float>::infinity();
+    constexpr float No_Number = std::numeric_limits<float>::quiet_NaN();
+    Test_Window window(300, 100);
+    Sample<TypeParam> warm_up(0, 200, 20);
+    warm_up.Init(window), warm_up.Draw();
+    const int objects = Gdi_Objects();
+    for (const unsigned long flag :
+         {0UL, FLAG_VERTICAL, 0UL | VALUATOR_LOG_10, VALUATOR_LOG_E | SLIDER_REVERSED}) {
+        for (const float start : {5.0F, 0.0F, -3.0F, No_Number, -Infinite, 3e38F}) {
+            for (const float end : {5.0F, 0.0F, Infinite, No_Number, -3e38F}) {
+                for (const int length : {1, 7, 35, 200, 32767}) {
+                    SCOPED_TRACE(testing::Message() << flag << ' ' << start << ' ' << end << ' ' << length);
+                    Sample<TypeParam> bar(flag, length, length == 7 ? 3 : 20, 5);
+                    bar.Start_Val = start, bar.End_Val = end;
+                    bar.Init(window);
+                    Point_Along(window, bar, length / 2);
+                    bar.Draw(), bar.Select(EVENT_PRESS), bar.Scroll(2147483647), bar.Adjust();
+                    bar.Larg_Adjust(start, end), bar.Read();
+                    TypeParam copy(bar);
+                    copy.Init(window), copy = bar;
+                    if (start == end && length == 200) {
+                        const Picture at_value = window.After([&] { bar.Draw(); });
+                        bar.End_Val = flag & SLIDER_REVERSED ? start - 1 : start + 1, bar.Val = start;
+                        EXPECT_TRUE(Same(at_value, window.After([&] { bar.Draw(); }))) << "at the start end";
+                    }
+                }
+            }
+        }
+    }
+    EXPECT_EQ(Gdi_Objects(), objects);
+}
+
+TEST(Valuators, Print_Only_One_Number) {
+    Test_Window window(300, 60);
+    Report_Catcher reports;
+    const auto picture = [&](const char* format) {
+        Sample<Valuators> v(0, 250, 26, 1.0F / 3);
+        v.Format = format, v.Num_Width = 120, v.Name = "n";
+        v.Init(window);
+        return window.After([&] { v.Draw(), v.Adjust(); });
+    };
+    const Picture plain = picture("%g");
+    for (const char* format :
+         {"%s", "%n", "%d", "%f %f", "", "text", "%", "%*f", "%.*f", "%.999f", "%Lf", "100%%"}) {
+        EXPECT_TRUE(Same(picture(format), plain)) << format;
+        EXPECT_EQ(reports.Take(),
+                  "11:Valuators: the format \"" + std::string(format) + "\" is not one number\n   name: n");
+    }
+    for (const char* format : {"%5.1f %%", "%+.2e", "x%gy", "%lE", "%99.99f", "%#A"}) {
+        EXPECT_FALSE(Same(picture(format), plain)) << format;
+        EXPECT_EQ(reports.Take(), "");
+    }
+}
