@@ -6,18 +6,21 @@
 #include <utility>
 #include <vector>
 
-#include "Galdren_Tools.h"
-#include "bench.h"
 #include "call_counter.h"
 #include "footprint.h"
 #include "host/host.h"
+#include "scene.h"
 
 namespace {
 
 using bench::Compare;
+using bench::Gap;
+using bench::Painting;
+using bench::Put_Pointer;
 using bench::Require;
 using bench::Result;
 using bench::Stage;
+using bench::Until;
 using bench::Work;
 
 constexpr int Columns = 8;
@@ -41,15 +44,6 @@ const char* Caption(int index) {
         return made;
     }();
     return captions[static_cast<std::size_t>(index)].c_str();
-}
-
-/// Client coordinates of a point where there is no button.
-constexpr POINT Gap{0, 0};
-
-void Put_Pointer(const Stage& stage, POINT client) {
-    ClientToScreen(stage.Get(), &client);
-    ZCursor_X = client.x;
-    ZCursor_Y = client.y;
 }
 
 /// Two points in the middle button, to move between.
@@ -85,19 +79,11 @@ class Button_Set {
     static void Fill_Fields(Buttons& button, int index) {
         const POINT corner = Place(index);
         button.Name = Caption(index);
-        button.X = static_cast<short>(corner.x);
-        // The top row that a control paints is Y + Height.
-        button.Y = static_cast<short>(Stage::Height - 1 - corner.y - Button_Height);
-        button.Width = Button_Width;
-        button.Height = Button_Height;
-        button.Font_Name = "Arial";
-        button.Font_Size = 9;
+        bench::Place(button, {corner.x, corner.y, corner.x + Button_Width, corner.y + Button_Height});
     }
 
     std::vector<Buttons> buttons;
 };
-
-enum class Painting { In_Batch, One_By_One };
 
 /// Our side: a window that paints its buttons itself.
 class Our_Side {
@@ -115,22 +101,9 @@ class Our_Side {
 
   private:
     bool Handle(UINT message, LRESULT& result) {
-        if (message == WM_PAINT) Paint();
+        if (message == WM_PAINT) bench::Paint(stage, way, [this] { buttons.Draw(); });
         result = message == WM_ERASEBKGND;
         return message == WM_PAINT || message == WM_ERASEBKGND;
-    }
-
-    void Paint() {
-        PAINTSTRUCT paint;
-        BeginPaint(stage.Get(), &paint);
-        if (way == Painting::In_Batch) Begin_Batch(stage.Get());
-        Begin_Draw(stage.Get(), nullptr);
-        Current_Color = Stage::Background;
-        Draw_Box(0, Stage::Height - 1, Stage::Width, -1);
-        End_Draw();
-        buttons.Draw();
-        if (way == Painting::In_Batch) End_Batch();
-        EndPaint(stage.Get(), &paint);
     }
 
     Painting way;
@@ -182,9 +155,6 @@ void Require_All_Painted(const Stage& stage) {
         Require(stage.Pixel(corner.x, corner.y) != Stage::Background, "a button was not painted");
     }
 }
-
-/// Where a repetition ends: when the calls have returned, or when the display has what they drew.
-enum class Until { Drawn, On_Display };
 
 /// Paints `count` buttons of a stage.
 Work Paint_All(const Stage& stage, Until until, int count, std::function<void()> paint) {

@@ -9,7 +9,7 @@
 namespace gallery {
 
 /// The part of `design_size` that pages may fill.
-constexpr Place page_area{24, 58, 752, 498};
+constexpr Place page_area{24, 78, 752, 498};
 
 struct Page {
     const char* name;       ///< word for the command line and for file names
@@ -23,5 +23,8 @@ std::span<const Page> Pages();
 void Build_Boxes(Sheet& sheet);
 void Build_Labels(Sheet& sheet);
 void Build_Buttons(Sheet& sheet);
+void Build_Checklists(Sheet& sheet);
+void Build_Sliders(Sheet& sheet);
+void Build_Selectors(Sheet& sheet);
 
 }  // namespace gallery

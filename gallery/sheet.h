@@ -11,7 +11,7 @@
 namespace gallery {
 
 /// The client area that all positions are given for; a larger window keeps them at the top, centred.
-constexpr SIZE design_size{800, 600};
+constexpr SIZE design_size{800, 620};
 
 /// A place on the sheet in pixels of the client area of `design_size`, y downward from its top.
 struct Place {
@@ -59,6 +59,8 @@ class Sheet {
     std::vector<const Tools*> Controls() const;
 
     void Report(const std::string& text) const { report(text); }
+    /// Has the rectangle of `control` painted anew; see `Host::Refresh`.
+    void Refresh(const Tools& control) const { host.Refresh(control); }
 
   private:
     struct Item {

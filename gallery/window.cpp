@@ -14,7 +14,7 @@ constexpr char window_class[] = "Galdren_Gallery";
 constexpr char window_title[] = "Galdren_Tools gallery";
 constexpr DWORD window_style = WS_OVERLAPPEDWINDOW;
 
-constexpr int header_height = 44;
+constexpr int header_height = 64;
 constexpr int status_height = 28;
 constexpr int margin = page_area.x;
 constexpr int gap = 8;
@@ -34,6 +34,22 @@ SIZE Client_Size(HWND window) {
     RECT client{};
     GetClientRect(window, &client);
     return {client.right, client.bottom};
+}
+
+/// Place of a page's button in the header: as few rows as there may be, of equal length, at the right.
+Place Page_Button_Place(std::size_t index) {
+    constexpr int most_in_row = 6;
+    constexpr int width = 95;
+    constexpr int height = 24;
+    constexpr int space = 6;
+    const int count = static_cast<int>(Pages().size());
+    const int rows = (count + most_in_row - 1) / most_in_row;
+    const int columns = (count + rows - 1) / rows;
+    const int left = design_size.cx - margin - columns * width - (columns - 1) * space;
+    const int top = (header_height - rows * height - (rows - 1) * space) / 2;
+    const int row = static_cast<int>(index) / columns;
+    const int column = static_cast<int>(index) % columns;
+    return {left + column * (width + space), top + row * (height + space), width, height};
 }
 
 HWND Make_Window(HINSTANCE instance, WNDPROC procedure) {
@@ -74,19 +90,17 @@ Window::~Window() {
 }
 
 void Window::Build_Header() {
-    Labels& title = header.Label({margin, 10, 220, 24}, "Galdren_Tools", FLAG_TEXT_LEFT);
+    Labels& title = header.Label({margin, 20, 140, 24}, "Galdren_Tools", FLAG_TEXT_LEFT);
     title.Font_Size = 14;
     title.Font_Weight = "bold";
-    constexpr int width = 100;
-    const int count = static_cast<int>(Pages().size());
-    int x = design_size.cx - margin - count * width - (count - 1) * gap;
     for (std::size_t i = 0; i < Pages().size(); ++i) {
         const auto press = [this, i](Buttons&) {
             Report(std::string("press \"") + Pages()[i].title + "\": page " + Pages()[i].name);
             Show_Page(i);
         };
-        page_buttons.push_back(&header.Add<Buttons>({x, 9, width, 26}, Pages()[i].title, 0, press));
-        x += width + gap;
+        Buttons& button = header.Add<Buttons>(Page_Button_Place(i), Pages()[i].title, 0, press);
+        button.Border = 2;
+        page_buttons.push_back(&button);
     }
 }
 

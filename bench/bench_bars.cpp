@@ -1,0 +1,204 @@
+// Sliders and valuators, beside the native scroll bar and trackbar: a step of a drag, a step of the wheel,
+// `Read`.
+
+#include <windows.h>
+
+#include <commctrl.h>  // does not include windows.h
+
+#include <cmath>
+
+#include "scene.h"
+
+namespace {
+
+using bench::Back_And_Forth;
+using bench::Compare_Steps;
+using bench::Native_Side;
+using bench::Our_Side;
+using bench::Require;
+using bench::Result;
+using bench::Stage;
+using bench::Steps;
+using bench::Until;
+
+constexpr RECT Slider_Place{40, 40, 340, 56};
+constexpr RECT Valuator_Place{40, 40, 340, 66};
+
+/// A drag goes by as many pixels, and back.
+constexpr int Way = 50;
+/// Distance of the pointer from the left edge where the drag turns.
+constexpr int Nearest = 60;
+
+/// At least this many pixels change when a thumb moves by one, its edges along the bar.
+constexpr int Thumb_Edges = 10;
+
+void Fill_Slider(Sliders& slider) {
+    bench::Place(slider, Slider_Place);
+    slider.Start_Val = 0;
+    slider.End_Val = 1000;
+}
+
+void Fill_Valuator(Valuators& valuator) {
+    bench::Place(valuator, Valuator_Place);
+    valuator.Name = "Volume";
+    valuator.Flag = FLAG_TEXT_MIDDLE | FLAG_TEXT_LEFT;
+    valuator.Format = "%.1f";
+    valuator.Num_Width = NUM_DIM;
+    valuator.Start_Val = 0;
+    valuator.End_Val = 1000;
+}
+
+void Fill_Logarithmic(Valuators& valuator) {
+    Fill_Valuator(valuator);
+    valuator.Flag |= VALUATOR_LOG_10;
+    valuator.Start_Val = 1;
+    valuator.Val = 10;
+}
+
+/// Client coordinates in a bar, at a distance from its left edge.
+POINT In_Bar(const RECT& place, int distance) {
+    return {place.left + distance, (place.top + place.bottom) / 2};
+}
+
+/// What an application does when the pointer moves with the button held.
+template <class Bar>
+void Drag_To(const Stage& stage, Bar& bar, POINT client) {
+    bench::Put_Pointer(stage, client);
+    if (!bar.Select(EVENT_DRAG | EVENT_LEFT)) return;
+    bar.Val = bar.Read();
+    bar.Adjust();
+}
+
+/// The thumb of one of our bars is dragged by one pixel a step.
+template <class Bar>
+Steps Drag_Ours(Our_Side<Bar>& ours, const RECT& place) {
+    Drag_To(ours.Window(), ours.Get(), In_Bar(place, Nearest));
+    return {ours.Window(), place, Thumb_Edges, [&ours, place](int step) {
+                Drag_To(ours.Window(), ours.Get(), In_Bar(place, Nearest + Back_And_Forth(step + 1, Way)));
+            }};
+}
+
+class Native_Scroll_Bar : public Native_Side {
+  public:
+    Native_Scroll_Bar() : Native_Side("SCROLLBAR", "", WS_VISIBLE | SBS_HORZ, Slider_Place) {
+        const int button = GetSystemMetrics(SM_CXHSCROLL);
+        // With as many positions as pixels the thumb moves by one at a time.
+        const int track = Slider_Place.right - Slider_Place.left - 2 * button - GetSystemMetrics(SM_CXHTHUMB);
+        SetScrollRange(Get().Get(), SB_CTL, 0, track, FALSE);
+        Move_To(0);
+        bench::Require_Classic(Window(), {Slider_Place.left + 3, Slider_Place.top + 3});
+    }
+    void Move_To(int distance) const { SetScrollPos(Get().Get(), SB_CTL, Nearest + distance, TRUE); }
+};
+
+template <Until until>
+Result Slider_Drag() {
+    Our_Side<Sliders> ours(Fill_Slider);
+    Native_Scroll_Bar native;
+    return Compare_Steps(Drag_Ours(ours, Slider_Place),
+                         {native.Window(), Slider_Place, Thumb_Edges,
+                          [&](int step) { native.Move_To(Back_And_Forth(step + 1, Way)); }},
+                         2 * Way, until);
+}
+
+const char* Trackbar_Class() {
+    static const bool loaded = [] {
+        const INITCOMMONCONTROLSEX classes{sizeof classes, ICC_BAR_CLASSES};
+        return InitCommonControlsEx(&classes) != FALSE;
+    }();
+    Require(loaded, "there are no trackbars");
+    return TRACKBAR_CLASSA;
+}
+
+class Native_Trackbar : public Native_Side {
+  public:
+    Native_Trackbar()
+        : Native_Side(Trackbar_Class(), "", WS_VISIBLE | TBS_HORZ | TBS_NOTICKS, Valuator_Place) {
+        RECT channel{};
+        RECT thumb{};
+        Get().Send(TBM_GETCHANNELRECT, 0, reinterpret_cast<LPARAM>(&channel));
+        Get().Send(TBM_GETTHUMBRECT, 0, reinterpret_cast<LPARAM>(&thumb));
+        // With as many positions as pixels the thumb moves by one at a time.
+        positions = channel.right - channel.left - (thumb.right - thumb.left);
+        Get().Send(TBM_SETRANGE, TRUE, MAKELPARAM(0, positions));
+        Window().Repaint();
+    }
+    int Positions() const { return positions; }
+    void Move_To(int position) const {
+        Get().Send(TBM_SETPOS, TRUE, position);
+        UpdateWindow(Get().Get());
+    }
+
+  private:
+    int positions = 0;
+};
+
+template <Until until>
+Result Valuator_Drag() {
+    Our_Side<Valuators> ours(Fill_Valuator);
+    Native_Trackbar native;
+    native.Move_To(Nearest);
+    return Compare_Steps(Drag_Ours(ours, Valuator_Place),
+                         {native.Window(), Valuator_Place, Thumb_Edges,
+                          [&](int step) { native.Move_To(Nearest + Back_And_Forth(step + 1, Way)); }},
+                         2 * Way, until);
+}
+
+/// The wheel moves a valuator with a logarithmic scale, and the trackbar by as much.
+Result Valuator_Wheel() {
+    constexpr int Notches = 20;
+    constexpr int Notches_In_Range = 50;
+    Our_Side<Valuators> ours(Fill_Logarithmic);
+    Native_Trackbar native;
+    const int notch = native.Positions() / Notches_In_Range;
+    native.Move_To(notch);
+    bench::Put_Pointer(ours.Window(), In_Bar(Valuator_Place, Nearest));
+    ours.Get().Select(EVENT_MOVE);
+    return Compare_Steps({ours.Window(), Valuator_Place, Thumb_Edges,
+                          [&](int step) { ours.Get().Scroll(step % (2 * Notches) < Notches ? -1 : 1); }},
+                         {native.Window(), Valuator_Place, Thumb_Edges,
+                          [&](int step) { native.Move_To(notch * (1 + Back_And_Forth(step + 1, Notches))); }},
+                         2 * Notches);
+}
+
+/// The pointer is on another pixel for every `Read`.
+template <class Bar, void (*fill)(Bar&)>
+Result Read_Value() {
+    constexpr int Reads = 1000;
+    Our_Side<Bar> ours(fill);
+    const RECT place = Slider_Place;
+    const POINT first = In_Bar(place, Nearest);
+    bench::Put_Pointer(ours.Window(), first);
+    const int screen_x = ZCursor_X;
+    const float at_first = ours.Get().Read();
+    float sum = 0;
+    const auto read_all = [&] {
+        sum = 0;
+        for (int i = 0; i < Reads; ++i) {
+            ZCursor_X = screen_x + i % Way;
+            sum += ours.Get().Read() - at_first;
+        }
+    };
+    const bench::Summary time = bench::Time({read_all, Reads});
+    Require(std::isfinite(sum) && sum > 0, "the pointer was not read");
+    return {time, {}};
+}
+
+using bench::At_Most;
+using bench::No_Target;
+using bench::Of_Native;
+
+const bench::Register rows[] = {
+    bench::Register(
+        {"slider: step of a drag, on display", "us", Of_Native(0.6), Slider_Drag<Until::On_Display>}),
+    bench::Register({"slider: step of a drag, calls alone", "us", No_Target(), Slider_Drag<Until::Drawn>}),
+    bench::Register({"slider: Read", "us", At_Most(1), Read_Value<Sliders, Fill_Slider>}),
+    bench::Register(
+        {"valuator: step of a drag, on display", "us", Of_Native(0.2), Valuator_Drag<Until::On_Display>}),
+    bench::Register(
+        {"valuator: step of a drag, calls alone", "us", No_Target(), Valuator_Drag<Until::Drawn>}),
+    bench::Register({"valuator: wheel, logarithmic, on display", "us", Of_Native(0.2), Valuator_Wheel}),
+    bench::Register({"valuator: Read", "us", At_Most(1), Read_Value<Valuators, Fill_Valuator>}),
+};
+
+}  // namespace
