@@ -4,12 +4,9 @@ namespace gallery {
 
 std::span<const Page> Pages() {
     static constexpr Page pages[] = {
-        {"boxes", "Boxes", Build_Boxes},
-        {"labels", "Labels", Build_Labels},
-        {"buttons", "Buttons", Build_Buttons},
-        {"checklists", "Check lists", Build_Checklists},
-        {"sliders", "Sliders", Build_Sliders},
-        {"selectors", "Selectors", Build_Selectors},
+        {"boxes", "Boxes", Build_Boxes},       {"labels", "Labels", Build_Labels},
+        {"buttons", "Buttons", Build_Buttons}, {"checklists", "Check lists", Build_Checklists},
+        {"sliders", "Sliders", Build_Sliders}, {"selectors", "Selectors", Build_Selectors},
     };
     return pages;
 }

@@ -49,8 +49,6 @@ void Set_Checks(CheckLists& list) {
         list.Check[item].Value = Is_Checked(list, item);
 }
 
-/// Painting of the items.
-
 /// Takes a canvas of its own, since a check box painted before has reset the text clip.
 void Paint_Label(const CheckLists& list, int item, unsigned long color) {
     const Buttons& box = list.Check[item];
@@ -134,8 +132,6 @@ bool Is_Up_To_Date(const CheckLists& list, int item, const POINT* pointer) {
     const bool plain = box.Hover == Hover_Normal && list.Hover_List[item] != Hover_Highlighted;
     return plain && box.Value == box.Last_Value && !(pointer && PtInRect(&box.Rect, *pointer));
 }
-
-/// Making the items.
 
 template <class Element>
 void Release(Element*& array) {

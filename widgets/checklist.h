@@ -57,7 +57,7 @@ class GALDREN_TOOLS_API CheckLists : public Tools {
     int Select(int event);
     /// Takes the highlight away. `Hover_List` stays.
     void Deselect();
-    /// Repaints the check boxes after `Value` changed. An index that no item has is ignored.
+    /// Repaints the check boxes that changed with `Value`. An index that no item has is ignored.
     void Adjust();
     /// What `Value` would become by a press at the pointer: the mask with one bit inverted, or an index.
     /// @return -1 when the pointer is on no item, and when passive

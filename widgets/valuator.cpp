@@ -64,16 +64,18 @@ bool Is_Number_Format(const char* format) {
     return conversions == 1;
 }
 
-/// The format to print with. One that cannot be used is reported when it is met first.
+/// The format to print with: a plain one in place of what is not the format of one number.
 const char* Usable_Format(const Valuators& valuator) {
-    if (Is_Number_Format(valuator.Format)) return valuator.Format;
+    return Is_Number_Format(valuator.Format) ? valuator.Format : "%g";
+}
+
+/// Reports a format that cannot be used, once when `Init` is called again and again.
+void Check_Format(const Valuators& valuator) {
     static const char* reported = nullptr;
-    if (reported != valuator.Format) {
-        reported = valuator.Format;
-        Error_Fct(hwnd, ERROR_LEVEL_WARNING, "Valuators: the format \"%s\" is not one number\n   name: %s",
-                  valuator.Format, valuator.Name ? valuator.Name : "");
-    }
-    return "%g";
+    if (!valuator.Format || Is_Number_Format(valuator.Format) || reported == valuator.Format) return;
+    reported = valuator.Format;
+    Error_Fct(hwnd, ERROR_LEVEL_WARNING, "Valuators: the format \"%s\" is not one number\n   name: %s",
+              valuator.Format, valuator.Name ? valuator.Name : "");
 }
 
 /// Room between the edge and the trough: the frame, and the inner frame that a number field brings.
@@ -198,6 +200,7 @@ void Valuators::Init(HWND window) {
     Renew_Font(*this);
     if (Is_Vertical(*this)) Format = nullptr;
     if (!Format) Num_Width = 0;
+    Check_Format(*this);
     Fill_Table(*this);
     Note_Size(*this);
     if (Never_Highlights(*this)) return;
@@ -332,7 +335,6 @@ void Valuators::Cursor() {
     Area thumb = Area_Of(*this).Inset(inset);
     (vertical ? thumb.bottom : thumb.left) += Posit();
     if (vertical) {
-        thumb.right -= Num_Width;
         thumb.top = thumb.bottom + 2 * Curs_Half - 1;
     } else {
         thumb.right = thumb.left + 2 * Curs_Half - 1;

@@ -148,8 +148,8 @@ TEST(Selectors, Lay_Out_Value_And_Item_Beside_The_Caption) {
 
 TEST(Selectors, Look_As_Their_Bits_Say) {
     Test_Window window(300, 140);
-    for (const unsigned long flag :
-         {0x0, 0x4, 0x8, 0x10, 0x20, 0x24, 0x30, 0x100, 0x2100, 0x4400, 0x4020, 0x6, 0x48}) {
+    for (const unsigned long flag : {0x0UL, 0x4UL, 0x8UL, 0x10UL, 0x20UL, 0x24UL, 0x30UL, 0x100UL, 0x2100UL,
+                                     0x4400UL, 0x4020UL, 0x6UL, 0x48UL}) {
         for (const int variant : {0, 1, 2, 3}) {
             SCOPED_TRACE(testing::Message() << std::hex << flag << ", " << variant);
             Five s(flag, 210, 90, variant == 1 ? nullptr : "Some & caption");
@@ -165,6 +165,9 @@ TEST(Selectors, Look_As_Their_Bits_Say) {
                 }));
             };
             EXPECT_TRUE(shows(false, [&] { s.Draw(); }));
+            if (s.Nb_Item) {
+                EXPECT_FALSE(s.Item[s.Current]->Flag & FLAG_OUTLINE);
+            }
             if (flag & (FLAG_OUTLINE | FLAG_STATIC | FLAG_PASSIVE | SELECTOR_NO_FRAME)) continue;
             window.Point_At(s.Value_Box.X + s.Value_Box.Width / 2, s.Value_Box.Y + s.Value_Box.Height / 2);
             EXPECT_TRUE(shows(true, [&] { s.Draw(), s.Select(EVENT_MOVE); }));
@@ -193,10 +196,10 @@ TEST(Selectors, Repaint_When_The_Highlight_Changes) {
         Five s(static_cast<unsigned long>(flag), 200, 40);
         s.Arrow_Size = 20;
         s.Init(window);
-        s.Hover = static_cast<short>(hover);
+        s.Hover = static_cast<short>(hover), s.Current = 9999;
         window.Point_At(inside ? Left : Left - 1, Bottom);
         int answered = -1;
-        const Area painted = window.Changed([&] { answered = s.Select(event); });
+        const Area painted = window.Changed([&, kind = event] { answered = s.Select(kind); });
         EXPECT_EQ(answered, answer);
         EXPECT_EQ(s.Hover, hover_after);
         EXPECT_EQ(painted, paints ? (Area{Left + 4, Left + 196, Bottom + 4, Bottom + 36}) : Nothing);

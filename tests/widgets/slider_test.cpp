@@ -178,9 +178,9 @@ TEST(Valuators, Show_The_Padlock_That_Fits) {
                 sum += static_cast<int>(shown.At(left + column, top - row) & 0xFF) * (row + 1) * (column + 1);
         }
         EXPECT_EQ(sum, size == 16 ? 1319438 : size == 10 ? 171221 : size == 8 ? 66465 : 0);
-        Expect_Plain(window, v, [&] {
+        Expect_Plain(window, v, [&, side = size] {
             Painter painter(window);
-            painter.Fill(Light, left, left + size, top - size, top);
+            painter.Fill(Light, left, left + side, top - side, top);
         });
     }
 }
@@ -302,7 +302,8 @@ TYPED_TEST(Grab, Is_Kept_From_Press_To_Release) {
             Point_Along(window, bar, inside ? 100 : -9);
             const short before = bar.Select_State;
             int answer = -1;
-            const Area painted = window.Changed([&] { answer = bar.Select(event | EVENT_LEFT); });
+            const Area painted =
+                window.Changed([&, kind = event] { answer = bar.Select(kind | EVENT_LEFT); });
             EXPECT_EQ(answer, flag ? kept : loose);
             EXPECT_EQ(painted != Nothing, bar.Select_State != before);
         }
