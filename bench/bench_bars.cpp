@@ -17,9 +17,9 @@ using bench::Native_Side;
 using bench::Our_Side;
 using bench::Require;
 using bench::Result;
+using bench::Shown;
 using bench::Stage;
 using bench::Steps;
-using bench::Until;
 
 constexpr RECT Slider_Place{40, 40, 340, 56};
 constexpr RECT Valuator_Place{40, 40, 340, 66};
@@ -91,14 +91,14 @@ class Native_Scroll_Bar : public Native_Side {
     void Move_To(int distance) const { SetScrollPos(Get().Get(), SB_CTL, Nearest + distance, TRUE); }
 };
 
-template <Until until>
+template <Shown shown>
 Result Slider_Drag() {
     Our_Side<Sliders> ours(Fill_Slider);
     Native_Scroll_Bar native;
     return Compare_Steps(Drag_Ours(ours, Slider_Place),
                          {native.Window(), Slider_Place, Thumb_Edges,
                           [&](int step) { native.Move_To(Back_And_Forth(step + 1, Way)); }},
-                         2 * Way, until);
+                         2 * Way, shown);
 }
 
 const char* Trackbar_Class() {
@@ -133,7 +133,7 @@ class Native_Trackbar : public Native_Side {
     int positions = 0;
 };
 
-template <Until until>
+template <Shown shown>
 Result Valuator_Drag() {
     Our_Side<Valuators> ours(Fill_Valuator);
     Native_Trackbar native;
@@ -141,7 +141,7 @@ Result Valuator_Drag() {
     return Compare_Steps(Drag_Ours(ours, Valuator_Place),
                          {native.Window(), Valuator_Place, Thumb_Edges,
                           [&](int step) { native.Move_To(Nearest + Back_And_Forth(step + 1, Way)); }},
-                         2 * Way, until);
+                         2 * Way, shown);
 }
 
 /// The wheel moves a valuator with a logarithmic scale, and the trackbar by as much.
@@ -158,7 +158,7 @@ Result Valuator_Wheel() {
                           [&](int step) { ours.Get().Scroll(step % (2 * Notches) < Notches ? -1 : 1); }},
                          {native.Window(), Valuator_Place, Thumb_Edges,
                           [&](int step) { native.Move_To(notch * (1 + Back_And_Forth(step + 1, Notches))); }},
-                         2 * Notches);
+                         2 * Notches, Shown::Together);
 }
 
 /// The pointer is on another pixel for every `Read`.
@@ -190,13 +190,14 @@ using bench::Of_Native;
 
 const bench::Register rows[] = {
     bench::Register(
-        {"slider: step of a drag, on display", "us", Of_Native(0.6), Slider_Drag<Until::On_Display>}),
-    bench::Register({"slider: step of a drag, calls alone", "us", No_Target(), Slider_Drag<Until::Drawn>}),
+        {"slider: step of a drag, on display", "us", Of_Native(0.6), Slider_Drag<Shown::Together>}),
+    bench::Register(
+        {"slider: step of a drag, each on display", "us", No_Target(), Slider_Drag<Shown::One_By_One>}),
     bench::Register({"slider: Read", "us", At_Most(1), Read_Value<Sliders, Fill_Slider>}),
     bench::Register(
-        {"valuator: step of a drag, on display", "us", Of_Native(0.2), Valuator_Drag<Until::On_Display>}),
+        {"valuator: step of a drag, on display", "us", Of_Native(0.2), Valuator_Drag<Shown::Together>}),
     bench::Register(
-        {"valuator: step of a drag, calls alone", "us", No_Target(), Valuator_Drag<Until::Drawn>}),
+        {"valuator: step of a drag, each on display", "us", No_Target(), Valuator_Drag<Shown::One_By_One>}),
     bench::Register({"valuator: wheel, logarithmic, on display", "us", Of_Native(0.2), Valuator_Wheel}),
     bench::Register({"valuator: Read", "us", At_Most(1), Read_Value<Valuators, Fill_Valuator>}),
 };

@@ -14,13 +14,13 @@
 namespace {
 
 using bench::Compare;
+using bench::Footprint;
 using bench::Gap;
 using bench::Painting;
 using bench::Put_Pointer;
 using bench::Require;
 using bench::Result;
 using bench::Stage;
-using bench::Until;
 using bench::Work;
 
 constexpr int Columns = 8;
@@ -155,6 +155,9 @@ void Require_All_Painted(const Stage& stage) {
         Require(stage.Pixel(corner.x, corner.y) != Stage::Background, "a button was not painted");
     }
 }
+
+/// Where a repetition ends: when the calls have returned, or when the display has what they drew.
+enum class Until { Drawn, On_Display };
 
 /// Paints `count` buttons of a stage.
 Work Paint_All(const Stage& stage, Until until, int count, std::function<void()> paint) {
@@ -346,22 +349,17 @@ Result Init_Again() {
     return {bench::Time({[&] { ours.Init(stage.Get()); }, Count}), {}};
 }
 
-struct Footprint {
-    double objects;
-    double bytes;
-};
-
 /// What `count` equal buttons hold, themselves included, once they have been painted.
 Footprint Measure_Footprint(const Stage& stage, int count) {
     Tools_Lib_Cleanup();
-    const Footprint before{static_cast<double>(bench::Count_Gdi_Objects()), bench::Heap_Bytes()};
+    const Footprint before = bench::Present_Footprint();
     Button_Set buttons(count);
     buttons.Init(stage.Get());
     buttons.Draw();
     Begin_Batch(stage.Get());
     buttons.Draw();
     End_Batch();
-    return {bench::Count_Gdi_Objects() - before.objects, bench::Heap_Bytes() - before.bytes};
+    return bench::Present_Footprint() - before;
 }
 
 /// The share of each of equal buttons, and what they share: what one holds above its own share.

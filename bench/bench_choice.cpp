@@ -15,9 +15,9 @@ using bench::Our_Side;
 using bench::Painting;
 using bench::Require;
 using bench::Result;
+using bench::Shown;
 using bench::Stage;
 using bench::Steps;
-using bench::Until;
 
 constexpr int Items = 32;
 constexpr RECT List_Place{40, 40, 440, 240};
@@ -98,7 +98,7 @@ Result Repaint() {
     return Compare(Repaint_Items(ours.Window()), Repaint_Items(native.Window()));
 }
 
-template <Until until>
+template <Shown shown>
 Result Toggle() {
     constexpr int Mark_Pixels = 10;
     Our_Side<CheckLists> ours(Fill_List);
@@ -111,7 +111,7 @@ Result Toggle() {
     return Compare_Steps(
         {ours.Window(), List_Place, Mark_Pixels, toggle_ours},
         {native.Window(), List_Place, Mark_Pixels, [&](int step) { native.Toggle(step % Items); }}, 2 * Items,
-        until);
+        shown);
 }
 
 constexpr RECT Selector_Place{40, 40, 240, 72};
@@ -139,7 +139,7 @@ class Native_Name : public Native_Side {
     }
 };
 
-template <Until until>
+template <Shown shown>
 Result Step_By_Press() {
     Our_Side<Selects> ours(Fill_Selector);
     Native_Name native;
@@ -150,14 +150,14 @@ Result Step_By_Press() {
         ours.Get().Adjust();
     };
     return Compare_Steps({ours.Window(), Selector_Place, Name_Pixels, press}, native.Change(),
-                         4 * Months_In_Year, until);
+                         4 * Months_In_Year, shown);
 }
 
 Result Step_By_Wheel() {
     Our_Side<Selects> ours(Fill_Selector);
     Native_Name native;
     return Compare_Steps({ours.Window(), Selector_Place, Name_Pixels, [&](int) { ours.Get().Scroll(-1); }},
-                         native.Change(), 4 * Months_In_Year);
+                         native.Change(), 4 * Months_In_Year, Shown::Together);
 }
 
 using bench::No_Target;
@@ -168,13 +168,13 @@ const bench::Register rows[] = {
         {"check list: repaint in a batch, an item", "us", Of_Native(0.15), Repaint<Painting::In_Batch>}),
     bench::Register(
         {"check list: repaint without batch, an item", "us", Of_Native(0.15), Repaint<Painting::One_By_One>}),
+    bench::Register({"check list: item toggled, on display", "us", Of_Native(0.3), Toggle<Shown::Together>}),
     bench::Register(
-        {"check list: one of 32 toggled, on display", "us", Of_Native(0.3), Toggle<Until::On_Display>}),
-    bench::Register({"check list: one of 32 toggled, calls alone", "us", No_Target(), Toggle<Until::Drawn>}),
+        {"check list: item toggled, each on display", "us", No_Target(), Toggle<Shown::One_By_One>}),
     bench::Register(
-        {"selector: step by a press, on display", "us", Of_Native(0.5), Step_By_Press<Until::On_Display>}),
+        {"selector: step by a press, on display", "us", Of_Native(0.5), Step_By_Press<Shown::Together>}),
     bench::Register(
-        {"selector: step by a press, calls alone", "us", No_Target(), Step_By_Press<Until::Drawn>}),
+        {"selector: step by a press, each on display", "us", No_Target(), Step_By_Press<Shown::One_By_One>}),
     bench::Register({"selector: step by the wheel, on display", "us", Of_Native(0.5), Step_By_Wheel}),
 };
 

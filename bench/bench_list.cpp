@@ -13,15 +13,16 @@ namespace {
 using bench::Back_And_Forth;
 using bench::Compare;
 using bench::Compare_Steps;
+using bench::Footprint;
 using bench::Native_Control;
 using bench::Our_Side;
 using bench::Require;
 using bench::Require_Each_Shows;
 using bench::Result;
+using bench::Shown;
 using bench::Stage;
 using bench::Steps;
 using bench::Summary;
-using bench::Until;
 
 constexpr int Few = 200;
 constexpr int Many = 20'000;
@@ -135,44 +136,37 @@ Result Make_And_Draw() {
     return Compare({make_ours, 1, clear_ours}, {make_native, 1, clear_native});
 }
 
-struct Footprint {
-    double objects;
-    double bytes;
-};
-
-Footprint Present() { return {static_cast<double>(bench::Count_Gdi_Objects()), bench::Heap_Bytes()}; }
-
-Footprint operator-(const Footprint& a, const Footprint& b) {
-    return {a.objects - b.objects, a.bytes - b.bytes};
-}
-
-/// What a list of ours holds when it has been painted at its beginning, middle and end.
+/// What a list of ours holds when it has been painted at many places of its bar. Most are between two items,
+/// so that the items stand in other places every time.
 Footprint Measure_Ours(const Stage& stage, int count) {
     Tools_Lib_Cleanup();
-    const Footprint before = Present();
+    const Footprint before = bench::Present_Footprint();
     Lists list;
     Fill_List(list, count);
     list.Init(stage.Get());
-    list.Draw();
-    for (int part = 0; part < 2; ++part)
-        list.Scroll(count / 2);
+    constexpr int Draws = 100;
+    const Sliders& bar = list.Scroll_Bar;
+    for (int i = 0; i < Draws; ++i) {
+        list.Scroll_Bar.Val = bar.Start_Val + (bar.End_Val - bar.Start_Val) * static_cast<float>(i) / Draws;
+        list.Draw();
+    }
     // The object itself is on the stack.
-    const Footprint held = Present() - before;
+    const Footprint held = bench::Present_Footprint() - before;
     return {held.objects, held.bytes + sizeof list};
 }
 
 Footprint Measure_Native(const Stage& stage, int count) {
-    const Footprint before = Present();
+    const Footprint before = bench::Present_Footprint();
     const Native_Control list = Make_Native(stage, count);
     Show_Native(list);
-    return Present() - before;
+    return bench::Present_Footprint() - before;
 }
 
 template <class Value>
 Summary Repeat_Footprint(Footprint (*measure)(const Stage&, int), int count, Value value) {
     Stage stage;
     stage.Raise();
-    bench::Put_Pointer(stage, {Names_Place.left, Names_Place.top});
+    bench::Put_Pointer(stage, bench::Gap);
     return bench::Repeat([&] { return value(measure(stage, count)); });
 }
 
@@ -194,10 +188,11 @@ constexpr int Notches = 20;
 
 /// Our list is scrolled by one item a step, with the pointer on an item.
 Steps Scroll_Ours(Our_Side<Lists>& ours) {
-    bench::Put_Pointer(ours.Window(), {240, 240});
+    static constexpr POINT On_Item{240, 240};
+    bench::Put_Pointer(ours.Window(), On_Item);
     ours.Get().Select(EVENT_MOVE);
     return {ours.Window(), Names_Place, Names_Pixels, [&ours](int step) {
-                bench::Put_Pointer(ours.Window(), {240, 240});
+                bench::Put_Pointer(ours.Window(), On_Item);
                 ours.Get().Scroll(step % (2 * Notches) < Notches ? 1 : -1);
             }};
 }
@@ -209,22 +204,21 @@ Steps Scroll_Native(const Native_List& native) {
             }};
 }
 
-template <int count, Until until>
+template <int count, Shown shown>
 Result Scroll() {
     Our_Side<Lists> ours(Fill<count>);
     Native_List native(count);
-    return Compare_Steps(Scroll_Ours(ours), Scroll_Native(native), 2 * Notches, until);
+    return Compare_Steps(Scroll_Ours(ours), Scroll_Native(native), 2 * Notches, shown);
 }
 
 /// The short list stands in for the native one.
 Result Scroll_Long_And_Short() {
     Our_Side<Lists> ours(Fill<Many>);
     Our_Side<Lists> few(Fill<Few>);
-    const Steps steps = Scroll_Ours(ours);
-    return Compare_Steps(steps, Scroll_Ours(few), 2 * Notches);
+    return Compare_Steps(Scroll_Ours(ours), Scroll_Ours(few), 2 * Notches, Shown::Together);
 }
 
-template <Until until>
+template <Shown shown>
 Result Move_Mark() {
     constexpr int Marks = 10;
     constexpr int Marked_Pixels = 1000;
@@ -239,7 +233,7 @@ Result Move_Mark() {
         native.Get().Send(LB_SETCURSEL, static_cast<WPARAM>(Back_And_Forth(step + 1, Marks)));
     };
     return Compare_Steps({ours.Window(), Names_Place, Marked_Pixels, mark_ours},
-                         {native.Window(), Names_Place, Marked_Pixels, mark_native}, 2 * Marks, until);
+                         {native.Window(), Names_Place, Marked_Pixels, mark_native}, 2 * Marks, shown);
 }
 
 using bench::At_Most;
@@ -251,15 +245,15 @@ const bench::Register rows[] = {
     bench::Register({"list: memory of 20,000 items", "MB", At_Most(12), Memory}),
     bench::Register({"list: GDI objects of 20,000 items", "objects", At_Most(100), Objects}),
     bench::Register(
-        {"list: scroll 200 by one, on display", "us", Of_Native(0.6, 0.3), Scroll<Few, Until::On_Display>}),
-    bench::Register({"list: scroll 20,000 by one, on display", "us", Of_Native(0.6, 0.3),
-                     Scroll<Many, Until::On_Display>}),
+        {"list: scroll 200 by one, on display", "us", Of_Native(0.6, 0.3), Scroll<Few, Shown::Together>}),
     bench::Register(
-        {"list: scroll 20,000 by one, calls alone", "us", No_Target(), Scroll<Many, Until::Drawn>}),
+        {"list: scroll 20,000 by one, on display", "us", Of_Native(0.6, 0.3), Scroll<Many, Shown::Together>}),
+    bench::Register(
+        {"list: scroll 20,000 by one, each on display", "us", No_Target(), Scroll<Many, Shown::One_By_One>}),
     bench::Register({"list: scroll 20,000, beside our 200", "us", Of_Native(1.15), Scroll_Long_And_Short}),
+    bench::Register({"list: mark moved by one, on display", "us", Of_Native(1), Move_Mark<Shown::Together>}),
     bench::Register(
-        {"list: mark moved by one, on display", "us", Of_Native(1), Move_Mark<Until::On_Display>}),
-    bench::Register({"list: mark moved by one, calls alone", "us", No_Target(), Move_Mark<Until::Drawn>}),
+        {"list: mark moved by one, each on display", "us", No_Target(), Move_Mark<Shown::One_By_One>}),
 };
 
 }  // namespace

@@ -53,11 +53,11 @@ int Count_Different(const Pixels& a, const Pixels& b) {
     return count;
 }
 
-Work Do_Steps(const Steps& steps, int count, Until until) {
-    return {[&steps, count, until] {
+Work Do_Steps(const Steps& steps, int count, Shown shown) {
+    return {[&steps, count, shown] {
                 for (int i = 0; i < count; ++i) {
                     steps.step(i);
-                    if (until == Until::On_Display) Flush();
+                    if (shown == Shown::One_By_One || i + 1 == count) Flush();
                 }
             },
             count, [&steps] { steps.stage.Raise(); }};
@@ -126,10 +126,10 @@ void Require_Each_Shows(const Steps& steps, int count) {
     }
 }
 
-Result Compare_Steps(const Steps& ours, const Steps& native, int count, Until until) {
+Result Compare_Steps(const Steps& ours, const Steps& native, int count, Shown shown) {
     Require_Each_Shows(ours, count);
     Require_Each_Shows(native, count);
-    return Compare(Do_Steps(ours, count, until), Do_Steps(native, count, until));
+    return Compare(Do_Steps(ours, count, shown), Do_Steps(native, count, shown));
 }
 
 void Require_Repainted(const Stage& stage, const RECT* areas, int count) {

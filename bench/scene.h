@@ -14,8 +14,9 @@
 
 namespace bench {
 
-/// Where a measurement ends: when the calls have returned, or when the display has what they drew.
-enum class Until { Drawn, On_Display };
+/// When the display follows the steps of a repetition: once at the end, as for messages that come together,
+/// or after every step.
+enum class Shown { Together, One_By_One };
 
 enum class Painting { In_Batch, One_By_One };
 
@@ -110,10 +111,9 @@ struct Steps {
 /// Fails unless each of the first `count` steps shows.
 void Require_Each_Shows(const Steps& steps, int count);
 
-/// Compares one step of each side. The display follows after every step, as after a message, unless
-/// it is for `Until::Drawn`. Fails unless every step of both sides shows.
+/// Compares one step of each side, until it is on the display. Fails unless every step of both sides shows.
 /// @param count  steps of a repetition, which begins where it ended
-Result Compare_Steps(const Steps& ours, const Steps& native, int count, Until until = Until::On_Display);
+Result Compare_Steps(const Steps& ours, const Steps& native, int count, Shown shown);
 
 /// Where a movement by one unit a step is, that turns back after `turn` steps and is back after two such.
 constexpr int Back_And_Forth(int step, int turn) {

@@ -7,6 +7,7 @@ std::span<const Page> Pages() {
         {"boxes", "Boxes", Build_Boxes},       {"labels", "Labels", Build_Labels},
         {"buttons", "Buttons", Build_Buttons}, {"checklists", "Check lists", Build_Checklists},
         {"sliders", "Sliders", Build_Sliders}, {"selectors", "Selectors", Build_Selectors},
+        {"lists", "Lists", Build_Lists},
     };
     return pages;
 }

@@ -26,5 +26,6 @@ void Build_Buttons(Sheet& sheet);
 void Build_Checklists(Sheet& sheet);
 void Build_Sliders(Sheet& sheet);
 void Build_Selectors(Sheet& sheet);
+void Build_Lists(Sheet& sheet);
 
 }  // namespace gallery

@@ -188,15 +188,6 @@ void Take_Look(Tools& part, const CheckLists& list) {
     Copy_Clip(part, list);
 }
 
-/// The box holds the name like a copy does, so that the list may be given another one.
-void Take_Name(Boxs& box, const CheckLists& list) {
-    box.Set_Name(nullptr);
-    box.Name = list.Name;
-    if (!(list.State & STATE_OWNS_NAME)) return;
-    Share_Array(list.Name);
-    box.State |= STATE_OWNS_NAME;
-}
-
 void Init_Box(Boxs& box, const CheckLists& list) {
     constexpr unsigned long Passed_On = 0x47771;
     Take_Name(box, list);

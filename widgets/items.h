@@ -73,6 +73,15 @@ inline void Copy_Clip(Tools& part, const Tools& owner) {
     part.Clip_Height = owner.Clip_Height;
 }
 
+/// Gives a part the name of its owner. It holds the name like a copy does, for the owner may get another one.
+inline void Take_Name(Tools& part, const Tools& owner) {
+    part.Set_Name(nullptr);
+    part.Name = owner.Name;
+    if (!(owner.State & STATE_OWNS_NAME)) return;
+    Share_Array(owner.Name);
+    part.State |= STATE_OWNS_NAME;
+}
+
 /// Gives an item the font words and size of its owner.
 inline void Copy_Font(Tools& item, const Tools& owner) {
     item.Font_Name = owner.Font_Name;

@@ -32,7 +32,7 @@ int Bar_Width(const Lists& list) { return list.Slider_Width ? Magnitude(list.Sli
 
 void Init_Frame(Lists& list) {
     Boxs& frame = list.Frame;
-    frame.Name = list.Name;
+    Take_Name(frame, list);
     frame.X = list.X;
     frame.Y = list.Y;
     frame.Width = list.Width;
@@ -274,6 +274,31 @@ void Paint_Gaps(Canvas& canvas, const Lists& list, const Area& inner, const Run&
     gap(from, row ? inner.right : inner.top);
 }
 
+/// The ground of the inner area, as far as items do not cover it.
+void Paint_Ground_Around(Canvas& canvas, const Lists& list, const Area& inner, const Run& run) {
+    const auto fits = [&](const Buttons* item) {
+        const Buttons& first = *list.Item[run.first];
+        return item->Shown && Covers_Its_Place(*item) && item->Width == first.Width &&
+               item->Height == first.Height;
+    };
+    Buttons** const items = list.Item + run.first;
+    if (run.count > 0 && std::all_of(items, items + run.count, fits)) {
+        Paint_Gaps(canvas, list, inner, run);
+    } else {
+        Paint_Ground(canvas, list, inner);
+    }
+}
+
+/// Tells an item of the pointer. One that shows already what it would then show need not hear of it.
+int Tell(Buttons& item, int kind, const POINT& pointer) {
+    const bool under = PtInRect(&item.Rect, pointer);
+    if (item.Hover == Hover_Normal && (!under || Has_Flag(item, FLAG_PASSIVE))) return 0;
+    const int answer = item.Select(kind);
+    // A passive item does not note itself that it is painted plain.
+    if (Has_Flag(item, FLAG_PASSIVE)) item.Hover = Hover_Normal;
+    return answer;
+}
+
 /// Takes an item out of view. It keeps no region: thousands of items could each have been seen last at a
 /// place of its own.
 void Hide(Buttons& item) {
@@ -328,11 +353,11 @@ void Lists::Init(HWND window) {
     Default_Grey(*this);
     Bind(*this, window);
     Renew_Font(*this);
-    Title_Height = Name ? Canvas(*this).Metrics(Font).tmHeight : 0;
+    Title_Height = Canvas(*this).Metrics(Font).tmHeight;
     Init_Frame(*this);
     Scroll_Bar.Width = 0;
     Nb_Item = Low_16(Count_Items(Item));
-    Shown_Count = 0;
+    Shown_Count = std::clamp(Nb_Item - Shown_First, 0, Shown_Count);
     All_Left = false;
     if (Nb_Item == 0) return;
 
@@ -341,7 +366,7 @@ void Lists::Init(HWND window) {
         area = {area.left + 5, area.right - 6, area.bottom + 5, area.top - 6};
     }
     const Item_Size size =
-        Is_Column(*this) ? Lay_Out_Column(*this, area, Title_Height) : Lay_Out_Row(*this, area, Title_Height);
+        Is_Column(*this) ? Lay_Out_Column(*this, area, Title()) : Lay_Out_Row(*this, area, Title());
     Origin = Is_Column(*this) ? Item_Y : Item_X;
     Init_Items(*this, size);
     if (Has_Bar(*this)) Scroll_Bar.Init(window);
@@ -361,31 +386,50 @@ void Lists::Draw() {
     Update();
 }
 
-/// Paints the inner area and the items in it.
-void Lists::Update() {
-    if (!Has_Size(*this)) return;
-    const Area inner = Inner_Area(*this, Purpose::Painting, Title_Height);
-    Canvas canvas(*this);
-    Paint_Ground(canvas, *this, inner);
-    if (Has_Bar(*this)) {
-        Origin = Truncate(double{Scroll_Bar.Val});
-        (Item_DX ? Item_X : Item_Y) = Low_16(std::clamp(Origin, SHRT_MIN, SHRT_MAX));
-    }
-    if (Has_Flag(*this, FLAG_OUTLINE) || !Item) return;
-    for (int i = Shown_First; i < Shown_First + Shown_Count; ++i)
-        Item[i]->Shown = 0;
+int Lists::Title() const { return Name ? Title_Height : 0; }
+
+bool Lists::Shows(int index) const {
+    return index >= Shown_First && index < Shown_First + Shown_Count && Item[index]->Shown;
+}
+
+/// Finds the items that stand wholly in the inner area, and gets them ready.
+void Lists::Choose_Shown() {
+    const Area inner = Inner_Area(*this, Purpose::Painting, Title());
+    const Run before{Shown_First, Shown_Count};
     Place_Items(*this, Origin);
     const Run run = Items_In(*this, Origin, inner);
+    for (int i = before.first; i < before.first + before.count; ++i) {
+        if (i < run.first || i >= run.first + run.count) Hide(*Item[i]);
+    }
     Shown_First = run.first;
     Shown_Count = run.count;
     for (int i = run.first; i < run.first + run.count; ++i) {
         Place_Item(*this, Origin, i);
         Buttons& item = *Item[i];
-        if (!Stands_In(item, inner)) continue;
-        item.Init(Window);
-        item.Draw();
-        item.Shown = 1;
-        All_Left = false;
+        item.Shown = Stands_In(item, inner);
+        if (item.Shown) {
+            item.Init(Window);
+        } else {
+            Hide(item);
+        }
+    }
+    All_Left = false;
+}
+
+/// Paints the inner area and the items in it.
+void Lists::Update() {
+    if (!Has_Size(*this)) return;
+    const Area inner = Inner_Area(*this, Purpose::Painting, Title());
+    if (Has_Bar(*this)) {
+        Origin = Truncate(double{Scroll_Bar.Val});
+        (Item_DX ? Item_X : Item_Y) = Low_16(std::clamp(Origin, SHRT_MIN, SHRT_MAX));
+    }
+    Canvas canvas(*this);
+    if (Has_Flag(*this, FLAG_OUTLINE) || !Item) return Paint_Ground(canvas, *this, inner);
+    Choose_Shown();
+    Paint_Ground_Around(canvas, *this, inner, {Shown_First, Shown_Count});
+    for (int i = Shown_First; i < Shown_First + Shown_Count; ++i) {
+        if (Item[i]->Shown) Item[i]->Draw();
     }
 }
 
@@ -393,33 +437,36 @@ int Lists::Select(int event) {
     Check(*this, "List::Select");
     if (!Has_Size(*this) || Has_Flag(*this, FLAG_PASSIVE)) return 0;
     const int kind = Event_Kind(event);
-    const bool inside = Pointer_Inside(*this);
+    POINT pointer{};
+    const bool inside = Find_Pointer(Window, pointer) && PtInRect(&Rect, pointer);
     if (kind == EVENT_TEST) return inside;
     if (Has_Bar(*this) && Scroll_Bar.Select(kind)) {
-        if (Any_Button_Held()) {
-            Canvas canvas(*this);
-            Scroll_Bar.Val = Scroll_Bar.Read();
-            Scroll_Bar.Adjust();
-            if (Truncate(double{Scroll_Bar.Val}) != Origin) Update();
-        }
+        if (Any_Button_Held()) Follow_Bar();
         return 0;
     }
-    if (!inside && All_Left) return 0;
-    const Area inner = Inner_Area(*this, Purpose::Events, Title_Height);
+    const Area inner = Inner_Area(*this, Purpose::Events, Title());
     int result = 0;
     for (int i = Shown_First; i < Shown_First + Shown_Count; ++i) {
+        Place_Item(*this, Origin, i);
         Buttons& item = *Item[i];
-        if (!item.Shown || !Stands_In(item, inner)) continue;
-        if (inside ? item.Select(kind) != 0 : item.Hover != Hover_Normal && item.Select(kind) != 0)
-            result = 1;
+        if (item.Shown && Stands_In(item, inner) && Tell(item, kind, pointer)) result = 1;
     }
-    if (!inside) {
-        for (int i = 0; i < Nb_Item; ++i)
-            Item[i]->Hover = Hover_Normal;
-        result = 0;
+    if (inside) {
+        All_Left = false;
+        return result;
     }
-    All_Left = !inside;
-    return result;
+    for (int i = 0; i < Nb_Item && !All_Left; ++i)
+        Item[i]->Hover = Hover_Normal;
+    All_Left = true;
+    return 0;
+}
+
+/// Takes the value under the pointer from the scroll bar.
+void Lists::Follow_Bar() {
+    Canvas canvas(*this);
+    Scroll_Bar.Val = Scroll_Bar.Read();
+    Scroll_Bar.Adjust();
+    if (Truncate(double{Scroll_Bar.Val}) != Origin) Update();
 }
 
 int Lists::Read() {
@@ -462,7 +509,7 @@ void Lists::Mark(int index, short value) {
     if (index < 0 || index >= Nb_Item) return;
     Buttons& item = *Item[index];
     item.Value = value;
-    if (Has_Flag(*this, FLAG_NO_BODY) || !item.Shown) return;
+    if (Has_Flag(*this, FLAG_NO_BODY) || !Shows(index)) return;
     Place_Item(*this, Origin, index);
     item.Adjust();
 }
@@ -470,6 +517,7 @@ void Lists::Mark(int index, short value) {
 void Lists::Adjust() {
     Check(*this, "List::Adjust");
     if (!Has_Size(*this) || Current == Last_Current || Has_Flag(*this, FLAG_PASSIVE)) return;
+    Canvas canvas(*this);  // for both items at once
     Mark(Last_Current, 0);
     Mark(Current, 1);
     Last_Current = Current;

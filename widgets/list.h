@@ -59,12 +59,16 @@ class GALDREN_TOOLS_API Lists : public Tools {
     void Adjust();
 
   private:
+    int Title() const;
+    bool Shows(int index) const;
+    void Choose_Shown();
     void Update();
+    void Follow_Bar();
     void Mark(int index, short value);
 
     int Origin{};        // coordinate of item 0 along the list, in the range of a list of any length
-    int Title_Height{};  // height of the title; 0 without a name
-    int Shown_First{};   // the items that the last `Update` painted: the only ones that take part in events
+    int Title_Height{};  // what a name takes at the top
+    int Shown_First{};   // the items that the last `Update` looked at: the only ones that take part in events
     int Shown_Count{};
     bool All_Left{};  // every item has been told that the pointer left
 };

@@ -194,7 +194,8 @@ Selects::Selects(const Selects& other)
       Hover(other.Hover),
       Last_Current(other.Last_Current),
       Frame(other.Frame),
-      Value_Box(other.Value_Box) {
+      Value_Box(other.Value_Box),
+      Arrows_Painted(other.Arrows_Painted) {
     Share(Thing::Array, Item);
 }
 
@@ -214,6 +215,7 @@ void Selects::Init(HWND window) {
     Bind(*this, window);
     Renew_Font(*this);
     Init_Frame(*this);
+    Arrows_Painted = false;
     if (Arrow_Size == 0) {
         const int across = Is_Column(*this) ? Width : Height;
         const int along = Is_Column(*this) ? Height : Width;
@@ -239,7 +241,7 @@ void Selects::Draw() {
         Paint_Thin(canvas, *this);
     } else if (!Has_Flag(*this, FLAG_NO_BODY)) {
         if (!Has_Flag(*this, SELECTOR_NO_FRAME)) Frame.Draw();
-        Update();
+        Update(true);
     }
 }
 
@@ -253,7 +255,7 @@ int Selects::Select(int event) {
     if (Hover_Changes(*this, Hover, inside)) {
         Canvas canvas(*this);
         Paint_Inside(canvas, *this, inside);
-        Update();
+        Update(true);
     }
     return inside;
 }
@@ -268,7 +270,7 @@ int Selects::Scroll(short amount) {
     if (!Has_Size(*this) || Has_Flag(*this, FLAG_PASSIVE)) return Current;
     if (Nb_Item == 0) return 0;
     Step(*this, -amount);
-    Update();
+    Update(false);
     return Current;
 }
 
@@ -278,7 +280,7 @@ void Selects::Adjust() {
     Settle(*this);
     if (Current == Last_Current || Has_Flag(*this, FLAG_PASSIVE)) return;
     Last_Current = Current;
-    if (!Has_Flag(*this, FLAG_NO_BODY)) Update();
+    if (!Has_Flag(*this, FLAG_NO_BODY)) Update(false);
 }
 
 void Selects::Deselect() {
@@ -289,13 +291,16 @@ void Selects::Deselect() {
     }
     Canvas canvas(*this);
     Paint_Inside(canvas, *this, false);
-    Update();
+    Update(true);
 }
 
-void Selects::Update() {
+/// Paints caption, arrows and item.
+/// @param anew  whether the ground beneath them was painted; else arrows that stand there already stay
+void Selects::Update(bool anew) {
     Hold_In_Range(*this);
     Canvas canvas(*this);
     Paint_Name(canvas, *this);
-    Paint_Arrows(canvas, *this);
+    if (anew || !Arrows_Painted) Paint_Arrows(canvas, *this);
+    Arrows_Painted = true;
     if (Nb_Item > 0) Shown_Item(*this).Draw();
 }

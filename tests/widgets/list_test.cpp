@@ -1,0 +1,524 @@
+#include <algorithm>
+#include <cmath>
+#include <functional>
+#include <memory>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "tests/support/painter.h"
+#include "tests/support/spy.h"
+#include "tests/support/window.h"
+
+using namespace galdren_test;
+
+namespace {
+
+constexpr short Left = 10, Bottom = 20;
+constexpr unsigned long Column = FLAG_VERTICAL;
+
+/// A list of named items, ready but for `Init`.
+struct Named : Lists {
+    Named(unsigned long flag, int width, int height, int count, bool named = true) {
+        X = Left, Y = Bottom, Width = static_cast<short>(width), Height = static_cast<short>(height);
+        Flag = flag, Font_Name = "Arial", Font_Size = 9;
+        EXPECT_EQ(Grow(count, 0), 1);
+        for (int i = 0; named && i < count; ++i)
+            Item[i]->Name = i % 4 == 0 ? "Wide & item" : "Item";
+    }
+};
+
+int Measure(const Lists& list, const char* text) {
+    Begin_Draw(list.Window, nullptr);
+    const int size = text ? Text_Width(list.Font, text) : Text_Height(list.Font);
+    End_Draw();
+    return size;
+}
+
+Area From_Corner(const Tools& part) {
+    if (part.Width == 0) return Nothing;
+    return {part.X - Left, part.X - Left + part.Width, part.Y - Bottom, part.Y - Bottom + part.Height};
+}
+
+int Border_Of(const Lists& list) { return list.Border ? std::abs(list.Border) : BORDER; }
+
+/// Where items show: left, right, bottom, top.
+Area Inner(const Lists& list) {
+    const int b = Border_Of(list), bar = list.Scroll_Bar.Width;
+    const bool column = list.Flag & Column;
+    return {list.X + b + 2 + (bar && column ? bar + b + 2 : 0), list.X + list.Width - b - 1,
+            list.Y + b + 2 + (bar && !column ? list.Scroll_Bar.Height + b + 2 : 0),
+            list.Y + list.Height - b - 1 - (list.Name ? Measure(list, nullptr) : 0)};
+}
+
+void Paint_Ground(const Test_Window& window, const Lists& list, const Area& inner) {
+    Painter painter(window);
+    Lists clip = list;
+    if (!list.Frame.Cur_Graph_Normal) {
+        painter.Clip(clip);
+        return painter.Fill(list.Color.get(), inner.left, inner.right, inner.bottom, inner.top);
+    }
+    const int left = std::max<int>(inner.left, list.Clip_Width ? list.Clip_X : 0);
+    const int right = std::min<int>(inner.right, list.Clip_Width ? list.Clip_X + list.Clip_Width : 9999);
+    const int bottom = std::max<int>(inner.bottom, list.Clip_Width ? list.Clip_Y : 0);
+    const int top = std::min<int>(inner.top, list.Clip_Width ? list.Clip_Y + list.Clip_Height : 9999);
+    clip.Clip_X = static_cast<short>(left), clip.Clip_Width = static_cast<short>(right - left);
+    clip.Clip_Y = static_cast<short>(bottom), clip.Clip_Height = static_cast<short>(top - bottom);
+    painter.Clip(clip);
+    painter.Body(list.Frame, false, list.Frame.Cur_Graph_Normal, Border_Of(list) + 1, list.X,
+                 list.X + list.Width, list.Y, list.Y + list.Height);
+}
+
+/// What a list shows, from the outside in, with the item `lit` under the pointer.
+Picture Reference(Test_Window& window, const Lists& list, int lit = -1) {
+    return window.After([&] {
+        {
+            Painter painter(window);
+            painter.Clip(list);
+            painter.Box(list.Frame, false);
+        }
+        if (list.Flag & FLAG_NO_BODY) return;
+        Sliders bar = list.Scroll_Bar;
+        if (bar.Width) bar.Draw();
+        const Area inner = Inner(list);
+        Paint_Ground(window, list, inner);
+        Painter painter(window);
+        painter.Clip(list);
+        for (int i = 0; i < list.Nb_Item && !(list.Flag & FLAG_OUTLINE); ++i) {
+            Buttons item = *list.Item[i];
+            const int x = list.Item_X + i * list.Item_DX, y = list.Item_Y + i * list.Item_DY;
+            item.X = static_cast<short>(x), item.Y = static_cast<short>(y), item.Value = i == list.Current;
+            if (item.Value != list.Item[i]->Value) item.Cur_Graph_Normal = nullptr;
+            if (x < inner.left || x + item.Width > inner.right || y < inner.bottom) continue;
+            if (y + item.Height <= inner.top) painter.Button(item, i == lit);
+        }
+    });
+}
+
+/// The left mouse button, held for real: lists ask the system.
+struct Held_Button {
+    Held_Button() { mouse_event(MOUSEEVENTF_LEFTDOWN, 0, 0, 0, 0); }
+    ~Held_Button() { mouse_event(MOUSEEVENTF_LEFTUP, 0, 0, 0, 0); }
+};
+
+}  // namespace
+
+TEST(Lists, Lay_Items_Out_In_A_Column_Or_A_Row) {
+    Test_Window window(420, 200);
+    Named measured(Column, 200, 150, 1);
+    measured.Init(window);
+    const int th = Measure(measured, nullptr), tw = Measure(measured, "Wide & item");
+    const int p = (140 - th) / 4, w = 390 / (390 / (tw + 16)) - 1, row_end = 390 - 20 * (w + 1);
+    struct Row {
+        unsigned long flag;
+        short width, height, count;
+        bool titled, named;
+        short border, item_height, bar_width;
+        Area item;  // from the list's corner, like the rest
+        int step;
+        Area bar;
+        int start, end;
+    };
+    const Row table[] = {
+        {4, 200, 150, 4, false, true, 0, 0, 0, {5, 195, 111, 145}, -35, Nothing, 0, 0},
+        {4, 200, 150, 4, false, true, 0, 34, 0, {5, 195, 111, 145}, -35, Nothing, 0, 0},
+        {4, 200, 150, 4, false, true, 0, -35, 0, {26, 195, 110, 145}, -36, {5, 21, 5, 145}, 119, 110},
+        {4, 200, 150, 6, false, true, -7, 0, -10, {28, 191, 116, 141}, -26, {9, 19, 9, 141}, 145, 116},
+        {4, 200, 150, 4, true, true, 0, 9, 0, {5, 195, 146 - p - th, 145 - th}, -p, Nothing, 0, 0},
+        {4,
+         200,
+         150,
+         9,
+         true,
+         true,
+         0,
+         0,
+         0,
+         {26, 195, 120 - th, 145 - th},
+         -26,
+         {5, 21, 5, 145 - th},
+         219,
+         120 - th},
+        {0x10004, 200, 150, 4, false, true, 0, 0, 0, {10, 189, 108, 139}, -32, Nothing, 0, 0},
+        {0x10004, 200, 150, 9, false, true, 0, 0, 0, {31, 189, 114, 139}, -26, {10, 26, 10, 139}, 224, 114},
+        {0, 400, 60, 4, false, true, 0, 0, 0, {6, 102, 5, 54}, 97, Nothing, 0, 0},
+        {0, 400, 60, 4, true, true, 0, 0, 0, {6, 102, 5, 54 - th}, 97, Nothing, 0, 0},
+        {0, 400, 60, 20, false, true, 0, 0, 0, {5, 5 + w, 26, 55}, w + 1, {5, 395, 5, 21}, 5, row_end},
+        {0x10000, 50, 70, 3, true, true, 0, 0, 0, {10, 39, 31, 59 - th}, 30, {10, 39, 10, 26}, 10, -56},
+        {0, 400, 60, 16, false, false, 0, 0, 0, {8, 31, 5, 54}, 24, Nothing, 0, 0},
+        {0, 400, 60, 17, false, false, 0, 0, 0, {5, 34, 26, 55}, 30, {5, 395, 5, 21}, 5, -120},
+    };
+    for (const Row& row : table) {
+        SCOPED_TRACE(&row - table);
+        const bool column = row.flag & Column;
+        Named list(row.flag, row.width, row.height, row.count, row.named);
+        list.Name = row.titled ? "Title" : nullptr, list.Border = row.border;
+        list.Item_Height = row.item_height, list.Slider_Width = row.bar_width;
+        for (int round = 0; round < 2; ++round) {  // a second `Init` changes nothing
+            list.Init(window);
+            list.Draw();
+            EXPECT_EQ(From_Corner(*list.Item[0]), row.item);
+            EXPECT_TRUE(list.Item_DX == (column ? 0 : row.step) && list.Item_DY == (column ? row.step : 0));
+            const Sliders& bar = list.Scroll_Bar;
+            EXPECT_EQ(From_Corner(bar), row.bar);
+            if (bar.Width == 0) continue;
+            const int corner = column ? Bottom : Left;
+            EXPECT_EQ(bar.Start_Val, static_cast<float>(row.start + corner));
+            EXPECT_EQ(bar.End_Val, static_cast<float>(row.end + corner));
+            EXPECT_EQ(bar.Val, column ? bar.End_Val : bar.Start_Val);
+            EXPECT_EQ(bar.Step, std::abs(row.step));
+            EXPECT_EQ(bar.Flag, list.Flag | SLIDER_REVERSED);
+            EXPECT_TRUE(row.item_height != -35 || bar.Curs_Half == 46);
+        }
+    }
+}
+
+TEST(Lists, Look_As_Their_Bits_Say) {
+    Test_Window window(420, 200);
+    for (const unsigned long flag :
+         {0x0, 0x1, 0x2, 0x10, 0x20, 0x40, 0x2000, 0x2400, 0x10000, 0x80000, 0x100000, 0x300010}) {
+        for (const int variant : {0, 1, 2, 3, 4, 5, 6, 7}) {
+            SCOPED_TRACE(testing::Message() << std::hex << flag << ", " << variant);
+            const bool column = variant & 1, fits = variant & 2;
+            Named list(flag | (column ? Column : 0), column ? 211 : 391, column ? 157 : 73, fits ? 3 : 23);
+            if (variant & 4) {
+                list.Name = "Title", list.Border = 4, list.Current = 1, list.Color = Colors(90, 200, 120);
+                list.Item[2]->Flag |= FLAG_PASSIVE;
+            }
+            if (variant == 2 || variant == 5) list.Clip_X = 60, list.Clip_Y = 40, list.Clip_Width = 90;
+            list.Clip_Height = 70;
+            if (variant == 3 || variant == 4) {
+                list.Frame.Graph_Normal = new unsigned long[std::size_t(list.Width) * list.Height];
+                for (int i = 0; i < list.Width * list.Height; ++i)
+                    list.Frame.Graph_Normal[i] = static_cast<unsigned long>(i * 77 & 0xFFFFFF);
+            }
+            list.Init(window);
+            EXPECT_TRUE(Same(window.After([&] { list.Draw(); }), Reference(window, list)));
+            // A static bar does not paint over its thumb.
+            if (flag & 0x3 || (flag & 0x10 && !fits)) continue;
+            // A step, then odd places, then what the pointer is on.
+            window.Point_At(list.X + 1, list.Y + 1);
+            const Picture scrolled = window.After([&] { list.Draw(), list.Scroll(column ? 2 : -2); });
+            EXPECT_TRUE(Same(scrolled, Reference(window, list)));
+            list.Scroll_Bar.Step = 7;
+            const Picture odd = window.After([&] { list.Draw(), list.Scroll(column ? 1 : -1); });
+            EXPECT_TRUE(Same(odd, Reference(window, list)));
+            if (flag & 0x30) continue;
+            int lit = 1;
+            while (!list.Item[lit - 1]->Shown)
+                ++lit;
+            window.Point_At(list.Item[lit]->X + 9, list.Item[lit]->Y + 9);
+            const Picture drawn = Reference(window, list, lit);
+            EXPECT_TRUE(Same(window.After([&] { list.Draw(); }), drawn));
+            window.Point_At(0, 0);
+            EXPECT_TRUE(Same(window.After([&] {
+                list.Draw();
+                window.Point_At(list.Item[lit]->X + 9, list.Item[lit]->Y + 9);
+                EXPECT_EQ(list.Select(EVENT_MOVE), 1);
+            }),
+                             drawn));
+            EXPECT_TRUE(Same(window.After([&] { list.Draw(), list.Deselect(); }), Reference(window, list)));
+            window.Point_At(0, 0);
+        }
+    }
+}
+
+TEST(Lists, Follow_The_Pointer_And_Tell_The_Item) {
+    struct Row {
+        int x, y;  // from the list's corner
+        bool inside;
+        int select, read;
+    };
+    // Items stand 26 apart from 120 downwards; the sixth begins below the inner area.
+    const Row table[] = {
+        {100, 130, true, 1, 0}, {100, 145, true, 1, 0},  {100, 146, true, 0, -1}, {26, 94, true, 1, 1},
+        {25, 94, true, 0, -1},  {195, 119, true, 1, 1},  {196, 119, true, 0, -1}, {100, 80, true, 0, -1},
+        {100, 16, true, 1, 4},  {100, 15, true, 0, 5},   {100, 0, true, 0, 5},    {100, -1, false, 0, -1},
+        {10, 70, true, 0, -1},  {200, 150, true, 0, -1}, {201, 70, false, 0, -1}, {100, 130, true, 1, 0},
+        {-5, 70, false, 0, -1}, {100, 120, true, 1, 0},
+    };
+    Test_Window window(300, 200);
+    Named list(Column, 200, 150, 9);
+    list.Init(window);
+    list.Item[2]->Flag |= FLAG_PASSIVE;
+    list.Draw();
+    for (const Row& row : table) {
+        SCOPED_TRACE(&row - table);
+        window.Point_At(Left + row.x, Bottom + row.y);
+        EXPECT_EQ(window.Changed([&] { EXPECT_EQ(list.Select(EVENT_TEST), row.inside); }), Nothing);
+        EXPECT_EQ(list.Select(EVENT_MOVE), row.select);
+        for (int i = 0; i < 9; ++i) {
+            const bool lit = row.select && row.read == i;
+            const bool told = !row.inside || (i < 5 && i != 2);
+            EXPECT_EQ(list.Item[i]->Hover == 1, lit) << i;
+            EXPECT_TRUE(!told || lit || list.Item[i]->Hover == 2) << i;
+        }
+        for (const int event : {0, 1, 2}) {
+            EXPECT_EQ(window.Changed([&] { EXPECT_EQ(list.Select(event), row.select); }), Nothing);
+        }
+        EXPECT_EQ(list.Read(), row.read);
+    }
+    // An item that reaches the outermost row is painted, and known to `Read`, but takes no clicks.
+    list.Scroll_Bar.Start_Val += 1, list.Scroll_Bar.Val += 1;
+    list.Draw();
+    window.Point_At(Left + 100, Bottom + 130);
+    EXPECT_TRUE(list.Item[0]->Shown == 1 && list.Select(EVENT_PRESS) == 0 && list.Read() == 0);
+    list.Flag |= FLAG_PASSIVE;
+    EXPECT_TRUE(list.Select(EVENT_TEST) == 0 && list.Select(EVENT_PRESS) == 0 && list.Read() == -1);
+}
+
+TEST(Lists, Move_The_Mark) {
+    struct Row {
+        unsigned long flag;
+        short from, to;
+        bool paints;
+    };
+    const Row table[] = {{0, 0, 2, true},       {0, 2, 2, false}, {0, 1, 99, true}, {0, -1, 8, false},
+                         {0, -7, 32767, false}, {1, 0, 1, false}, {2, 0, 1, false}, {0x10, 0, 1, true}};
+    Test_Window window(300, 200);
+    for (const Row& row : table) {
+        SCOPED_TRACE(&row - table);
+        Named list(row.flag | Column, 200, 150, 9);
+        list.Current = row.from;
+        list.Init(window);
+        list.Item[3]->Value = 5;  // stays until the next `Draw`
+        const auto values = [&](int marked, int third) {
+            for (int i = 0; i < 9; ++i)
+                EXPECT_EQ(list.Item[i]->Value, i == 3 ? third : i == marked) << i;
+        };
+        values(row.from, 5);
+        list.Draw();
+        const bool passive = row.flag & FLAG_PASSIVE, hidden = row.flag & FLAG_NO_BODY;
+        values(row.from, hidden ? 5 : 0);
+        list.Current = row.to;
+        EXPECT_EQ(window.Changed([&] { list.Adjust(); }) != Nothing, row.paints);
+        EXPECT_EQ(list.Last_Current, passive ? row.from : row.to);
+        values(passive ? row.from : row.to, hidden ? 5 : 0);
+    }
+}
+
+TEST(Lists, Scroll_By_Bar_And_Wheel) {
+    Test_Window window(420, 200);
+    for (const bool column : {true, false}) {
+        Named list(column ? Column : 0, column ? 200 : 390, column ? 150 : 60, 40);
+        list.Init(window);
+        list.Draw();
+        const short& moving = column ? list.Item_Y : list.Item_X;
+        const int step = column ? -list.Item_DY : list.Item_DX, first = moving;
+        const int sign = column ? 1 : -1;  // a column moves up to show what follows, a row to the left
+        const auto point_at_bar = [&](int along) {
+            const Sliders& bar = list.Scroll_Bar;
+            window.Point_At(bar.X + (column ? 8 : along), bar.Y + (column ? along : 8));
+        };
+        const int length = column ? list.Scroll_Bar.Height : list.Scroll_Bar.Width;
+        const auto expect = [&](int value) {
+            EXPECT_EQ(moving, value);
+            for (int i = 0; i < list.Nb_Item; ++i) {
+                const Buttons& item = *list.Item[i];
+                const int place = value + i * (list.Item_DX + list.Item_DY);
+                EXPECT_EQ(column ? item.Y : item.X, place);
+                const int end = place + (column ? item.Height : item.Width);
+                const Area inner = Inner(list);
+                EXPECT_EQ(item.Shown, place >= (column ? inner.bottom : inner.left) &&
+                                          end <= (column ? inner.top : inner.right));
+            }
+            EXPECT_TRUE(Same(Picture(window), Reference(window, list)));
+        };
+        list.Scroll(sign);
+        EXPECT_EQ(moving, first) << "the pointer is elsewhere";
+        window.Point_At(Left + 1, Bottom + 1);
+        list.Scroll(3 * sign);
+        window.After([&] { list.Draw(); });
+        expect(first + sign * 3 * step);
+        list.Scroll(-100 * sign);
+        point_at_bar(column ? 4 : length - 4);
+        EXPECT_EQ(list.Select(EVENT_PRESS | EVENT_LEFT), 0) << "no button is held";
+        EXPECT_EQ(moving, first) << "the arrow steps the bar alone";
+        list.Scroll_Bar.Val = static_cast<float>(first);
+        const Held_Button held;
+        EXPECT_EQ(list.Select(EVENT_PRESS | EVENT_LEFT), 0);
+        EXPECT_EQ(moving, first + sign * step);
+        for (const int along : {50, 63, 40, length / 2, 20, length - 20}) {
+            point_at_bar(along);
+            EXPECT_EQ(list.Select(EVENT_DRAG | EVENT_LEFT), 0);
+            window.Point_At(0, 0);
+            list.Select(EVENT_MOVE);
+            window.After([&] { list.Draw(); });
+            expect(static_cast<int>(list.Scroll_Bar.Val));
+        }
+        EXPECT_EQ(moving, list.Scroll_Bar.End_Val) << "column: the beginning, row: the end";
+    }
+}
+
+TEST(Lists, Grow_And_Share_Their_Items) {
+    Test_Window window(260, 200);
+    Report_Catcher reports;
+    const std::string memory = " of .\\list.cpp \nmemory error in realloc (var=this->Item, dim=";
+    const auto scene = [&] {
+        auto first = std::make_unique<Named>(Column | 0x10002000UL, 200, 150, 9);
+        EXPECT_EQ(first->Item[1]->Flag, 0x402000UL);
+        first->Init(window), first->Draw();
+        Buttons* kept = first->Item[4];
+        EXPECT_EQ(first->Grow(12, 0x12) * 10 + first->Grow(12, 0), 11);
+        EXPECT_EQ(first->Item[11]->Flag, 0x400012UL);
+        EXPECT_EQ(first->Grow(5, 0), 1);
+        EXPECT_TRUE(first->Item[4] == kept && first->Nb_Item == 5 && !first->Item[5]);
+        auto copy = std::make_unique<Lists>(*first);
+        Lists other;
+        other.Grow(3, 0);
+        other = *copy;
+        EXPECT_EQ(other.Item, first->Item);
+        EXPECT_EQ(copy->Grow(3, 0), 1);  // from now on it has its own
+        EXPECT_EQ(other.Nb_Item * 10 + copy->Nb_Item, 53);
+        EXPECT_STREQ(copy->Item[2]->Name, "Item");
+        first.reset();
+        other.Draw(), other.Init(window), other.Draw(), copy->Draw();
+        EXPECT_EQ(other.Grow(-1, 0) * 10 + other.Grow(-5, 0), 11);
+        EXPECT_EQ(other.Item, nullptr);
+        EXPECT_EQ(copy->Grow(40000, 0) * 10 + copy->Nb_Item, 3) << "more than the count can say";
+        EXPECT_EQ(reports.Take(), "1:line 158 " + memory + "40001x8)");
+        Call_Spy spy;
+        for (const int passed : {1, 0}) {  // an item, then the array
+            spy.Fail_Allocation(passed);
+            EXPECT_EQ(copy->Grow(passed ? 5 : 1, 0), 0);
+            EXPECT_EQ(copy->Nb_Item, passed ? 3 : 0);
+            EXPECT_EQ(reports.Take(),
+                      passed ? "1:line 158 " + memory + "6x8)" : "1:line 155 " + memory + "2x8)");
+        }
+        copy->Draw(), copy->Select(EVENT_MOVE), copy->Init(window), copy->Draw(), copy->Adjust();
+        EXPECT_TRUE(copy->Scroll_Bar.Width == 0 && copy->Read() == -1);
+    };
+    scene();
+    const int before = Gdi_Objects();
+    for (int i = 0; i < 10; ++i)
+        scene();
+    EXPECT_EQ(Gdi_Objects(), before);
+}
+
+TEST(Lists, Share_Items_With_A_Copy_That_Shows_Others) {
+    Test_Window window(260, 300);
+    Named list(Column, 200, 150, 20);
+    list.Y = 120;
+    list.Init(window), list.Draw();
+    Lists copy = list;
+    window.Point_At(Left + 1, list.Y + 1);
+    list.Scroll(6);
+    copy.Current = 7;
+    EXPECT_EQ(window.Changed([&] { copy.Adjust(); }), Nothing) << "it is shown by the other list only";
+    for (Lists* const drawn : {&copy, static_cast<Lists*>(&list)}) {
+        drawn->Current = 7;
+        const Picture picture = window.After([&] { drawn->Draw(); });
+        EXPECT_TRUE(Same(picture, Reference(window, *drawn)));
+    }
+}
+
+TEST(Lists, Hold_Against_Calls_In_Any_Order) {
+    Test_Window window(300, 220);
+    std::minstd_rand random(7);
+    const auto pick = [&](int count) { return static_cast<short>(random() % static_cast<unsigned>(count)); };
+    auto list = std::make_unique<Named>(Column, 200, 150, 9),
+         other = std::make_unique<Named>(0UL, 200, 90, 9);
+    const std::function<void(Lists&)> calls[] = {
+        [&](Lists& l) { l.Grow(pick(60), 0); },
+        [&](Lists& l) { l.Width = pick(210), l.Height = pick(160), l.Init(window); },
+        [&](Lists& l) { l.Flag ^= 1UL << pick(7), l.Init(window); },
+        [&](Lists& l) { l.Flag ^= FLAG_INNER_FRAME, l.Border = pick(9), l.Init(window); },
+        [&](Lists& l) { l.Name = pick(2) ? "Title" : nullptr; },
+        [&](Lists& l) { l.Scroll(pick(9) - 4); },
+        [&](Lists& l) { l.Current = pick(70), l.Adjust(); },
+        [&](Lists& l) { l.Deselect(); },
+        [&](Lists& l) { l.Select(pick(3)); },
+        [&](Lists& l) { EXPECT_LT(l.Read(), l.Nb_Item); },
+        [&](Lists& l) { static_cast<Lists&>(*other) = l; },
+        [&](Lists&) { list.swap(other); },
+        [&](Lists& l) { l.Draw(); },
+    };
+    for (int round = 0; round < 2000; ++round) {
+        const int call = pick(static_cast<int>(std::size(calls)));
+        SCOPED_TRACE(testing::Message() << "round " << round << ", call " << call);
+        window.Point_At(pick(230), pick(200));
+        const Lists& l = *list;
+        const Area painted = window.Changed([&] { calls[call](*list); });
+        // A smaller list has no room for its bar.
+        if (painted == Nothing || l.Width < 50 || l.Height < 50) continue;
+        EXPECT_TRUE(painted.left >= l.X && painted.right <= l.X + l.Width && painted.bottom >= l.Y &&
+                    painted.top <= l.Y + l.Height)
+            << testing::PrintToString(painted) << ", list " << l.Width << " x " << l.Height;
+    }
+}
+
+TEST(Lists, Stay_Small_And_Fast_With_20000_Items) {
+    constexpr int Many = 20000, Height = 560;
+    Test_Window window(300, 600);
+    std::vector<std::string> names;
+    for (int i = 0; i < Many; ++i)
+        names.push_back("Item " + std::to_string(i));
+    Named empty(Column, 200, Height, 0);
+    empty.Init(window), empty.Draw();
+    const int objects = Gdi_Objects();
+    Named list(Column, 200, Height, Many, false);
+    for (int i = 0; i < Many; ++i)
+        list.Item[i]->Name = names[static_cast<std::size_t>(i)].c_str();
+    list.Init(window), list.Draw();
+    window.Point_At(Left + 100, Bottom + 300);
+    // A step costs the calls that one of a short list costs.
+    Named few(Column, 200, Height, 40);
+    few.Init(window), few.Draw();
+    long long calls[2][3];
+    for (Lists* const scrolled : {static_cast<Lists*>(&few), static_cast<Lists*>(&list)}) {
+        Call_Spy spy;
+        scrolled->Scroll(2);
+        int n = 0;
+        for (const char* function : {"ExtTextOutW", "SetDIBitsToDevice", "CreateRectRgn"})
+            calls[scrolled == &list][n++] = spy.Count(function);
+    }
+    for (int n = 0; n < 3; ++n)
+        EXPECT_EQ(calls[0][n], calls[1][n]) << n;
+    for (int i = 1; i < 300; ++i) {
+        list.Scroll_Bar.Step = static_cast<float>(i * 61 % 140);
+        list.Scroll(i % 7 * 3);
+    }
+    EXPECT_LE(Gdi_Objects() - objects, 100);
+    list.Scroll_Bar.Step = 26;
+    list.Scroll(Many);
+    EXPECT_EQ(list.Item[Many - 1]->Y, Bottom + 11);
+    window.Point_At(Left + 100, Bottom + 20);
+    EXPECT_EQ(list.Select(EVENT_PRESS), 1);
+    EXPECT_EQ(list.Read(), Many - 1);
+    // The last items look like those of a list that has no others.
+    Named last(Column, 200, Height, 30);
+    for (int i = 0; i < 30; ++i)
+        last.Item[i]->Name = names[static_cast<std::size_t>(Many - 30 + i)].c_str();
+    last.Current = -1, last.Init(window), last.Scroll(Many);
+    const auto items_only = [&](Lists& of) {
+        of.Scroll_Bar.Flag |= FLAG_NO_BODY;
+        return window.After([&] { of.Draw(); });
+    };
+    EXPECT_TRUE(Same(items_only(list), items_only(last)));
+}
+
+TEST(Lists, Report_Misuse_Once) {
+    struct Row {
+        const char* label;
+        void (*call)(Lists&);
+    };
+    const Row table[] = {{"List::Draw", [](Lists& l) { l.Draw(); }},
+                         {"List::Select", [](Lists& l) { l.Select(2); }},
+                         {"List::Read", [](Lists& l) { l.Read(); }},
+                         {"List::Adjust", [](Lists& l) { l.Adjust(); }},
+                         {"Lists::Scroll", [](Lists& l) { l.Scroll(1); }}};
+    Report_Catcher reports;
+    for (const Row& row : table) {
+        Named list(0, 0, 20, 1);
+        list.Name = "n";
+        list.Deselect();
+        row.call(list);
+        EXPECT_EQ(reports.Take(), "11:Tools: WARNING ! |11:   you must call *_Init() first|11:   type: " +
+                                      std::string(row.label) + "   name: n\n");
+        row.call(list);
+        list.Width = 40;
+        list.Init(nullptr);
+        EXPECT_EQ(reports.Take(),
+                  "11:Tools: WARNING ! |11:   you must provide a window|11:   type: Lists::Init   name: n");
+    }
+}
