@@ -61,8 +61,7 @@ class GALDREN_TOOLS_API Sliders : public Tools {
     void Draw();
     /// Repaints after a change of `Val`.
     void Adjust();
-    /// Moves the value by `n` steps, towards `Start_Val` when positive (towards `End_Val` when reversed), and
-    /// repaints.
+    /// Moves the value by `n` steps, towards the start end when positive, and repaints.
     /// @return the new value
     float Scroll(int n);
 

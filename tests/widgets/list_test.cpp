@@ -175,8 +175,8 @@ TEST(Lists, Lay_Items_Out_In_A_Column_Or_A_Row) {
 
 TEST(Lists, Look_As_Their_Bits_Say) {
     Test_Window window(420, 200);
-    for (const unsigned long flag :
-         {0x0, 0x1, 0x2, 0x10, 0x20, 0x40, 0x2000, 0x2400, 0x10000, 0x80000, 0x100000, 0x300010}) {
+    for (const unsigned long flag : {0x0UL, 0x1UL, 0x2UL, 0x10UL, 0x20UL, 0x40UL, 0x2000UL, 0x2400UL,
+                                     0x10000UL, 0x80000UL, 0x100000UL, 0x300010UL}) {
         for (const int variant : {0, 1, 2, 3, 4, 5, 6, 7}) {
             SCOPED_TRACE(testing::Message() << std::hex << flag << ", " << variant);
             const bool column = variant & 1, fits = variant & 2;
@@ -188,7 +188,7 @@ TEST(Lists, Look_As_Their_Bits_Say) {
             if (variant == 2 || variant == 5) list.Clip_X = 60, list.Clip_Y = 40, list.Clip_Width = 90;
             list.Clip_Height = 70;
             if (variant == 3 || variant == 4) {
-                list.Frame.Graph_Normal = new unsigned long[std::size_t(list.Width) * list.Height];
+                list.Frame.Graph_Normal = new unsigned long[std::size_t(list.Width * list.Height)];
                 for (int i = 0; i < list.Width * list.Height; ++i)
                     list.Frame.Graph_Normal[i] = static_cast<unsigned long>(i * 77 & 0xFFFFFF);
             }
