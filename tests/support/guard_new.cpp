@@ -19,8 +19,16 @@ std::size_t Alignment_Of(std::size_t size) {
     return lowest < Largest_Alignment ? lowest : Largest_Alignment;
 }
 
+/// A process may have no more than some ten thousands of ranges. Blocks beyond these come from its heap.
+constexpr LONG Most_Guarded = 10000;
+LONG volatile Live = 0;
+
 void* Guarded(std::size_t size) {
     if (size == 0) size = 1;
+    if (InterlockedIncrement(&Live) > Most_Guarded) {
+        InterlockedDecrement(&Live);
+        return HeapAlloc(GetProcessHeap(), 0, size);
+    }
     const std::size_t body = (size + Page - 1) / Page * Page;
     auto* base = static_cast<char*>(VirtualAlloc(nullptr, body + Page, MEM_RESERVE, PAGE_NOACCESS));
     if (!base) return nullptr;
@@ -44,6 +52,11 @@ void Drop(void* block) {
     if (!block) return;
     MEMORY_BASIC_INFORMATION region;
     VirtualQuery(block, &region, sizeof region);
+    if (region.AllocationProtect != PAGE_NOACCESS && region.State == MEM_COMMIT) {
+        HeapFree(GetProcessHeap(), 0, block);
+        return;
+    }
+    InterlockedDecrement(&Live);
     if (region.State != MEM_COMMIT) *static_cast<volatile char*>(block) = 0;  // a second delete faults here
     auto* first = static_cast<char*>(region.AllocationBase);
     auto* queried = static_cast<char*>(region.BaseAddress);
