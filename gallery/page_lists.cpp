@@ -1,4 +1,6 @@
 #include <span>
+#include <string>
+#include <vector>
 
 #include "gallery/pages.h"
 
@@ -52,6 +54,18 @@ void Name_Items(Lists& list, Names names) {
         list.Item[i]->Name = names[i];
 }
 
+const std::vector<std::string>& Many_Names() {
+    static const std::vector<std::string> names = [] {
+        constexpr int many = 20000;
+        std::vector<std::string> made;
+        made.reserve(many);
+        for (int i = 0; i < many; ++i)
+            made.push_back("Item " + std::to_string(i));
+        return made;
+    }();
+    return names;
+}
+
 /// Place of a list in one of four columns, with room for a heading above it.
 Place Cell(int column, int top, int height, int columns = 1) {
     constexpr int pitch = (page_area.width + 16) / 4;
@@ -66,16 +80,16 @@ void Add_Columns(Sheet& sheet, int top) {
     Lists& scrolled = Add_List(sheet, "A bar, if they do not fit", Cell(1, top, height), "Months", upright);
     Name_Items(scrolled, months);
     scrolled.Current = 2;
-    Lists& low = Add_List(sheet, "Inner frame, low items", Cell(2, top, height), "Low",
+    Lists& low = Add_List(sheet, "Inset, low items", Cell(2, top, height), "Low",
                           upright | FLAG_INNER_FRAME | FLAG_TEXT_LEFT);
     Name_Items(low, months);
     low.Item_Height = 18;
     low.Slider_Width = 12;
-    constexpr int many = 20000;
+    const std::vector<std::string>& names = Many_Names();
     Lists& large = Add_List(sheet, "20,000 items", Cell(3, top, height), "Long", upright);
-    large.Grow(many, 0);
-    for (int i = 0; i < many; ++i)
-        large.Item[i]->Set_Name("Item %d", i);
+    large.Grow(static_cast<int>(names.size()), 0);
+    for (std::size_t i = 0; i < names.size(); ++i)
+        large.Item[i]->Name = names[i].c_str();
 }
 
 void Add_Looks(Sheet& sheet, int top) {
@@ -84,12 +98,16 @@ void Add_Looks(Sheet& sheet, int top) {
     Name_Items(passive, gears);
     for (int i = 1; i < passive.Nb_Item; i += 2)
         passive.Item[i]->Flag |= FLAG_PASSIVE;
-    Lists& lamps = Add_List(sheet, "Lamps", Cell(1, top, height), nullptr,
-                            upright | FLAG_TEXT_LEFT | BUTTON_LAMP | BUTTON_LAMP_COLORS);
+    Lists& lamps = Add_List(sheet, "Lamps", Cell(1, top, height), nullptr, upright | BUTTON_LAMP);
     Name_Items(lamps, views);
-    for (int i = 0; i < lamps.Nb_Item; ++i)
-        lamps.Item[i]->Lamp = static_cast<short>(i);
-    Name_Items(Add_List(sheet, "Static", Cell(2, top, height), "Static", upright | FLAG_STATIC), gears);
+    for (int i = 0; i < lamps.Nb_Item; ++i) {
+        lamps.Item[i]->Flag |= BUTTON_LAMP_COLORS;
+        lamps.Item[i]->Lamp = static_cast<short>(i + 1);
+    }
+    sheet.Paper(Cell(2, top, height));
+    Lists& still = Add_List(sheet, "Static", Cell(2, top, height), "Static", upright | FLAG_STATIC);
+    Name_Items(still, views);
+    still.Item_Height = 18;
     Lists& amber = Add_List(sheet, "Colour, font, border", Cell(3, top, height), "Amber", upright);
     Name_Items(amber, gears);
     amber.Color = Colors(222, 172, 84);

@@ -110,10 +110,20 @@ class Host {
         if constexpr (requires(Control & c) { c.Scroll(0); }) {
             calls.scroll = [](Tools& control, int steps) {
                 using Steps = Scroll_Argument<Control>;
-                static_cast<Control&>(control).Scroll(static_cast<Steps>(steps));
+                static_cast<Control&>(control).Scroll(
+                    static_cast<Steps>(Wheel_Steps<Control>(control, steps)));
             };
         }
         return calls;
+    }
+
+    /// A bar scrolls towards its start end, which is the lower one when it stands upright; the wheel turned
+    /// away from the user goes up.
+    template <class Control>
+    static int Wheel_Steps(const Tools& control, int steps) {
+        constexpr bool has_bar = std::derived_from<Control, Sliders> ||
+                                 std::derived_from<Control, Valuators> || std::derived_from<Control, Lists>;
+        return has_bar && control.Flag & FLAG_VERTICAL ? -steps : steps;
     }
 
     template <class Result, class Control, class Steps>

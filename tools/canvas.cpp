@@ -187,7 +187,14 @@ void Canvas::Write_Tabbed(HFONT font, const char* text, int x, int y, unsigned l
 
 int Canvas::Width_Of(HFONT font, const char* text) {
     Use_Font(font);
-    return Extent_In_Place(dc, text);
+    const Font_Facts* facts = Facts_Of(font, dc);
+    int width = 0;
+    for (const char* at = text; facts && *at; ++at) {
+        const auto byte = static_cast<unsigned char>(*at);
+        if (facts->glyphs[byte] == Font_Facts::No_Glyph) facts = nullptr;
+        if (facts) width += facts->widths[byte];
+    }
+    return facts ? width : Extent_In_Place(dc, text);
 }
 
 TEXTMETRICA Canvas::Metrics(HFONT font) {

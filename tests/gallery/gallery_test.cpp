@@ -113,8 +113,9 @@ TEST(Gallery_Test, Bars_Follow_Drag_And_Wheel) {
     const char keeper[] = "Drag keeps the grab";
     const POINT far_left = gallery.Place_Of(keeper, -20, 90), far_right = gallery.Place_Of(keeper, 400, -70);
     const POINT first_thumb = gallery.Place_Of(keeper, 10, 12);
-    ASSERT_TRUE(gallery.Point_At(keeper));
+    ASSERT_TRUE(gallery.Point_At("Reversed"));
     gallery.Move_To(gallery.Place_Of(keeper, 40, 12));
+    ASSERT_TRUE(gallery.Says("over \"Drag keeps the grab\""));
     gallery.Press();
     EXPECT_TRUE(gallery.Says("press \"Drag keeps the grab\": Val 11.68"));
     gallery.Move_To(far_right);
@@ -133,6 +134,38 @@ TEST(Gallery_Test, Bars_Follow_Drag_And_Wheel) {
     gallery.Press();
     EXPECT_TRUE(gallery.Says("press \"Plain\": Val 39"));
     gallery.Release();
+    EXPECT_EQ(gallery.Close(), 0u);
+}
+
+TEST(Gallery_Test, Lists_Scroll_And_Mark) {
+    Gallery gallery("lists");
+    const POINT body = gallery.Place_Of("Months", 40, 104);  // of the item in the middle
+    const POINT bar = gallery.Place_Of("Months", 13, 60);
+    ASSERT_TRUE(gallery.Point_At("Long"));
+    ASSERT_TRUE(Wait_Until([&] { return !Is_Lit(body); }));
+    const unsigned plain = Screen_Color(body);
+    ASSERT_TRUE(gallery.Point_At("Months"));
+    gallery.Turn_Wheel(-3);
+    EXPECT_TRUE(gallery.Says("wheel \"Months\": 3, April"));
+    gallery.Turn_Wheel(1);
+    EXPECT_TRUE(gallery.Says("wheel \"Months\": 2, March"));
+    gallery.Press();
+    gallery.Release();
+    EXPECT_TRUE(gallery.Says("press \"Months\": 5, June"));
+    ASSERT_TRUE(gallery.Point_At("Long"));
+    EXPECT_TRUE(Shows(body, Darker(plain, 40))) << "the mark";
+    gallery.Turn_Wheel(-200);
+    EXPECT_TRUE(gallery.Says("wheel \"Long\": 200, Item 200"));
+    // The bar follows wherever the pointer goes while the button is down.
+    ASSERT_TRUE(gallery.Point_At("Months"));
+    gallery.Move_To(bar);
+    EXPECT_TRUE(Lights_Up({bar.x, bar.y + 100}));
+    gallery.Press();
+    gallery.Move_To(gallery.Place_Of("Months", 300, 184));
+    EXPECT_TRUE(Wait_Until([&] { return Screen_Color(body) != Darker(plain, 40); }));
+    gallery.Release();
+    ASSERT_TRUE(gallery.Point_At("Low"));
+    EXPECT_TRUE(gallery.Click("Months", "press \"Months\": 8, September"));
     EXPECT_EQ(gallery.Close(), 0u);
 }
 

@@ -223,6 +223,34 @@ TEST_F(Host_Test, Callbacks_May_Change_The_Host) {
     EXPECT_EQ(Send(WM_LBUTTONDOWN, MK_LBUTTON, 20, 60), "c18+");
 }
 
+TEST_F(Host_Test, Wheel_Turned_Away_Moves_Bars_Up_Or_Left) {
+    Sliders upright, flat;
+    Valuators value;
+    Lists list;
+    list.Grow(5, 0);
+    Tools* const controls[] = {&upright, &flat, &value, &list};
+    for (Tools* control : controls) {
+        control->X = static_cast<short>(50 * (control == &flat) + 100 * (control == &value) +
+                                        150 * (control == &list));
+        control->Y = 50, control->Width = control->Height = 45;
+        control->Flag = control == &flat ? 0 : FLAG_VERTICAL;
+    }
+    upright.Width = 12, flat.Height = 12;
+    upright.End_Val = flat.End_Val = value.End_Val = 100, upright.Val = flat.Val = value.Val = 50;
+    host->Add(upright), host->Add(flat), host->Add(value), host->Add(list);
+    host->Init_All();
+    for (const Tools* control : controls)
+        Wheel(120, control->X + 5, 55);
+    EXPECT_GT(upright.Val, 50);
+    EXPECT_LT(flat.Val, 50);
+    EXPECT_GT(value.Val, 50);
+    const float beginning = list.Scroll_Bar.Val;
+    Wheel(-120, list.X + 5, 55);
+    EXPECT_GT(list.Scroll_Bar.Val, beginning) << "what follows is shown by moving items up";
+    Wheel(120, list.X + 5, 55);
+    EXPECT_EQ(list.Scroll_Bar.Val, beginning);
+}
+
 TEST_F(Host_Test, Wheel_Keeps_The_Rest_Of_Fine_Steps) {
     Scroll_Recorder c{log, 'c', 10, 50, 50, 30};
     Scroll_Recorder d{log, 'd', 100, 50, 50, 30};
