@@ -41,6 +41,23 @@ constexpr short Hover_Normal = 2;
 /// @return whether the control has to be painted
 bool Hover_Changes(const Tools& control, short& hover, bool inside);
 
+/// Whether the pointer is inside the control's hit rectangle.
+bool Pointer_Inside(const Tools& control);
+
+/// How a control without a value of its own answers an event, after the checks. `paint` is called with true
+/// when the highlight comes and with false when it goes; for a passive control, with false every time.
+template <class Control, class Paint>
+int Select_By_Hover(Control& control, int event, Paint paint) {
+    const bool inside = Pointer_Inside(control);
+    if (Event_Kind(event) == EVENT_TEST) return inside;
+    if (Has_Flag(control, FLAG_PASSIVE)) {
+        if (!Never_Highlights(control)) paint(false);
+        return 0;
+    }
+    if (Hover_Changes(control, control.Hover, inside)) paint(inside);
+    return inside;
+}
+
 /// The head of almost every member: reports the first call on a control that `Init` did not prepare. The
 /// call goes on.
 /// @param label  name of the member in the report
@@ -74,9 +91,6 @@ struct Images {
 /// Takes the application's images where they changed, or the size did, and tells what is to be generated.
 /// An image that the application withdrew is not used any more. Notes size and images.
 Images Take_Images(Tools& control);
-
-/// Whether the pointer is inside the control's hit rectangle.
-bool Pointer_Inside(const Tools& control);
 
 /// Replaces generated shading by that of `color` at the control's present size.
 /// @param frame  the frame that is usually painted around it, if there is one

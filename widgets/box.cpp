@@ -101,20 +101,10 @@ void Boxs::Draw() {
 int Boxs::Select(int event) {
     Check(*this, "Box::Select");
     if (!Has_Size(*this)) return 0;
-    const bool inside = Pointer_Inside(*this);
-    if (Event_Kind(event) == EVENT_TEST) return inside;
-    if (Has_Flag(*this, FLAG_PASSIVE)) {
-        if (!Never_Highlights(*this)) {
-            Canvas canvas(*this);
-            Paint_Look(canvas, *this, false);
-        }
-        return 0;
-    }
-    if (Hover_Changes(*this, Hover, inside)) {
+    return Select_By_Hover(*this, event, [this](bool highlighted) {
         Canvas canvas(*this);
-        Paint_Look(canvas, *this, inside);
-    }
-    return inside;
+        Paint_Look(canvas, *this, highlighted);
+    });
 }
 
 int Boxs::Read() {

@@ -77,9 +77,9 @@ void Paint_Fill(Canvas& canvas, const Buttons& button, bool highlighted) {
 }
 
 /// Body, lamp and caption.
-void Paint_Look(Canvas& canvas, const Buttons& button, bool highlighted) {
+void Paint_Look(Canvas& canvas, const Buttons& button, bool highlighted, bool with_lamp) {
     Paint_Fill(canvas, button, highlighted);
-    Paint_Lamp(canvas, button);
+    if (with_lamp) Paint_Lamp(canvas, button);
     Paint_Name(canvas, button);
 }
 
@@ -223,21 +223,10 @@ void Buttons::Draw() {
 int Buttons::Select(int event) {
     Check(*this, "Button::Select");
     if (!Has_Size(*this)) return 0;
-    const bool inside = Pointer_Inside(*this);
-    if (Event_Kind(event) == EVENT_TEST) return inside;
-    if (Has_Flag(*this, FLAG_PASSIVE)) {
-        if (!Never_Highlights(*this)) {
-            Canvas canvas(*this);
-            Paint_Fill(canvas, *this, false);
-            Paint_Name(canvas, *this);
-        }
-        return 0;
-    }
-    if (Hover_Changes(*this, Hover, inside)) {
+    return Select_By_Hover(*this, event, [this](bool highlighted) {
         Canvas canvas(*this);
-        Paint_Look(canvas, *this, inside);
-    }
-    return inside;
+        Paint_Look(canvas, *this, highlighted, !Has_Flag(*this, FLAG_PASSIVE));
+    });
 }
 
 void Buttons::Deselect() {
@@ -245,7 +234,7 @@ void Buttons::Deselect() {
     if (Hover == Hover_Unknown || Hover == Hover_Normal) return;
     Hover = Hover_Unknown;
     Canvas canvas(*this);
-    Paint_Look(canvas, *this, false);
+    Paint_Look(canvas, *this, false, true);
 }
 
 void Buttons::Adjust() {

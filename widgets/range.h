@@ -81,6 +81,13 @@ int Select_Bar(Bar& bar, int event, Paint paint, Press press) {
     return taken;
 }
 
+/// Ends a drag and takes the highlight away; the state stays, so that the next `Select` outside paints again.
+template <class Bar, class Paint>
+void Deselect_Bar(Bar& bar, Paint paint) {
+    bar.Capture = 0;
+    if (!Never_Highlights(bar) && bar.Select_State == Hover_Highlighted) paint(false);
+}
+
 /// Lit edges at the left and top of a thumb, the top one towards `top_end`.
 void Paint_Thumb_Light(Canvas& canvas, const Area& thumb, int top_end);
 

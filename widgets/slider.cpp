@@ -104,22 +104,15 @@ float Sliders::Read() {
 int Sliders::Select(int event) {
     Check(*this, "Sliders::Select");
     if (!Has_Size(*this)) return 0;
-    const auto paint = [this](bool highlighted) {
-        Canvas canvas(*this);
-        Paint_Inside(canvas, *this, highlighted, highlighted ? Cur_Graph_Select : Cur_Graph_Normal);
-        Cursor();
-    };
-    return Select_Bar(*this, event, paint, [this] { Press_Arrows(*this); });
+    return Select_Bar(
+        *this, event, [this](bool highlighted) { Paint_State(highlighted); },
+        [this] { Press_Arrows(*this); });
 }
 
 void Sliders::Deselect() {
     Check(*this, "Sliders::Deselect");
     if (!Has_Size(*this)) return;
-    Capture = 0;
-    if (Never_Highlights(*this) || Select_State != Hover_Highlighted) return;
-    Canvas canvas(*this);
-    Paint_Inside(canvas, *this, false, Cur_Graph_Normal);
-    Cursor();
+    Deselect_Bar(*this, [this](bool highlighted) { Paint_State(highlighted); });
 }
 
 void Sliders::Draw() {
@@ -161,6 +154,13 @@ float Sliders::Scroll(int n) {
     }
     Adjust();
     return Val;
+}
+
+/// The inside and what stands on it, as the pointer has it look.
+void Sliders::Paint_State(bool highlighted) {
+    Canvas canvas(*this);
+    Paint_Inside(canvas, *this, highlighted, highlighted ? Cur_Graph_Select : Cur_Graph_Normal);
+    Cursor();
 }
 
 int Sliders::Posit() {

@@ -67,6 +67,7 @@ class GALDREN_TOOLS_API Sliders : public Tools {
 
   private:
     int Posit();
+    void Paint_State(bool highlighted);
     void Paint_Thumb();
     void Cursor();
 };

@@ -234,22 +234,14 @@ int Valuators::Select(int event) {
     if (State == 0) return 0;
     Check(*this, "Valuator::Select");
     if (!Has_Size(*this)) return 0;
-    const auto paint = [this](bool highlighted) {
-        Canvas canvas(*this);
-        Paint_Inside(canvas, *this, highlighted, highlighted ? Cur_Graph_Select : Cur_Graph_Normal);
-        Cursor();
-    };
-    return Select_Bar(*this, event, paint, [] {});
+    return Select_Bar(
+        *this, event, [this](bool highlighted) { Paint_State(highlighted); }, [] {});
 }
 
 void Valuators::Deselect() {
     Check(*this, "Valuator::Deselect");
     if (!Has_Size(*this)) return;
-    Capture = 0;
-    if (Never_Highlights(*this) || Select_State != Hover_Highlighted) return;
-    Canvas canvas(*this);
-    Paint_Inside(canvas, *this, false, Cur_Graph_Normal);
-    Cursor();
+    Deselect_Bar(*this, [this](bool highlighted) { Paint_State(highlighted); });
 }
 
 void Valuators::Draw() {
@@ -309,6 +301,13 @@ float Valuators::Scroll(int n) {
     Clamp_Value(*this);
     Adjust();
     return Val;
+}
+
+/// The inside and what stands on it, as the pointer has it look.
+void Valuators::Paint_State(bool highlighted) {
+    Canvas canvas(*this);
+    Paint_Inside(canvas, *this, highlighted, highlighted ? Cur_Graph_Select : Cur_Graph_Normal);
+    Cursor();
 }
 
 int Valuators::Posit() {

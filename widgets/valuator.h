@@ -71,6 +71,7 @@ class GALDREN_TOOLS_API Valuators : public Tools {
 
   private:
     int Posit();
+    void Paint_State(bool highlighted);
     void Paint_Thumb(bool grabbed);
     void Cursor();
 };
