@@ -7,17 +7,17 @@
 namespace {
 
 /// A position that is over no control: what the controls are shown while the pointer is not theirs.
-constexpr POINT nowhere{-32768, -32768};
+constexpr POINT Nowhere{-32768, -32768};
 
-constexpr int button_count = 3;
-constexpr WPARAM button_keys[button_count] = {MK_LBUTTON, MK_MBUTTON, MK_RBUTTON};
-constexpr int button_events[button_count] = {EVENT_LEFT, EVENT_MIDDLE, EVENT_RIGHT};
+constexpr int Button_Count = 3;
+constexpr WPARAM Button_Keys[Button_Count] = {MK_LBUTTON, MK_MBUTTON, MK_RBUTTON};
+constexpr int Button_Events[Button_Count] = {EVENT_LEFT, EVENT_MIDDLE, EVENT_RIGHT};
 
 /// The event word for `Select`: the kind and the buttons held.
 int Event_Word(int kind, WPARAM keys) {
     int event = kind;
-    for (int i = 0; i < button_count; ++i) {
-        if (keys & button_keys[i]) event |= button_events[i];
+    for (int i = 0; i < Button_Count; ++i) {
+        if (keys & Button_Keys[i]) event |= Button_Events[i];
     }
     return event;
 }
@@ -213,7 +213,7 @@ int Host::Tell(const Entry& entry, int event, bool repaints) {
 void Host::Leave() {
     const Entry* left = Find(std::exchange(current, nullptr));
     if (!left) return;
-    const Pointer_Scope away(nowhere);
+    const Pointer_Scope away(Nowhere);
     Tell(*left, EVENT_MOVE, true);
 }
 
@@ -268,7 +268,7 @@ void Host::On_Leave() {
     Leave();
     // An `Adjust` of the application must not light a control up where the pointer has been. Another window
     // may have noted the pointer already; that stays.
-    if (ZCursor_X == pointer.x && ZCursor_Y == pointer.y) Set_Pointer(nowhere);
+    if (ZCursor_X == pointer.x && ZCursor_Y == pointer.y) Set_Pointer(Nowhere);
 }
 
 bool Host::On_Press(int button, WPARAM keys, POINT client) {
@@ -293,7 +293,7 @@ bool Host::On_Release(int button, WPARAM keys, POINT client) {
 
 bool Host::On_Capture_Lost(HWND now) {
     if (!held || now == window) return false;
-    for (int button = 1; button <= button_count; ++button) {
+    for (int button = 1; button <= Button_Count; ++button) {
         if (held & (1u << button)) BUTTON_RELEASE(button);
     }
     held = 0;
@@ -335,7 +335,7 @@ void Host::Paint_Area(RECT area) {
         Tools& control = *entries[i].control;
         if (!Meet(control.Rect, area)) continue;
         // Only the control that has the pointer may light up, whatever lies above or beside it.
-        const Pointer_Scope shown(&control == current ? pointer : nowhere);
+        const Pointer_Scope shown(&control == current ? pointer : Nowhere);
         entries[i].calls->draw(control);
     }
 }
