@@ -6,26 +6,10 @@
 #include "tools/context.h"
 #include "tools/font.h"
 #include "tools/font_cache.h"
+#include "tools/scopes.h"
 #include "tools/surface.h"
 
 namespace galdren {
-
-namespace {
-
-/// Keeps an object selected for a scope.
-class Selection {
-  public:
-    Selection(HDC context, HGDIOBJ object) : dc(context), before(SelectObject(context, object)) {}
-    ~Selection() { SelectObject(dc, before); }
-    Selection(const Selection&) = delete;
-    Selection& operator=(const Selection&) = delete;
-
-  private:
-    HDC dc;
-    HGDIOBJ before;
-};
-
-}  // namespace
 
 int Offset(Place place, int room, int length) {
     switch (place) {

@@ -6,7 +6,6 @@
 
 #include <initializer_list>
 
-#include "tools/clip.h"
 #include "tools/context.h"
 #include "tools/tools.h"
 
@@ -87,13 +86,6 @@ class Canvas {
 
     /// Width of a text in pixels, with 3 average characters added for every tab.
     int Width_Of(HFONT font, const char* text);
-
-    /// Paints with everything clipped to the columns left..right-1 and the rows bottom+1..top of `area`.
-    template <class Paint>
-    void Within(const Area& area, Paint paint) {
-        const Narrow_Clip clip(dc, Rectangle(area));
-        paint();
-    }
 
     /// Metrics of `font`, which is in place afterwards.
     TEXTMETRICA Metrics(HFONT font);

@@ -10,6 +10,7 @@
 #include "tools/arithmetic.h"
 #include "tools/context.h"
 #include "tools/font_cache.h"
+#include "tools/scopes.h"
 #include "tools/sharing.h"
 #include "tools/surface.h"
 #include "util/error.h"
@@ -142,18 +143,8 @@ TEXTMETRICA Metrics_In_Place(HDC dc) {
     return metrics;
 }
 
-/// Font of the surface in use for a scope.
-class Selected_Font {
-  public:
-    explicit Selected_Font(HFONT font)
-        : before(SelectObject(Z_DC, font ? font : GetStockObject(SYSTEM_FONT))) {}
-    ~Selected_Font() { SelectObject(Z_DC, before); }
-    Selected_Font(const Selected_Font&) = delete;
-    Selected_Font& operator=(const Selected_Font&) = delete;
-
-  private:
-    HGDIOBJ before;
-};
+/// `font`, or the stock system font when null.
+HGDIOBJ Font_Or_Stock(HFONT font) { return font ? font : GetStockObject(SYSTEM_FONT); }
 
 }  // namespace
 
@@ -218,18 +209,18 @@ void Z_Delete_Font(HWND, HFONT font) {
 
 int Text_Width(HFONT font, const char* text) {
     if (!text) return 0;
-    const Selected_Font selected(font);
+    const Selection selected(Z_DC, Font_Or_Stock(font));
     return Extent_In_Place(Z_DC, text);
 }
 
 int Text_Height(HFONT font) {
-    const Selected_Font selected(font);
+    const Selection selected(Z_DC, Font_Or_Stock(font));
     return Metrics_In_Place(Z_DC).tmHeight;
 }
 
 void Text_Tabbed(HFONT font, int x, int y, const char* text) {
     if (!text) return;
-    const Selected_Font selected(font);
+    const Selection selected(Z_DC, Font_Or_Stock(font));
     const TEXTMETRICA metrics = Metrics_In_Place(Z_DC);
     Write_Tabbed(Z_DC, x, y + metrics.tmHeight, text, metrics);
 }

@@ -191,14 +191,8 @@ void Take_Look(Tools& part, const CheckLists& list) {
 void Init_Box(Boxs& box, const CheckLists& list) {
     constexpr unsigned long Passed_On = 0x47771;
     Take_Name(box, list);
-    Take_Look(box, list);
+    Copy_Frame(box, list);
     box.Font_Style = list.Font_Style;
-    box.X = list.X;
-    box.Y = list.Y;
-    box.Width = list.Width;
-    box.Height = list.Height;
-    box.Color = list.Color;
-    box.Border = list.Border;
     box.Flag = (list.Flag & Passed_On) | FLAG_PASSIVE;
     box.Init(list.Window);
 }

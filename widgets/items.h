@@ -90,6 +90,20 @@ inline void Copy_Font(Tools& item, const Tools& owner) {
     item.Font_Size = owner.Font_Size;
 }
 
+/// Gives the frame of a compound control the place and the look of its owner.
+inline void Copy_Frame(Tools& frame, const Tools& owner) {
+    frame.X = owner.X;
+    frame.Y = owner.Y;
+    frame.Width = owner.Width;
+    frame.Height = owner.Height;
+    frame.Color = owner.Color;
+    frame.Border = owner.Border;
+    frame.Font_Name = owner.Font_Name;
+    frame.Font_Weight = owner.Font_Weight;
+    frame.Font_Size = owner.Font_Size;
+    Copy_Clip(frame, owner);
+}
+
 /// Style bits of its owner that an item takes over.
 inline unsigned long Inherited_Flags(const Tools& owner) { return owner.Flag & 0x0F107750; }
 

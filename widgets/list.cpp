@@ -33,17 +33,8 @@ int Bar_Width(const Lists& list) { return list.Slider_Width ? Magnitude(list.Sli
 void Init_Frame(Lists& list) {
     Boxs& frame = list.Frame;
     Take_Name(frame, list);
-    frame.X = list.X;
-    frame.Y = list.Y;
-    frame.Width = list.Width;
-    frame.Height = list.Height;
-    frame.Color = list.Color;
-    frame.Font_Size = list.Font_Size;
-    frame.Font_Name = list.Font_Name;
-    frame.Font_Weight = list.Font_Weight;
-    frame.Border = list.Border;
+    Copy_Frame(frame, list);
     frame.Flag = (list.Flag & (FLAG_NO_BODY | FLAG_STATIC | FLAG_OUTLINE)) | FLAG_OWN_IMAGES | FLAG_PASSIVE;
-    Copy_Clip(frame, list);
     frame.Init(list.Window);
 }
 

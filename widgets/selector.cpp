@@ -35,14 +35,8 @@ void Place_In(Tools& part, const Area& area) {
 void Init_Frame(Selects& selector) {
     constexpr unsigned long Kept_Flags = 0x7771;
     Boxs& frame = selector.Frame;
-    Place_In(frame, Area_Of(selector));
-    frame.Color = selector.Color;
-    frame.Border = selector.Border;
-    frame.Font_Name = selector.Font_Name;
-    frame.Font_Weight = selector.Font_Weight;
-    frame.Font_Size = selector.Font_Size;
+    Copy_Frame(frame, selector);
     frame.Flag = (selector.Flag & Kept_Flags) | FLAG_PASSIVE;
-    Copy_Clip(frame, selector);
     frame.Init(selector.Window);
 }
 

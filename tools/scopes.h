@@ -1,10 +1,23 @@
 /// @file
-/// Regions and clips as scopes.
+/// What is selected, made or narrowed on a context, as scopes.
 #pragma once
 
 #include <windows.h>
 
 namespace galdren {
+
+/// Keeps an object selected for a scope.
+class Selection {
+  public:
+    Selection(HDC context, HGDIOBJ object) : dc(context), before(SelectObject(context, object)) {}
+    ~Selection() { SelectObject(dc, before); }
+    Selection(const Selection&) = delete;
+    Selection& operator=(const Selection&) = delete;
+
+  private:
+    HDC dc;
+    HGDIOBJ before;
+};
 
 /// A rectangle region for a scope.
 class Scoped_Region {
