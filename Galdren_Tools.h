@@ -7,6 +7,7 @@
 #include "tools/dimensions.h"
 #include "tools/font.h"
 #include "tools/input.h"
+#include "tools/keyboard.h"
 #include "tools/library.h"
 #include "tools/paint.h"
 #include "tools/surface.h"
@@ -18,4 +19,5 @@
 #include "widgets/list.h"
 #include "widgets/selector.h"
 #include "widgets/slider.h"
+#include "widgets/text.h"
 #include "widgets/valuator.h"

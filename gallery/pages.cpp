@@ -7,7 +7,8 @@ std::span<const Page> Pages() {
         {"boxes", "Boxes", Build_Boxes},       {"labels", "Labels", Build_Labels},
         {"buttons", "Buttons", Build_Buttons}, {"checklists", "Check lists", Build_Checklists},
         {"sliders", "Sliders", Build_Sliders}, {"selectors", "Selectors", Build_Selectors},
-        {"lists", "Lists", Build_Lists},
+        {"lists", "Lists", Build_Lists},       {"entries", "Entry fields", Build_Entries},
+        {"console", "Console", Build_Console},
     };
     return pages;
 }

@@ -27,5 +27,7 @@ void Build_Checklists(Sheet& sheet);
 void Build_Sliders(Sheet& sheet);
 void Build_Selectors(Sheet& sheet);
 void Build_Lists(Sheet& sheet);
+void Build_Entries(Sheet& sheet);
+void Build_Console(Sheet& sheet);
 
 }  // namespace gallery

@@ -93,6 +93,41 @@ bool Is_Inside(const Tools& control, POINT logical) {
     return Is_Shown(control) && PtInRect(&control.Rect, logical);
 }
 
+/// The code of a key message. Escape is a key like any other: the parser would have the window closed.
+int Key_Code(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+    if (message == WM_CHAR && wparam == VK_ESCAPE) return VK_ESCAPE;
+    return Parse_Keyboard(window, message, wparam, lparam);
+}
+
+/// Whether a key is meant for the application rather than for the text in which it is pressed.
+bool Is_Command(UINT message, int code) {
+    if (message == WM_CHAR) return false;
+    if (message == WM_SYSKEYDOWN || code & (KEY_CONTROL | KEY_ALT)) return true;
+    const int key = code & 0xFF;
+    const bool edits = (key >= VK_PRIOR && key <= VK_DOWN) || key == VK_INSERT || key == VK_DELETE;
+    return code & KEY_NAVIGATION && !edits;
+}
+
+bool Is_Digit(int code) { return code >= '0' && code <= '9'; }
+
+/// AltGr is Ctrl and Alt to the system.
+bool Is_Alt_Gr_Down() { return getkey(VK_CONTROL) && getkey(VK_MENU); }
+
+/// What a key means to the control in which it is pressed. The parser gives digits when their key goes down,
+/// and tells the keypad's keys from the others; in a text each is the character that the keyboard's layout
+/// makes of it.
+int Typed(UINT message, WPARAM wparam, int code) {
+    if (message == WM_CHAR) {
+        const int character = wparam > 0xFF ? 0 : static_cast<int>(wparam);
+        return Is_Digit(character) || (character >= ' ' && Is_Alt_Gr_Down()) ? character : code;
+    }
+    const int key = code & ~KEY_SHIFT;
+    if (Is_Digit(key) || key & KEY_KEYPAD_DIGIT) return 0;  // the character follows
+    constexpr char Operators[] = "*+,-./";
+    const int operation = key - (KEY_KEYPAD | VK_MULTIPLY);
+    return operation >= 0 && operation <= VK_DIVIDE - VK_MULTIPLY ? Operators[operation] : code;
+}
+
 }  // namespace
 
 Host::Host(HWND served) : window(served) {}
@@ -105,15 +140,21 @@ void Host::Set_On_Paint(std::function<void()> draw) {
     on_paint = std::make_shared<const std::function<void()>>(std::move(draw));
 }
 
+void Host::Set_On_Key(std::function<bool(int)> take) {
+    on_key = take ? std::make_shared<const std::function<bool(int)>>(std::move(take)) : nullptr;
+}
+
 void Host::Remove(const Tools& control) {
     std::erase_if(entries, [&](const Entry& entry) { return entry.control == &control; });
     if (current == &control) current = nullptr;
+    if (focused == &control) focused = nullptr;
     if (wheel_control == &control) wheel_control = nullptr;
 }
 
 void Host::Clear() {
     entries.clear();
     current = nullptr;
+    focused = nullptr;
     wheel_control = nullptr;
 }
 
@@ -168,6 +209,11 @@ bool Host::Message(UINT message, WPARAM wparam, LPARAM lparam, LRESULT& result) 
             return On_Capture_Lost(reinterpret_cast<HWND>(lparam)) && taken(0);
         case WM_MOUSEWHEEL:
             return On_Wheel(wparam, Position_Of(lparam)) && taken(0);
+        case WM_KEYDOWN:
+        case WM_KEYUP:
+        case WM_CHAR:
+        case WM_SYSKEYDOWN:
+            return On_Key(message, wparam, lparam) && taken(0);
         default:
             return false;
     }
@@ -273,11 +319,13 @@ void Host::On_Leave() {
 
 bool Host::On_Press(int button, WPARAM keys, POINT client) {
     BUTTON_PRESS(button);
+    if (Wants_Keys()) SetFocus(window);
     const int answer = Point(client, Event_Word(EVENT_PRESS, keys));
     if (!held) SetCapture(window);
     held |= 1u << button;
     const Entry* entry = Find(current);
     if (!entry) return false;
+    if (button == 1 && Takes_Keys(*entry)) focused = current;
     if (answer && button == 1) Notify(*entry, &Handlers::on_press);
     return true;
 }
@@ -317,6 +365,65 @@ bool Host::On_Wheel(WPARAM wparam, POINT screen) {
     entry->calls->scroll(*entry->control, steps);
     Notify(*entry, &Handlers::on_change);
     return true;
+}
+
+void Host::Focus(const Tools* control) {
+    const Entry* entry = Find(control);
+    if (!control || (entry && entry->calls->input)) focused = control;
+}
+
+bool Host::Takes_Keys(const Entry& entry) {
+    return entry.calls->input && Is_Shown(*entry.control) && !(entry.control->Flag & FLAG_PASSIVE);
+}
+
+/// The control that gets the keys now.
+const Host::Entry* Host::Key_Taker() const {
+    const Entry* entry = Find(focused);
+    return entry && Takes_Keys(*entry) ? entry : nullptr;
+}
+
+bool Host::Wants_Keys() const { return on_key || std::any_of(entries.begin(), entries.end(), Takes_Keys); }
+
+/// Gives the focus to the next control that takes keys, in the order of addition, and after the last to the
+/// first.
+/// @return false when there is no other to go to
+bool Host::Move_Focus(bool back) {
+    std::vector<const Tools*> takers;
+    for (const Entry& entry : entries) {
+        if (Takes_Keys(entry)) takers.push_back(entry.control);
+    }
+    if (takers.empty()) return false;
+    if (back) std::reverse(takers.begin(), takers.end());
+    const auto now = std::find(takers.begin(), takers.end(), focused);
+    const auto next = now == takers.end() || now + 1 == takers.end() ? takers.begin() : now + 1;
+    return std::exchange(focused, *next) != *next;
+}
+
+/// Offers a key to the application.
+/// @return whether it took it; the host may be gone then
+bool Host::Offer(UINT message, int code) const {
+    const HWND served = window;
+    const std::shared_ptr<const std::function<bool(int)>> take = on_key;
+    if (!code || !take || !(*take)(code)) return false;
+    // The system would beep at the character of a key that it finds no menu for.
+    MSG character;
+    if (message == WM_SYSKEYDOWN) PeekMessageA(&character, served, WM_SYSCHAR, WM_SYSCHAR, PM_REMOVE);
+    return true;
+}
+
+bool Host::On_Key(UINT message, WPARAM wparam, LPARAM lparam) {
+    if (!Wants_Keys()) return false;
+    const int code = Key_Code(window, message, wparam, lparam);
+    if ((code & ~KEY_SHIFT) == VK_TAB && Move_Focus((code & KEY_SHIFT) != 0)) return true;
+    const bool for_application = !Key_Taker() || Is_Command(message, code);
+    if (for_application && Offer(message, code)) return true;
+    const Entry* taker = Key_Taker();
+    const int key = Typed(message, wparam, code);
+    if (!taker || !key) return false;
+    taker->calls->input(*taker->control, key);
+    Notify(*taker, &Handlers::on_change);
+    // What the system does with Alt and a key, such as closing the window, it does whoever has the focus.
+    return message != WM_SYSKEYDOWN;
 }
 
 void Host::Paint() {

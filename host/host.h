@@ -17,12 +17,13 @@
 
 #include "../Galdren_Tools.h"
 
-/// Draws the controls of one window and tells them of the pointer.
+/// Draws the controls of one window and tells them of the pointer and the keys.
 ///
 /// The host does not own controls: each must outlive the host or be removed. They are painted in the order in
 /// which they were added, and the last one added is the topmost under the pointer. A passive control hides
 /// what it covers from the pointer and gets no events itself; a control without `Select`, such as a label,
-/// is only drawn. For the thread that runs the window.
+/// is only drawn. A control with `Input` takes keys: one of these has the keyboard focus.
+/// For the thread that runs the window.
 ///
 /// Controls and the whole host may be changed from inside every callback: `Remove`, `Clear`, `Add`.
 class Host {
@@ -44,7 +45,7 @@ class Host {
     /// @param control    a control of any class
     /// @param on_press   called when the left button goes down on the control and its `Select` answers 1
     /// @param on_change  called when the control's `Select` answers 1 to the pointer dragged with the left
-    ///                   button, and after its `Scroll` for the wheel
+    ///                   button, after its `Scroll` for the wheel, and after its `Input` for a key
     template <std::derived_from<Tools> Control>
     void Add(Control& control, std::type_identity_t<std::function<void(Control&)>> on_press = {},
              std::type_identity_t<std::function<void(Control&)>> on_change = {}) {
@@ -70,6 +71,18 @@ class Host {
     /// null when there is none.
     const Tools* Current() const { return current; }
 
+    /// Called with the code of a key (see `Parse_Keyboard`; Escape is 27, and nothing is closed) when no
+    /// control has the keyboard focus. Commands, which are keys with Ctrl or Alt and function keys, come here
+    /// before the control that has the focus gets them.
+    /// @param take  answers whether it took the key; when it destroyed the host it must answer true
+    void Set_On_Key(std::function<bool(int)> take);
+
+    /// Gives a control that takes keys the keyboard focus, or none with null. Another control is ignored.
+    void Focus(const Tools* control);
+    /// The control that has the keyboard focus, null when there is none. It keeps it while it is passive or
+    /// has no size, and gets no keys meanwhile.
+    const Tools* Focused() const { return focused; }
+
     /// Takes one message of the window.
     /// @return true when the window procedure is to return `result`, false when the message is not for the
     ///         host (`result` is then left alone)
@@ -84,6 +97,7 @@ class Host {
         void (*draw)(Tools& control);
         int (*select)(Tools& control, int event);
         void (*scroll)(Tools& control, int steps);
+        void (*input)(Tools& control, int key);
     };
 
     struct Handlers {
@@ -113,6 +127,9 @@ class Host {
                 static_cast<Control&>(control).Scroll(
                     static_cast<Steps>(Wheel_Steps<Control>(control, steps)));
             };
+        }
+        if constexpr (requires(Control & c) { c.Input(0); }) {
+            calls.input = [](Tools& control, int key) { static_cast<Control&>(control).Input(key); };
         }
         return calls;
     }
@@ -158,6 +175,13 @@ class Host {
     bool On_Capture_Lost(HWND now);
     bool On_Wheel(WPARAM wparam, POINT screen);
 
+    static bool Takes_Keys(const Entry& entry);
+    const Entry* Key_Taker() const;
+    bool Wants_Keys() const;
+    bool Move_Focus(bool back);
+    bool Offer(UINT message, int code) const;
+    bool On_Key(UINT message, WPARAM wparam, LPARAM lparam);
+
     void Paint();
     void Paint_Area(RECT area);
     RECT Grow_To_Controls(RECT area) const;
@@ -166,12 +190,14 @@ class Host {
     HWND window;
     Colors background{170, 170, 170};
     std::shared_ptr<const std::function<void()>> on_paint;
+    std::shared_ptr<const std::function<bool(int)>> on_key;
     std::vector<Entry> entries;
     POINT pointer{};           // where the pointer was seen last, on the screen
     Tools* current = nullptr;  // the control that gets the pointer's events
     bool inside = false;       // whether the pointer was inside it then; while a button is held it may leave
     unsigned held = 0;      // one bit for each button that went down here; the mouse is captured while not 0
     bool tracking = false;  // WM_MOUSELEAVE has been asked for
+    const Tools* focused = nullptr;
     const Tools* wheel_control = nullptr;
     int wheel_rest = 0;  // what is left of the wheel's movement after whole steps
 };

@@ -29,12 +29,24 @@ Canvas::Canvas(const View& view, const Tools& control)
 
 Canvas::Canvas(const Tools& control) : Canvas(Take_Surface(control.Window), control) {}
 
-// What a clip rectangle leaves out is not covered.
-Canvas::Canvas(const Tools& control, const Area& covered)
-    : Canvas(control.Clip_Width != 0
-                 ? Take_Surface(control.Window)
-                 : Take_Surface(control.Window, {covered.left, covered.bottom, covered.right, covered.top}),
-             control) {}
+namespace {
+
+/// The surface with a picture that covers an area. What a clip rectangle leaves out is not covered.
+template <class... Picture>
+View Take_Covered(const Tools& control, const Area& covered, Picture&... picture) {
+    if (control.Clip_Width != 0) return Take_Surface(control.Window);
+    return Take_Surface(control.Window, {covered.left, covered.bottom, covered.right, covered.top},
+                        picture...);
+}
+
+}  // namespace
+
+Canvas::Canvas(const Tools& control, const Area& covered) : Canvas(Take_Covered(control, covered), control) {}
+
+Canvas::Canvas(const Tools& control, const Area& covered, unsigned& picture)
+    : Canvas(Take_Covered(control, covered, picture), control) {
+    if (control.Clip_Width != 0) picture = 0;
+}
 
 Canvas::~Canvas() {
     if (brush_before) SelectObject(dc, brush_before);
@@ -56,6 +68,14 @@ void Canvas::Use_Brush(unsigned long color) {
 void Canvas::Box(const Area& area, unsigned long color) {
     Use_Brush(color);
     PatBlt(dc, area.left, Y(area.top), area.right - area.left, Down(area.top - area.bottom), PATCOPY);
+}
+
+void Canvas::Raise(const Area& area, int rise) {
+    const Area from{area.left, area.right, area.bottom - std::min(rise, 0), area.top - std::max(rise, 0)};
+    const int rows = from.top - from.bottom;
+    if (rows < 1) return;
+    BitBlt(dc, from.left, Y(from.top + rise), from.right - from.left, Down(rows), dc, from.left, Y(from.top),
+           SRCCOPY);
 }
 
 void Canvas::Row(int x_from, int x_to, int y, unsigned long color) {
@@ -116,29 +136,44 @@ void Canvas::Write(HFONT font, const char* text, const Area& area, Place across,
     if (!Write_Plain(font, text, area, across, down)) Write_Any(text, area, across, down);
 }
 
-/// The usual caption: short, and of characters that the font has. Its glyphs are placed by hand, for DrawText
-/// takes twice as long and, on a context with y upward, may centre text one line too low.
-/// @return false when the text is not of that kind
-bool Canvas::Write_Plain(HFONT font, const char* text, const Area& area, Place across, Place down) {
-    const Font_Facts* facts = Facts_Of(font, dc);
-    if (!facts) return false;
-    constexpr int Longest = 128;
+/// The glyphs of a text that is short and of characters that the font has.
+struct Canvas::Glyph_Run {
+    static constexpr int Longest = 255;
     WORD glyphs[Longest];
     int count = 0;
     int width = 0;
-    for (; text[count]; ++count) {
-        const auto byte = static_cast<unsigned char>(text[count]);
-        if (count == Longest || facts->glyphs[byte] == Font_Facts::No_Glyph) return false;
-        glyphs[count] = facts->glyphs[byte];
-        width += facts->widths[byte];
+
+    /// @return false when the text is not of that kind
+    bool Take(const Font_Facts& facts, const char* text, int longest) {
+        for (; text[count]; ++count) {
+            const auto byte = static_cast<unsigned char>(text[count]);
+            if (count == longest || facts.glyphs[byte] == Font_Facts::No_Glyph) return false;
+            glyphs[count] = facts.glyphs[byte];
+            width += facts.widths[byte];
+        }
+        return true;
     }
+
+    void Write(HDC dc, int x, int y, UINT options, const RECT* clip) const {
+        ExtTextOutW(dc, x, y, options | ETO_GLYPH_INDEX, clip, reinterpret_cast<const WCHAR*>(glyphs),
+                    static_cast<UINT>(count), nullptr);
+    }
+};
+
+/// The usual caption. Its glyphs are placed by hand, for DrawText takes twice as long and, on a context with
+/// y upward, may centre text one line too low.
+/// @return false when the text needs DrawText
+bool Canvas::Write_Plain(HFONT font, const char* text, const Area& area, Place across, Place down) {
+    constexpr int Longest_Caption = 128;
+    const Font_Facts* facts = Facts_Of(font, dc);
+    Glyph_Run run;
+    if (!facts || !run.Take(*facts, text, Longest_Caption)) return false;
     int x = area.left;
-    if (across == Place::Middle) x = (area.left + area.right - width) / 2;
-    if (across == Place::End) x = area.right - width;
+    if (across == Place::Middle) x = (area.left + area.right - run.width) / 2;
+    if (across == Place::End) x = area.right - run.width;
     const int drop = Offset(down, area.top - area.bottom, facts->metrics.tmHeight);
     const RECT clip = Rectangle(area);
-    ExtTextOutW(dc, x, Y(area.top) + Down(drop), ETO_CLIPPED | ETO_GLYPH_INDEX, &clip,
-                reinterpret_cast<const WCHAR*>(glyphs), static_cast<UINT>(count), nullptr);
+    run.Write(dc, x, Y(area.top) + Down(drop), ETO_CLIPPED, &clip);
     return true;
 }
 
@@ -167,6 +202,19 @@ void Canvas::Write_Tabbed(HFONT font, const char* text, int x, int y, unsigned l
     Use_Text(font, color);
     const TEXTMETRICA metrics = Metrics(font);
     galdren::Write_Tabbed(dc, x, Y(y + metrics.tmHeight), text, metrics);
+}
+
+int Canvas::Write_Run(HFONT font, const char* text, int x, int y, unsigned long color) {
+    if (!dc) return 0;
+    Use_Text(font, color);
+    const Font_Facts* facts = Facts_Of(font, dc);
+    Glyph_Run run;
+    if (!facts || !run.Take(*facts, text, Glyph_Run::Longest)) {
+        Write_Tabbed(font, text, x, y, color);
+        return Width_Of(font, text);
+    }
+    run.Write(dc, x, Y(y + facts->metrics.tmHeight), 0, nullptr);
+    return run.width;
 }
 
 int Canvas::Width_Of(HFONT font, const char* text) {

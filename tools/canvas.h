@@ -7,6 +7,7 @@
 #include <initializer_list>
 
 #include "tools/context.h"
+#include "tools/scopes.h"
 #include "tools/tools.h"
 
 namespace galdren {
@@ -46,12 +47,18 @@ class Canvas {
     explicit Canvas(const Tools& control);
     /// For a paint that covers an area completely, edges included, before it puts anything on it.
     Canvas(const Tools& control, const Area& covered);
+    /// The same on a picture that is kept from paint to paint; see `Take_Surface`.
+    Canvas(const Tools& control, const Area& covered, unsigned& picture);
     ~Canvas();
     Canvas(const Canvas&) = delete;
     Canvas& operator=(const Canvas&) = delete;
 
     /// Fills the columns left..right-1 and the rows bottom+1..top.
     void Box(const Area& area, unsigned long color);
+
+    /// Copies what an area filled by `Box` shows to a place `rise` rows higher, as far as that is in the
+    /// area.
+    void Raise(const Area& area, int rise);
 
     /// Horizontal line from x_from towards x_to, which is not painted.
     void Row(int x_from, int x_to, int y, unsigned long color);
@@ -84,6 +91,13 @@ class Canvas {
     /// @param text  null writes nothing
     void Write_Tabbed(HFONT font, const char* text, int x, int y, unsigned long color);
 
+    /// A piece of a line as `Text_Tabbed` writes it, not clipped, in the color given.
+    /// @return its width as `Width_Of` gives it
+    int Write_Run(HFONT font, const char* text, int x, int y, unsigned long color);
+
+    /// Narrows the clip for a scope to the columns left..right-1 and the rows bottom+1..top.
+    Narrow_Clip Narrow(const Area& area) { return Narrow_Clip(dc, Rectangle(area)); }
+
     /// Width of a text in pixels, with 3 average characters added for every tab.
     int Width_Of(HFONT font, const char* text);
 
@@ -99,6 +113,7 @@ class Canvas {
     void Clip(int x, int y, int width, int height);
     void Use_Brush(unsigned long color);
     void Use_Text(HFONT font, unsigned long color);
+    struct Glyph_Run;
     bool Write_Plain(HFONT font, const char* text, const Area& area, Place across, Place down);
     void Write_Any(const char* text, const Area& area, Place across, Place down);
 

@@ -23,6 +23,13 @@ View Take_Surface(HWND window);
 /// the font of the last member is still in place, and goes to the window in one copy.
 View Take_Surface(HWND window, const RECT& covered);
 
+/// The same for a member that paints anew only what changed. The library keeps one such picture, that of the
+/// last control that asked.
+/// @param picture  number of the picture that the control painted last. Receives the number of the one in
+///                 use: unchanged, that picture still holds what was painted; another, it holds nothing; 0,
+///                 the member paints on whatever the window shows.
+View Take_Surface(HWND window, const RECT& covered, unsigned& picture);
+
 /// Gives back what `Take_Surface` took.
 void Give_Back_Surface();
 

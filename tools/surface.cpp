@@ -179,10 +179,13 @@ class Window_Buffer : public Back_Buffer {
     }
 };
 
-/// A picture of one small control, composed off screen.
+/// A picture of one control or a part of it, composed off screen.
 class Scratch : public Back_Buffer {
   public:
-    Scratch() : Back_Buffer({160, 48}) {}
+    /// Large enough for most small controls, and small enough to stay in the processor's cache.
+    static constexpr SIZE Small_Control{160, 48};
+
+    explicit Scratch(SIZE size) : Back_Buffer(size) {}
     bool Fits(const RECT& device) const {
         return device.right - device.left <= Size().cx && device.bottom - device.top <= Size().cy;
     }
@@ -198,6 +201,9 @@ class Scratch : public Back_Buffer {
         SelectClipRgn(Context(), nullptr);
         Copy_To(window, {place.left, place.top}, 0, 0, place.right - place.left, place.bottom - place.top);
     }
+
+    /// Which of the kept pictures this is, counted over the life of the process; 0 for one that is not kept.
+    unsigned number = 0;
 
   private:
     RECT place{};
@@ -235,6 +241,8 @@ struct Surface {
     std::vector<Batch> batches;
     std::map<HWND, std::unique_ptr<Window_Buffer>> buffers;
     std::unique_ptr<Scratch> scratch;
+    std::unique_ptr<Scratch> kept;  ///< what the last control that keeps its picture has painted
+    unsigned kept_number = 0;
 };
 
 Surface& The_Surface() {
@@ -311,18 +319,56 @@ bool May_Compose(const Surface& surface, HWND window) {
            });
 }
 
+RECT To_Device(const RECT& logical, LONG client_height) {
+    return {logical.left, client_height - 1 - logical.bottom, logical.right + 1, client_height - logical.top};
+}
+
+/// A new level on a picture that stands for a rectangle of the window.
+void Compose_On(Surface& surface, Scratch& picture, HWND window, const RECT& device, LONG client_height) {
+    surface.levels.push_back({window, picture.Stand_For(device, client_height), Source::Scratch, &picture});
+    Set_Globals(surface);
+}
+
 /// A new level on the scratch picture that stands for a rectangle of the window in logical pixels.
 /// @return false when that is not possible
 bool Take_Scratch(Surface& surface, HWND window, const RECT& covered) {
     const SIZE client = Client_Size(window);
     if (client.cx < 1 || client.cy < 1 || !May_Compose(surface, window)) return false;
-    if (!surface.scratch) surface.scratch.reset(new (std::nothrow) Scratch);
-    const RECT device{covered.left, client.cy - 1 - covered.bottom, covered.right + 1,
-                      client.cy - covered.top};
+    if (!surface.scratch) surface.scratch.reset(new (std::nothrow) Scratch(Scratch::Small_Control));
+    const RECT device = To_Device(covered, client.cy);
     Scratch* scratch = surface.scratch.get();
     if (!scratch || !scratch->Usable() || !scratch->Fits(device)) return false;
-    surface.levels.push_back({window, scratch->Stand_For(device, client.cy), Source::Scratch, scratch});
-    Set_Globals(surface);
+    Compose_On(surface, *scratch, window, device, client.cy);
+    return true;
+}
+
+/// The kept picture in this size, with the number of a new one unless it is the one asked for; null when it
+/// cannot be had.
+Scratch* Kept_Picture(Surface& surface, SIZE size, unsigned wanted) {
+    constexpr LONG Longest_Side = 4096;  // no more than a large display has
+    if (size.cx < 1 || size.cy < 1 || size.cx > Longest_Side || size.cy > Longest_Side) return nullptr;
+    Scratch* kept = surface.kept.get();
+    const bool fits = kept && kept->Size().cx == size.cx && kept->Size().cy == size.cy;
+    if (fits && wanted != 0 && kept->number == wanted) return kept;
+    if (!fits) {
+        surface.kept.reset();
+        surface.kept.reset(new (std::nothrow) Scratch(size));
+    }
+    if (!surface.kept || !surface.kept->Usable()) return nullptr;
+    surface.kept->number = ++surface.kept_number;
+    return surface.kept.get();
+}
+
+/// A new level on the kept picture.
+/// @return false when that is not possible
+bool Take_Kept(Surface& surface, HWND window, const RECT& covered, unsigned& picture) {
+    const SIZE client = Client_Size(window);
+    if (client.cx < 1 || client.cy < 1 || !May_Compose(surface, window)) return false;
+    const RECT device = To_Device(covered, client.cy);
+    Scratch* kept = Kept_Picture(surface, {device.right - device.left, device.bottom - device.top}, picture);
+    if (!kept) return false;
+    picture = kept->number;
+    Compose_On(surface, *kept, window, device, client.cy);
     return true;
 }
 
@@ -333,7 +379,7 @@ void Release(Level& level) {
     if (level.source == Source::Lower_Level || (own && Has_Private_Context(level.window)))
         Restore_Font(level);
     if (own && level.view.dc) ReleaseDC(level.window, level.view.dc);
-    if (level.source == Source::Scratch) The_Surface().scratch->Show(level.window);
+    if (level.source == Source::Scratch) static_cast<Scratch*>(level.buffer)->Show(level.window);
 }
 
 void Give_Back(bool application) {
@@ -382,16 +428,34 @@ Drawing_Lock::~Drawing_Lock() { Leave_Lock(); }
 
 View Take_Surface(HWND window) { return Take(window, false).view; }
 
-View Take_Surface(HWND window, const RECT& covered) {
+namespace {
+
+/// Takes the surface off screen with `take`, or else as it comes.
+template <class Take_Picture>
+View Take_Composed(HWND window, Take_Picture take) {
     Enter_Lock();
     Surface& surface = The_Surface();
-    if (!Take_Scratch(surface, window, covered)) {
+    if (!take(surface)) {
         const View view = Take(window, false).view;
         Leave_Lock();
         return view;
     }
     ++surface.levels.back().holders;
     return surface.levels.back().view;
+}
+
+}  // namespace
+
+View Take_Surface(HWND window, const RECT& covered) {
+    return Take_Composed(window, [&](Surface& surface) { return Take_Scratch(surface, window, covered); });
+}
+
+View Take_Surface(HWND window, const RECT& covered, unsigned& picture) {
+    return Take_Composed(window, [&](Surface& surface) {
+        const bool taken = Take_Kept(surface, window, covered, picture);
+        if (!taken) picture = 0;
+        return taken;
+    });
 }
 
 void Give_Back_Surface() { Give_Back(false); }
@@ -417,6 +481,7 @@ void Put_Away_Font(HFONT font) {
         buffer.font = nullptr;
     };
     if (surface.scratch) put_away(*surface.scratch);
+    if (surface.kept) put_away(*surface.kept);
     for (const auto& entry : surface.buffers)
         put_away(*entry.second);
 }
@@ -434,6 +499,7 @@ void Free_Back_Buffers() {
     Drawing_Lock lock;
     The_Surface().buffers.clear();
     The_Surface().scratch.reset();
+    The_Surface().kept.reset();
 }
 
 }  // namespace galdren
