@@ -418,8 +418,8 @@ bool Host::On_Key(UINT message, WPARAM wparam, LPARAM lparam) {
     const bool for_application = !Key_Taker() || Is_Command(message, code);
     if (for_application && Offer(message, code)) return true;
     const Entry* taker = Key_Taker();
-    const int key = Typed(message, wparam, code);
-    if (!taker || !key) return false;
+    const int key = taker ? Typed(message, wparam, code) : 0;
+    if (!key) return false;
     taker->calls->input(*taker->control, key);
     Notify(*taker, &Handlers::on_change);
     // What the system does with Alt and a key, such as closing the window, it does whoever has the focus.

@@ -135,9 +135,10 @@ class Host {
     }
 
     /// A bar scrolls towards its start end, which is the lower one when it stands upright; the wheel turned
-    /// away from the user goes up.
+    /// away from the user goes up. The output of a text field starts at its bottom.
     template <class Control>
     static int Wheel_Steps(const Tools& control, int steps) {
+        if (std::derived_from<Control, Texts>) return -steps;
         constexpr bool has_bar = std::derived_from<Control, Sliders> ||
                                  std::derived_from<Control, Valuators> || std::derived_from<Control, Lists>;
         return has_bar && control.Flag & FLAG_VERTICAL ? -steps : steps;

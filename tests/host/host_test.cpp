@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 
+#include "tests/support/keys.h"
 #include "tests/support/spy.h"
 #include "tests/support/window.h"
 
@@ -56,6 +57,13 @@ class Scroll_Recorder : public Recorder {
         Note(" scroll " + std::to_string(steps));
         return 0;
     }
+};
+
+/// Writes down "a key 97".
+class Key_Recorder : public Recorder {
+  public:
+    using Recorder::Recorder;
+    void Input(int key) { Note(" key " + std::to_string(key)); }
 };
 
 class Host_Test : public testing::Test {
@@ -269,6 +277,103 @@ TEST_F(Host_Test, Wheel_Keeps_The_Rest_Of_Fine_Steps) {
     EXPECT_FALSE(taken) << "a has no Scroll";
     Wheel(120, 20, -500);
     EXPECT_FALSE(taken) << "outside the window";
+}
+
+class Host_Keys_Test : public Host_Test {
+  protected:
+    Host_Keys_Test() {
+        host->Clear();
+        host->Add(c, {}, Note_Change);
+        host->Add(a);
+        host->Add(d);
+        host->Init_All();
+    }
+    std::string Key(UINT message, WPARAM wparam, int held = 0) {
+        Hold_Keys(held);
+        Send(message, wparam, 0, 0);
+        Hold_Keys(0);
+        return log;
+    }
+    const Tools* After_Press(int button_down, int x, int y) {
+        Send(static_cast<UINT>(button_down), 0, x, y);
+        Send(static_cast<UINT>(button_down) + 1, 0, x, y);
+        return host->Focused();
+    }
+    const Tools* After_Tab(int held = 0) { return Key(WM_KEYDOWN, VK_TAB, held), host->Focused(); }
+    Key_Recorder c{log, 'c', 10, 50, 50, 30};
+    Key_Recorder d{log, 'd', 100, 50, 50, 30};
+};
+
+TEST_F(Host_Keys_Test, Press_And_Tab_Move_The_Focus) {
+    EXPECT_EQ(After_Press(WM_LBUTTONDOWN, 120, 60), &d);
+    EXPECT_EQ(GetFocus(), window) << "or no key would arrive";
+    EXPECT_EQ(After_Press(WM_RBUTTONDOWN, 20, 60), &d) << "only the left button gives it";
+    EXPECT_EQ(After_Press(WM_LBUTTONDOWN, 20, 20), &d) << "a takes no keys";
+    EXPECT_EQ(After_Tab(), &c) << "after the last comes the first";
+    EXPECT_EQ(After_Tab(), &d);
+    EXPECT_EQ(After_Tab(KEY_SHIFT), &c);
+    EXPECT_EQ(After_Tab(KEY_SHIFT), &d);
+    c.Flag = FLAG_PASSIVE;
+    EXPECT_EQ(Key(WM_KEYDOWN, VK_TAB), "d key 9") << "nowhere else to go";
+    c.Flag = 0, d.Width = 0;
+    EXPECT_EQ(Key(WM_CHAR, 'x'), "") << "d is hidden";
+    EXPECT_EQ(After_Tab(), &c);
+    host->Focus(&a);
+    EXPECT_EQ(host->Focused(), &c);
+    host->Remove(c);
+    EXPECT_EQ(After_Tab(), nullptr);
+}
+
+TEST_F(Host_Keys_Test, Keys_Go_To_The_Focus_And_Commands_To_The_Application_First) {
+    constexpr int alt_gr = KEY_CONTROL | KEY_ALT;
+    struct Row {
+        UINT message;
+        WPARAM key;
+        int held, offered, given;
+        bool is_command = false;
+    };
+    // Digits count when they have become characters, wherever on the keyboard they are.
+    const Row rows[] = {{WM_KEYDOWN, 'A', 0, 0, 0},
+                        {WM_CHAR, 'a', 0, 97, 97},
+                        {WM_CHAR, 27, 0, 27, 27},
+                        {WM_KEYDOWN, VK_LEFT, 0, 4196, 4196},
+                        {WM_KEYDOWN, 'V', KEY_CONTROL, 598, 598, true},
+                        {WM_CHAR, 22, KEY_CONTROL, 0, 0},
+                        {WM_KEYDOWN, VK_F5, 0, 2164, 2164, true},
+                        {WM_SYSKEYDOWN, VK_F4, KEY_ALT, 3187, 3187, true},
+                        {WM_KEYDOWN, '7', 0, 55, 0},
+                        {WM_CHAR, '7', 0, 0, 55},
+                        {WM_KEYDOWN, VK_NUMPAD7, 0, 8295, 0},
+                        {WM_KEYDOWN, VK_DIVIDE, 0, 4207, '/'},
+                        {WM_CHAR, '/', 0, 0, 0},
+                        {WM_KEYDOWN, 'Q', alt_gr, 1617, 1617, true},
+                        {WM_CHAR, '@', alt_gr, 0, '@'}};
+    int offered = 0;
+    MSG waiting;
+    for (const bool focus : {false, true}) {
+        for (const bool takes : {false, true}) {
+            host->Focus(focus ? &c : nullptr);
+            host->Set_On_Key([&, takes](int code) { return offered = code, takes; });
+            for (const auto& [message, key, held, code, given, is_command] : rows) {
+                SCOPED_TRACE(testing::Message() << message << ' ' << key << ' ' << focus << takes);
+                PostMessageA(window, WM_SYSCHAR, 's', 0);
+                const bool offers = code && (!focus || is_command);
+                const bool gives = focus && given && !(offers && takes);
+                const std::string told = "c key " + std::to_string(given) + " c change";
+                offered = 0;
+                EXPECT_EQ(Key(message, key, held), gives ? told : "");
+                EXPECT_EQ(offered, offers ? code : 0);
+                // Alt and F4 must close the window unless the application has taken it, and then not beep.
+                const bool is_system = message == WM_SYSKEYDOWN;
+                EXPECT_EQ(taken, (offers && takes) || (gives && !is_system));
+                const bool beeps = PeekMessageA(&waiting, window, WM_SYSCHAR, WM_SYSCHAR, PM_REMOVE);
+                EXPECT_EQ(beeps, !(is_system && takes));
+            }
+        }
+    }
+    EXPECT_FALSE(PeekMessageA(&waiting, window, WM_CLOSE, WM_CLOSE, PM_NOREMOVE)) << "Escape closes nothing";
+    host->Set_On_Key([this](int) { return host.reset(), true; });
+    EXPECT_EQ(Key(WM_KEYDOWN, VK_F1), "");
 }
 
 TEST_F(Host_Test, Paints_What_Meets_The_Update_Rectangle) {
