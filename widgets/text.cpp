@@ -161,6 +161,7 @@ int Write_Line(Canvas& canvas, const Texts& field, const char* line, int x, int 
 void Paint_Input_Frame(Canvas& canvas, const Texts& field) {
     constexpr int Rings = 2;
     const Area box = Input_Area(field);
+    if (box.right < box.left) return;
     Paint_Frame(canvas, field.Color, 1, true, Rings, {box.left, box.right, box.bottom, box.top - 1});
 }
 
@@ -169,6 +170,7 @@ void Paint_Title(Canvas& canvas, const Texts& field) {
     const Area all = Area_Of(field);
     const int top = all.top - SPACE;
     const int bottom = top - Title_Height;
+    if (field.Width < 2 * SPACE) return;
     Paint_Frame(canvas, field.Color, 1, false, Rings, {all.left + SPACE, all.right - SPACE, bottom, top});
     Paint_Caption(canvas, field.Font, field.Name, field.Flag, {all.left, all.right, bottom, top},
                   field.Border);

@@ -291,11 +291,12 @@ void Texts::Scroll_2(int n) {
 }
 
 void Texts::Read_Echo(char* const text, short cursor) {
-    constexpr int Text_Gap = 2;
+    constexpr int Text_Gap = 4;
     constexpr int Caret_Gap = 3;
     constexpr unsigned long Caret_Yellow = 0x00FFFF;
     const Area box = Input_Area(*this);
     const int border = Frame_Width(*this);
+    if (Has_Flag(*this, FLAG_NO_BODY) || box.right < box.left) return;
     Canvas canvas(*this);
     Paint_Body(canvas, *this, Select_State == Hover_Highlighted, nullptr, Flag, border + 1, box);
 

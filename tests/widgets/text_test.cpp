@@ -1,0 +1,353 @@
+#include <cstring>
+#include <random>
+#include <string>
+
+#include "tests/support/painter.h"
+#include "tests/support/spy.h"
+#include "tests/support/window.h"
+
+using namespace galdren_test;
+
+namespace {
+
+constexpr int Left_Key = 2085, Right_Key = 2087, Home = 2084, End = 2083, Up = 2086, Down = 2088;
+constexpr int Delete_Key = 2094, Backspace = 8, Enter = 13, Escape_Key = 27, Paste = 598, Point_Key = 4206;
+
+/// A field that reads, and a window for it.
+struct Field : Texts {
+    explicit Field(unsigned long flag = 0, int width = 200, int height = 120) : window(320, 240) {
+        X = 30, Y = 40, Width = static_cast<short>(width), Height = static_cast<short>(height);
+        Flag = flag, Font_Name = "Arial", Font_Size = 10, Color = Colors(190, 196, 204);
+        Init(window);
+        Read(nullptr);
+    }
+    void Type(const std::string& text) {
+        for (const char c : text)
+            Input(static_cast<unsigned char>(c));
+    }
+    int Stored() const {
+        int count = 0;
+        while (Lines && count < Most_Lines && Lines[count])
+            ++count;
+        return count;
+    }
+    std::string Newest() const { return Lines && Lines[0] ? Lines[0] : "none"; }
+    Test_Window window;
+};
+
+bool Set_Clipboard(UINT format, const std::string& text) {
+    if (!OpenClipboard(nullptr)) return false;
+    EmptyClipboard();
+    const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, text.size() + 1);
+    std::memcpy(GlobalLock(block), text.c_str(), text.size() + 1);
+    GlobalUnlock(block);
+    const bool set = SetClipboardData(format, block) != nullptr;
+    return CloseClipboard() && set;
+}
+
+}  // namespace
+
+TEST(Texts, Edit_The_Input_Line) {
+    struct Row {
+        unsigned long flag;
+        const char* before;
+        std::vector<int> keys;
+        const char* after;
+        int cursor;
+    };
+    const Row rows[] = {
+        {0, "abc", {Left_Key, Left_Key, 'x'}, "axbc", 2},
+        {0, "abc", {Home, Delete_Key, End, Backspace, Right_Key}, "b", 1},
+        {0, "abc", {4199, 4142, 4193, 4196, 4196, 4196, 4196, '1'}, "1bc", 1},
+        {0, "", {Backspace, Delete_Key, Left_Key, Up, Down}, "", 0},
+        {0, "a", {0, 31, 256 | 'b', 512 | 'c', 0x2000 | 97, 0xE4}, "a\xE4", 2},
+        {TEXT_INTEGER, "0", {'7', 'x', '.', '-'}, "7-", 2},
+        {TEXT_INTEGER, "", {'-', '5', Home, '1'}, "15", 1},
+        {TEXT_FLOAT, "", {'1', Point_Key, '5', 'e', '-', '3', 'E', ','}, "1.5e-3", 6},
+        {TEXT_HEXADECIMAL, "", {'f', 'G', 'A', '-', '9'}, "fA9", 3},
+        {TEXT_PASSWORD, "", {'a', Left_Key, 'b'}, "ba", 1},
+        {FLAG_PASSIVE, "fixed", {'a', Backspace}, "fixed", 5},
+    };
+    for (const Row& row : rows) {
+        Field field(row.flag);
+        field.Read("%s", row.before);
+        for (const int key : row.keys)
+            field.Input(key);
+        EXPECT_STREQ(field.Line, row.after);
+        EXPECT_EQ(field.Cursor_Pos, row.cursor) << row.after;
+        EXPECT_EQ(field.Update(), nullptr);
+    }
+    Field full;
+    full.Type(std::string(300, 'm'));
+    EXPECT_EQ(std::strlen(full.Line), 254u);
+    full.Input(Escape_Key);
+    full.Type("ignored");
+    EXPECT_EQ(full.Mode, 0);
+    EXPECT_EQ(std::strlen(full.Line), 254u);
+}
+
+TEST(Texts, Report_Lines_And_Changes) {
+    Field field(TEXT_REPORT_CHANGES);
+    field.Type("ab");
+    EXPECT_EQ(field.Mode, TEXT_READING | TEXT_CHANGED);
+    ASSERT_EQ(field.Update(), field.Line);
+    EXPECT_EQ(field.Mode, TEXT_READING);
+    field.Input(Left_Key);
+    EXPECT_EQ(field.Update(), nullptr);
+    field.Read("%s", field.Line);
+    EXPECT_STREQ(field.Line, "ab");
+    EXPECT_EQ(field.Cursor_Pos, 1) << "reading goes on where it was";
+    field.Input(Enter);
+    EXPECT_EQ(field.Mode, TEXT_READING | TEXT_ENTERED);
+    EXPECT_STREQ(field.Update(), "ab");
+    EXPECT_EQ(field.Mode, 0);
+    EXPECT_EQ(field.Newest(), "ab");
+    Field entry(TEXT_SINGLE_LINE);
+    entry.Type("x");
+    entry.Input(4109);
+    EXPECT_STREQ(entry.Update(), "x");
+    EXPECT_EQ(entry.Stored(), 0);
+}
+
+TEST(Texts, Recall_The_Last_Fifty_Lines) {
+    Field field;
+    for (int i = 0; i < 60; ++i) {
+        field.Read("%d\t\xE4", i);
+        field.Input(Enter);
+        field.Update();
+    }
+    field.Read("typed");
+    const auto after = [&](int key) {
+        field.Input(key);
+        return std::string(field.Line);
+    };
+    EXPECT_EQ(after(Up), "59 \xE4") << "what cannot be shown is a blank";
+    EXPECT_EQ(after(Up), "58 \xE4");
+    EXPECT_EQ(after(Down), "58 \xE4");
+    EXPECT_EQ(after(Down), "59 \xE4");
+    EXPECT_EQ(after(Down), "");
+    for (int i = 0; i < 70; ++i)
+        field.Input(4200);
+    EXPECT_STREQ(field.Line, "10 \xE4");
+    EXPECT_EQ(field.History_Pos, Texts::Most_History);
+}
+
+TEST(Texts, Keep_The_Newest_Lines) {
+    Field field(TEXT_V_BAR | TEXT_H_BAR);
+    field.Write("a\nb");
+    EXPECT_EQ(field.Newest(), "b");
+    EXPECT_STREQ(field.Lines[1], "a");
+    field.OverWrite("c\n");
+    EXPECT_EQ(field.Newest(), "");
+    EXPECT_STREQ(field.Lines[1], "c");
+    EXPECT_STREQ(field.Lines[2], "a");
+    field.Write("%s", std::string(1'000'000, 'w').c_str());
+    EXPECT_EQ(field.Newest(), std::string(255, 'w'));
+    for (int byte = 1; byte < 256; ++byte)
+        field.Write("%c%s", byte,
+                    "\x04text\tbehind\xF1"
+                    "bold");
+    field.Write("%s", std::string(255, '\n').c_str());
+    for (int i = 0; i < 5000; ++i)
+        field.Write("line %d", i);
+    EXPECT_EQ(field.Stored(), Texts::Most_Lines);
+    EXPECT_EQ(field.V_Slider.Val, 0);
+    EXPECT_EQ(field.V_Slider.Flag, field.Flag | FLAG_VERTICAL);
+    field.Cleanup();
+    EXPECT_EQ(field.Stored(), 0);
+    EXPECT_EQ(field.V_Slider.End_Val, 0);
+    EXPECT_TRUE(field.V_Slider.Flag & FLAG_PASSIVE);
+    field.Write(nullptr);
+    EXPECT_EQ(field.Stored(), 0);
+}
+
+/// Lines that move by themselves must end up as a repaint of the whole field shows them.
+TEST(Texts, Show_The_Same_Whether_Moved_Or_Painted_Anew) {
+    for (const unsigned long flag :
+         {0UL, TEXT_V_BAR, TEXT_V_BAR | TEXT_H_BAR, TEXT_H_BAR | TEXT_INPUT_ROOM, TEXT_SINGLE_LINE}) {
+        Field field(flag);
+        std::mt19937 random(7);
+        for (int i = 0; i < 120; ++i) {
+            switch (random() % 8) {
+                case 0:
+                    field.OverWrite("over %d", i);
+                    break;
+                case 1:
+                    field.Write(
+                        "two\n\x06"
+                        "ends %d",
+                        i);
+                    break;
+                case 2:
+                    field.Scroll(-1 - static_cast<int>(random() % 4));
+                    break;
+                case 3:
+                    field.Scroll(1);
+                    break;
+                case 4:
+                    field.Input(i % 3 ? 'k' : Enter);
+                    break;
+                case 5:
+                    field.V_Slider.Val = static_cast<float>(random() % 90);
+                    break;
+                case 6:
+                    field.Color = Colors(static_cast<int>(random() % 256), 190, 190);
+                    field.Draw();
+                    [[fallthrough]];
+                default:
+                    field.Write("\xF1line\xF2 %d\xF0 %s", i, std::string(random() % 60, 'x').c_str());
+            }
+            // The first line that is appended to scrolled output leaves it scrolled and the bar at its start.
+            field.Write("last %d", i);
+            if (field.V_Slider.Val == 0) field.Write("and %d", i);
+            const Picture moved(field.window);
+            field.Draw();
+            ASSERT_TRUE(Same(moved, Picture(field.window))) << "step " << i << " of flags " << flag;
+        }
+    }
+}
+
+TEST(Texts, Write_Runs_In_Their_Colours_And_Fonts) {
+    Field field;
+    field.Input(Escape_Key);
+    field.Write("one");
+    field.Write(
+        "n\x01"
+        "b\xF1"
+        "old\t\x04r\xF2i\xF0\x05y\x06g\x03w");
+    const Picture shown = field.window.After([&] { field.Draw(); });
+    const Picture wanted = field.window.After([&] {
+        Painter painter(field.window);
+        painter.Fill(field.Color.get(), 30, 230, 40, 160);
+        painter.Cadre(field, true, true, BORDER, 30, 230, 40, 160);
+        const int x = 30 + BORDER + 3, y = 40 + BORDER;
+        painter.Tabbed(field.Font, 0, x, y + field.Line_Height, "one");
+        struct Run {
+            HFONT font;
+            COLORREF color;
+            const char* text;
+        };
+        int at = x;
+        for (const Run& run :
+             {Run{field.Font, 0, "n"}, Run{field.Font, RGB(0, 0, 255), "b"},
+              Run{field.Bold_Font, RGB(0, 0, 255), "old\t"}, Run{field.Bold_Font, RGB(255, 0, 0), "r"},
+              Run{field.Oblique_Font, RGB(255, 0, 0), "i"}, Run{field.Font, RGB(255, 255, 0), "y"},
+              Run{field.Font, RGB(0, 160, 0), "g"}, Run{field.Font, RGB(255, 255, 255), "w"}}) {
+            painter.Tabbed(run.font, run.color, at, y, run.text);
+            Begin_Draw(field.window, nullptr);
+            at += Text_Width(run.font, run.text);
+            End_Draw();
+        }
+        EXPECT_EQ(field.Line_Width[0], at - x);
+    });
+    EXPECT_TRUE(Same(shown, wanted));
+}
+
+TEST(Texts, Show_The_Caret_Where_The_Next_Character_Goes) {
+    for (const unsigned long flag : {0UL, TEXT_PASSWORD}) {
+        Field field(TEXT_SINGLE_LINE | flag, 120, 24);
+        field.window.Point_At(90, 50);
+        field.Select(EVENT_MOVE);
+        const auto caret = [&] {
+            const Picture picture(field.window);
+            int x = 0;
+            while (x < 300 && picture.At(x, 40 + BORDER + 2) != 0xFFFF00)
+                ++x;
+            return x;
+        };
+        const auto expected = [&](const char* shown) {
+            Begin_Draw(field.window, nullptr);
+            const int width = Text_Width(field.Bold_Font, shown);
+            End_Draw();
+            return 30 + BORDER + width + 3;
+        };
+        field.Type("abc");
+        EXPECT_EQ(caret(), expected(flag ? "###" : "abc"));
+        field.Input(Left_Key);
+        EXPECT_EQ(caret(), expected(flag ? "##" : "ab"));
+        field.Type(std::string(200, 'w'));
+        EXPECT_LT(caret(), 150 - BORDER) << "the end of a long line";
+        field.window.Point_At(5, 5);
+        EXPECT_EQ(field.Select(EVENT_MOVE), 0);
+        EXPECT_EQ(caret(), 300) << "the pointer has left";
+    }
+}
+
+TEST(Texts, Paste_From_The_Clipboard) {
+    Field field(TEXT_REPORT_CHANGES);
+    ASSERT_TRUE(Set_Clipboard(CF_TEXT, "a\tb\x80"));
+    field.Input(Paste);
+    EXPECT_STREQ(field.Line, "ab\x80");
+    ASSERT_TRUE(Set_Clipboard(CF_TEXT, std::string(1 << 20, 'p')));
+    field.Input(Paste);
+    EXPECT_EQ(std::strlen(field.Line), 254u);
+    ASSERT_TRUE(Set_Clipboard(CF_PRIVATEFIRST, "no text"));
+    field.Read("kept");
+    field.Input(Paste);
+    EXPECT_STREQ(field.Line, "kept");
+    EXPECT_EQ(field.Mode, TEXT_READING | TEXT_CHANGED);
+    ASSERT_TRUE(Set_Clipboard(CF_TEXT, "x"));
+    const Test_Window other(50, 50);
+    ASSERT_TRUE(OpenClipboard(other));
+    field.Input(Paste);
+    EXPECT_STREQ(field.Line, "kept") << "the clipboard is locked";
+    CloseClipboard();
+    EXPECT_TRUE(OpenClipboard(nullptr)) << "the field has closed it";
+    CloseClipboard();
+}
+
+TEST(Texts, Stay_Within_Their_Rectangle_And_Give_Everything_Back) {
+    { Field warm(TEXT_V_BAR); }
+    Tools_Lib_Cleanup();
+    const int objects = Gdi_Objects();
+    for (const int width : {8, 9, 20, 30, 200}) {
+        for (const unsigned long flag : {TEXT_V_BAR | TEXT_H_BAR, TEXT_SINGLE_LINE, 0x30UL, 0x80000021UL}) {
+            Field field(flag, width, 60);
+            field.Bar_Dim = -32768;
+            field.Set_Name("%s", "Title");
+            field.Init(nullptr);
+            const Area changed = field.window.Changed([&] {
+                field.Draw();
+                for (int i = 0; i < 12; ++i)
+                    field.Write("line\n%d", i);
+                field.Read("%s", "some text");
+                field.Scroll(-3);
+                field.Select(EVENT_PRESS | EVENT_LEFT);
+                field.Deselect();
+            });
+            const Area own{30, 30 + width, 40, 100};
+            EXPECT_TRUE(changed == Nothing || (changed.left >= own.left && changed.right <= own.right &&
+                                               changed.bottom >= own.bottom && changed.top <= own.top))
+                << testing::PrintToString(changed) << " flags " << flag << " width " << width;
+            Texts copy(field);
+            copy.Write("through the copy");
+            EXPECT_STREQ(field.Lines[0], "through the copy");
+            static_cast<Texts&>(field) = copy;
+        }
+    }
+    Tools_Lib_Cleanup();
+    EXPECT_EQ(Gdi_Objects(), objects);
+}
+
+TEST(Texts, Report_Misuse_Once_And_Survive_Lack_Of_Memory) {
+    Report_Catcher reports;
+    Texts bare;
+    bare.Write("silent");
+    EXPECT_EQ(reports.Take(), "");
+    bare.Width = bare.Height = 20;
+    bare.Input('a');
+    EXPECT_EQ(reports.Take(),
+              "11:Tools: WARNING ! |11:   you must call *_Init() first|"
+              "11:   type: Text::Input   name: \n");
+    bare.Draw(), bare.Cleanup(), bare.Scroll(1), bare.Select(0), bare.Deselect(), bare.Read("x");
+    EXPECT_EQ(reports.Take(), "");
+    for (int passed = 0; passed < 6; ++passed) {
+        Field field;
+        Call_Spy spy;
+        spy.Fail_Allocation(passed);
+        field.Write("a\nb");
+        field.Type("k");
+        field.Input(Enter);
+        field.Draw();
+    }
+}
