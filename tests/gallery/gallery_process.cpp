@@ -43,6 +43,15 @@ void Send_Mouse(DWORD flags, int data = 0) {
     SendInput(1, &input, sizeof input);
 }
 
+void Send_Key(int key, DWORD flags) {
+    INPUT input{};
+    input.type = INPUT_KEYBOARD;
+    input.ki.wVk = static_cast<WORD>(key);
+    input.ki.wScan = static_cast<WORD>(MapVirtualKeyA(static_cast<UINT>(key), MAPVK_VK_TO_VSC));
+    input.ki.dwFlags = flags;
+    SendInput(1, &input, sizeof input);
+}
+
 }  // namespace
 
 bool Wait_Until(const std::function<bool()>& done) {
@@ -170,6 +179,25 @@ void Gallery::Press() const { Send_Mouse(MOUSEEVENTF_LEFTDOWN); }
 void Gallery::Release() const { Send_Mouse(MOUSEEVENTF_LEFTUP); }
 
 void Gallery::Turn_Wheel(int steps) const { Send_Mouse(MOUSEEVENTF_WHEEL, steps * WHEEL_DELTA); }
+
+void Gallery::Type(const std::string& text) const {
+    for (const char character : text) {
+        const int key = VkKeyScanA(character == '\n' ? '\r' : character);
+        const bool shift = (key & 0x100) != 0;
+        if (shift) Send_Key(VK_SHIFT, 0);
+        Press_Key(key & 0xFF);
+        if (shift) Send_Key(VK_SHIFT, KEYEVENTF_KEYUP);
+    }
+}
+
+void Gallery::Press_Key(int key, bool control) const {
+    const bool arrow = key >= VK_PRIOR && key <= VK_DELETE;
+    const DWORD extended = arrow ? KEYEVENTF_EXTENDEDKEY : 0;
+    if (control) Send_Key(VK_CONTROL, 0);
+    Send_Key(key, extended);
+    Send_Key(key, extended | KEYEVENTF_KEYUP);
+    if (control) Send_Key(VK_CONTROL, KEYEVENTF_KEYUP);
+}
 
 bool Gallery::Click(const std::string& control, const std::string& answer) {
     if (!Point_At(control)) return false;

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <cstring>
 #include <fstream>
 #include <iterator>
 
@@ -20,6 +21,8 @@ testing::AssertionResult Shows(POINT screen, unsigned color) {
     std::snprintf(text, sizeof text, "the screen shows %06X, not %06X", shown, color);
     return testing::AssertionFailure() << text;
 }
+
+bool Shows_Now(POINT screen, unsigned color) { return Screen_Color(screen) == color; }
 
 /// Every channel of the grey `color` less `amount`.
 unsigned Darker(unsigned color, unsigned amount) { return color - amount * 0x010101; }
@@ -166,6 +169,58 @@ TEST(Gallery_Test, Lists_Scroll_And_Mark) {
     gallery.Release();
     ASSERT_TRUE(gallery.Point_At("Low"));
     EXPECT_TRUE(gallery.Click("Months", "press \"Months\": 8, September"));
+    EXPECT_EQ(gallery.Close(), 0u);
+}
+
+TEST(Gallery_Test, Console_Is_Typed_Into_Recalled_And_Scrolled) {
+    Gallery gallery("console");
+    ASSERT_TRUE(gallery.Point_At("Console"));
+    gallery.Press();
+    gallery.Release();
+    gallery.Type("say Ab*1?\n");
+    EXPECT_TRUE(gallery.Says("entered \"Console\": say Ab*1?"));
+    gallery.Type("count");
+    gallery.Press_Key(VK_UP);
+    gallery.Press_Key(VK_LEFT);
+    gallery.Press_Key(VK_BACK);
+    gallery.Type("2\n");
+    EXPECT_TRUE(gallery.Says("entered \"Console\": say Ab*2?"));
+    ASSERT_TRUE(OpenClipboard(nullptr));
+    EmptyClipboard();
+    const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, 16);
+    std::strcpy(static_cast<char*>(GlobalLock(block)), "flood 200");
+    GlobalUnlock(block);
+    SetClipboardData(CF_TEXT, block);
+    CloseClipboard();
+    const POINT bar = gallery.Place_Of("Console", 14, 60);
+    gallery.Press_Key('V', true);
+    gallery.Type("\n");
+    EXPECT_TRUE(gallery.Says("entered \"Console\": flood 200"));
+    constexpr unsigned thumb = 0x6E6E6E;
+    EXPECT_FALSE(Shows_Now(bar, thumb)) << "the thumb is at the bottom";
+    gallery.Turn_Wheel(200);
+    EXPECT_TRUE(Shows(bar, thumb)) << "and now at the top";
+    gallery.Press_Key(VK_ESCAPE);
+    gallery.Type("ignored\n");
+    EXPECT_TRUE(gallery.Click("One line", "press \"One line\": One line more"));
+    EXPECT_EQ(gallery.Close(), 0u);
+}
+
+TEST(Gallery_Test, Entry_Fields_Filter_And_Hand_On_The_Focus) {
+    Gallery gallery("entries");
+    gallery.Move_To(gallery.Place_Of("Integer", 200, 10));
+    gallery.Press();
+    gallery.Release();
+    gallery.Type("x4.2\n");
+    EXPECT_TRUE(gallery.Says("entered \"Integer\": 42"));
+    gallery.Press_Key(VK_TAB);
+    gallery.Type("7\n");
+    EXPECT_TRUE(gallery.Says("entered \"Floating point\": 2.5e-37"));
+    gallery.Press_Key(VK_TAB);
+    gallery.Press_Key(VK_HOME);
+    gallery.Press_Key(VK_DELETE);
+    gallery.Type("zB\n");
+    EXPECT_TRUE(gallery.Says("entered \"Hexadecimal\": B0ffee"));
     EXPECT_EQ(gallery.Close(), 0u);
 }
 
