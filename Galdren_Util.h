@@ -4,4 +4,5 @@
 
 #include "util/color_space.h"
 #include "util/error.h"
+#include "util/image.h"
 #include "util/program.h"
