@@ -2,6 +2,8 @@
 /// Galdren_Tools: custom-drawn controls for Windows applications. Include this one header.
 #pragma once
 
+#include "dirtree/glyph.h"
+#include "dirtree/icon.h"
 #include "tools/colors.h"
 #include "tools/cursor.h"
 #include "tools/dimensions.h"

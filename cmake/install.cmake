@@ -1,4 +1,4 @@
-# The installable kit: headers, both DLLs, import and static libraries, and the CMake package Galdren_Tools.
+# The installable kit: headers, both DLLs, icons, import and static libraries, and the CMake package Galdren_Tools.
 include(CMakePackageConfigHelpers)
 include(GNUInstallDirs)
 
@@ -19,6 +19,9 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/Galdren_ToolsConfigVersio
                                  COMPATIBILITY SameMajorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/Galdren_ToolsConfig.cmake
               ${PROJECT_BINARY_DIR}/Galdren_ToolsConfigVersion.cmake DESTINATION ${package_dir})
+
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/icons/ DESTINATION ${CMAKE_INSTALL_BINDIR}/Icons
+        FILES_MATCHING PATTERN "*.rgb")
 
 install(CODE "set(source_dir [[${PROJECT_SOURCE_DIR}]])\nset(include_dir [[${CMAKE_INSTALL_INCLUDEDIR}]])")
 install(SCRIPT ${CMAKE_CURRENT_LIST_DIR}/install-headers.cmake)

@@ -8,7 +8,7 @@ std::span<const Page> Pages() {
         {"buttons", "Buttons", Build_Buttons}, {"checklists", "Check lists", Build_Checklists},
         {"sliders", "Sliders", Build_Sliders}, {"selectors", "Selectors", Build_Selectors},
         {"lists", "Lists", Build_Lists},       {"entries", "Entry fields", Build_Entries},
-        {"console", "Console", Build_Console},
+        {"console", "Console", Build_Console}, {"icons", "Icons", Build_Icons},
     };
     return pages;
 }

@@ -29,5 +29,6 @@ void Build_Selectors(Sheet& sheet);
 void Build_Lists(Sheet& sheet);
 void Build_Entries(Sheet& sheet);
 void Build_Console(Sheet& sheet);
+void Build_Icons(Sheet& sheet);
 
 }  // namespace gallery

@@ -22,10 +22,16 @@ int Offset(Place place, int room, int length) {
     }
 }
 
-Canvas::Canvas(const View& view, const Tools& control)
-    : dc(view.dc), mapped(view.mapped), bottom_row(view.height - 1), clipped(control.Clip_Width != 0) {
-    if (clipped) Clip(control.Clip_X, control.Clip_Y, control.Clip_Width, control.Clip_Height);
+Canvas::Canvas(const View& view, bool clips)
+    : dc(view.dc), mapped(view.mapped), bottom_row(view.height - 1), clipped(clips) {}
+
+Canvas::Canvas(const View& view, const Tools& control) : Canvas(view, control.Clip_Width != 0) {
+    if (!clipped) return;
+    Clip({control.Clip_X, control.Clip_X + control.Clip_Width, control.Clip_Y,
+          control.Clip_Y + control.Clip_Height});
 }
+
+Canvas::Canvas(HWND window) : Canvas(Take_Surface(window), false) {}
 
 Canvas::Canvas(const Tools& control) : Canvas(Take_Surface(control.Window), control) {}
 
@@ -54,8 +60,8 @@ Canvas::~Canvas() {
     Give_Back_Surface();
 }
 
-void Canvas::Clip(int x, int y, int width, int height) {
-    const Scoped_Region region({x, Device_Y(y), x + width, Device_Y(y + height)});
+void Canvas::Clip(const Area& area) {
+    const Scoped_Region region({area.left, Device_Y(area.bottom), area.right, Device_Y(area.top)});
     SelectClipRgn(dc, region.Get());
 }
 

@@ -49,9 +49,15 @@ class Canvas {
     Canvas(const Tools& control, const Area& covered);
     /// The same on a picture that is kept from paint to paint; see `Take_Surface`.
     Canvas(const Tools& control, const Area& covered, unsigned& picture);
+    /// For a paint that belongs to no control: leaves the clip as it stands.
+    explicit Canvas(HWND window);
     ~Canvas();
     Canvas(const Canvas&) = delete;
     Canvas& operator=(const Canvas&) = delete;
+
+    /// Limits painting to the columns left..right-1 and the rows bottom+1..top in place of any clip before,
+    /// until somebody sets another.
+    void Clip(const Area& area);
 
     /// Fills the columns left..right-1 and the rows bottom+1..top.
     void Box(const Area& area, unsigned long color);
@@ -105,12 +111,12 @@ class Canvas {
     TEXTMETRICA Metrics(HFONT font);
 
   private:
+    Canvas(const View& view, bool clips);
     Canvas(const View& view, const Tools& control);
     int Device_Y(int y) const { return bottom_row - y; }
     int Y(int y) const { return mapped ? y : Device_Y(y); }
     int Down(int rows) const { return mapped ? -rows : rows; }
     RECT Rectangle(const Area& area) const { return {area.left, Y(area.top), area.right, Y(area.bottom)}; }
-    void Clip(int x, int y, int width, int height);
     void Use_Brush(unsigned long color);
     void Use_Text(HFONT font, unsigned long color);
     struct Glyph_Run;

@@ -33,6 +33,9 @@ View Take_Surface(HWND window, const RECT& covered, unsigned& picture);
 /// Gives back what `Take_Surface` took.
 void Give_Back_Surface();
 
+/// The window that this thread is drawing in; null when it draws in none.
+HWND Window_In_Use();
+
 /// Selects `font`, or the stock system font when null, on the surface in use, unless it is in place already.
 /// The surface restores the font before as soon as somebody else may draw on it.
 void Use_Font(HFONT font);

@@ -393,6 +393,8 @@ void Give_Back(bool application) {
     }
     --level.holders;
     if (level.holders == 0) {
+        // A context of the window's own would lose its clip here.
+        if (application && level.source == Source::Batch) SelectClipRgn(level.view.dc, nullptr);
         Release(level);
         surface.levels.pop_back();
         Set_Globals(surface);
@@ -459,6 +461,8 @@ View Take_Surface(HWND window, const RECT& covered, unsigned& picture) {
 }
 
 void Give_Back_Surface() { Give_Back(false); }
+
+HWND Window_In_Use() { return Holds_Lock() ? Z_Window : nullptr; }
 
 void Use_Font(HFONT font) {
     const HGDIOBJ wanted = font ? font : GetStockObject(SYSTEM_FONT);

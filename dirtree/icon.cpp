@@ -1,0 +1,189 @@
+#include "dirtree/icon.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstring>
+#include <functional>
+#include <memory>
+#include <new>
+#include <string_view>
+
+#include "dirtree/icon_file.h"
+#include "tools/base.h"
+#include "tools/cleanup.h"
+#include "tools/context.h"
+#include "tools/surface.h"
+#include "util/error.h"
+#include "util/program.h"
+
+namespace galdren {
+
+namespace {
+
+constexpr int Most_Icons = 255;
+
+/// A place in the cache.
+struct Slot : Icon_Entry {
+    std::size_t hash;  ///< of the name: most names need no comparison
+};
+
+/// The slots in use come first.
+Slot Cache[Most_Icons];
+
+std::size_t Hash_Of(const char* name) { return std::hash<std::string_view>()(name); }
+
+/// The slot of the icon called `name`, or the first free one; null when there is neither.
+Slot* Find_Slot(const char* name) {
+    const std::size_t hash = Hash_Of(name);
+    for (Slot& slot : Cache) {
+        if (!slot.name || (slot.hash == hash && std::strcmp(slot.name, name) == 0)) return &slot;
+    }
+    return nullptr;
+}
+
+/// Gives a free slot to `name`. It stays free when there is no memory for the copy.
+bool Take_Slot(Slot& slot, const char* name) {
+    const std::size_t size = std::strlen(name) + 1;
+    slot.name = new (std::nothrow) char[size];
+    if (!slot.name) return false;
+    std::memcpy(slot.name, name, size);
+    slot.hash = Hash_Of(name);
+    return true;
+}
+
+/// Gives the surface of an application back while a file is read, which takes long, and takes it again for
+/// the box, clipped to its rectangle. A surface that more than one `Begin_Draw` holds stays.
+class Surface_Aside {
+  public:
+    explicit Surface_Aside(const Boxs* next) : box(Window_In_Use() ? next : nullptr) {
+        if (!box || Critical.RecursionCount != 1) return;
+        End_Draw();
+        given_back = !Window_In_Use();
+    }
+    ~Surface_Aside() {
+        if (!box) return;
+        if (given_back) Begin_Draw(box->Window, box->Clip_Region);
+        Canvas(Window_In_Use()).Clip(Area_Of(*box));
+    }
+    Surface_Aside(const Surface_Aside&) = delete;
+    Surface_Aside& operator=(const Surface_Aside&) = delete;
+
+  private:
+    const Boxs* box;
+    bool given_back = false;
+};
+
+/// The icon, when its place touches the box.
+const Icon_Entry* Find_Shown(Boxs* box, int x, int y, const char* name) {
+    if (!box) return nullptr;
+    const auto* icon = static_cast<const Icon_Entry*>(Icon_Read(box, name));
+    if (!icon) return nullptr;
+    const Area area = Area_Of(*box);
+    const bool touches =
+        x + icon->width >= area.left && x <= area.right && y + icon->height >= area.bottom && y <= area.top;
+    return touches ? icon : nullptr;
+}
+
+/// The surface in use, or else the box's own.
+HWND Window_For(const Boxs& box) {
+    const HWND in_use = Window_In_Use();
+    return in_use ? in_use : box.Window;
+}
+
+/// One byte of a pixel over that of the background. The pixel's counts as signed, so what is bright and half
+/// clear at once comes out in another colour.
+int Blend_Byte(unsigned long pixel, unsigned long background, int weight) {
+    const int over = static_cast<signed char>(pixel);
+    const int under = static_cast<unsigned char>(background);
+    return (over * weight + under * (255 - weight)) >> 8 & 0xFF;
+}
+
+/// @param background  in the GDI form
+unsigned long Blend(unsigned long pixel, unsigned long background) {
+    const auto weight = static_cast<int>(pixel >> 24);
+    const int blue = Blend_Byte(pixel, background >> 16, weight);
+    const int green = Blend_Byte(pixel >> 8, background >> 8, weight);
+    const int red = Blend_Byte(pixel >> 16, background, weight);
+    return 0xFF000000 | static_cast<unsigned long>(red << 16 | green << 8 | blue);
+}
+
+/// Room for the blended pixels of an icon: without an allocation for those that are usual.
+class Blend_Buffer {
+  public:
+    explicit Blend_Buffer(std::size_t count)
+        : large(count > Usual ? new (std::nothrow) unsigned long[count] : nullptr),
+          pixels(count > Usual ? large.get() : usual) {}
+    unsigned long* Get() { return pixels; }
+
+  private:
+    static constexpr std::size_t Usual = 32 * 32;
+    unsigned long usual[Usual];
+    std::unique_ptr<unsigned long[]> large;
+    unsigned long* pixels;
+};
+
+/// @param background  in the GDI form; black means that the pixels go as they are
+void Paint_Icon(Canvas& canvas, const Icon_Entry& icon, int x, int y, unsigned long background) {
+    const auto paint = [&](const unsigned long* pixels) {
+        const Area area{x, x + icon.width - 1, y, y + icon.height - 1};
+        canvas.Pixels(pixels, icon.width, icon.height, 0, 0, area);
+    };
+    if (background == Black) return paint(icon.pixels);
+    const std::size_t count = std::size_t{icon.width} * icon.height;
+    Blend_Buffer blended(count);
+    if (!blended.Get()) {
+        Error_Fct(hwnd, ERROR_LEVEL_WARNING, "draw_image() failed in new");
+        return;
+    }
+    std::transform(icon.pixels, icon.pixels + count, blended.Get(),
+                   [background](unsigned long pixel) { return Blend(pixel, background); });
+    paint(blended.Get());
+}
+
+const Cleanup Icons_Cleanup(Icon_Cleanup);
+
+}  // namespace
+
+}  // namespace galdren
+
+using namespace galdren;
+
+void* Icon_Read(Boxs* box, const char* name) {
+    Slot* slot = name ? Find_Slot(name) : nullptr;
+    if (!slot) return nullptr;
+    if (!slot->name && Take_Slot(*slot, name)) {
+        const Surface_Aside aside(box);
+        Read_Icon_File(*slot);
+    }
+    return slot->pixels ? static_cast<Icon_Entry*>(slot) : nullptr;
+}
+
+void Icon_Draw_Image(Boxs* box, short x, short y, const char* label, const char* name) {
+    const auto shown = [](const char* text) { return text ? text : "(null)"; };
+    Error_Fct(hwnd, ERROR_LEVEL_TRACE, "in Icon_Draw_Image(%s,%s)", shown(label), shown(name));
+    const Icon_Entry* icon = Find_Shown(box, x, y, name);
+    if (!icon) return;
+    Canvas canvas(Window_For(*box));
+    Paint_Icon(canvas, *icon, x, y, box->Color.get());
+}
+
+void Icon_Draw_Border(Boxs* box, short x, short y, const char*, const char* name) {
+    const Icon_Entry* icon = Find_Shown(box, x, y, name);
+    if (!icon) return;
+    Canvas canvas(Window_For(*box));
+    const int right = x + icon->width;
+    const int top = y + icon->height;
+    canvas.Row(x, right, y - 1, Black);
+    canvas.Column(right, y - 1, top, Black);
+    canvas.Row(x - 1, right, top, White);
+    canvas.Column(x - 1, y, top, White);
+}
+
+void Icon_Cleanup() {
+    for (Slot& slot : Cache) {
+        delete[] slot.name;
+        delete[] slot.pixels;
+        delete[] slot.swapped;
+        slot = {};
+    }
+}

@@ -1,0 +1,334 @@
+#include "dirtree/icon.h"
+
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "Galdren_Util.h"
+#include "tests/support/painter.h"
+#include "tests/support/spy.h"
+#include "tests/support/window.h"
+
+using namespace galdren_test;
+using galdren::Icon_Entry;
+
+namespace {
+
+const std::string Icons = std::string(Inst_Path) + "Icons\\";
+
+/// A file below the folder of the icons, which goes with the test.
+class Icon_File {
+  public:
+    Icon_File(const char* its_name, const std::string& bytes) : name(Folder + std::string("\\") + its_name) {
+        CreateDirectoryA((Icons + Folder).c_str(), nullptr);
+        std::ofstream(Icons + name, std::ios::binary) << bytes;
+    }
+    ~Icon_File() {
+        EXPECT_TRUE(DeleteFileA((Icons + name).c_str())) << name << " was left open";
+        RemoveDirectoryA((Icons + Folder).c_str());
+    }
+    const std::string name;
+
+  private:
+    static constexpr const char* Folder = "icon_test";
+};
+
+/// A Targa file, with a type, a place and a colour map in its header that do not count.
+std::string Targa(int width, int height, int depth, const std::string& pixels) {
+    std::string bytes("\x09\x01\x0A\0\0\0\x01\x18\0\0\0\0", 12);
+    for (const int byte : {width, width >> 8, height, height >> 8, depth, 0x20})
+        bytes += static_cast<char>(byte);
+    return bytes + pixels;
+}
+
+/// An SGI file, not packed. Its planes are red, green, blue and the clearness, its rows bottom-up.
+std::string Sgi(char width, char height, char channels, const std::string& planes) {
+    std::string bytes{1, '\xDA', 0, 1, 0, 3, 0, width, 0, height, 0, channels};
+    bytes.resize(512, '\0');
+    return bytes + planes;
+}
+
+const Icon_Entry* Read(const std::string& name) {
+    return static_cast<const Icon_Entry*>(Icon_Read(nullptr, name.c_str()));
+}
+
+void Expect_Pixels(const Icon_Entry* icon, int width, int height, const std::vector<unsigned long>& pixels) {
+    ASSERT_TRUE(icon);
+    EXPECT_EQ(icon->width, width);
+    EXPECT_EQ(icon->height, height);
+    for (std::size_t i = 0; i < pixels.size(); ++i) {
+        const unsigned long pixel = pixels[i];
+        EXPECT_EQ(icon->pixels[i], pixel) << i;
+        EXPECT_EQ(icon->swapped[i], (pixel & 0xFF00FF00) | (pixel >> 16 & 0xFF) | (pixel & 0xFF) << 16) << i;
+    }
+}
+
+/// A part of a window for icons.
+struct Ground : Boxs {
+    Ground(HWND window, Colors color) {
+        X = 10, Y = 10, Width = 60, Height = 40, Flag = FLAG_NO_BODY | FLAG_STATIC;
+        Init(window);
+        Color = color;
+    }
+};
+
+}  // namespace
+
+TEST(Icons, Report_What_They_Cannot_Read) {
+    const Icon_File rgb("rgb.rgb", Sgi(1, 1, 3, "abc")), deep("deep.tga", Targa(1, 1, 32, "abcd"));
+    const std::string missing = "|2: No such file or directory", opening = "|2:WARNING: Unable to open ";
+    const std::string rgb_head = "11:Icon_Read_RGB() File:.\\icon.cpp Line:";
+    const std::string tga_head = "11:Icon_Read_TGA() File:.\\icon.cpp Line:";
+    const struct {
+        std::string name, reports;
+    } table[] = {
+        {"first.rgb", rgb_head + "604 " + opening + Icons + "first.rgb" + missing},
+        {"second.rgb", ""},  // the SGI reader tells of one file only
+        {"", ""},
+        {std::string(300, 'n'), ""},
+        {rgb.name, rgb_head + "613|11:" + Icons + rgb.name + " should be RGBA"},
+        {deep.name, tga_head + "721|11:" + Icons + deep.name + " should be RGB"},
+        {"none.tga", tga_head + "703 " + opening + Icons + "none.tga" + missing},
+        {"..\\..\\none.tga.rgb", tga_head + "703 " + opening + Icons + "..\\..\\none.tga.rgb" + missing},
+    };
+    Report_Catcher reports;
+    for (const auto& [name, wanted] : table) {
+        EXPECT_EQ(Read(name), nullptr);
+        const bool sgi = name.find(".tga") == std::string::npos;
+        const std::string trace = sgi ? "15:Icon_Read_RGB(" + Icons + name + ")" : "";
+        EXPECT_EQ(reports.Take(), trace + (sgi && !wanted.empty() ? "|" : "") + wanted);
+        EXPECT_EQ(Read(name), nullptr);
+        EXPECT_EQ(reports.Take(), "") << name << " is not tried again";
+    }
+    EXPECT_EQ(Read(std::string(5000, 'n') + ".tga"), nullptr);
+    EXPECT_EQ(Icon_Read(nullptr, nullptr), nullptr);
+}
+
+TEST(Icons, Read_Both_Kinds_Once) {
+    Report_Catcher reports;
+    const Icon_File sgi("two.rgb", Sgi(2, 2, 4, "\x01\x02\x03\x04\x11\x12\x13\x14!\"#$\x31\xFF\x33\x34"));
+    Expect_Pixels(Read(sgi.name), 2, 2, {0xCC031323, 0xCB041424, 0xCE011121, 0x00021222});
+    Inst_Path = "Z:\\elsewhere\\";  // too late
+    const Icon_File tga("three.tga",
+                        Targa(3, 2, 24, {20, 0, 10, -1, 0, 0, 100, 0, 0, 0, 0, 10, 1, 2, 3, 0, 5, 0}));
+    Expect_Pixels(Read(tga.name), 3, 2, {0xFF0A0000, 0xFF030201, 0xFF000500, 0xFF0A0014, 0, 0x9B000000});
+    EXPECT_EQ(Read(sgi.name), Read(sgi.name));
+    EXPECT_EQ(reports.Take(), "15:Icon_Read_RGB(" + Icons + sgi.name + ")");
+}
+
+TEST(Icons, Refuse_Every_File_That_Is_Cut) {
+    Report_Catcher reports;
+    const std::pair<const char*, std::string> table[] = {{"cut.tga", Targa(2, 2, 24, std::string(12, 'x'))},
+                                                         {"huge.tga", Targa(0xFFFF, 0xFFFF, 24, "")},
+                                                         {"cut.rgb", Sgi(2, 2, 4, std::string(16, 'x'))}};
+    for (const auto& [name, whole] : table) {
+        for (std::size_t length = 0; length <= whole.size(); ++length) {
+            Icon_Cleanup();
+            const Icon_File file(name, whole.substr(0, length));
+            EXPECT_EQ(Read(file.name) != nullptr, length == whole.size() && whole.back() == 'x') << length;
+        }
+    }
+}
+
+TEST(Icons, Keep_255_Names) {
+    Report_Catcher reports;
+    Icon_Cleanup();
+    const Icon_File first("first.tga", Targa(1, 1, 24, "abc")), last("last.tga", Targa(1, 1, 24, "abc"));
+    const Icon_Entry* icon = Read(first.name);
+    for (int i = 1; i < 255; ++i)
+        EXPECT_FALSE(Read("none" + std::to_string(i)));
+    reports.Take();
+    EXPECT_EQ(Read(last.name), nullptr);
+    EXPECT_EQ(Read(first.name), icon);
+    EXPECT_EQ(reports.Take(), "");
+    Tools_Lib_Cleanup();
+    EXPECT_TRUE(Read(last.name));
+}
+
+TEST(Icons, Blend_Over_The_Color_Of_The_Box) {
+    // A pixel, its weight in the highest byte, and what it becomes over (60, 1, 170) and over black.
+    const unsigned long table[][3] = {{0xFF0064C8, 0x0063C8, 0x0064C8},
+                                      {0x00090909, 0x3B00A9, 0x090909},
+                                      {0x6464C8C8, 0x4BEA51, 0x64C8C8},
+                                      {0x80FF807F, 0x1DC093, 0xFF807F}};
+    std::string planes;
+    for (const int shift : {16, 8, 0, 24}) {
+        for (const auto& row : table)
+            planes += static_cast<char>((row[0] ^ 0xFF000000) >> shift);
+    }
+    const Icon_File file("mix.rgb", Sgi(4, 1, 4, planes));
+    Test_Window window(100, 60);
+    for (const int black : {0, 1}) {
+        Ground box(window, black ? Colors(0, 0, 0) : Colors(60, 1, 170));
+        const Picture shown =
+            window.After([&] { Icon_Draw_Image(&box, 20, 30, nullptr, file.name.c_str()); });
+        EXPECT_EQ(shown.Painted(), (Area{20, 23, 30, 30}));
+        for (int i = 0; i < 4; ++i)
+            EXPECT_EQ(shown.At(20 + i, 30), table[i][1 + black]) << i;
+    }
+}
+
+TEST(Icons, Are_Painted_Where_They_Touch_The_Box) {
+    Test_Window window(100, 60);
+    Ground box(window, Colors(1, 1, 1));
+    const Icon_File file("spot.tga", Targa(3, 2, 24, std::string(18, 'x')));
+    const char* name = file.name.c_str();
+    const int table[][3] = {{20, 20, 1}, {7, 20, 1}, {6, 20, 0},  {70, 20, 1}, {71, 20, 0},
+                            {20, 8, 1},  {20, 7, 0}, {20, 50, 1}, {20, 51, 0}};
+    for (const auto& [x, y, shows] : table) {
+        const auto left = static_cast<short>(x), bottom = static_cast<short>(y);
+        const Area place{x, x + 2, y, y + 1};
+        const auto image = [&] { Icon_Draw_Image(&box, left, bottom, "", name); };
+        EXPECT_EQ(window.Changed(image), shows ? place : Nothing);
+        const Picture border = window.After([&] {
+            Begin_Draw(window, nullptr);
+            Icon_Draw_Border(&box, left, bottom, "", name);
+            End_Draw();
+        });
+        const Picture lines = window.After([&, drawn = shows] {
+            if (!drawn) return;
+            Painter painter(window);
+            painter.Line(0x000000, place.left, place.bottom - 1, place.right + 1, place.bottom - 1);
+            painter.Line(0x000000, place.right + 1, place.bottom - 1, place.right + 1, place.top + 1);
+            painter.Line(0xFFFFFF, place.left - 1, place.top + 1, place.right + 1, place.top + 1);
+            painter.Line(0xFFFFFF, place.left - 1, place.bottom, place.left - 1, place.top + 1);
+        });
+        EXPECT_TRUE(Same(border, lines)) << x << ", " << y;
+    }
+    Icon_Draw_Image(nullptr, 0, 0, "", name);
+    Icon_Draw_Image(&box, 32767, -32768, nullptr, nullptr);
+}
+
+TEST(Icons, Are_Read_Outside_The_Lock_And_Leave_The_Box_As_Clip) {
+    static bool drawing;
+    Test_Window window(100, 60);
+    Ground box(window, Colors(1, 1, 1));
+    const Icon_File file("late.rgb", Sgi(1, 1, 4, "abcd"));
+    const auto fill = [] { Draw_Box(0, 59, 100, -1); };
+    Report_Catcher reports;
+    Error_Set_Handler([](HWND, int, const char*) { drawing = Z_Window != nullptr; });
+    for (const bool batch : {false, true}) {
+        Icon_Cleanup();
+        const Picture shown = window.After([&] {
+            if (batch) Begin_Batch(window);
+            Begin_Draw(window, nullptr);
+            EXPECT_TRUE(Icon_Read(&box, file.name.c_str()));
+            EXPECT_EQ(drawing, batch) << "only a sole holder can give the surface back";
+            Current_Color = 0x111111, fill();
+            End_Draw();
+            if (batch) Begin_Draw(window, nullptr), fill(), End_Draw(), End_Batch();
+        });
+        // Nothing limits what is painted after the pair, which only a batch can show.
+        EXPECT_EQ(shown.Painted(), batch ? (Area{0, 99, 0, 59}) : (Area{10, 69, 11, 50}));
+    }
+}
+
+TEST(Icons, Survive_A_Lack_Of_Memory) {
+    const Icon_File tga("lack.tga", Targa(40, 30, 24, std::string(3600, 'x')));
+    const Icon_File sgi("lack.rgb", Sgi(1, 1, 4, "abcd"));
+    Test_Window window(100, 60);
+    Ground box(window, Colors(1, 1, 1));
+    Call_Spy spy;
+    Report_Catcher reports;
+    std::string said;
+    for (int i = 0; i < 7; ++i) {  // name, row and pixels of the one, name and pixels of the other
+        Icon_Cleanup();
+        spy.Fail_Allocation(i % 4);
+        EXPECT_EQ(Read(i < 4 ? tga.name : sgi.name), nullptr) << i;
+        said += reports.Take().ends_with("failed in new") ? '!' : '.';
+    }
+    EXPECT_EQ(said, "..!!.!!");
+    Icon_Cleanup();
+    ASSERT_TRUE(Read(tga.name));
+    const auto draw = [&] { Icon_Draw_Image(&box, 20, 20, "", tga.name.c_str()); };
+    spy.Fail_Allocation();
+    EXPECT_EQ(window.Changed(draw), Nothing);
+    EXPECT_TRUE(reports.Take().ends_with("|11:draw_image() failed in new"));
+    EXPECT_EQ(window.Changed(draw), (Area{20, 59, 20, 49}));
+}
+
+TEST(Artwork, Is_Upright_And_In_Its_Colors) {
+    Test_Window window(100, 60);
+    Ground box(window, Colors(170, 170, 170));
+    // A pixel of each icon, from its bottom-left corner, and its colour.
+    const struct {
+        const char* name;
+        int x, y;
+        std::uint32_t color;
+    } table[] = {{"icon_floppy.rgb", 7, 5, 0xD63D35},
+                 {"icon_fixed.rgb", 11, 5, 0x138C33},
+                 {"icon_remote.rgb", 6, 3, 0xFAC433},
+                 {"icon_cdrom.rgb", 1, 8, 0xA8E2EC},
+                 {"icon_mycomputer.rgb", 4, 12, 0x5FA8F6}};
+    for (const auto& row : table) {
+        const Picture shown = window.After([&] { Icon_Draw_Image(&box, 20, 20, "", row.name); });
+        EXPECT_EQ(shown.Painted(), (Area{20, 35, 20, 35})) << row.name;
+        EXPECT_EQ(shown.At(20 + row.x, 20 + row.y), row.color) << row.name;
+    }
+}
+
+TEST(Glyphs, Look_As_Drawn_Here) {
+    // clang-format off
+    constexpr const char* Glyphs[] = {
+        ".......B..............B..............B..............B.........ggggg.............ggggg........",
+        ".......B..............B..............B..............B........gooooog...........gwwwwwg.......",
+        ".......B..............B..............B..............B.......gooooooogggggg....gwrrrrrwgggggg.",
+        ".......B..............B..............B..............B.......gwwwwwwwwwwwwgk...gwrrrrrrwwwwwgk",
+        ".......B............RRRRR........kkkkkkkkk......kkkkkkkkk...gwooooooooooogk...gwrrrrrrrrrrrgk",
+        ".......B...........RR...RR.......k.......k......k.......k...gwooooooooooogk.gggggggggggggrrgk",
+        ".......B..........RR...RRRR......k.......k......k...k...k...gwooooooooooogk.gwwwwwwwwwwwgkrgk",
+        ".......B..........R...RRR.R......k.......k......k...k...k...gwooooooooooogk.gwrrrrrrrrrrgkrgk",
+        ".......BBBBBBB....R..RRR..RB.....k.kkkkk.kBB....k.kkkkk.kBB.gwooooooooooogk..gwrrrrrrrrrrgkgk",
+        ".......B..........R.RRR...R......k.......k......k...k...k...gwooooooooooogk..gwrrrrrrrrrrgkgk",
+        ".......B..........RRRR...RR......k.......k......k...k...k...gwooooooooooogk...gwrrrrrrrrrrgkk",
+        ".......B...........RR...RR.......k.......k......k.......k...ggggggggggggggk...gggggggggggggkk",
+        ".......B............RRRRR........kkkkkkkkk......kkkkkkkkk....kkkkkkkkkkkkkk....kkkkkkkkkkkkkk",
+    };
+    // clang-format on
+    constexpr std::string_view Signs = ".kgorRBw";
+    constexpr std::uint32_t Paints[] = {Loud, 0, 0x505050, 0x8E8E38, 0xFF4040, 0xFF0000, 0x0000FF, 0xFFFFFF};
+    Test_Window window(110, 30);
+    const Picture shown = window.After([&] {
+        Begin_Draw(window, nullptr);
+        Icon_Lead_Leaf(nullptr, 1, 3, 16, 5, 18);
+        Icon_Lead_No_Access(nullptr, 0, 18, 31, 5, 18);
+        Icon_Lead_Expand(nullptr, 0, 33, 46, 5, 18);
+        Icon_Lead_Collapse(nullptr, 1, 48, 61, 5, 18);
+        Icon_Dir_Close(nullptr, 63, 5);
+        Icon_Dir_Open(nullptr, 81, 5);
+        EXPECT_EQ(Current_Color, 0xFFFFFFUL);
+        End_Draw();
+    });
+    EXPECT_EQ(shown.Painted(), (Area{10, 95, 5, 17}));
+    for (int y = 0; y < 13; ++y) {
+        const std::string_view row = Glyphs[12 - y];
+        for (int x = 0; x < static_cast<int>(row.size()); ++x)
+            EXPECT_EQ(shown.At(3 + x, 5 + y), Paints[Signs.find(row[static_cast<std::size_t>(x)])])
+                << x << ", " << y;
+    }
+}
+
+TEST(Glyphs, End_Their_Lines_Where_They_Are_Told) {
+    Test_Window window(60, 40);
+    const struct {
+        decltype(Icon_Lead_Leaf)* draw;
+        char more;
+        short x_end, y_top;
+        Area painted;
+    } table[] = {
+        {Icon_Lead_Leaf, 0, 28, 28, {17, 28, 14, 27}},   {Icon_Lead_Leaf, 1, 28, 28, {17, 28, 10, 27}},
+        {Icon_Lead_Expand, 1, 21, 19, {13, 21, 10, 18}}, {Icon_Lead_No_Access, 1, 22, 19, {13, 21, 10, 18}},
+        {Icon_Lead_Leaf, 0, 12, 12, {14, 17, 13, 14}},  // back and down
+    };
+    for (const auto& row : table) {
+        const auto draw = [&] {
+            Begin_Draw(window, nullptr);
+            row.draw(nullptr, row.more, 10, row.x_end, 10, row.y_top);
+            EXPECT_EQ(Current_Color, 0xFF0000UL);
+            End_Draw();
+        };
+        EXPECT_EQ(window.Changed(draw), row.painted) << row.x_end;
+    }
+    Icon_Lead_Leaf(nullptr, 1, 32767, -32768, 32767, -32768);
+    EXPECT_EQ(Z_DC, nullptr);
+}
