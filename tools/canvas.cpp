@@ -76,14 +76,6 @@ void Canvas::Box(const Area& area, unsigned long color) {
     PatBlt(dc, area.left, Y(area.top), area.right - area.left, Down(area.top - area.bottom), PATCOPY);
 }
 
-void Canvas::Raise(const Area& area, int rise) {
-    const Area from{area.left, area.right, area.bottom - std::min(rise, 0), area.top - std::max(rise, 0)};
-    const int rows = from.top - from.bottom;
-    if (rows < 1) return;
-    BitBlt(dc, from.left, Y(from.top + rise), from.right - from.left, Down(rows), dc, from.left, Y(from.top),
-           SRCCOPY);
-}
-
 void Canvas::Row(int x_from, int x_to, int y, unsigned long color) {
     if (x_from == x_to) return;
     const int left = x_from < x_to ? x_from : x_to + 1;

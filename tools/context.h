@@ -30,6 +30,10 @@ View Take_Surface(HWND window, const RECT& covered);
 ///                 the member paints on whatever the window shows.
 View Take_Surface(HWND window, const RECT& covered, unsigned& picture);
 
+/// Moves what the kept picture in use holds up by `rows`, or down when negative, by less than its height. The
+/// rows that come in hold anything.
+void Raise_Kept_Picture(int rows);
+
 /// Gives back what `Take_Surface` took.
 void Give_Back_Surface();
 

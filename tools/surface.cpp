@@ -6,6 +6,7 @@
 #include <new>
 #include <vector>
 
+#include "tools/back_buffer.h"
 #include "tools/cleanup.h"
 #include "tools/context.h"
 #include "tools/input.h"
@@ -41,174 +42,6 @@ bool Holds_Lock() {
            Critical.OwningThread == reinterpret_cast<HANDLE>(ULONG_PTR{GetCurrentThreadId()});
 }
 
-SIZE Client_Size(HWND window) {
-    RECT client{};
-    if (window) GetClientRect(window, &client);
-    return {client.right, client.bottom};
-}
-
-/// Logical (0, 0) becomes the bottom-left pixel, y grows upward, one unit is one pixel. An isotropic mapping
-/// would be off by a pixel at many sizes, for the display's millimetres are rounded.
-void Map_Logical(HDC dc, SIZE client) {
-    const int width = std::max(static_cast<int>(client.cx), 1);
-    const int height = std::max(static_cast<int>(client.cy), 1);
-    SetMapMode(dc, MM_ANISOTROPIC);
-    SetWindowExtEx(dc, width, height, nullptr);
-    SetViewportExtEx(dc, width, -height, nullptr);
-    SetViewportOrgEx(dc, 0, height - 1, nullptr);
-}
-
-/// A context of its own per window or class keeps what is selected when it is released.
-bool Has_Private_Context(HWND window) {
-    return (GetClassLongPtrA(window, GCL_STYLE) & (CS_OWNDC | CS_CLASSDC)) != 0;
-}
-
-/// Device context of a window for a scope, in device coordinates.
-class Window_Context {
-  public:
-    explicit Window_Context(HWND owner) : window(owner), dc(GetDC(owner)) {
-        if (!dc || !Has_Private_Context(owner)) return;
-        saved = SaveDC(dc);
-        SetMapMode(dc, MM_TEXT);
-        SetWindowOrgEx(dc, 0, 0, nullptr);
-        SetViewportOrgEx(dc, 0, 0, nullptr);
-    }
-    ~Window_Context() {
-        if (saved) RestoreDC(dc, saved);
-        if (dc) ReleaseDC(window, dc);
-    }
-    Window_Context(const Window_Context&) = delete;
-    Window_Context& operator=(const Window_Context&) = delete;
-    HDC Get() const { return dc; }
-
-  private:
-    HWND window;
-    HDC dc;
-    int saved = 0;
-};
-
-/// A picture off screen with a context to paint on it.
-class Back_Buffer {
-  public:
-    explicit Back_Buffer(SIZE pixels_wanted) : size(pixels_wanted), dc(CreateCompatibleDC(nullptr)) {
-        const BITMAPINFO info = Top_Down_Info(size.cy);
-        void* bits = nullptr;
-        bitmap = CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
-        pixels = static_cast<unsigned long*>(bits);
-        if (dc && bitmap) bitmap_before = SelectObject(dc, bitmap);
-    }
-    ~Back_Buffer() {
-        if (font) SelectObject(dc, GetStockObject(SYSTEM_FONT));
-        if (bitmap_before) SelectObject(dc, bitmap_before);
-        if (bitmap) DeleteObject(bitmap);
-        if (dc) DeleteDC(dc);
-    }
-    Back_Buffer(const Back_Buffer&) = delete;
-    Back_Buffer& operator=(const Back_Buffer&) = delete;
-
-    bool Usable() const { return bitmap_before != nullptr; }
-    HDC Context() const { return dc; }
-    SIZE Size() const { return size; }
-
-    /// Copies `columns` x `rows` pixels from (left, top) to a place in device coordinates of `window`.
-    void Copy_To(HWND window, POINT place, int left, int top, int columns, int rows) const {
-        const Window_Context target(window);
-        const BITMAPINFO info = Top_Down_Info(rows);
-        GdiFlush();
-        SetDIBitsToDevice(target.Get(), place.x, place.y, static_cast<DWORD>(columns),
-                          static_cast<DWORD>(rows), left, 0, 0, static_cast<UINT>(rows),
-                          pixels + std::size_t(top) * static_cast<std::size_t>(size.cx), &info,
-                          DIB_RGB_COLORS);
-    }
-
-    /// Brings back what members changed for their text, for an application that draws next.
-    void Reset_Text() {
-        if (font) SelectObject(dc, GetStockObject(SYSTEM_FONT));
-        font = nullptr;
-        SetTextColor(dc, 0);
-        SetBkMode(dc, OPAQUE);
-    }
-
-    /// The font that is known to be in place; null when an application may have changed it.
-    HGDIOBJ font = nullptr;
-
-  private:
-    BITMAPINFO Top_Down_Info(LONG rows) const {
-        BITMAPINFO info{};
-        info.bmiHeader = {sizeof info.bmiHeader, size.cx, -rows, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-        return info;
-    }
-
-    SIZE size;
-    HDC dc;
-    HBITMAP bitmap = nullptr;
-    unsigned long* pixels = nullptr;
-    HGDIOBJ bitmap_before = nullptr;
-};
-
-/// The client area of one window off screen, for its batches.
-class Window_Buffer : public Back_Buffer {
-  public:
-    explicit Window_Buffer(SIZE client) : Back_Buffer(client) {
-        if (Usable()) Map_Logical(Context(), client);
-    }
-    bool Fits(SIZE client) const { return client.cx == Size().cx && client.cy == Size().cy; }
-    View Viewed() const { return {Context(), Size().cy, true}; }
-
-    /// Starts with what the window shows and notes what is painted from then on.
-    void Load(HWND window) {
-        const Window_Context source(window);
-        const SIZE size = Size();
-        StretchBlt(Context(), 0, size.cy - 1, size.cx, -size.cy, source.Get(), 0, 0, size.cx, size.cy,
-                   SRCCOPY);
-        SetBoundsRect(Context(), nullptr, DCB_RESET | DCB_ENABLE);
-    }
-
-    /// Copies what was painted since `Load` to the window.
-    void Show(HWND window) {
-        SelectClipRgn(Context(), nullptr);
-        RECT painted{};
-        if (!(GetBoundsRect(Context(), &painted, DCB_RESET) & DCB_SET)) return;
-        LPtoDP(Context(), reinterpret_cast<POINT*>(&painted), 2);
-        const SIZE size = Size();
-        const int left = std::max(static_cast<int>(painted.left), 0);
-        const int right = std::min(painted.right, size.cx);
-        const int top = std::max(static_cast<int>(std::min(painted.top, painted.bottom)), 0);
-        const int bottom = std::min(std::max(painted.top, painted.bottom), size.cy);
-        if (left < right && top < bottom) Copy_To(window, {left, top}, left, top, right - left, bottom - top);
-    }
-};
-
-/// A picture of one control or a part of it, composed off screen.
-class Scratch : public Back_Buffer {
-  public:
-    /// Large enough for most small controls, and small enough to stay in the processor's cache.
-    static constexpr SIZE Small_Control{160, 48};
-
-    explicit Scratch(SIZE size) : Back_Buffer(size) {}
-    bool Fits(const RECT& device) const {
-        return device.right - device.left <= Size().cx && device.bottom - device.top <= Size().cy;
-    }
-
-    /// Makes the device coordinates of a window's rectangle fall on this picture.
-    View Stand_For(const RECT& device, LONG client_height) {
-        place = device;
-        SetViewportOrgEx(Context(), -device.left, -device.top, nullptr);
-        return {Context(), client_height, false};
-    }
-
-    void Show(HWND window) const {
-        SelectClipRgn(Context(), nullptr);
-        Copy_To(window, {place.left, place.top}, 0, 0, place.right - place.left, place.bottom - place.top);
-    }
-
-    /// Which of the kept pictures this is, counted over the life of the process; 0 for one that is not kept.
-    unsigned number = 0;
-
-  private:
-    RECT place{};
-};
-
 /// An open batch; the innermost is the last.
 struct Batch {
     HWND window;
@@ -241,7 +74,7 @@ struct Surface {
     std::vector<Batch> batches;
     std::map<HWND, std::unique_ptr<Window_Buffer>> buffers;
     std::unique_ptr<Scratch> scratch;
-    std::unique_ptr<Scratch> kept;  ///< what the last control that keeps its picture has painted
+    std::unique_ptr<Kept_Picture> kept;  ///< of the last control that asked for one
     unsigned kept_number = 0;
 };
 
@@ -274,7 +107,10 @@ Level Take_Window(HWND window, bool mapped) {
 Level Find_Context(const Surface& surface, HWND window, bool mapped) {
     for (const Batch& batch : surface.batches) {
         if (batch.window == window && batch.buffer) {
-            return {window, batch.buffer->Viewed(), Source::Batch, batch.buffer};
+            return {window,
+                    {batch.buffer->Context(), batch.buffer->Size().cy, true},
+                    Source::Batch,
+                    batch.buffer};
         }
     }
     for (const Level& level : surface.levels) {
@@ -325,7 +161,8 @@ RECT To_Device(const RECT& logical, LONG client_height) {
 
 /// A new level on a picture that stands for a rectangle of the window.
 void Compose_On(Surface& surface, Scratch& picture, HWND window, const RECT& device, LONG client_height) {
-    surface.levels.push_back({window, picture.Stand_For(device, client_height), Source::Scratch, &picture});
+    picture.Stand_For(device);
+    surface.levels.push_back({window, {picture.Context(), client_height, false}, Source::Scratch, &picture});
     Set_Globals(surface);
 }
 
@@ -342,17 +179,16 @@ bool Take_Scratch(Surface& surface, HWND window, const RECT& covered) {
     return true;
 }
 
-/// The kept picture in this size, with the number of a new one unless it is the one asked for; null when it
-/// cannot be had.
-Scratch* Kept_Picture(Surface& surface, SIZE size, unsigned wanted) {
+/// The kept picture in this size, with a new number unless it is the one asked for; null when it cannot be
+/// had.
+Kept_Picture* Picture_Of(Surface& surface, SIZE size, unsigned wanted) {
     constexpr LONG Longest_Side = 4096;  // no more than a large display has
     if (size.cx < 1 || size.cy < 1 || size.cx > Longest_Side || size.cy > Longest_Side) return nullptr;
-    Scratch* kept = surface.kept.get();
-    const bool fits = kept && kept->Size().cx == size.cx && kept->Size().cy == size.cy;
-    if (fits && wanted != 0 && kept->number == wanted) return kept;
+    const bool fits = surface.kept && surface.kept->Has_Size(size);
+    if (fits && wanted != 0 && surface.kept->number == wanted) return surface.kept.get();
     if (!fits) {
         surface.kept.reset();
-        surface.kept.reset(new (std::nothrow) Scratch(size));
+        surface.kept.reset(new (std::nothrow) Kept_Picture(size));
     }
     if (!surface.kept || !surface.kept->Usable()) return nullptr;
     surface.kept->number = ++surface.kept_number;
@@ -365,7 +201,8 @@ bool Take_Kept(Surface& surface, HWND window, const RECT& covered, unsigned& pic
     const SIZE client = Client_Size(window);
     if (client.cx < 1 || client.cy < 1 || !May_Compose(surface, window)) return false;
     const RECT device = To_Device(covered, client.cy);
-    Scratch* kept = Kept_Picture(surface, {device.right - device.left, device.bottom - device.top}, picture);
+    const SIZE size{device.right - device.left, device.bottom - device.top};
+    Kept_Picture* kept = Picture_Of(surface, size, picture);
     if (!kept) return false;
     picture = kept->number;
     Compose_On(surface, *kept, window, device, client.cy);
@@ -458,6 +295,11 @@ View Take_Surface(HWND window, const RECT& covered, unsigned& picture) {
         if (!taken) picture = 0;
         return taken;
     });
+}
+
+void Raise_Kept_Picture(int rows) {
+    const Surface& surface = The_Surface();
+    if (surface.kept && surface.levels.back().buffer == surface.kept.get()) surface.kept->Raise(rows);
 }
 
 void Give_Back_Surface() { Give_Back(false); }

@@ -9,6 +9,7 @@
 #include <new>
 #include <utility>
 
+#include "tools/context.h"
 #include "tools/dimensions.h"
 #include "tools/font.h"
 #include "tools/font_cache.h"
@@ -440,7 +441,7 @@ void Texts::Re_Write() {
     const unsigned picture_before = Picture;
     Canvas canvas(*this, {area.left, area.right - 1, area.bottom + 1, area.top}, Picture);
     const bool kept = Picture != 0 && Picture == picture_before;
-    const Area part = kept ? Move_Kept(canvas, area, view) : area;
+    const Area part = kept ? Move_Kept(area, view) : area;
     Painted = view;
     Appended = Renewed = 0;
 
@@ -459,7 +460,7 @@ void Texts::Re_Write() {
 
 /// Moves the lines on the kept picture to where they stand now.
 /// @return the part of the output that has to be painted
-Area Texts::Move_Kept(Canvas& canvas, const Area& area, const Output_View& view) const {
+Area Texts::Move_Kept(const Area& area, const Output_View& view) const {
     const bool same_look = Even_Lines && view.x == Painted.x && view.color == Painted.color;
     // A line that the bottom edge would cut is not painted at all, so only whole lines can be moved.
     if (!same_look || view.scrolled % Line_Height != 0 || Painted.scrolled % Line_Height != 0) return area;
@@ -469,7 +470,7 @@ Area Texts::Move_Kept(Canvas& canvas, const Area& area, const Output_View& view)
     if (std::abs(rise) >= area.top - area.bottom) return area;
     const int from_bottom = std::max(rise, Renewed * Line_Height - view.scrolled);
     if (rise < 0 && from_bottom > 0) return area;
-    canvas.Raise(area, rise);
+    Raise_Kept_Picture(rise);
     if (rise < 0) return {area.left, area.right, area.top + rise, area.top};
     return {area.left, area.right, area.bottom, std::min(area.bottom + from_bottom, area.top)};
 }

@@ -8,7 +8,6 @@
 
 namespace galdren {
 struct Area;
-class Canvas;
 }  // namespace galdren
 
 /// Bits of `Flag` that text fields add. `SLIDER_KEEP_GRAB` is handed on to the scroll bars.
@@ -148,8 +147,7 @@ class GALDREN_TOOLS_API Texts : public Tools, public Text_Fields {
         int scrolled;         ///< pixels that are below its bottom edge
         unsigned long color;  ///< of the ground
     };
-    galdren::Area Move_Kept(galdren::Canvas& canvas, const galdren::Area& area,
-                            const Output_View& view) const;
+    galdren::Area Move_Kept(const galdren::Area& area, const Output_View& view) const;
 
     unsigned Picture{};     // number of the output's kept picture, 0 when there is none
     Output_View Painted{};  // on that picture
