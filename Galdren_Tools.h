@@ -17,6 +17,8 @@
 #include "widgets/box.h"
 #include "widgets/button.h"
 #include "widgets/checklist.h"
+#include "widgets/color_edit.h"
+#include "widgets/hue_edit.h"
 #include "widgets/label.h"
 #include "widgets/list.h"
 #include "widgets/selector.h"

@@ -1,10 +1,6 @@
 // Sliders and valuators, beside the native scroll bar and trackbar: a step of a drag, a step of the wheel,
 // `Read`.
 
-#include <windows.h>
-
-#include <commctrl.h>  // does not include windows.h
-
 #include <cmath>
 
 #include "scene.h"
@@ -101,42 +97,10 @@ Result Slider_Drag() {
                          2 * Way, shown);
 }
 
-const char* Trackbar_Class() {
-    static const bool loaded = [] {
-        const INITCOMMONCONTROLSEX classes{sizeof classes, ICC_BAR_CLASSES};
-        return InitCommonControlsEx(&classes) != FALSE;
-    }();
-    Require(loaded, "there are no trackbars");
-    return TRACKBAR_CLASSA;
-}
-
-class Native_Trackbar : public Native_Side {
-  public:
-    Native_Trackbar()
-        : Native_Side(Trackbar_Class(), "", WS_VISIBLE | TBS_HORZ | TBS_NOTICKS, Valuator_Place) {
-        RECT channel{};
-        RECT thumb{};
-        Get().Send(TBM_GETCHANNELRECT, 0, reinterpret_cast<LPARAM>(&channel));
-        Get().Send(TBM_GETTHUMBRECT, 0, reinterpret_cast<LPARAM>(&thumb));
-        // With as many positions as pixels the thumb moves by one at a time.
-        positions = channel.right - channel.left - (thumb.right - thumb.left);
-        Get().Send(TBM_SETRANGE, TRUE, MAKELPARAM(0, positions));
-        Window().Repaint();
-    }
-    int Positions() const { return positions; }
-    void Move_To(int position) const {
-        Get().Send(TBM_SETPOS, TRUE, position);
-        UpdateWindow(Get().Get());
-    }
-
-  private:
-    int positions = 0;
-};
-
 template <Shown shown>
 Result Valuator_Drag() {
     Our_Side<Valuators> ours(Fill_Valuator);
-    Native_Trackbar native;
+    bench::Native_Trackbar native(Valuator_Place);
     native.Move_To(Nearest);
     return Compare_Steps(Drag_Ours(ours, Valuator_Place),
                          {native.Window(), Valuator_Place, Thumb_Edges,
@@ -149,7 +113,7 @@ Result Valuator_Wheel() {
     constexpr int Notches = 20;
     constexpr int Notches_In_Range = 50;
     Our_Side<Valuators> ours(Fill_Logarithmic);
-    Native_Trackbar native;
+    bench::Native_Trackbar native(Valuator_Place);
     const int notch = native.Positions() / Notches_In_Range;
     native.Move_To(notch);
     bench::Put_Pointer(ours.Window(), In_Bar(Valuator_Place, Nearest));

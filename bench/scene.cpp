@@ -1,5 +1,7 @@
 #include "scene.h"
 
+#include <commctrl.h>
+
 #include <algorithm>
 #include <cstdint>
 #include <vector>
@@ -63,6 +65,15 @@ Work Do_Steps(const Steps& steps, int count, Shown shown) {
             count, [&steps] { steps.stage.Raise(); }};
 }
 
+const char* Trackbar_Class() {
+    static const bool loaded = [] {
+        const INITCOMMONCONTROLSEX classes{sizeof classes, ICC_BAR_CLASSES};
+        return InitCommonControlsEx(&classes) != FALSE;
+    }();
+    Require(loaded, "there are no trackbars");
+    return TRACKBAR_CLASSA;
+}
+
 void Paint_Over(const Stage& stage) {
     const Stage_Context context(stage);
     PatBlt(context.Get(), 0, 0, Stage::Width, Stage::Height, WHITENESS);
@@ -109,6 +120,22 @@ Native_Control::Native_Control(const Stage& stage, const char* window_class, con
 
 Native_Control::~Native_Control() {
     if (window) DestroyWindow(window);
+}
+
+Native_Trackbar::Native_Trackbar(const RECT& client)
+    : Native_Side(Trackbar_Class(), "", WS_VISIBLE | TBS_HORZ | TBS_NOTICKS, client) {
+    RECT channel{};
+    RECT thumb{};
+    Get().Send(TBM_GETCHANNELRECT, 0, reinterpret_cast<LPARAM>(&channel));
+    Get().Send(TBM_GETTHUMBRECT, 0, reinterpret_cast<LPARAM>(&thumb));
+    positions = channel.right - channel.left - (thumb.right - thumb.left);
+    Get().Send(TBM_SETRANGE, TRUE, MAKELPARAM(0, positions));
+    Window().Repaint();
+}
+
+void Native_Trackbar::Move_To(int position) const {
+    Get().Send(TBM_SETPOS, TRUE, position);
+    UpdateWindow(Get().Get());
 }
 
 void Require_Classic(const Stage& stage, POINT face) {

@@ -97,6 +97,17 @@ class Native_Side {
     Native_Control control;
 };
 
+/// A trackbar without ticks. It has as many positions as pixels, so that its thumb moves by one at a time.
+class Native_Trackbar : public Native_Side {
+  public:
+    explicit Native_Trackbar(const RECT& client);
+    int Positions() const { return positions; }
+    void Move_To(int position) const;
+
+  private:
+    int positions = 0;
+};
+
 /// Fails when a native control is themed: a pixel of the face of its button then has another colour.
 void Require_Classic(const Stage& stage, POINT face);
 

@@ -8,7 +8,8 @@ std::span<const Page> Pages() {
         {"buttons", "Buttons", Build_Buttons}, {"checklists", "Check lists", Build_Checklists},
         {"sliders", "Sliders", Build_Sliders}, {"selectors", "Selectors", Build_Selectors},
         {"lists", "Lists", Build_Lists},       {"entries", "Entry fields", Build_Entries},
-        {"console", "Console", Build_Console}, {"icons", "Icons", Build_Icons},
+        {"console", "Console", Build_Console}, {"colors", "Colours", Build_Colors},
+        {"icons", "Icons", Build_Icons},
     };
     return pages;
 }

@@ -30,5 +30,6 @@ void Build_Lists(Sheet& sheet);
 void Build_Entries(Sheet& sheet);
 void Build_Console(Sheet& sheet);
 void Build_Icons(Sheet& sheet);
+void Build_Colors(Sheet& sheet);
 
 }  // namespace gallery

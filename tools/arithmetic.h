@@ -2,6 +2,8 @@
 /// Conversions that are defined for every input.
 #pragma once
 
+#include <algorithm>
+
 namespace galdren {
 
 /// `value` truncated toward zero, held within the range of int; 0 for NaN.
@@ -14,6 +16,9 @@ inline int Truncate(double value) {
 
 /// The low 16 bits of `value`.
 inline short Low_16(int value) { return static_cast<short>(value); }
+
+/// `value` held within 16 bits.
+inline short Within_16(int value) { return static_cast<short>(std::clamp(value, -32768, 32767)); }
 
 /// `value` without its sign; the widest range keeps the most negative 16-bit number in range.
 inline int Magnitude(short value) { return value < 0 ? -int{value} : int{value}; }

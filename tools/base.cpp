@@ -98,6 +98,12 @@ void Renew_Font(Tools& control) {
                                 control.Font_Size);
 }
 
+void Remake_Font(Tools& control) {
+    Z_Delete_Font(control.Window, control.Font);
+    control.Font = nullptr;
+    Renew_Font(control);
+}
+
 bool Hover_Changes(const Tools& control, short& hover, bool inside) {
     const short wanted = inside ? Hover_Highlighted : Hover_Normal;
     if (Never_Highlights(control) || hover == wanted) return false;

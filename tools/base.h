@@ -77,6 +77,9 @@ void Bind(Tools& control, HWND window);
 /// Makes the font when there is none or its size changed.
 void Renew_Font(Tools& control);
 
+/// Makes the font anew, for its words may have changed too.
+void Remake_Font(Tools& control);
+
 /// Notes the size as that of the last generation of buffers.
 void Note_Size(Tools& control);
 

@@ -11,15 +11,25 @@ constexpr float Sixth = 1.0F / 6.0F;
 /// `low` to `high` over the first sixth, stays for two, and falls over the next.
 float Channel(float low, float high, float hue) {
     hue -= std::floor(hue);
-    if (hue < Sixth) return low + (high - low) * hue * 6.0F;
-    if (hue < 0.5F) return high;
-    if (hue < 4.0F * Sixth) return low + (high - low) * (4.0F * Sixth - hue) * 6.0F;
-    return low;
+    float climbed = 0.0F;
+    if (hue < Sixth) {
+        climbed = hue * 6.0F;
+    } else if (hue < 0.5F) {
+        climbed = 1.0F;
+    } else if (hue < 4.0F * Sixth) {
+        climbed = (4.0F * Sixth - hue) * 6.0F;
+    }
+    const float channel = low + (high - low) * climbed;
+    // What misses full strength by rounding alone has it: callers that truncate would lose a step.
+    constexpr float Nearly_Full = 1.0F - 1e-6F;
+    return channel > Nearly_Full ? 1.0F : channel;
 }
 
 }  // namespace
 
 void RGB_to_HLS(float r, float g, float b, float* h, float* l, float* s) {
+    for (float* channel : {&r, &g, &b})
+        *channel = std::min(*channel, 1.0F);
     const float high = std::max({r, g, b});
     const float low = std::min({r, g, b});
     const float range = high - low;
@@ -42,7 +52,7 @@ void RGB_to_HLS(float r, float g, float b, float* h, float* l, float* s) {
 }
 
 void HLS_to_RGB(float h, float l, float s, float* r, float* g, float* b) {
-    const float high = l <= 0.5F ? l * (1.0F + s) : l + s - l * s;
+    const float high = l <= 0.5F ? l * (1.0F + s) : l + s * (1.0F - l);
     const float low = 2.0F * l - high;
     *r = Channel(low, high, h + 1.0F / 3.0F);
     *g = Channel(low, high, h);

@@ -1,7 +1,6 @@
 #include "widgets/label.h"
 
 #include "tools/base.h"
-#include "tools/font.h"
 #include "tools/sharing.h"
 
 using namespace galdren;
@@ -18,9 +17,7 @@ void Labels::Init(HWND window) {
     if (!Begin_Init(*this, window, "Labels::Init")) return;
     if (Color == Colors(0, 0, 0)) Color = Colors(255, 255, 255);
     Bind(*this, window);
-    Z_Delete_Font(Window, Font);
-    Font = nullptr;
-    Renew_Font(*this);
+    Remake_Font(*this);
 }
 
 void Labels::Draw() {

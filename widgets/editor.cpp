@@ -1,0 +1,57 @@
+#include "widgets/editor.h"
+
+#include <cstdlib>
+
+#include "tools/dimensions.h"
+#include "widgets/range.h"
+
+namespace galdren {
+
+void Bind_Editor(Tools& editor, HWND window) {
+    Default_Grey(editor);
+    Bind(editor, window);
+    Remake_Font(editor);
+}
+
+int Border_Of(const Tools& editor) { return std::abs(Frame_Width(editor)); }
+
+Area Room_In_Frame(const Tools& editor, int border) {
+    Area room = Area_Of(editor).Inset(border + Part_Gap);
+    room.right -= Part_Gap + 2 * BUT_DIM;
+    return room;
+}
+
+Area Swatch_Area(const Area& room) {
+    const int left = room.right + Part_Gap;
+    return {left, left + 2 * BUT_DIM, room.bottom, room.top};
+}
+
+void Place_Part(Tools& part, const Area& area) {
+    part.X = Within_16(area.left);
+    part.Y = Within_16(area.bottom);
+    part.Width = Within_16(area.right - area.left);
+    part.Height = Within_16(area.top - area.bottom);
+}
+
+void Copy_Look(Tools& part, const Tools& editor, int border) {
+    part.Border = Within_16(border);
+    part.Color = editor.Color;
+    part.Font_Name = editor.Font_Name;
+    part.Font_Weight = editor.Font_Weight;
+    part.Font_Size = editor.Font_Size;
+}
+
+void Name_Part(Tools& part, const char* name) {
+    part.Set_Name(nullptr);
+    part.Name = name;
+}
+
+void Move_Thumb(Valuators& trough, float value) {
+    // The trough holds its value in range, so a value beyond its end must not move the thumb again and again.
+    const bool reversed = Has_Flag(trough, SLIDER_REVERSED);
+    if (Clamp_Value(value, trough.Start_Val, trough.End_Val, reversed) == trough.Val) return;
+    trough.Val = value;
+    trough.Adjust();
+}
+
+}  // namespace galdren
