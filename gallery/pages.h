@@ -31,5 +31,6 @@ void Build_Entries(Sheet& sheet);
 void Build_Console(Sheet& sheet);
 void Build_Icons(Sheet& sheet);
 void Build_Colors(Sheet& sheet);
+void Build_Dialogs(Sheet& sheet);
 
 }  // namespace gallery

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <winternl.h>
 
+#include <algorithm>
 #include <cstring>
 #include <utility>
 
@@ -17,11 +18,13 @@ constexpr std::size_t Stub_Size = 48;
 constexpr long long Never = -1;
 constexpr const char* Guarded_Allocator = "VirtualAlloc";  // of checked builds
 constexpr const char* Plain_Allocator = "malloc";
+constexpr const char* Allocators[] = {Guarded_Allocator, Plain_Allocator, "GlobalAlloc"};
 
 /// Whether to lead a function through the spy. Other libraries export data too, which must stay as it is.
 bool Wanted(const char* library, const char* function) {
     if (_stricmp(library, "gdi32.dll") == 0 || _stricmp(library, "user32.dll") == 0) return true;
-    return std::strcmp(function, Guarded_Allocator) == 0 || std::strcmp(function, Plain_Allocator) == 0;
+    return std::ranges::any_of(Allocators,
+                               [&](const char* name) { return std::strcmp(function, name) == 0; });
 }
 
 void Write_Slot(ULONGLONG* slot, ULONGLONG value) {

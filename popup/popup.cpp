@@ -1,0 +1,401 @@
+#include "popup/popup.h"
+
+#include <windows.h>
+#include <windowsx.h>
+
+#include <algorithm>
+#include <atomic>
+#include <cstring>
+#include <iterator>
+#include <optional>
+#include <span>
+
+#include "popup/template.h"
+#include "tools/arithmetic.h"
+#include "tools/cleanup.h"
+#include "tools/input.h"
+#include "tools/lock.h"
+#include "tools/surface.h"
+#include "util/error.h"
+#include "util/program.h"
+#include "widgets/box.h"
+#include "widgets/button.h"
+#include "widgets/text.h"
+
+using namespace galdren;
+
+namespace {
+
+constexpr int No_Answer = -1;
+
+/// A button of a dialog.
+struct Answer {
+    const char* caption;
+    int value;
+};
+
+constexpr Answer Message_Answers[] = {{"OK", 0}};
+constexpr Answer Question_Answers[] = {{"Yes", 1}, {"No", 0}};
+constexpr std::size_t Most_Answers = std::max(std::size(Message_Answers), std::size(Question_Answers));
+
+/// Keeps a flag set for a scope, which only one can do at a time.
+class Claim {
+  public:
+    explicit Claim(std::atomic<bool>& claimed) : flag(claimed), granted(!claimed.exchange(true)) {}
+    ~Claim() {
+        if (granted) flag = false;
+    }
+    Claim(const Claim&) = delete;
+    Claim& operator=(const Claim&) = delete;
+    bool Granted() const { return granted; }
+
+  private:
+    std::atomic<bool>& flag;
+    bool granted;
+};
+
+/// The active window, to which a dialog belongs. The dialog manager disables it, and leaves it so when the
+/// dialog is not ended but destroyed; at the end of the scope it is as it was.
+class Owner {
+  public:
+    Owner() : window(GetActiveWindow()), enabled(IsWindowEnabled(window) != FALSE) {}
+    ~Owner() {
+        if (!enabled) return;
+        Enable();
+        if (GetActiveWindow() != window) SetActiveWindow(window);
+    }
+    Owner(const Owner&) = delete;
+    Owner& operator=(const Owner&) = delete;
+
+    HWND Window() const { return window; }
+    HINSTANCE Instance() const {
+        return reinterpret_cast<HINSTANCE>(GetWindowLongPtrA(window, GWLP_HINSTANCE));
+    }
+    void Enable() const {
+        if (enabled) EnableWindow(window, TRUE);
+    }
+
+  private:
+    HWND window;
+    bool enabled;
+};
+
+/// What is painted in its scope reaches the window in one copy.
+class Batch {
+  public:
+    explicit Batch(HWND window) { Begin_Batch(window); }
+    ~Batch() { End_Batch(); }
+    Batch(const Batch&) = delete;
+    Batch& operator=(const Batch&) = delete;
+};
+
+class Window_Paint {
+  public:
+    explicit Window_Paint(HWND painted) : window(painted) { BeginPaint(window, &paint); }
+    ~Window_Paint() { EndPaint(window, &paint); }
+    Window_Paint(const Window_Paint&) = delete;
+    Window_Paint& operator=(const Window_Paint&) = delete;
+
+  private:
+    HWND window;
+    PAINTSTRUCT paint{};
+};
+
+void Set_Font(Tools& control) {
+    control.Font_Name = "Arial";
+    control.Font_Weight = "bold";
+    control.Font_Size = 11;
+}
+
+void Place(Tools& control, int x, int y, int width, int height) {
+    control.X = Low_16(x);
+    control.Y = Low_16(y);
+    control.Width = Low_16(width);
+    control.Height = Low_16(height);
+    control.Border = 1;
+}
+
+/// The mouse buttons that are held, as bits of an event.
+int Buttons_Held() {
+    return (getbutton(VK_LBUTTON) ? EVENT_LEFT : 0) | (getbutton(VK_MBUTTON) ? EVENT_MIDDLE : 0) |
+           (getbutton(VK_RBUTTON) ? EVENT_RIGHT : 0);
+}
+
+/// Tells the controls where the pointer is by the position in a message.
+void Note_Pointer(HWND dialog, LPARAM position) {
+    POINT point{GET_X_LPARAM(position), GET_Y_LPARAM(position)};
+    if (point.x == 0 && point.y == 0) {
+        GetCursorPos(&point);
+    } else {
+        ClientToScreen(dialog, &point);
+    }
+    ZCursor_X = point.x;
+    ZCursor_Y = point.y;
+}
+
+/// Appends a text in which "%%" means "%", up to the length of a line. It is data: any other "%" stands for
+/// itself.
+void Write_Text(Texts& field, const char* text) {
+    char shown[Texts::Line_Room];
+    char* const end = shown + Texts::Line_Room - 1;
+    char* out = shown;
+    for (; *text && out < end; ++text) {
+        if (text[0] == '%' && text[1] == '%') ++text;
+        *out++ = *text;
+    }
+    *out = '\0';
+    field.Write("%s", shown);
+}
+
+/// Appends the lines of a text that are not empty, and ends each with a zero. Only the lines that the field
+/// will keep are written.
+void Write_Lines(Texts& field, char* text) {
+    const char* newest[Texts::Most_Lines];
+    std::size_t count = 0;
+    char* rest = nullptr;
+    for (char* line = strtok_s(text, "\n", &rest); line; line = strtok_s(nullptr, "\n", &rest))
+        newest[count++ % Texts::Most_Lines] = line;
+    for (std::size_t i = count - std::min<std::size_t>(count, Texts::Most_Lines); i < count; ++i)
+        Write_Text(field, newest[i % Texts::Most_Lines]);
+}
+
+/// The dialogs of one kind, of which one can be open. The controls stay from one to the next.
+class Popup {
+  public:
+    /// @param function  name of the function in reports
+    Popup(const char* function, std::span<const Answer> offered) : label(function), answers(offered) {}
+    int Run(const char* title, const char* caption, char* text, short width, short height);
+    /// Lets go of all that the controls hold, unless the dialog is open.
+    void Release();
+
+  private:
+    static INT_PTR CALLBACK Procedure(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam);
+    bool On_Message(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam);
+
+    std::span<Buttons> Shown_Buttons() { return {buttons, answers.size()}; }
+    void Lay_Out(HWND dialog, int width, int height);
+    void Fill();
+    void On_Open(HWND dialog);
+    void On_Paint(HWND dialog);
+    void On_Close(HWND dialog);
+    void On_Destroy();
+    void On_Move(HWND dialog, LPARAM position);
+    bool On_Button(HWND dialog, int kind, LPARAM position);
+    void On_Wheel(HWND dialog, int delta);
+    void Tell(int event);
+
+    const char* label;
+    std::span<const Answer> answers;
+    std::atomic<bool> open{};
+    std::optional<Owner> owner;
+    char* message{};
+    bool answered{};  // by a button
+    int wheel{};      // what is left of the wheel's movement after whole steps
+    Boxs background;
+    Buttons buttons[Most_Answers];
+    Texts field;
+};
+
+int Popup::Run(const char* title, const char* caption, char* text, short width, short height) {
+    const Claim claim(open);
+    if (!claim.Granted()) {
+        Error_Fct(hwnd, ERROR_LEVEL_WARNING, "%s: another dialog of this kind is open", label);
+        return No_Answer;
+    }
+    const Dialog_Template dialog(title, width, height);
+    if (!dialog.Get()) return No_Answer;
+    field.Name = caption;
+    message = text;
+    answered = false;
+    owner.emplace();
+    const INT_PTR result = DialogBoxIndirectParamA(owner->Instance(), dialog.Get(), owner->Window(),
+                                                   Procedure, reinterpret_cast<LPARAM>(this));
+    owner.reset();
+    field.Name = nullptr;
+    message = nullptr;
+    // When the application quits, the system's result can be that of a button which nobody pressed.
+    return answered || result <= 0 ? static_cast<int>(result) : No_Answer;
+}
+
+void Popup::Release() {
+    const Claim claim(open);
+    if (!claim.Granted()) return;
+    background = Boxs();
+    std::fill(std::begin(buttons), std::end(buttons), Buttons());
+    field = Texts();
+}
+
+INT_PTR CALLBACK Popup::Procedure(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam) {
+    if (message == WM_INITDIALOG) SetWindowLongPtrA(dialog, DWLP_USER, lparam);
+    auto* popup = reinterpret_cast<Popup*>(GetWindowLongPtrA(dialog, DWLP_USER));
+    return popup && popup->On_Message(dialog, message, wparam, lparam);
+}
+
+/// @return whether the dialog manager has nothing more to do
+bool Popup::On_Message(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam) {
+    switch (message) {
+        case WM_INITDIALOG:
+            On_Open(dialog);
+            return false;
+        case WM_SIZE:
+            Lay_Out(dialog, LOWORD(lparam), HIWORD(lparam));
+            // The origin is at the bottom: a new height moves everything.
+            InvalidateRect(dialog, nullptr, FALSE);
+            return false;
+        case WM_ERASEBKGND:
+            // The background covers everything.
+            SetWindowLongPtrA(dialog, DWLP_MSGRESULT, TRUE);
+            return true;
+        case WM_PAINT:
+            On_Paint(dialog);
+            return true;
+        case WM_CLOSE:
+            On_Close(dialog);
+            return true;
+        case WM_DESTROY:
+            On_Destroy();
+            return false;
+        case WM_MOUSEMOVE:
+            On_Move(dialog, lparam);
+            return false;
+        case WM_LBUTTONDOWN:
+        case WM_LBUTTONDBLCLK:  // the second of two quick presses
+            return On_Button(dialog, EVENT_PRESS, lparam);
+        case WM_LBUTTONUP:
+            return On_Button(dialog, EVENT_MOVE, lparam);
+        case WM_MOUSEWHEEL:
+            On_Wheel(dialog, GET_WHEEL_DELTA_WPARAM(wparam));
+            return false;
+        default:
+            return false;
+    }
+}
+
+/// The buttons share a row at the bottom; the text has the rest.
+void Popup::Lay_Out(HWND dialog, int width, int height) {
+    constexpr int Margin = 6;
+    constexpr int Button_Height = 26;
+    constexpr int Text_Bottom = Margin + Button_Height + Margin;
+
+    Place(background, 0, 0, width - 1, height - 1);
+    background.Flag = FLAG_PASSIVE | FLAG_OWN_IMAGES;
+    background.Init(dialog);
+
+    const auto count = static_cast<int>(answers.size());
+    const int button_width = (width - Margin * (count + 1)) / count;
+    for (int i = 0; i < count; ++i) {
+        Place(buttons[i], Margin + i * (button_width + Margin), Margin, button_width, Button_Height);
+        Set_Font(buttons[i]);
+        buttons[i].Name = answers[static_cast<std::size_t>(i)].caption;
+        buttons[i].Init(dialog);
+    }
+
+    Place(field, Margin, Text_Bottom, width - 2 * Margin, height - Text_Bottom - Margin);
+    Set_Font(field);
+    field.Flag = TEXT_V_BAR;
+    field.Init(dialog);
+}
+
+void Popup::Fill() {
+    constexpr std::size_t Longest_Whole = 256;
+    field.Cleanup();
+    field.Flag |= FLAG_NO_BODY;  // nothing shows yet, and thousands of lines need not be painted one by one
+    if (message && std::strlen(message) > Longest_Whole) {
+        Write_Lines(field, message);
+    } else if (message) {
+        Write_Text(field, message);
+    }
+    Write_Text(field, "");
+    field.Flag &= ~FLAG_NO_BODY;
+}
+
+void Popup::On_Open(HWND dialog) {
+    RECT client{};
+    GetClientRect(dialog, &client);
+    Lay_Out(dialog, client.right, client.bottom);
+    Fill();
+}
+
+void Popup::On_Paint(HWND dialog) {
+    const Window_Paint paint(dialog);
+    const Batch batch(dialog);
+    background.Draw();
+    field.Draw();
+    for (Buttons& button : Shown_Buttons())
+        button.Draw();
+}
+
+/// The owner comes first: while it is disabled, the system would hand its place to another application.
+void Popup::On_Close(HWND dialog) {
+    owner->Enable();
+    DestroyWindow(dialog);
+}
+
+void Popup::On_Destroy() {
+    field.Cleanup();
+    background.Window = nullptr;
+}
+
+void Popup::Tell(int event) {
+    field.Select(event);
+    for (Buttons& button : Shown_Buttons())
+        button.Select(event);
+}
+
+void Popup::On_Move(HWND dialog, LPARAM position) {
+    Note_Pointer(dialog, position);
+    const int held = Buttons_Held();
+    if (!held) return Tell(EVENT_MOVE);
+    const Batch batch(dialog);  // the text follows its scroll bar
+    Tell(EVENT_DRAG | held);
+}
+
+/// @return whether the dialog was ended
+bool Popup::On_Button(HWND dialog, int kind, LPARAM position) {
+    Note_Pointer(dialog, position);
+    const int event = kind | Buttons_Held();
+    if (event == 0) return false;
+    for (std::size_t i = 0; i < answers.size(); ++i) {
+        if (buttons[i].Select(event) != 1) continue;
+        answered = true;
+        EndDialog(dialog, answers[i].value);
+        return true;
+    }
+    const Batch batch(dialog);
+    field.Select(event);
+    return false;
+}
+
+void Popup::On_Wheel(HWND dialog, int delta) {
+    wheel += delta;
+    const int steps = wheel / WHEEL_DELTA;
+    wheel -= steps * WHEEL_DELTA;
+    if (steps == 0 || !field.Select(EVENT_TEST)) return;
+    const Batch batch(dialog);
+    field.Scroll(-steps);
+}
+
+struct Kinds {
+    Popup message{"PopUp_Message", Message_Answers};
+    Popup question{"PopUp_Querry", Question_Answers};
+};
+
+Kinds& The_Kinds() {
+    static Immortal<Kinds> kinds;
+    return *kinds;
+}
+
+const Cleanup Controls_Cleanup([] {
+    The_Kinds().message.Release();
+    The_Kinds().question.Release();
+});
+
+}  // namespace
+
+int PopUp_Message(const char* title, const char* caption, char* message, short width, short height) {
+    return The_Kinds().message.Run(title, caption, message, width, height);
+}
+
+int PopUp_Querry(const char* title, const char* caption, char* message, short width, short height) {
+    return The_Kinds().question.Run(title, caption, message, width, height);
+}

@@ -1,0 +1,217 @@
+#include <algorithm>
+#include <cstring>
+#include <functional>
+#include <string>
+#include <utility>
+
+#include "Galdren_Tools.h"
+#include "popup/template.h"
+#include "tests/support/spy.h"
+#include "tests/support/window.h"
+
+using namespace galdren_test;
+
+namespace {
+
+constexpr char Caption[] = "Caption";
+constexpr const char* Dialog_Class = "#32770";
+
+using Dialog_Function = decltype(&PopUp_Message);
+using Script = std::function<void(HWND)>;
+
+/// Opens dialogs. Once one is painted, a script acts on it, and then it is closed unless that ended it.
+struct Session {
+    Test_Window owner{200, 100};
+    const char* caption = Caption;
+    std::string text;
+    int Run(Dialog_Function open, const std::string& message, int width, int height, Script script = {}) {
+        static Script waiting;
+        waiting = std::move(script);
+        text = message;
+        SetActiveWindow(owner);
+        SetTimer(nullptr, 0, USER_TIMER_MINIMUM, [](HWND, UINT, UINT_PTR timer, DWORD) {
+            const HWND dialog = FindWindowA(Dialog_Class, nullptr);
+            if (!IsWindowVisible(dialog)) return;
+            KillTimer(nullptr, timer);
+            UpdateWindow(dialog);
+            PostMessageA(dialog, WM_CLOSE, 0, 0);
+            if (const Script act = std::exchange(waiting, {})) act(dialog);
+        });
+        const int result = open(caption, caption, caption ? text.data() : nullptr, static_cast<short>(width),
+                                static_cast<short>(height));
+        EXPECT_TRUE(!owner || IsWindowEnabled(owner));
+        EXPECT_EQ(GetActiveWindow(), owner);
+        EXPECT_FALSE(FindWindowA(Dialog_Class, nullptr));
+        return result;
+    }
+};
+
+POINT Client_Size(HWND window) {
+    RECT client;
+    GetClientRect(window, &client);
+    return {client.right, client.bottom};
+}
+
+void Mouse(HWND dialog, UINT message, int x, int y) {
+    SendMessageA(dialog, message, 0, MAKELPARAM(x, Client_Size(dialog).y - 1 - y));
+}
+
+void Set(Tools& control, int x, int y, int w, int h) {
+    control.X = static_cast<short>(x), control.Y = static_cast<short>(y);
+    control.Width = static_cast<short>(w), control.Height = static_cast<short>(h);
+    control.Border = 1, control.Font_Name = "Arial", control.Font_Weight = "bold", control.Font_Size = 11;
+}
+
+/// Whether a dialog looks like controls of our own, with these lines of text.
+testing::AssertionResult Looks_Right(HWND dialog, bool question, std::initializer_list<const char*> lines) {
+    const int w = Client_Size(dialog).x, h = Client_Size(dialog).y;
+    Test_Window window(w, h);
+    Boxs ground;
+    Buttons first, second;
+    Texts text;
+    Set(ground, 0, 0, w - 1, h - 1), ground.Flag = 66;
+    Set(first, 6, 6, question ? (w - 18) / 2 : w - 12, 26), first.Name = question ? "Yes" : "OK";
+    Set(second, (w - 18) / 2 + 12, 6, question ? (w - 18) / 2 : 0, 26), second.Name = "No";
+    Set(text, 6, 38, w - 12, h - 44), text.Flag = 0x20000000, text.Name = Caption;
+    ground.Init(window), first.Init(window), second.Init(window), text.Init(window);
+    for (const char* line : lines)
+        text.Write("%s", line);
+    const auto draw = [&] { ground.Draw(), text.Draw(), first.Draw(), second.Draw(); };
+    return Same(Picture(dialog), window.After(draw));
+}
+
+}  // namespace
+
+TEST(Dialog_Templates, Hold_The_Bytes_That_The_System_Reads) {
+    const int x = LOWORD(GetDialogBaseUnits()), y = HIWORD(GetDialogBaseUnits());
+    const auto expect = [](std::string title, short width, short height, int cx, int cy, std::wstring shown) {
+        const galdren::Dialog_Template made(title.c_str(), width, height);
+        WORD wanted[512] = {0x0080, 0x80C8, 0, 0, 0, 10, 10, static_cast<WORD>(cx), static_cast<WORD>(cy)};
+        std::copy(shown.begin(), shown.end(), wanted + 11);
+        EXPECT_EQ(std::memcmp(made.Get(), wanted, sizeof wanted), 0) << title;
+    };
+    expect("Title", 0, 0, 1200 / x, 1200 / y, L"Title");
+    expect(std::string(200, 'x'), 32767, 77, 131068 / x, 616 / y, std::wstring(49, L'x'));
+    expect("\xE9", 1, -5, 4 / x, -40 / y, L"\xE9");
+}
+
+TEST(Dialogs, Show_The_Layout_At_Every_Size) {
+    Session session;
+    ZCursor_X = ZCursor_Y = -9999;
+    for (const bool question : {false, true}) {
+        const auto open = question ? PopUp_Querry : PopUp_Message;
+        session.Run(open, "100%% of %s\n50 % %n%", 0, 0, [&](HWND dialog) {
+            EXPECT_LE(std::abs(Client_Size(dialog).x - 300) + std::abs(Client_Size(dialog).y - 150), 2);
+            for (const int width : {0, 420, 31, 200}) {
+                SCOPED_TRACE(width);
+                if (width) SetWindowPos(dialog, nullptr, 0, 0, width, 203, SWP_NOMOVE | SWP_NOACTIVATE);
+                UpdateWindow(dialog);
+                EXPECT_TRUE(Looks_Right(dialog, question, {"100% of %s", "50 % %n%", ""}));
+            }
+        });
+    }
+}
+
+TEST(Dialogs, Answer_To_Presses_On_Their_Buttons) {
+    constexpr int Open = -2;
+    Session session;
+    const auto expect = [&](int answer, Dialog_Function open, int x, int y, UINT message = WM_LBUTTONDOWN) {
+        const int got = session.Run(open, "?", 0, 0, [&](HWND dialog) {
+            Mouse(dialog, message, x, y);
+            EXPECT_EQ(IsWindowVisible(dialog) != 0, answer == Open) << x << ", " << y;
+        });
+        EXPECT_EQ(answer == Open ? Open : got, answer) << x << ", " << y;
+    };
+    expect(0, PopUp_Message, 150, 20);
+    expect(1, PopUp_Querry, 40, 20);
+    expect(1, PopUp_Querry, 40, 20, WM_LBUTTONDBLCLK);
+    expect(0, PopUp_Querry, 260, 20);
+    expect(Open, PopUp_Querry, 150, 20);
+    expect(Open, PopUp_Querry, 40, 90);
+    expect(Open, PopUp_Querry, 40, 20, WM_LBUTTONUP);
+    MSG message;
+    const auto quit = [&](HWND dialog) {
+        PeekMessageA(&message, dialog, WM_CLOSE, WM_CLOSE, PM_REMOVE);
+        PostQuitMessage(0);
+    };
+    EXPECT_EQ(session.Run(PopUp_Querry, "?", 0, 0, quit), -1);
+    EXPECT_TRUE(PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+}
+
+TEST(Dialogs, Scroll_By_Whole_Steps_Of_The_Wheel) {
+    std::string lines;
+    for (int i = 0; i < 60; ++i)
+        lines += std::to_string(i % 10) + '\n';
+    Session().Run(PopUp_Message, lines, 0, 0, [&](HWND dialog) {
+        const auto after = [&](int delta) {
+            SendMessageA(dialog, WM_MOUSEWHEEL, MAKEWPARAM(0, delta), 0);
+            return Picture(dialog);
+        };
+        Mouse(dialog, WM_MOUSEMOVE, 150, 90);
+        const Picture start(dialog);
+        EXPECT_TRUE(Same(after(60), start));
+        const Picture one = after(60), three = after(240);
+        EXPECT_FALSE(Same(one, start));
+        EXPECT_FALSE(Same(three, one));
+        EXPECT_TRUE(Same(after(-300), one)) << "what is left over counts";
+        EXPECT_TRUE(Same(after(-60), start));
+        Mouse(dialog, WM_MOUSEMOVE, 2, 90);
+        EXPECT_TRUE(Same(after(120), start)) << "beside the text";
+    });
+}
+
+TEST(Dialogs, Cut_Long_Messages_At_Their_Breaks) {
+    const std::string line(127, 'x'), whole = line + '\n' + line + '\n';
+    std::string huge;
+    while (huge.size() < (1 << 20))
+        huge += "%n%s\n";
+    Session session;
+    session.Run(PopUp_Message, whole, 0, 0);
+    EXPECT_EQ(session.text, whole) << "256 bytes";
+    session.Run(PopUp_Message, '\n' + whole + "\n", 0, 0, [&](HWND dialog) {
+        EXPECT_TRUE(Looks_Right(dialog, false, {line.c_str(), line.c_str(), ""}));
+    });
+    EXPECT_EQ(session.text, '\n' + line + '\0' + line + '\0' + '\n');
+    session.Run(PopUp_Message, huge, 0, 0);
+    EXPECT_EQ(std::count(session.text.begin(), session.text.end(), '\n'), 0);
+}
+
+TEST(Dialogs, Survive_Misuse_And_Failures) {
+    Session session;
+    Report_Catcher reports;
+    for (const int width : {1, -300, 32767})
+        session.Run(PopUp_Querry, "text", width, width < 0 ? width : 40);
+    session.Run(PopUp_Message, "first", 0, 0, [&](HWND dialog) {
+        EXPECT_EQ(PopUp_Message(Caption, Caption, session.text.data(), 0, 0), -1);
+        EXPECT_EQ(reports.Take(), "11:PopUp_Message: another dialog of this kind is open");
+        Tools_Lib_Cleanup();
+        EXPECT_TRUE(IsWindow(dialog));
+    });
+    Call_Spy spy;
+    spy.Fail("GlobalAlloc");
+    EXPECT_EQ(PopUp_Message(nullptr, nullptr, nullptr, 0, 0), -1);
+    EXPECT_EQ(spy.Count("DialogBoxIndirectParamA"), 0);
+    spy.Fail("DialogBoxIndirectParamA");
+    EXPECT_EQ(PopUp_Message("\xFF\xFE", nullptr, nullptr, 0, 0), 0);
+    session.owner.Close(), session.caption = nullptr;
+    session.Run(PopUp_Message, "", 0, 0, [](HWND dialog) { EXPECT_FALSE(GetWindow(dialog, GW_OWNER)); });
+}
+
+TEST(Dialogs, Leave_Nothing_Behind) {
+    Session session;
+    const auto open_both = [&] {
+        for (const Dialog_Function open : {PopUp_Message, PopUp_Querry})
+            session.Run(open, "a\nb\nc", 0, 0, [](HWND dialog) { Mouse(dialog, WM_LBUTTONDOWN, 40, 20); });
+    };
+    open_both();  // what the system keeps
+    Tools_Lib_Cleanup();
+    const int at_first = Gdi_Objects();
+    open_both();
+    const int with_controls = Gdi_Objects();
+    EXPECT_GT(with_controls, at_first + 6) << "fonts and regions are there";
+    for (int i = 0; i < 50; ++i)
+        open_both();
+    EXPECT_EQ(Gdi_Objects(), with_controls);
+    Tools_Lib_Cleanup();
+    EXPECT_EQ(Gdi_Objects(), at_first);
+}
