@@ -224,6 +224,64 @@ TEST(Gallery_Test, Entry_Fields_Filter_And_Hand_On_The_Focus) {
     EXPECT_EQ(gallery.Close(), 0u);
 }
 
+TEST(Gallery_Test, Dialogs_Are_Answered_And_Leave_The_Gallery_Usable) {
+    Gallery gallery("dialogs");
+    const auto open = [&](const char* button, const char* title) {
+        gallery.Move_To(gallery.Middle_Of(button));
+        EXPECT_TRUE(gallery.Says(std::string("over \"") + button + '"'));
+        gallery.Press();
+        gallery.Release();
+        HWND dialog = nullptr;
+        EXPECT_TRUE(Wait_Until([&] {
+            dialog = FindWindowA("#32770", title);
+            return dialog && IsWindowVisible(dialog);
+        }));
+        return dialog;
+    };
+    const auto press = [&](HWND dialog, int quarter) {
+        RECT client{};
+        GetClientRect(dialog, &client);
+        POINT button{client.right * quarter / 4 - 40, client.bottom - 18};
+        ClientToScreen(dialog, &button);
+        gallery.Move_To(button);
+        EXPECT_TRUE(Lights_Up(button));
+        gallery.Press();
+        gallery.Release();
+    };
+    press(open("Question", "Close"), 1);
+    EXPECT_TRUE(gallery.Says("press \"Question\": 1, \"Yes\""));
+    press(open("Question", "Close"), 3);
+    EXPECT_TRUE(gallery.Says("press \"Question\": 0, \"No\" or closed"));
+    press(open("Short message", "Save"), 2);
+    EXPECT_TRUE(gallery.Says("press \"Short message\": 0, \"OK\" or closed"));
+    PostMessageA(open("Long message", "Lines"), WM_CLOSE, 0, 0);
+    EXPECT_TRUE(gallery.Says("press \"Long message\": 0, \"OK\" or closed"));
+    EXPECT_EQ(gallery.Close(), 0u);
+}
+
+TEST(Gallery_Test, Colours_Are_Dragged_And_Shown_By_Every_Control) {
+    Gallery gallery("colors");
+    const POINT body = gallery.Place_Of("Valuator", 20, 8);
+    gallery.Move_To(gallery.Place_Of("Paint", 100, 38));
+    EXPECT_TRUE(gallery.Says("over \"Paint\""));
+    gallery.Press();
+    gallery.Move_To(gallery.Place_Of("Paint", 600, 38));
+    EXPECT_TRUE(gallery.Says("drag \"Paint\": 0xFFB478FC")) << "red to its end";
+    gallery.Release();
+    EXPECT_TRUE(Shows(body, 0xFC78B4));
+    gallery.Move_To(gallery.Place_Of("Paint", 100, 100));
+    EXPECT_TRUE(gallery.Says("over \"Paint\""));
+    gallery.Turn_Wheel(120);
+    EXPECT_TRUE(gallery.Says("wheel \"Paint\": 0xFF0078FC")) << "blue to its start";
+    gallery.Move_To(gallery.Place_Of("Paint", 350, 60));
+    gallery.Press();
+    gallery.Release();
+    gallery.Move_To(gallery.Place_Of("Paint", 100, 70));
+    gallery.Turn_Wheel(-120);
+    EXPECT_TRUE(gallery.Says("wheel \"Paint\": 0xFFF9FCFE")) << "lightness, in the other mode";
+    EXPECT_EQ(gallery.Close(), 0u);
+}
+
 TEST(Gallery_Test, Pages_Change_And_Keep_Their_State) {
     Gallery gallery("buttons");
     EXPECT_TRUE(gallery.Click("Lamp on", "press \"Lamp on\": Lamp 0"));
