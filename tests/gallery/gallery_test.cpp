@@ -228,7 +228,7 @@ TEST(Gallery_Test, Dialogs_Are_Answered_And_Leave_The_Gallery_Usable) {
     Gallery gallery("dialogs");
     const auto open = [&](const char* button, const char* title) {
         gallery.Move_To(gallery.Middle_Of(button));
-        EXPECT_TRUE(gallery.Says(std::string("over \"") + button + '"'));
+        EXPECT_TRUE(Lights_Up(Body_Of(gallery, button)));
         gallery.Press();
         gallery.Release();
         HWND dialog = nullptr;
@@ -268,6 +268,7 @@ TEST(Gallery_Test, Colours_Are_Dragged_And_Shown_By_Every_Control) {
     gallery.Move_To(gallery.Place_Of("Paint", 600, 38));
     EXPECT_TRUE(gallery.Says("drag \"Paint\": 0xFFB478FC")) << "red to its end";
     gallery.Release();
+    EXPECT_TRUE(gallery.Says("over \"In hue, light, saturation\""));
     EXPECT_TRUE(Shows(body, 0xFC78B4));
     gallery.Move_To(gallery.Place_Of("Paint", 100, 100));
     EXPECT_TRUE(gallery.Says("over \"Paint\""));
