@@ -5,6 +5,7 @@
 #include "dirtree/glyph.h"
 #include "dirtree/icon.h"
 #include "popup/popup.h"
+#include "dirtree/dirtree.h"
 #include "tools/colors.h"
 #include "tools/cursor.h"
 #include "tools/dimensions.h"

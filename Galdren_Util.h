@@ -3,6 +3,7 @@
 #pragma once
 
 #include "util/color_space.h"
+#include "util/directory.h"
 #include "util/error.h"
 #include "util/image.h"
 #include "util/program.h"

@@ -218,10 +218,11 @@ Summary Time(const Work& work) {
     return Repeat([&] { return Time_Once(work); });
 }
 
-Result Compare(const Work& ours, const Work& native) {
+Result Compare(const Work& ours, const Work& native, int repetitions) {
     std::vector<double> our_times;
     std::vector<double> native_times;
-    for (int i = 0; i < Repetitions(); ++i) {
+    if (repetitions == 0) repetitions = Repetitions();
+    for (int i = 0; i < repetitions; ++i) {
         our_times.push_back(Time_Warm(ours));
         native_times.push_back(Time_Warm(native));
     }

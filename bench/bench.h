@@ -68,7 +68,8 @@ Summary Time(const Work& work);
 
 /// Times ours and the native counterpart in turns, so that what disturbs the machine meets both alike. A turn
 /// is two runs, of which the second is measured.
-Result Compare(const Work& ours, const Work& native);
+/// @param repetitions  for work that takes long; 0 is the usual number
+Result Compare(const Work& ours, const Work& native, int repetitions = 0);
 
 /// Repeats a measurement that is not a time, such as a count.
 Summary Repeat(const std::function<double()>& measure);

@@ -9,7 +9,8 @@ std::span<const Page> Pages() {
         {"sliders", "Sliders", Build_Sliders}, {"selectors", "Selectors", Build_Selectors},
         {"lists", "Lists", Build_Lists},       {"entries", "Entry fields", Build_Entries},
         {"console", "Console", Build_Console}, {"colors", "Colours", Build_Colors},
-        {"icons", "Icons", Build_Icons},       {"dialogs", "Dialogs", Build_Dialogs},
+        {"icons", "Icons", Build_Icons},       {"directories", "Directories", Build_Directories},
+        {"dialogs", "Dialogs", Build_Dialogs},
     };
     return pages;
 }

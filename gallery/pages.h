@@ -32,5 +32,6 @@ void Build_Console(Sheet& sheet);
 void Build_Icons(Sheet& sheet);
 void Build_Colors(Sheet& sheet);
 void Build_Dialogs(Sheet& sheet);
+void Build_Directories(Sheet& sheet);
 
 }  // namespace gallery

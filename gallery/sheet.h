@@ -59,6 +59,8 @@ class Sheet {
     std::vector<const Tools*> Controls() const;
 
     void Report(const std::string& text) const { report(text); }
+    /// What the control's `Select` answered that is being reported; see `Host::Answer`.
+    int Answer() const { return host.Answer(); }
     /// Has the rectangle of `control` painted anew; see `Host::Refresh`.
     void Refresh(const Tools& control) const { host.Refresh(control); }
 

@@ -247,9 +247,9 @@ bool Host::Is_Covered(const Tools& control) const {
 /// One call of `Select`. When it may have painted over controls above, these are brought back before
 /// anything reaches the screen.
 int Host::Tell(const Entry& entry, int event, bool repaints) {
-    if (!repaints || !Is_Covered(*entry.control)) return entry.calls->select(*entry.control, event);
+    if (!repaints || !Is_Covered(*entry.control)) return answer = entry.calls->select(*entry.control, event);
     const Batch_Scope batch(window);
-    const int answer = entry.calls->select(*entry.control, event);
+    answer = entry.calls->select(*entry.control, event);
     Paint_Area(entry.control->Rect);
     return answer;
 }

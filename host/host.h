@@ -82,6 +82,8 @@ class Host {
     /// The control that has the keyboard focus, null when there is none. It keeps it while it is passive or
     /// has no size, and gets no keys meanwhile.
     const Tools* Focused() const { return focused; }
+    /// What the last `Select` answered, for callbacks to which it is not all the same what it was but 0.
+    int Answer() const { return answer; }
 
     /// Takes one message of the window.
     /// @return true when the window procedure is to return `result`, false when the message is not for the
@@ -195,6 +197,7 @@ class Host {
     std::vector<Entry> entries;
     POINT pointer{};           // where the pointer was seen last, on the screen
     Tools* current = nullptr;  // the control that gets the pointer's events
+    int answer = 0;            // of the last `Select`
     bool inside = false;       // whether the pointer was inside it then; while a button is held it may leave
     unsigned held = 0;      // one bit for each button that went down here; the mouse is captured while not 0
     bool tracking = false;  // WM_MOUSELEAVE has been asked for

@@ -15,6 +15,7 @@
 #include "tools/cleanup.h"
 #include "tools/input.h"
 #include "tools/lock.h"
+#include "tools/scopes.h"
 #include "tools/surface.h"
 #include "util/error.h"
 #include "util/program.h"
@@ -78,15 +79,6 @@ class Owner {
   private:
     HWND window;
     bool enabled;
-};
-
-/// What is painted in its scope reaches the window in one copy.
-class Batch {
-  public:
-    explicit Batch(HWND window) { Begin_Batch(window); }
-    ~Batch() { End_Batch(); }
-    Batch(const Batch&) = delete;
-    Batch& operator=(const Batch&) = delete;
 };
 
 class Window_Paint {
@@ -318,7 +310,7 @@ void Popup::On_Open(HWND dialog) {
 
 void Popup::On_Paint(HWND dialog) {
     const Window_Paint paint(dialog);
-    const Batch batch(dialog);
+    const Paint_Batch batch(dialog);
     background.Draw();
     field.Draw();
     for (Buttons& button : Shown_Buttons())
@@ -346,7 +338,7 @@ void Popup::On_Move(HWND dialog, LPARAM position) {
     Note_Pointer(dialog, position);
     const int held = Buttons_Held();
     if (!held) return Tell(EVENT_MOVE);
-    const Batch batch(dialog);  // the text follows its scroll bar
+    const Paint_Batch batch(dialog);  // the text follows its scroll bar
     Tell(EVENT_DRAG | held);
 }
 
@@ -361,7 +353,7 @@ bool Popup::On_Button(HWND dialog, int kind, LPARAM position) {
         EndDialog(dialog, answers[i].value);
         return true;
     }
-    const Batch batch(dialog);
+    const Paint_Batch batch(dialog);
     field.Select(event);
     return false;
 }
@@ -371,7 +363,7 @@ void Popup::On_Wheel(HWND dialog, int delta) {
     const int steps = wheel / WHEEL_DELTA;
     wheel -= steps * WHEEL_DELTA;
     if (steps == 0 || !field.Select(EVENT_TEST)) return;
-    const Batch batch(dialog);
+    const Paint_Batch batch(dialog);
     field.Scroll(-steps);
 }
 

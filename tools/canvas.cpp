@@ -61,7 +61,10 @@ Canvas::~Canvas() {
 }
 
 void Canvas::Clip(const Area& area) {
-    const Scoped_Region region({area.left, Device_Y(area.bottom), area.right, Device_Y(area.top)});
+    // A region is in pixels of the context, which off screen need not begin where the window does.
+    POINT corners[] = {{area.left, Y(area.bottom)}, {area.right, Y(area.top)}};
+    LPtoDP(dc, corners, 2);
+    const Scoped_Region region({corners[0].x, corners[0].y, corners[1].x, corners[1].y});
     SelectClipRgn(dc, region.Get());
 }
 

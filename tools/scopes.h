@@ -1,8 +1,10 @@
 /// @file
-/// What is selected, made or narrowed on a context, as scopes.
+/// What is selected, made, narrowed or gathered for a time, as scopes.
 #pragma once
 
 #include <windows.h>
+
+#include "tools/surface.h"
 
 namespace galdren {
 
@@ -49,6 +51,15 @@ class Narrow_Clip {
     HDC dc;
     Scoped_Region before;
     bool had_clip;
+};
+
+/// What is painted in its scope reaches the window in one copy, so that nothing flickers.
+class Paint_Batch {
+  public:
+    explicit Paint_Batch(HWND window) { Begin_Batch(window); }
+    ~Paint_Batch() { End_Batch(); }
+    Paint_Batch(const Paint_Batch&) = delete;
+    Paint_Batch& operator=(const Paint_Batch&) = delete;
 };
 
 }  // namespace galdren

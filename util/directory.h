@@ -15,8 +15,11 @@ typedef struct Scan_Entry {
     int is_tree;    ///< what `Is_Tree` answers for it: found out on the way, at no cost
 } Scan_Entry;
 
-/// Lists the directories in a directory, in the order in which the system has them.
-/// @param path  a directory, with or without a trailing backslash
+/// Lists the directories in a directory, in the order in which the system has them, without "." and "..".
+///
+/// Texts are in the system's code page. A directory whose name is not in it is listed with other characters
+/// in the place of those that are missing, and as one that cannot be listed, since no path leads to it.
+/// @param path  a directory, with or without a trailing backslash; may be longer than MAX_PATH
 /// @return the listing, to be given back with `Scan_Free`; null when the directory cannot be listed
 GALDREN_UTIL_API Scan_Entry* Scan_Dir(const char* path);
 
@@ -30,7 +33,7 @@ GALDREN_UTIL_API int Is_Tree(const char* path);
 /// Makes a path absolute, with backslashes, a drive and a trailing backslash, in place.
 /// @param path  the path
 /// @param size  room at `path` in bytes
-/// @return 1; 0, with `path` left as it was, when the result has no room
+/// @return 1; 0, with `path` left as it was, when it has no absolute form or that has no room
 GALDREN_UTIL_API int Path_To_Abs(char* path, size_t size);
 
 /// Turns the capital letters of a text into small ones, in place, also those beyond ASCII in the system's

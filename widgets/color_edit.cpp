@@ -1,8 +1,8 @@
 #include "widgets/color_edit.h"
 
 #include "tools/dimensions.h"
+#include "tools/scopes.h"
 #include "tools/sharing.h"
-#include "tools/surface.h"
 #include "widgets/color_value.h"
 #include "widgets/editor.h"
 #include "widgets/gradient.h"
@@ -148,9 +148,8 @@ void Draw_Parts(Color_Edit& editor) {
 void Change_Mode(Color_Edit& editor) {
     editor.Flag ^= COLOR_EDIT_HLS;
     editor.Init(editor.Window);
-    Begin_Batch(editor.Window);
+    const Paint_Batch batch(editor.Window);
     editor.Draw();
-    End_Batch();
 }
 
 }  // namespace

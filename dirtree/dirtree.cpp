@@ -1,0 +1,547 @@
+#include "dirtree/dirtree.h"
+
+#include <algorithm>
+#include <climits>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+#include "dirtree/glyph.h"
+#include "dirtree/icon.h"
+#include "dirtree/tree.h"
+#include "tools/arithmetic.h"
+#include "tools/base.h"
+#include "tools/context.h"
+#include "tools/dimensions.h"
+#include "tools/scopes.h"
+#include "tools/sharing.h"
+#include "tools/surface.h"
+#include "util/directory.h"
+#include "util/program.h"
+#include "widgets/items.h"
+
+using namespace galdren;
+
+namespace {
+
+constexpr int Row_Height = 18;
+constexpr int Indent = 18;  // of each depth
+constexpr int Name_Offset = 28;
+constexpr int Name_Drop = 4;  // below the baseline
+constexpr unsigned long Blue = 0xFF0000;
+constexpr unsigned long Grey = 0x6E6E6E;
+
+/// Style of a bar for which there is no need.
+constexpr unsigned long Unused_Bar = FLAG_OUTLINE | FLAG_PASSIVE | FLAG_NO_BODY;
+constexpr unsigned long Upright_Bar = FLAG_VERTICAL | SLIDER_REVERSED | SLIDER_KEEP_GRAB;
+constexpr unsigned long Level_Bar = SLIDER_KEEP_GRAB;
+
+void Place(Tools& part, const DirTrees& tree, int x, int y, int width, int height) {
+    part.X = Low_16(x);
+    part.Y = Low_16(y);
+    part.Width = Low_16(std::max(width, 0));
+    part.Height = Low_16(std::max(height, 0));
+    part.Color = tree.Color;
+}
+
+void Set_Font(Tools& part, const char* weight, short size) {
+    part.Font_Name = "Arial";
+    part.Font_Weight = weight;
+    part.Font_Size = size;
+}
+
+void Init_Boxes(DirTrees& tree) {
+    Boxs& frame = tree.Frame;
+    frame.Flag = FLAG_TEXT_BOTTOM | FLAG_OWN_IMAGES | FLAG_PASSIVE;
+    Place(frame, tree, tree.X + 1, tree.Y + 1, tree.Width - 2, tree.Height - 2);
+    Set_Font(frame, "bold", 14);
+    frame.Init(tree.Window);
+
+    Boxs& box = tree.Tree_Box;
+    box.Flag = FLAG_OWN_IMAGES;
+    Place(box, tree, frame.X + SPACE, frame.Y + BUT_DIM + SPACE, tree.Width - 2 * SPACE,
+          frame.Height - 2 * SPACE - BUT_DIM);
+    box.Init(tree.Window);
+    box.Flag = FLAG_STATIC;
+
+    Boxs& list = tree.List_Box;
+    list.Flag = FLAG_STATIC;
+    Place(list, tree, box.X + BORDER + 2, box.Y + BORDER + CURSEUR + SPACE,
+          box.Width - 2 * (BORDER + 1) - CURSEUR - SPACE,
+          box.Height - 3 * BORDER - CURSEUR - BUT_DIM - SPACE - 2);
+    Set_Font(list, "regular", 10);
+    list.Init(tree.Window);
+}
+
+/// Binds a bar that stands where it is to stand. `Init` ends a drag and brings the value into the range, but
+/// a bar that is fitted or moved while it is dragged goes on.
+void Init_Bar(Sliders& bar, HWND window) {
+    const short capture = bar.Capture;
+    bar.Init(window);
+    bar.Capture = capture;
+}
+
+void Init_Bars(DirTrees& tree) {
+    const Boxs& box = tree.Tree_Box;
+    Sliders& upright = tree.Vertical_Bar;
+    upright.Flag = Upright_Bar | Unused_Bar;
+    upright.Border = 1;
+    upright.Step = Row_Height;
+    upright.Start_Val = std::max(upright.Val, 100.0F);
+    upright.End_Val = 0;
+    Place(upright, tree, box.X + box.Width - CURSEUR - SPACE, box.Y + 2 * SPACE + CURSEUR, CURSEUR,
+          box.Height - 3 * SPACE - BORDER - CURSEUR - BUT_DIM);
+    Init_Bar(upright, tree.Window);
+
+    Sliders& level = tree.Horizontal_Bar;
+    level.Flag = Level_Bar | Unused_Bar;
+    level.Border = 1;
+    level.Step = Row_Height;
+    level.Start_Val = 0;
+    level.End_Val = std::max(level.Val, 0.0F);
+    Place(level, tree, box.X + SPACE, box.Y + SPACE, box.Width - 3 * SPACE - CURSEUR, CURSEUR);
+    Init_Bar(level, tree.Window);
+}
+
+void Init_Button(DirTrees& tree) {
+    const Boxs& list = tree.List_Box;
+    Buttons& button = tree.Refresh;
+    button.Name = "Refresh";
+    Copy_Font(button, tree);
+    Place(button, tree, tree.Tree_Box.X + SPACE, list.Y + list.Height + BORDER,
+          tree.Tree_Box.Width - 2 * SPACE, BUT_DIM - 3);
+    button.Init(tree.Window);
+}
+
+/// What a bar shows.
+struct Bar_Look {
+    unsigned long flag;
+    float start, end, value;
+    short thumb;
+    explicit Bar_Look(const Sliders& bar)
+        : flag(bar.Flag), start(bar.Start_Val), end(bar.End_Val), value(bar.Val), thumb(bar.Curs_Half) {}
+    bool operator==(const Bar_Look&) const = default;
+};
+
+/// Fits a bar to the room along it and to what there is to scroll, and paints it.
+/// @param flag      style of the bar when it is needed
+/// @param far_from  the end of its range that is not 0
+/// @param anew      whether it is to be painted even when it looks as before
+void Fit_Bar(Sliders& bar, unsigned long flag, int room, int extent, float& far_from, bool anew) {
+    const Bar_Look before(bar);
+    const bool needed = extent > room;
+    bar.Flag = needed ? flag : flag | Unused_Bar;
+    if (needed) {
+        far_from = static_cast<float>(4 * BORDER - room + extent);
+        bar.Larg_Adjust(static_cast<float>(room), static_cast<float>(extent));
+    } else {
+        bar.Val = 0;
+    }
+    Init_Bar(bar, bar.Window);
+    if (!anew && Bar_Look(bar) == before) return;
+    if (!needed) bar.Clear();
+    bar.Draw();
+}
+
+/// Number of pixels that a bar scrolls by.
+int Scrolled(const Sliders& bar) {
+    constexpr int Farthest = 1 << 29;  // twice that has room in the arithmetic here
+    return std::clamp(Truncate(double{bar.Val}), -Farthest, Farthest);
+}
+
+POINT Scrolled(const DirTrees& tree) { return {Scrolled(tree.Horizontal_Bar), Scrolled(tree.Vertical_Bar)}; }
+
+const char* Icon_Of(const Dir_Tree& node) {
+    struct Kind {
+        unsigned flag;
+        const char* icon;
+    };
+    static constexpr Kind Kinds[] = {{DIR_REMOVABLE, "icon_floppy.rgb"},
+                                     {DIR_FIXED, "icon_fixed.rgb"},
+                                     {DIR_REMOTE, "icon_remote.rgb"},
+                                     {DIR_CDROM, "icon_cdrom.rgb"},
+                                     {DIR_ROOT, "icon_mycomputer.rgb"}};
+    for (const Kind& kind : Kinds) {
+        if (Has_Flag(node, kind.flag)) return kind.icon;
+    }
+    return nullptr;
+}
+
+/// Reads the icons of root and drives, for no file is to be read while something is painted.
+void Read_Icons(const Dir_Tree& root) {
+    Icon_Read(nullptr, Icon_Of(root));
+    for (const Dir_Tree* drive = root.child; drive && drive->name; ++drive) {
+        if (const char* icon = Icon_Of(*drive)) Icon_Read(nullptr, icon);
+    }
+}
+
+int Widest_Row(const DirTrees& tree) {
+    Canvas canvas(tree.Window);
+    int widest = 0;
+    for (const Dir_Row* row = tree.Row; row != tree.Row + tree.Nb_Row; ++row) {
+        const int before = tree.List_Box.X + 2 * (9 * row->depth + 9 + SPACE);
+        Dir_Tree& node = *row->node;
+        if (node.width == 0) node.width = Low_16(canvas.Width_Of(tree.List_Box.Font, node.name));
+        widest = std::max(widest, before + node.width);
+    }
+    return widest;
+}
+
+/// Paints rows where the bars have scrolled them to.
+class Row_Painter {
+  public:
+    Row_Painter(Canvas& surface, DirTrees& browser)
+        : canvas(surface),
+          tree(browser),
+          first(std::max(Scrolled(tree.Vertical_Bar) / Row_Height, 0)),
+          left(tree.List_Box.X + 2 * SPACE - Scrolled(tree.Horizontal_Bar)),
+          baseline_0(tree.List_Box.Y + tree.List_Box.Height + Scrolled(tree.Vertical_Bar) - SPACE -
+                     Row_Height) {}
+
+    /// Paints a part of the list, ground and all.
+    void Paint(const Area& area) {
+        if (area.left >= area.right || area.bottom >= area.top) return;
+        const Narrow_Clip clip = canvas.Narrow(area);
+        canvas.Box(area, tree.List_Box.Color.get());
+        for (int row = std::max(first - 1, 0); row < tree.Nb_Row; ++row) {
+            if (Baseline(row) + Reach_Up <= area.bottom) break;
+            if (Baseline(row) - Name_Drop < area.top) Paint_Row(row, area);
+        }
+    }
+
+  private:
+    /// What a row may paint above its baseline; icons and fonts may be larger than ours.
+    static constexpr int Reach_Up = 3 * Row_Height;
+
+    int Baseline(int row) const { return baseline_0 - Row_Height * row; }
+
+    void Paint_Row(int index, const Area& area) {
+        const Dir_Row& row = tree.Row[index];
+        const int baseline = Baseline(index);
+        if (row.depth > 0) {
+            Paint_Stems(row, baseline, area);
+            Paint_Lead(row, baseline, area);
+        }
+        if (index < first) return;
+        const int x = left + Indent * row.depth;
+        Paint_Picture(*row.node, x, baseline - 1, area);
+        Paint_Name(*row.node, x + Name_Offset, baseline - Name_Drop, area);
+    }
+
+    /// Lines from the ancestors that have siblings below, down to them.
+    void Paint_Stems(const Dir_Row& row, int baseline, const Area& area) {
+        constexpr int Stem = 7;
+        for (const Dir_Row* above = tree.Row + row.parent; above->depth > 0;
+             above = tree.Row + above->parent) {
+            const int x = left + Indent * (above->depth - 1) + Stem;
+            if (Has_Flag(*above->node, DIR_LAST) || x < area.left || x >= area.right) continue;
+            canvas.Column(x, baseline, baseline + Row_Height + 1, Blue);
+        }
+    }
+
+    void Paint_Lead(const Dir_Row& row, int baseline, const Area& area) {
+        const int x = left + Indent * (row.depth - 1);
+        if (!May_Show(x, area)) return;
+        const char more = !Has_Flag(*row.node, DIR_LAST);
+        const auto paint = Lead_Of(*row.node);
+        paint(&tree.List_Box, more, Low_16(x), Low_16(x + Indent), Low_16(baseline),
+              Low_16(baseline + Row_Height));
+    }
+
+    static auto Lead_Of(const Dir_Tree& node) -> decltype(&Icon_Lead_Leaf) {
+        if (Has_Flag(node, DIR_LEAF)) return Icon_Lead_Leaf;
+        if (Has_Flag(node, DIR_NO_ACCESS)) return Icon_Lead_No_Access;
+        return Has_Flag(node, DIR_OPEN) ? Icon_Lead_Expand : Icon_Lead_Collapse;
+    }
+
+    void Paint_Picture(const Dir_Tree& node, int x, int y, const Area& area) {
+        if (!May_Show(x, area)) return;
+        if (const char* icon = Icon_Of(node)) {
+            Icon_Draw_Image(&tree.List_Box, Low_16(x), Low_16(y), Prog_Name, icon);
+        } else if (Has_Flag(node, DIR_CURRENT)) {
+            Icon_Dir_Open(&tree.List_Box, Low_16(x), Low_16(y));
+        } else {
+            Icon_Dir_Close(&tree.List_Box, Low_16(x), Low_16(y));
+        }
+    }
+
+    void Paint_Name(const Dir_Tree& node, int x, int y, const Area& area) {
+        if (x >= area.right) return;
+        const unsigned long color = Has_Flag(node, DIR_NO_ACCESS) ? Grey
+                                    : Has_Flag(node, DIR_CURRENT) ? Blue
+                                                                  : Black;
+        canvas.Write_Tabbed(tree.List_Box.Font, node.name, x, y, color);
+    }
+
+    /// Whether something small at `x` may be in the area. In a very deep tree there are places that the
+    /// coordinates of the glyphs cannot tell.
+    static bool May_Show(int x, const Area& area) {
+        constexpr int Widest_Picture = 3 * Indent;
+        return x + Widest_Picture > area.left && x - Indent < area.right;
+    }
+
+    Canvas& canvas;
+    DirTrees& tree;
+    int first;  // row that shows its name at the top
+    int left;   // of the root
+    int baseline_0;
+};
+
+/// Lower edge of the strip at the top in which a row is cut off: it shows its lead there and nothing else.
+int Cut_Off_Below(const Area& list, int scrolled) {
+    return std::min(list.top - SPACE + scrolled % Row_Height - Name_Drop, list.top);
+}
+
+/// Moves the rows on the kept picture to where they are to be, and paints what that leaves open.
+/// @param from  how far they were scrolled
+/// @param to    how far they are now
+/// @return false, with nothing changed, when everything has to be painted
+bool Move_Rows(Row_Painter& painter, const Area& list, const POINT& from, const POINT& to) {
+    const int up = to.y - from.y;
+    if (from.x != to.x || std::abs(up) >= list.top - list.bottom - 2 * Row_Height) return false;
+    Raise_Kept_Picture(up);
+    int open_below = Cut_Off_Below(list, to.y);
+    if (up < 0) open_below = std::min({open_below, list.top + up, Cut_Off_Below(list, from.y) + up});
+    painter.Paint({list.left, list.right, open_below, list.top});
+    painter.Paint({list.left, list.right, list.bottom, list.bottom + up});
+    return true;
+}
+
+/// The title: the name of the control and that of the chosen directory.
+void Renew_Title(DirTrees& tree) {
+    constexpr std::size_t Longest = 1024;
+    if (!tree.Current) return;
+    char title[Longest];
+    std::snprintf(title, sizeof title, "%s%s%s", tree.Name ? tree.Name : "", tree.Name ? " " : "",
+                  tree.Current->name);
+    if (!tree.Frame.Name || std::strcmp(tree.Frame.Name, title) != 0) tree.Frame.Set_Name("%s", title);
+}
+
+void Set_Current(Dir_Tree& node, bool current) {
+    const unsigned others = node.flags & ~unsigned{DIR_CURRENT};
+    node.flags = static_cast<unsigned short>(current ? others | DIR_CURRENT : others);
+}
+
+}  // namespace
+
+DirTrees::DirTrees() = default;
+
+DirTrees::DirTrees(const DirTrees& other)
+    : Tools(other),
+      Frame(other.Frame),
+      Tree_Box(other.Tree_Box),
+      List_Box(other.List_Box),
+      Refresh(other.Refresh),
+      Vertical_Bar(other.Vertical_Bar),
+      Horizontal_Bar(other.Horizontal_Bar),
+      Current(other.Current),
+      Root(other.Root),
+      Row(other.Row),
+      Nb_Row(other.Nb_Row),
+      Rows_Current(other.Rows_Current),
+      Widest(other.Widest) {
+    Share(Thing::Array, Root);
+    Share(Thing::Array, Row);
+}
+
+DirTrees& DirTrees::operator=(const DirTrees& other) { return Reassign(*this, other); }
+
+DirTrees::~DirTrees() { Release_Tree(); }
+
+void DirTrees::Init(HWND window) {
+    if (!Begin_Init(*this, window, "DirTrees::Init")) return;
+    Default_Grey(*this);
+    Bind(*this, window);
+    Init_Boxes(*this);
+    Init_Bars(*this);
+    Init_Button(*this);
+    Rows_Current = false;
+    Picture = 0;
+}
+
+int DirTrees::Set(const char* path) {
+    // The old tree goes last: the path may come from it.
+    constexpr std::size_t Longest = 2048;
+    char target[2 * Longest] = "";
+    if (path) {
+        std::strncpy(target, path, Longest);
+        Path_To_Abs(target, sizeof target);
+        Str_To_Lower(target);
+    }
+    Release_Tree();
+    Dir_Tree_Start(path ? target : nullptr);
+    Current = Dir_Tree_Current(Root, target);
+    return 1;
+}
+
+char* DirTrees::Read() { return Current ? Current->path : nullptr; }
+
+void DirTrees::Draw() {
+    Check(*this, "DirTrees::Draw");
+    if (!Has_Size(*this)) return;
+    Canvas canvas(Window);
+    Renew_Title(*this);
+    Frame.Draw();
+    Tree_Box.Flag = FLAG_PASSIVE;
+    Tree_Box.Draw();
+    Tree_Box.Flag = FLAG_STATIC;
+    Refresh.Draw();
+    Dir_Tree_Update2(true);
+    Dir_Tree_Draw2();
+}
+
+int DirTrees::Select(int event) {
+    Check(*this, "DirTrees::Select");
+    if (!Has_Size(*this)) return 0;
+    const int kind = Event_Kind(event);
+    if (kind == EVENT_TEST) return Pointer_Inside(*this);
+    const bool pressed = kind == EVENT_PRESS;
+    if (Refresh.Select(kind) && pressed) return Press_Refresh();
+    if (Follow(Vertical_Bar, kind) || Follow(Horizontal_Bar, kind) || !pressed) return 1;
+    return Press_Row();
+}
+
+void DirTrees::Scroll(int amount) {
+    Check(*this, "DirTrees::Scroll");
+    Sliders& bar = Horizontal_Bar.Select(EVENT_TEST) ? Horizontal_Bar : Vertical_Bar;
+    bar.Scroll(-std::max(amount, -INT_MAX));
+    Dir_Tree_Draw2();
+}
+
+/// Builds the tree, open down to a directory.
+bool DirTrees::Dir_Tree_Start(const char* path) {
+    Root = Make_Tree(path);
+    if (Root) Read_Icons(*Root);
+    return Root != nullptr;
+}
+
+/// Makes the node with a path the current one, if there is one.
+Dir_Tree* DirTrees::Dir_Tree_Current(Dir_Tree* from, const char* path) {
+    Dir_Tree* const node = from ? Find_Path(*from, path) : nullptr;
+    if (!node) return nullptr;
+    Set_Current(*node, true);
+    Str_To_Lower(node->path);
+    return node;
+}
+
+/// Opens or closes the node of a row when `column` is that of its mark.
+/// @return whether it did
+bool DirTrees::Dir_Tree_Expand(int row, int column) {
+    if (!Has_Row(row) || column != Row[row].depth - 1 || !Own_Tree()) return false;
+    if (!Toggle(*Row[row].node)) return false;
+    Rows_Current = false;
+    return true;
+}
+
+/// Makes the node of a row the current one when `column` is one of its picture and its name.
+/// @return whether it did
+bool DirTrees::Dir_Tree_Select(int row, int column) {
+    constexpr int Columns = 5;
+    if (!Has_Row(row) || Has_Flag(*Row[row].node, DIR_NO_ACCESS)) return false;
+    if (column < Row[row].depth || column > Row[row].depth + Columns || !Own_Tree()) return false;
+    if (Current) Set_Current(*Current, false);
+    Current = Row[row].node;
+    Set_Current(*Current, true);
+    return true;
+}
+
+/// Brings the rows up to date, and the bars with them.
+/// @param anew  whether bars that look as before are painted
+void DirTrees::Dir_Tree_Update2(bool anew) {
+    Picture = 0;
+    Canvas canvas(Window);
+    if (!Rows_Current) {
+        Renew_Rows();
+        Widest = Widest_Row(*this);
+    }
+    Fit_Bar(Horizontal_Bar, Level_Bar, Horizontal_Bar.Width, Widest, Horizontal_Bar.End_Val, anew);
+    Fit_Bar(Vertical_Bar, Upright_Bar, Vertical_Bar.Height, Nb_Row * Row_Height, Vertical_Bar.Start_Val,
+            anew);
+}
+
+/// Shows the rows where the bars have scrolled them to.
+void DirTrees::Dir_Tree_Draw2() {
+    const Area list = Area_Of(List_Box);
+    const POINT to = Scrolled(*this);
+    const unsigned picture_before = Picture;
+    Canvas canvas(List_Box, {list.left, list.right - 1, list.bottom + 1, list.top}, Picture);
+    Row_Painter painter(canvas, *this);
+    const bool kept = Picture != 0 && Picture == picture_before;
+    if (!kept || !Move_Rows(painter, list, Painted_At, to)) painter.Paint(list);
+    Painted_At = to;
+}
+
+void DirTrees::Release_Tree() {
+    if (Let_Go(Thing::Array, Row)) delete[] Row;
+    if (Let_Go(Thing::Array, Root)) Free_Tree(Root);
+    Row = nullptr;
+    Nb_Row = 0;
+    Root = Current = nullptr;
+    Rows_Current = false;
+    Picture = 0;
+}
+
+/// Gives a browser that shares its tree with a copy one of its own, before it changes.
+/// @return false when there is none, or no memory for it
+bool DirTrees::Own_Tree() {
+    if (!Root || !Is_Shared(Thing::Array, Root)) return Root != nullptr;
+    Dir_Tree* const own = Copy_Tree(*Root);
+    if (!own) return false;
+    const bool had_current = Current != nullptr;
+    Release_Tree();
+    Root = own;
+    Current = had_current ? Find_Current(*own) : nullptr;
+    Renew_Rows();
+    return true;
+}
+
+void DirTrees::Renew_Rows() {
+    if (Let_Go(Thing::Array, Row)) delete[] Row;
+    Nb_Row = 0;
+    Row = Root ? List_Rows(*Root, Nb_Row) : nullptr;
+    Rows_Current = true;
+}
+
+/// Lets a bar follow the pointer, and the rows the bar.
+/// @return whether the bar has taken the event
+bool DirTrees::Follow(Sliders& bar, int kind) {
+    if (!bar.Select(kind)) return false;
+    bar.Val = bar.Read();
+    bar.Adjust();
+    Dir_Tree_Draw2();
+    return true;
+}
+
+int DirTrees::Press_Refresh() {
+    Refresh.Value = 1;
+    Refresh.Adjust();
+    if (Own_Tree()) {
+        Rescan(*Root);
+        Current = Find_Current(*Root);
+        if (!Current) Frame.Set_Name(nullptr);
+        Rows_Current = false;
+    }
+    const Paint_Batch batch(Window);
+    Draw();
+    Refresh.Value = 0;
+    Refresh.Adjust();
+    return 2;
+}
+
+int DirTrees::Press_Row() {
+    POINT pointer{};
+    if (!Find_Pointer(Window, pointer) || !PtInRect(&List_Box.Rect, pointer)) return 1;
+    const POINT scrolled = Scrolled(*this);
+    const int top = scrolled.y + List_Box.Y + List_Box.Height - SPACE - Name_Drop;
+    const int row = (top - pointer.y) / Row_Height;
+    const int column = (pointer.x + scrolled.x - List_Box.X - 2 * SPACE - 5) / Indent;
+    if (Dir_Tree_Expand(row, column)) {
+        Dir_Tree_Update2(false);
+        Dir_Tree_Draw2();
+        return 1;
+    }
+    if (!Dir_Tree_Select(row, column)) return 1;
+    const Paint_Batch batch(Window);
+    Draw();
+    return 2;
+}

@@ -1,0 +1,80 @@
+/// @file
+/// The directory browser.
+#pragma once
+
+#include "../widgets/box.h"
+#include "../widgets/button.h"
+#include "../widgets/slider.h"
+#include "node.h"
+
+/// A browser for the drives of the computer and their directories, as a tree whose branches open and close.
+///
+/// The application calls `Init`, then `Set` with the directory to begin with, and asks `Read` for the one
+/// that is chosen whenever `Select` answers 2. Directories whose names begin with a dot are not shown. The
+/// control's `Name` stands in the title before the name of the chosen directory; its font is that of the
+/// "Refresh" button.
+class GALDREN_TOOLS_API DirTrees : public Tools {
+  public:
+    Boxs Frame;              ///< the frame around all, with the title
+    Boxs Tree_Box;           ///< the sunken box around rows, bars and button
+    Boxs List_Box;           ///< the area of the rows
+    Buttons Refresh;         ///< the "Refresh" button
+    Sliders Vertical_Bar;    ///< its value is the number of pixels that are above the area of the rows
+    Sliders Horizontal_Bar;  ///< its value is the number of pixels that are to the left of it
+    Dir_Tree* Current{};     ///< the chosen node; null when there is none
+    Dir_Tree* Root{};        ///< the tree; null before `Set`; owned, and shared by copies
+    Dir_Row* Row{};          ///< the rows, as they were painted last; owned, and shared by copies
+    int Nb_Row{};            ///< number of rows
+
+    /// Every field zero.
+    DirTrees();
+    /// Copies every field; the tree is shared with the source until one of the two changes it.
+    DirTrees(const DirTrees& other);
+    /// Lets go of what this browser owns and copies every field.
+    DirTrees& operator=(const DirTrees& other);
+    /// Lets go of the tree, then of what every control owns.
+    ~DirTrees();
+
+    /// Lays the parts out and binds them to a window.
+    /// @param window  null keeps the window of the last `Init`; without any it is reported at level 11
+    void Init(HWND window);
+    /// Reads the drives and the directories on the way to `path`, in place of the tree before, and chooses
+    /// that directory. `Draw` has to follow.
+    /// @param path  a directory, of which the first 2048 bytes count; null reads the drives alone
+    /// @return 1, also when there is no such directory
+    int Set(const char* path);
+    /// Path of the chosen directory, with a trailing backslash, valid until it is chosen anew; null when
+    /// there is none.
+    char* Read();
+    /// Paints the whole browser.
+    void Draw();
+    /// Follows the pointer; a press opens and closes branches, chooses directories, moves the bars and reads
+    /// the open directories again.
+    /// @param event  see `Select_Event`
+    /// @return 2 when another directory may be chosen now, otherwise 1; 0 without a size; for a hit test
+    ///         whether the pointer is inside
+    int Select(int event);
+    /// Scrolls by wheel steps, up when positive; over the horizontal bar, to the right.
+    void Scroll(int amount);
+
+  private:
+    bool Dir_Tree_Start(const char* path);
+    Dir_Tree* Dir_Tree_Current(Dir_Tree* from, const char* path);
+    bool Dir_Tree_Expand(int row, int column);
+    bool Dir_Tree_Select(int row, int column);
+    void Dir_Tree_Update2(bool anew);
+    void Dir_Tree_Draw2();
+
+    void Release_Tree();
+    bool Own_Tree();
+    void Renew_Rows();
+    bool Has_Row(int row) const { return row >= 0 && row < Nb_Row; }
+    bool Follow(Sliders& bar, int kind);
+    int Press_Refresh();
+    int Press_Row();
+
+    bool Rows_Current{};  // `Row` shows the tree as it is
+    int Widest{};         // what the widest row takes
+    unsigned Picture{};   // number of the kept picture of the rows, 0 when there is none
+    POINT Painted_At{};   // how far they are scrolled on it
+};

@@ -1,0 +1,434 @@
+#include <cstring>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "Galdren_Util.h"
+#include "tests/support/painter.h"
+#include "tests/support/spy.h"
+#include "tests/support/window.h"
+
+using namespace galdren_test;
+
+namespace {
+
+/// Directories in the temporary directory, gone at the end with all that the test has put there. Their names
+/// are given below the sample and end with a backslash, as the paths of nodes do.
+class Sample {
+  public:
+    explicit Sample(std::initializer_list<const char*> names = {}) {
+        char temporary[MAX_PATH] = "";
+        GetTempPathA(MAX_PATH, temporary);
+        root_ = temporary + Name() + "\\";
+        Add("");
+        for (const char* name : names)
+            Add(name);
+    }
+    ~Sample() {
+        while (!added_.empty())
+            Remove(std::string(added_.back()));
+    }
+    Sample(const Sample&) = delete;
+    Sample& operator=(const Sample&) = delete;
+
+    void Add(const std::string& name) {
+        EXPECT_TRUE(CreateDirectoryW(Wide(name).c_str(), nullptr)) << name.substr(0, 80);
+        added_.push_back(name);
+    }
+    void Remove(const std::string& name) {
+        RemoveDirectoryW(Wide(name).c_str());
+        std::erase(added_, name);
+    }
+    std::string Name() const { return "galdren_tree_" + std::to_string(GetCurrentProcessId()); }
+    std::string Plain(const std::string& name = "") const { return root_ + name; }
+
+  private:
+    /// The form that may be longer than MAX_PATH.
+    std::wstring Wide(const std::string& name) const {
+        const std::string path = "\\\\?\\" + root_ + name;
+        std::wstring wide(path.size(), L'\0');
+        MultiByteToWideChar(CP_ACP, 0, path.data(), static_cast<int>(path.size()), wide.data(),
+                            static_cast<int>(wide.size()));
+        return wide;
+    }
+
+    std::string root_;
+    std::vector<std::string> added_;
+};
+
+std::string Lower(std::string text) {
+    Str_To_Lower(text.data());
+    return text;
+}
+
+/// A browser of 300 x 360, shown with the pointer away.
+struct Browser : DirTrees {
+    explicit Browser(const Test_Window& window, const char* path = nullptr, short height = 360) {
+        X = 10, Y = 12, Width = 300, Height = height;
+        window.Point_At(0, 0);
+        Init(window);
+        Set(path);
+        Draw();
+    }
+};
+
+/// The marks of a row and its name, such as "+name": '+' closed, '-' open, '.' a leaf, 'x' no access; '*' the
+/// current one, '|' the last.
+std::string Describe(const Dir_Row& row) {
+    const unsigned flags = row.node->flags;
+    std::string text = flags & DIR_LEAF ? "." : flags & DIR_NO_ACCESS ? "x" : flags & DIR_OPEN ? "-" : "+";
+    if (flags & DIR_CURRENT) text += '*';
+    if (flags & DIR_LAST) text += '|';
+    return text + row.node->name;
+}
+
+int Find(const DirTrees& tree, const std::string& name) {
+    for (int i = 0; i < tree.Nb_Row; ++i) {
+        if (name == tree.Row[i].node->name) return i;
+    }
+    return -1;
+}
+
+/// The rows below that of `name`, in one line.
+std::string Below(const DirTrees& tree, const std::string& name) {
+    std::string text;
+    const int parent = Find(tree, name);
+    if (parent < 0) return "no " + name;
+    for (int i = parent + 1; i < tree.Nb_Row && tree.Row[i].depth > tree.Row[parent].depth; ++i)
+        text += std::string(text.empty() ? "" : " ") + Describe(tree.Row[i]);
+    return text;
+}
+
+/// Puts the pointer on a column of a row, 0 being that of its mark.
+void Point_At_Row(const Test_Window& window, DirTrees& tree, int row, int column) {
+    tree.Vertical_Bar.Val = static_cast<float>(18 * row);
+    tree.Draw();
+    const int right = 18 * (tree.Row[row].depth - 1 + column) + 8 - static_cast<int>(tree.Horizontal_Bar.Val);
+    const int down = 18 * row - static_cast<int>(tree.Vertical_Bar.Val) + 18;
+    window.Point_At(tree.List_Box.X + 2 * SPACE + right,
+                    tree.List_Box.Y + tree.List_Box.Height - SPACE - down + 4);
+}
+
+/// A press where the pointer is, which leaves then.
+int Press(const Test_Window& window, DirTrees& tree) {
+    const int answer = tree.Select(EVENT_PRESS | EVENT_LEFT);
+    window.Point_At(0, 0);
+    tree.Select(EVENT_MOVE);
+    return answer;
+}
+
+int Press(const Test_Window& window, DirTrees& tree, const std::string& name, int column) {
+    const int row = Find(tree, name);
+    EXPECT_GE(row, 0) << name;
+    if (row < 0) return -1;
+    Point_At_Row(window, tree, row, column);
+    return Press(window, tree);
+}
+
+int Press_Refresh(const Test_Window& window, DirTrees& tree) {
+    window.Point_At(tree.Refresh.X + 5, tree.Refresh.Y + 5);
+    return Press(window, tree);
+}
+
+/// The rows by plain lines, with the memory of the last child of each depth.
+void Paint_Plainly(const DirTrees& tree, HWND window) {
+    const Boxs& list = tree.List_Box;
+    const int v = static_cast<int>(tree.Vertical_Bar.Val), h = static_cast<int>(tree.Horizontal_Bar.Val);
+    Painter p(window);
+    Boxs clip(list);
+    clip.Clip_X = list.X, clip.Clip_Y = list.Y, clip.Clip_Width = list.Width, clip.Clip_Height = list.Height;
+    Begin_Draw(window, nullptr);
+    Clip_Rect(list.X, list.Y, list.Width, list.Height);
+    p.Clip(clip);
+    p.Fill(list.Color.get(), list.X - 1, list.X + list.Width + 1, list.Y - 1, list.Y + list.Height + 1);
+    std::vector<bool> last(1000);
+    for (int i = 0; i < tree.Nb_Row; ++i) {
+        const int depth = tree.Row[i].depth, y = list.Y + list.Height + v - SPACE - 18 - 18 * i;
+        const Dir_Tree& node = *tree.Row[i].node;
+        last[static_cast<std::size_t>(depth)] = node.flags & DIR_LAST;
+        if (i < v / 18 - 1) continue;
+        const auto at = [&](int level) { return static_cast<short>(list.X + 2 * SPACE - h + 18 * level); };
+        const auto low = static_cast<short>(y), high = static_cast<short>(y + 18);
+        for (int k = 0; k <= depth - 2; ++k) {
+            if (!last[static_cast<std::size_t>(k) + 1]) p.Line(0xFF0000, at(k) + 7, y, at(k) + 7, y + 19);
+        }
+        const auto lead = node.flags & DIR_LEAF        ? Icon_Lead_Leaf
+                          : node.flags & DIR_NO_ACCESS ? Icon_Lead_No_Access
+                          : node.flags & DIR_OPEN      ? Icon_Lead_Expand
+                                                       : Icon_Lead_Collapse;
+        if (depth > 0) lead(nullptr, !(node.flags & DIR_LAST), at(depth - 1), at(depth), low, high);
+        if (i < v / 18) continue;
+        const bool current = node.flags & DIR_CURRENT;
+        if (node.flags & (DIR_ROOT | DIR_DRIVE)) {
+            Icon_Draw_Image(&clip, at(depth), static_cast<short>(y - 1), "",
+                            node.flags & DIR_ROOT ? "icon_mycomputer.rgb" : "icon_fixed.rgb");
+        } else {
+            (current ? Icon_Dir_Open : Icon_Dir_Close)(nullptr, at(depth), static_cast<short>(y - 1));
+        }
+        const COLORREF color = node.flags & DIR_NO_ACCESS ? 0x6E6E6E : current ? 0xFF0000 : 0;
+        p.Tabbed(list.Font, color, at(depth) + 28, y - 4, node.name);
+    }
+    Clip_Reset();
+    End_Draw();
+}
+
+void Expect_Rows(const Test_Window& window, const DirTrees& tree) {
+    const Picture shown(window);
+    Paint_Plainly(tree, window);
+    EXPECT_TRUE(Same(shown, Picture(window))) << tree.Vertical_Bar.Val << ' ' << tree.Horizontal_Bar.Val;
+}
+
+/// Passes when the window shows the rows as plain lines do, and everything as `Draw` does.
+void Expect_Shown(const Test_Window& window, DirTrees& tree) {
+    Expect_Rows(window, tree);
+    const Picture shown(window);
+    tree.Draw();
+    EXPECT_TRUE(Same(shown, Picture(window)));
+}
+
+}  // namespace
+
+TEST(Directory_Browser, Opens_The_Way_And_Chooses) {
+    Sample sample{"a\\",       "a\\In\\",     "a\\In\\deep\\", "a\\.hid\\", "b\\",   "b\\.hid\\",
+                  ".hidden\\", "100% & %s\\", "\xC4 \xE9\\",   "z\\",       "z\\z\\"};
+    Test_Window window(340, 400);
+    Browser tree(window, sample.Plain("A/in").c_str());
+    EXPECT_STREQ(tree.Read(), Lower(sample.Plain("a\\in\\")).c_str());
+    EXPECT_STREQ(tree.Frame.Name, "In");
+    const std::string open = Below(tree, sample.Name());
+    for (const char* part : {"-a", "-*|In .|deep", ".b", ".100% & %s", "\xC4 \xE9", "+z"})
+        EXPECT_NE(open.find(part), std::string::npos) << part << " in " << open;
+    EXPECT_EQ(open.find("hid"), std::string::npos);
+    EXPECT_STREQ(tree.Row[0].node->name, "My Computer");
+    EXPECT_EQ(tree.Row[0].node->flags, DIR_ROOT | DIR_OPEN);
+    EXPECT_EQ(Find(tree, "(Z:)"), -1);
+
+    // What is pressed, its column, the answer, the change of the rows, and the path that is chosen then.
+    struct Step {
+        const char* name;
+        int column, answer, more;
+        const char* path;
+    };
+    // clang-format off
+    for (const Step& step : {Step{"b", 0, 1, 0, "a\\in\\"}, {"b", 7, 1, 0, "a\\in\\"}, {"b", 1, 2, 0, "b\\"},
+                             {"In", 0, 1, -1, "b\\"}, {"In", 0, 1, 1, "b\\"}, {"z", 0, 1, 1, "b\\"},
+                             {"100% & %s", 6, 2, 0, "100% & %s\\"}, {"deep", 3, 2, 0, "a\\in\\deep\\"},
+                             {"My Computer", 1, 2, 0, nullptr}}) {
+        // clang-format on
+        SCOPED_TRACE(step.name);
+        const int before = tree.Nb_Row;
+        EXPECT_EQ(Press(window, tree, step.name, step.column), step.answer);
+        EXPECT_EQ(tree.Nb_Row - before, step.more);
+        EXPECT_EQ(Lower(tree.Read() ? tree.Read() : ""), step.path ? Lower(sample.Plain(step.path)) : "");
+        Expect_Shown(window, tree);
+    }
+}
+
+TEST(Directory_Browser, Keeps_To_The_Protocol) {
+    Sample sample{"a\\"};
+    Test_Window window(340, 400);
+    Report_Catcher reports;
+    {
+        DirTrees untouched;
+        untouched.Width = untouched.Height = 90;
+        untouched.Draw(), untouched.Select(EVENT_PRESS), untouched.Scroll(1), untouched.Scroll(INT_MIN);
+        EXPECT_EQ(reports.Take().find("11:Tools: WARNING ! |11:   you must call *_Init() first|11:   type: "
+                                      "DirTrees::Draw   name: \n"),
+                  0U);
+        EXPECT_EQ(untouched.Read(), nullptr);
+        untouched.Init(window);
+        untouched.Draw(), untouched.Select(EVENT_PRESS), untouched.Scroll(1);
+        EXPECT_EQ(Press_Refresh(window, untouched), 2);
+    }
+    Browser tree(window, sample.Plain().c_str());
+    Point_At_Row(window, tree, Find(tree, "a"), 1);
+    const auto selects = [&](int event) {
+        int answer = -1;
+        EXPECT_EQ(window.Changed([&] { answer = tree.Select(event); }), Nothing) << event;
+        return answer;
+    };
+    tree.Select(EVENT_MOVE);
+    for (const int event :
+         {int{EVENT_MOVE}, EVENT_DRAG | EVENT_LEFT, EVENT_MOVE | EVENT_RIGHT, int{EVENT_TEST}})
+        EXPECT_EQ(selects(event), 1);
+    window.Point_At(0, 0);
+    EXPECT_EQ(selects(EVENT_TEST), 0);
+    EXPECT_EQ(selects(EVENT_PRESS), 1);
+    EXPECT_EQ(Lower(tree.Read()), Lower(sample.Plain()));
+    tree.Width = 0;
+    EXPECT_EQ(selects(EVENT_PRESS), 0);
+    EXPECT_EQ(reports.Take().find("Scan_Dir"), std::string::npos);
+}
+
+TEST(Directory_Browser, Reads_Again_What_Is_Open) {
+    Sample sample{"b\\", "b\\b1\\", "d\\", "d\\d1\\", "f\\"};
+    Test_Window window(340, 400);
+    Browser tree(window, sample.Plain("d").c_str());
+    const auto rows = [&] { return Below(tree, sample.Name()); };
+    const auto as_new = [&] {
+        Browser other(window, tree.Read());
+        return Below(other, sample.Name());
+    };
+    for (const char* name : {"a\\", "c\\", "e\\", "e\\e1\\", "f\\f1\\", "g\\"})
+        sample.Add(name);
+    sample.Remove("b\\b1\\");
+    EXPECT_EQ(Press_Refresh(window, tree), 2);
+    EXPECT_EQ(rows(), as_new());
+    EXPECT_NE(rows().find("-*d .|d1"), std::string::npos) << rows();
+    Expect_Shown(window, tree);
+
+    Report_Catcher reports;
+    sample.Remove("e\\e1\\"), sample.Remove("e\\"), sample.Remove("g\\");
+    sample.Remove("d\\d1\\");
+    Press(window, tree, "e", 0);
+    const std::string vanished = tree.Row[Find(tree, "e")].node->path;
+    EXPECT_NE(reports.Take().find("11:Scan_Dir(" + vanished + ") -> NULL"), std::string::npos);
+    EXPECT_NE(rows().find("xe"), std::string::npos);
+    EXPECT_EQ(Press(window, tree, "e", 0) * 10 + Press(window, tree, "e", 1), 11);
+    Expect_Shown(window, tree);
+    EXPECT_EQ(Press_Refresh(window, tree), 2);
+    EXPECT_EQ(rows(), as_new());
+    sample.Remove("d\\");
+    EXPECT_EQ(Press_Refresh(window, tree), 2);
+    EXPECT_EQ(tree.Read(), nullptr);
+    EXPECT_EQ(tree.Frame.Name, nullptr);
+    for (const char* name : {"a\\", "b\\", "c\\", "f\\f1\\", "f\\"})
+        sample.Remove(name);
+    EXPECT_EQ(Press_Refresh(window, tree), 2);
+    EXPECT_EQ(rows(), "");
+    Expect_Shown(window, tree);
+}
+
+TEST(Directory_Browser, Moves_What_It_Shows) {
+    Sample sample;
+    for (int i = 0; i < 60; ++i)
+        sample.Add("d" + std::to_string(100 + i) + "\\");
+    for (int i = 0; i < 60; i += 7)
+        sample.Add("d" + std::to_string(100 + i) + "\\" + std::string(60, 'w') + "\\");
+    Test_Window window(340, 400);
+    for (const int height : {360, 150, 100}) {
+        SCOPED_TRACE(height);
+        Browser tree(window, sample.Plain("d107").c_str(), static_cast<short>(height));
+        EXPECT_EQ(tree.Vertical_Bar.Flag, FLAG_VERTICAL | SLIDER_REVERSED | SLIDER_KEEP_GRAB);
+        for (const int notches : {-1, -1, -7, 2, -900, 1, 3, 900, -20})
+            tree.Scroll(notches), Expect_Shown(window, tree);
+        const Sliders& level = tree.Horizontal_Bar;
+        window.Point_At(level.X + 40, level.Y + 5);
+        for (const int notches : {-1, 1, 1, 9, -3, 900, -2})
+            tree.Scroll(notches), Expect_Shown(window, tree);
+        // By the thumb, to places between two rows.
+        const Sliders& bar = tree.Vertical_Bar;
+        for (int y = bar.Y + 20; y < bar.Y + bar.Height - 20; y += y % 5 + 1) {
+            window.Point_At(bar.X + 5, y);
+            EXPECT_EQ(tree.Select((y == bar.Y + 20 ? EVENT_PRESS : EVENT_DRAG) | EVENT_LEFT), 1);
+            Expect_Rows(window, tree);
+            if (y % 3 == 0) tree.Draw();
+            EXPECT_EQ(bar.Capture, 1);
+        }
+        tree.Select(EVENT_MOVE);
+    }
+    Browser all(window, nullptr);
+    EXPECT_EQ(all.Vertical_Bar.Val + all.Horizontal_Bar.Val, 0);
+    EXPECT_EQ(all.Vertical_Bar.Flag & 0x23, 0x23U);
+    Call_Spy spy;
+    window.Point_At(150, 150);
+    all.Select(EVENT_MOVE), spy.Reset(), all.Select(EVENT_MOVE);
+    EXPECT_EQ(spy.Count("GetDC"), 0);
+}
+
+TEST(Directory_Browser, Survives_Any_Path) {
+    Sample sample;
+    std::string deep;
+    while (sample.Plain(deep).size() < 330) {
+        deep += "n\\";
+        sample.Add(deep);
+    }
+    const std::string wide(250, 'w');
+    sample.Add(wide + "\\");
+    Test_Window window(340, 400);
+    Browser tree(window);
+    const auto finds = [&](const std::string& path) {
+        EXPECT_EQ(tree.Set(path.c_str()), 1);
+        tree.Draw(), tree.Scroll(-5);
+        return tree.Read() != nullptr;
+    };
+    for (const std::string& path :
+         {sample.Plain(deep), sample.Plain(wide), std::string("c:\\"), std::string("C:/WINDOWS/")})
+        EXPECT_TRUE(finds(path)) << path;
+    const std::string up_to_2048(2048 - sample.Plain().size(), 'x');
+    for (const std::string& path :
+         {sample.Plain(deep + "n\\n\\"), sample.Plain(up_to_2048.substr(1)), sample.Plain(up_to_2048),
+          std::string(5000, '\\'), std::string("q:\\gone\\"), std::string("y:\\"), std::string(),
+          std::string("\\\\server\\share")})
+        EXPECT_FALSE(finds(path)) << path.substr(0, 80);
+    char here[MAX_PATH];
+    GetCurrentDirectoryA(MAX_PATH, here);
+    SetCurrentDirectoryA(sample.Plain().c_str());
+    tree.Set("n\\..\\n");
+    SetCurrentDirectoryA(here);
+    EXPECT_EQ(tree.Read(), Lower(sample.Plain("n\\")));
+    tree.Set(tree.Read());
+    EXPECT_EQ(tree.Read(), Lower(sample.Plain("n\\")));
+
+    tree.Set(sample.Plain(deep).c_str()), tree.Draw();
+    EXPECT_GT(tree.Nb_Row, 120);
+    Press(window, tree, "My Computer", 1);
+    EXPECT_EQ(Press_Refresh(window, tree), 2);
+    tree.Horizontal_Bar.Val = tree.Vertical_Bar.Val = 1e30F, tree.Draw(), Expect_Shown(window, tree);
+    DirTrees copy(tree);
+    EXPECT_EQ(Press_Refresh(window, copy), 2);
+    EXPECT_EQ(copy.Nb_Row, tree.Nb_Row);
+}
+
+TEST(Directory_Browser, Shares_With_Copies_And_Frees_Once) {
+    Sample sample{"a\\", "a\\in\\"};
+    Test_Window window(340, 400);
+    { Browser warm_up(window, sample.Plain().c_str()); }
+    const int objects = Gdi_Objects();
+    for (const int order : {0, 1, 2}) {
+        std::optional<DirTrees> first(Browser(window, sample.Plain().c_str()));
+        std::optional<DirTrees> second(first);
+        DirTrees third;
+        third = *second, third = *&third;
+        EXPECT_EQ(third.Root, first->Root);
+        const int rows = first->Nb_Row;
+        EXPECT_EQ(Press(window, *second, "a", 0), 1);
+        EXPECT_EQ(Press(window, third, "a", 1), 2);
+        EXPECT_EQ(second->Nb_Row, rows + 1);
+        first->Draw();
+        EXPECT_EQ(first->Nb_Row, rows);
+        EXPECT_EQ(Lower(third.Read()), Lower(sample.Plain("a\\")));
+        EXPECT_EQ(Lower(first->Read()), Lower(sample.Plain()));
+        if (order == 0) first.reset();
+        if (order == 1) second.reset(), first->Set(nullptr);
+        if (order == 2) third = *first, first->Draw();
+    }
+    EXPECT_EQ(Gdi_Objects(), objects);
+}
+
+TEST(Directory_Browser, Goes_Without_Memory) {
+    Sample sample{"a\\", "a\\in\\"};
+    const std::string path = sample.Plain("a");
+    Test_Window window(340, 400);
+    Report_Catcher reports;
+    // A new tree, a refreshed one, and one that a copy shares.
+    for (int passed = 0; passed < 150; ++passed) {
+        Browser tree(window, path.c_str());
+        const std::optional<DirTrees> copy(passed % 3 == 2 ? std::optional(tree) : std::nullopt);
+        if (passed % 3 == 1) sample.Add("b\\");
+        Call_Spy spy;
+        spy.Fail_Allocation(passed / 3);
+        passed % 3 ? Press_Refresh(window, tree) : tree.Set(path.c_str());
+        tree.Draw();
+        if (passed % 3 == 1) sample.Remove("b\\");
+        if (!copy) continue;
+        DirTrees(*copy).Draw();
+        EXPECT_EQ(Lower(DirTrees(*copy).Read()), Lower(sample.Plain("a\\")));
+    }
+    const std::string all = reports.Take();
+    for (const char* report : {"730  of .\\dirtree.cpp \nmemory error in calloc (var=Tree, dim=1x32)",
+                               "732  of .\\dirtree.cpp \nmemory error in strdup (var=Tree->name)", "736",
+                               "754", "783", "958", "973", "974", "652", "1099", "1116", "1117"})
+        EXPECT_NE(all.find("1:line " + std::string(report)), std::string::npos) << report;
+}
