@@ -2,10 +2,11 @@
 /// Galdren_Tools: custom-drawn controls for Windows applications. Include this one header.
 #pragma once
 
+#include "dirtree/dirtree.h"
 #include "dirtree/glyph.h"
 #include "dirtree/icon.h"
+#include "layout/layout.h"
 #include "popup/popup.h"
-#include "dirtree/dirtree.h"
 #include "tools/colors.h"
 #include "tools/cursor.h"
 #include "tools/dimensions.h"

@@ -1,4 +1,6 @@
-# The installable kit: headers, both DLLs, icons, import and static libraries, and the CMake package Galdren_Tools.
+# The installable kit: headers, both DLLs, icons, import and static libraries, the CMake package Galdren_Tools,
+# pkg-config files, the manual and the examples. As a zip:
+#     cpack -G ZIP --config <build folder>/CPackConfig.cmake
 include(CMakePackageConfigHelpers)
 include(GNUInstallDirs)
 
@@ -25,3 +27,42 @@ install(DIRECTORY ${PROJECT_SOURCE_DIR}/icons/ DESTINATION ${CMAKE_INSTALL_BINDI
 
 install(CODE "set(source_dir [[${PROJECT_SOURCE_DIR}]])\nset(include_dir [[${CMAKE_INSTALL_INCLUDEDIR}]])")
 install(SCRIPT ${CMAKE_CURRENT_LIST_DIR}/install-headers.cmake)
+
+# galdren_pc(NAME [REQUIRES NAME] [FLAGS flag...] LIBRARIES flag...): the file for pkg-config.
+function(galdren_pc name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "REQUIRES" "FLAGS;LIBRARIES")
+  set(description "Custom-drawn controls for Windows applications")
+  set(requires ${arg_REQUIRES})
+  list(JOIN arg_FLAGS " " flags)
+  list(JOIN arg_LIBRARIES " " libraries)
+  configure_file(${PROJECT_SOURCE_DIR}/cmake/Galdren.pc.in ${PROJECT_BINARY_DIR}/${name}.pc @ONLY)
+  install(FILES ${PROJECT_BINARY_DIR}/${name}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+endfunction()
+
+if(MINGW)
+  get_target_property(system_libraries Galdren_Tools_Static INTERFACE_LINK_LIBRARIES)
+  get_target_property(util_libraries Galdren_Util_Static INTERFACE_LINK_LIBRARIES)
+  list(APPEND system_libraries ${util_libraries})
+  list(FILTER system_libraries INCLUDE REGEX "^[a-z0-9]+$")
+  list(TRANSFORM system_libraries PREPEND -l)
+  # Written out, for -l takes the static library where both have the name.
+  galdren_pc(Galdren_Tools LIBRARIES -l:libGaldren_Tools.dll.a -l:libGaldren_Util.dll.a)
+  galdren_pc(Galdren_Tools_Static
+    FLAGS -DGALDREN_STATIC LIBRARIES -l:libGaldren_Tools.a -l:libGaldren_Util.a ${system_libraries})
+  galdren_pc(Galdren_Host REQUIRES Galdren_Tools LIBRARIES -lGaldren_Host)
+  galdren_pc(Galdren_Host_Static REQUIRES Galdren_Tools_Static LIBRARIES -lGaldren_Host_Static)
+endif()
+
+install(FILES ${PROJECT_SOURCE_DIR}/README.md ${PROJECT_SOURCE_DIR}/CHANGELOG.md ${PROJECT_SOURCE_DIR}/LICENCE
+        DESTINATION .)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs ${PROJECT_SOURCE_DIR}/examples DESTINATION .
+        PATTERN Doxyfile EXCLUDE)
+# The reference manual, where it was made.
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/build/docs/html DESTINATION docs OPTIONAL)
+
+if(PROJECT_IS_TOP_LEVEL)
+  set(CPACK_GENERATOR ZIP)
+  set(CPACK_PACKAGE_FILE_NAME Galdren_Tools-${PROJECT_VERSION}-win64)
+  set(CPACK_VERBATIM_VARIABLES ON)
+  include(CPack)
+endif()

@@ -4,12 +4,18 @@ namespace gallery {
 
 std::span<const Page> Pages() {
     static constexpr Page pages[] = {
-        {"boxes", "Boxes", Build_Boxes},       {"labels", "Labels", Build_Labels},
-        {"buttons", "Buttons", Build_Buttons}, {"checklists", "Check lists", Build_Checklists},
-        {"sliders", "Sliders", Build_Sliders}, {"selectors", "Selectors", Build_Selectors},
-        {"lists", "Lists", Build_Lists},       {"entries", "Entry fields", Build_Entries},
-        {"console", "Console", Build_Console}, {"colors", "Colours", Build_Colors},
-        {"icons", "Icons", Build_Icons},       {"directories", "Directories", Build_Directories},
+        {"boxes", "Boxes", Build_Boxes},
+        {"labels", "Labels", Build_Labels},
+        {"buttons", "Buttons", Build_Buttons},
+        {"checklists", "Check lists", Build_Checklists},
+        {"sliders", "Sliders", Build_Sliders},
+        {"selectors", "Selectors", Build_Selectors},
+        {"lists", "Lists", Build_Lists},
+        {"entries", "Entry fields", Build_Entries},
+        {"console", "Console", Build_Console},
+        {"colors", "Colours", Build_Colors},
+        {"icons", "Icons", Build_Icons},
+        {"directories", "Directories", Build_Directories},
         {"dialogs", "Dialogs", Build_Dialogs},
     };
     return pages;

@@ -130,8 +130,6 @@ int Typed(UINT message, WPARAM wparam, int code) {
 
 }  // namespace
 
-Host::Host(HWND served) : window(served) {}
-
 Host::~Host() = default;
 
 void Host::Set_Background(Colors color) { background = color; }

@@ -28,8 +28,9 @@
 /// Controls and the whole host may be changed from inside every callback: `Remove`, `Clear`, `Add`.
 class Host {
   public:
-    /// Serves the window `served`, which need not be visible yet.
-    explicit Host(HWND served);
+    /// Serves the window `served`, which need not be visible yet. Reports at level 2 when the application was
+    /// compiled with other headers than the library (`Check_Tools_Layout`).
+    explicit Host(HWND served) : window(served) { Check_Tools_Layout(); }
     ~Host();
     Host(const Host&) = delete;
     Host& operator=(const Host&) = delete;

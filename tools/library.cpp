@@ -7,7 +7,6 @@
 
 namespace {
 
-constexpr char Version[] = "21.6";
 constexpr char Revision[] = "a";
 
 /// Newest first; each entry stands in the unit that asks for it.
@@ -22,9 +21,9 @@ Cleanup::Cleanup(void (*action)()) : release(action), next(First_Cleanup) { Firs
 }  // namespace galdren
 
 char* Get_Version_Tools(const char* wanted) {
-    if (wanted && std::strcmp(wanted, Version) != 0) return nullptr;
+    if (wanted && std::strcmp(wanted, Tools_Version()) != 0) return nullptr;
     static char text[256];
-    std::snprintf(text, sizeof text, "Galdren_Tools.dll %s (rev-%s)", Version, Revision);
+    std::snprintf(text, sizeof text, "Galdren_Tools.dll %s (rev-%s)", Tools_Version(), Revision);
     return text;
 }
 

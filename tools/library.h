@@ -4,6 +4,9 @@
 
 #include "api.h"
 
+/// The version of these headers.
+consteval const char* Tools_Version() { return "21.6"; }
+
 /// The version text, "Galdren_Tools.dll 21.6 (rev-a)", in a static buffer.
 /// @param wanted  version the application was built for; null accepts any
 /// @return null when `wanted` is another version than this one

@@ -441,7 +441,13 @@ void Texts::Re_Write() {
     const unsigned picture_before = Picture;
     Canvas canvas(*this, {area.left, area.right - 1, area.bottom + 1, area.top}, Picture);
     const bool kept = Picture != 0 && Picture == picture_before;
-    const Area part = kept ? Move_Kept(area, view) : area;
+    Area part = area;
+    int low = 0;
+    int high = 0;
+    if (kept && Move_Kept(view, area.top - area.bottom, low, high)) {
+        part.bottom = area.bottom + low;
+        part.top = area.bottom + high;
+    }
     Painted = view;
     Appended = Renewed = 0;
 
@@ -459,20 +465,22 @@ void Texts::Re_Write() {
 }
 
 /// Moves the lines on the kept picture to where they stand now.
-/// @return the part of the output that has to be painted
-Area Texts::Move_Kept(const Area& area, const Output_View& view) const {
+/// @param height     of the output
+/// @param low, high  receive between which heights the output has to be painted
+/// @return false, with nothing moved, when all of it has to be painted
+bool Texts::Move_Kept(const Output_View& view, int height, int& low, int& high) const {
     const bool same_look = Even_Lines && view.x == Painted.x && view.color == Painted.color;
     // A line that the bottom edge would cut is not painted at all, so only whole lines can be moved.
-    if (!same_look || view.scrolled % Line_Height != 0 || Painted.scrolled % Line_Height != 0) return area;
-    if (Is_Shared(Thing::Array, Lines)) return area;  // the copy may have changed them
+    if (!same_look || view.scrolled % Line_Height != 0 || Painted.scrolled % Line_Height != 0) return false;
+    if (Is_Shared(Thing::Array, Lines)) return false;  // the copy may have changed them
 
     const int rise = Appended * Line_Height + Painted.scrolled - view.scrolled;
-    if (std::abs(rise) >= area.top - area.bottom) return area;
     const int from_bottom = std::max(rise, Renewed * Line_Height - view.scrolled);
-    if (rise < 0 && from_bottom > 0) return area;
+    if (std::abs(rise) >= height || (rise < 0 && from_bottom > 0)) return false;
     Raise_Kept_Picture(rise);
-    if (rise < 0) return {area.left, area.right, area.top + rise, area.top};
-    return {area.left, area.right, area.bottom, std::min(area.bottom + from_bottom, area.top)};
+    low = rise < 0 ? height + rise : 0;
+    high = rise < 0 ? height : std::min(from_bottom, height);
+    return true;
 }
 
 void Texts::Rescale_Cursor() {

@@ -1,10 +1,13 @@
-// probe [PROGRAM.exe]: uses the installed library by itself; then starts the program, waits for its
-// window, closes it and wants the exit code 0. The probe's own exit code is 0 when everything went well.
+// probe [PROGRAM.exe...]: uses the installed library by itself; then starts each program, waits until its
+// window shows controls, closes it and wants the exit code 0. The probe's own exit code is 0 when all went
+// well.
 #include <Galdren_Tools.h>
 #include <Galdren_Util.h>
 
 #include <cstdio>
 #include <cstring>
+#include <functional>
+#include <set>
 
 namespace {
 
@@ -15,7 +18,7 @@ bool Check(bool condition, const char* what) {
 
 /// Functions, data and classes of both libraries, and a control that is really painted.
 bool Library_Works() {
-    const char* version = Get_Version_Tools(nullptr);
+    const char* version = Get_Version_Tools(Tools_Version());
     float hue = 0, lightness = 0, saturation = 0;
     RGB_to_HLS(0, 1, 0, &hue, &lightness, &saturation);
 
@@ -33,26 +36,48 @@ bool Library_Works() {
     DestroyWindow(window);
     Tools_Lib_Cleanup();
 
-    return Check(version && std::strstr(version, "21.6"), "the version text is missing") &&
+    return Check(version && std::strstr(version, Tools_Version()), "the version text is missing") &&
            Check(saturation == 1, "the colour conversion is wrong") &&
+           Check(Check_Tools_Layout(), "program and library differ") &&
            Check(BORDER == 3, "BORDER is not 3") &&
            Check(GetGValue(middle) > 2 * GetRValue(middle) && GetGValue(middle) > 2 * GetBValue(middle),
                  "the box is not green");
 }
 
-/// The first visible window of a thread; null when there is none within ten seconds.
-HWND Wait_For_Window(DWORD thread) {
+/// Waits for ten seconds at most.
+bool Wait_Until(const std::function<bool()>& condition) {
+    for (int tries = 0; tries < 200; ++tries) {
+        if (condition()) return true;
+        Sleep(50);
+    }
+    return false;
+}
+
+/// The first visible window of a thread.
+HWND Visible_Window(DWORD thread) {
     const auto keep_visible = [](HWND window, LPARAM found) -> BOOL {
         if (!IsWindowVisible(window)) return TRUE;
         *reinterpret_cast<HWND*>(found) = window;
         return FALSE;
     };
     HWND found = nullptr;
-    for (int tries = 0; tries < 200 && !found; ++tries) {
-        EnumThreadWindows(thread, keep_visible, reinterpret_cast<LPARAM>(&found));
-        if (!found) Sleep(50);
-    }
+    EnumThreadWindows(thread, keep_visible, reinterpret_cast<LPARAM>(&found));
     return found;
+}
+
+/// Whether the screen shows controls in the client area: their shading has many colours.
+bool Shows_Controls(HWND window) {
+    RECT area{};
+    GetClientRect(window, &area);
+    MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&area), 2);
+    HDC screen = GetDC(nullptr);
+    std::set<COLORREF> colors;
+    for (LONG y = area.top; y < area.bottom; y += 8) {
+        for (LONG x = area.left; x < area.right; x += 8)
+            colors.insert(GetPixel(screen, x, y));
+    }
+    ReleaseDC(nullptr, screen);
+    return colors.size() > 16;
 }
 
 bool Program_Works(char* command) {
@@ -64,7 +89,9 @@ bool Program_Works(char* command) {
                "the program does not start")) {
         return false;
     }
-    HWND window = Wait_For_Window(process.dwThreadId);
+    HWND window = nullptr;
+    Wait_Until([&] { return (window = Visible_Window(process.dwThreadId)) != nullptr; });
+    const bool shows = window && Wait_Until([&] { return Shows_Controls(window); });
     if (window) PostMessageA(window, WM_CLOSE, 0, 0);
     const bool ended = WaitForSingleObject(process.hProcess, 10000) == WAIT_OBJECT_0;
     DWORD exit_code = 1;
@@ -72,13 +99,16 @@ bool Program_Works(char* command) {
     if (!ended) TerminateProcess(process.hProcess, 1);
     CloseHandle(process.hThread);
     CloseHandle(process.hProcess);
-    return Check(window, "the program shows no window") && Check(ended, "the program does not end") &&
-           Check(exit_code == 0, "the program fails");
+    std::printf("%s\n", command);
+    return Check(window, "the program shows no window") && Check(shows, "the program shows no controls") &&
+           Check(ended, "the program does not end") && Check(exit_code == 0, "the program fails");
 }
 
 }  // namespace
 
 int main(int count, char** arguments) {
-    const bool good = Library_Works() && (count < 2 || Program_Works(arguments[1]));
+    bool good = Library_Works();
+    for (int i = 1; i < count; ++i)
+        good = Program_Works(arguments[i]) && good;
     return good ? 0 : 1;
 }

@@ -1,0 +1,147 @@
+// A console fed by a worker thread. Controls are for the thread of their window alone, so the worker touches
+// none: it posts each line to the window, and the ownership of the line goes with the message.
+#include <chrono>
+#include <memory>
+#include <string>
+#include <thread>
+
+#include "Galdren_Host.h"
+#include "Galdren_Tools.h"
+
+using Line = std::unique_ptr<std::string>;
+
+constexpr UINT line_message = WM_APP + 1;  // its lparam owns a std::string
+
+/// For the worker. A line that the window does not take, as when its queue is full, is dropped here.
+void Hand_Over(HWND window, Line line) {
+    if (PostMessageA(window, line_message, 0, reinterpret_cast<LPARAM>(line.get()))) line.release();
+}
+
+Line Take_Over(LPARAM lparam) { return Line(reinterpret_cast<std::string*>(lparam)); }
+
+/// Stands for the work of a real program.
+void Work(const std::stop_token& stop, HWND window) {
+    for (int step = 1; !stop.stop_requested(); ++step) {
+        auto line = std::make_unique<std::string>("Step " + std::to_string(step) + " is done");
+        if (step % 8 == 0) *line = char(TEXT_RED) + *line + ", and took too long";
+        Hand_Over(window, std::move(line));
+        std::this_thread::sleep_for(std::chrono::milliseconds(60));
+    }
+}
+
+struct Log_Window {
+    HWND window;
+    Texts console;
+    Buttons run, clear;
+    Labels count_label;
+    int count = 0;
+    Host host;
+    std::jthread worker;
+
+    explicit Log_Window(HWND served) : window(served), host(served) {
+        console.Name = "Log", console.Flag = TEXT_V_BAR | SLIDER_KEEP_GRAB;
+        console.Color = Colors(196, 200, 206);
+        run.Name = "Run", run.Flag = BUTTON_LAMP;
+        clear.Name = "Clear";
+        count_label.Flag = FLAG_TEXT_LEFT;
+        host.Set_Background(Colors(76, 81, 90));
+        host.Add(console);
+        host.Add(run, [this](Buttons&) { worker.joinable() ? Stop() : Start(); });
+        host.Add(clear, [this](Buttons&) { console.Cleanup(), console.Draw(), Show_Count(0); });
+        host.Add(count_label);
+        Show_Count(0);
+        Fit();
+        Start();
+    }
+
+    void Start() {
+        worker = std::jthread(Work, window);
+        Show_Running(true);
+    }
+
+    /// The worker waits for nothing that this thread does, so that it can be waited for here.
+    void Stop() {
+        worker.request_stop();
+        worker.join();
+        Show_Running(false);
+    }
+
+    /// Before the window is destroyed: lines that are still in its queue would be lost with it.
+    void Close() {
+        if (worker.joinable()) Stop();
+        for (MSG message; PeekMessageA(&message, window, line_message, line_message, PM_REMOVE);)
+            Take_Over(message.lParam);
+    }
+
+    void Show_Running(bool running) {
+        run.Value = run.Lamp = running;
+        run.Adjust();
+    }
+
+    void Show_Count(int lines) {
+        count = lines;
+        count_label.Set_Name("%d lines", count);
+        host.Refresh(count_label);
+    }
+
+    void Append(const Line& line) {
+        console.Write("%s", line->c_str());
+        Show_Count(count + 1);
+    }
+
+    /// The console fills the window above a row of buttons.
+    void Fit() {
+        RECT client{};
+        GetClientRect(window, &client);
+        const auto place = [](Tools& control, int x, int y, LONG width, LONG height) {
+            control.Font_Name = "Arial", control.Font_Size = 10;
+            control.X = short(x), control.Y = short(y);
+            control.Width = short(width), control.Height = short(height);
+        };
+        place(console, 12, 56, client.right - 24, client.bottom - 68);
+        place(run, 12, 12, 100, 34);
+        place(clear, 124, 12, 100, 34);
+        place(count_label, 240, 12, 120, 34);
+        host.Init_All();
+    }
+};
+
+LRESULT CALLBACK Window_Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+    auto* log = reinterpret_cast<Log_Window*>(GetWindowLongPtrA(window, GWLP_USERDATA));
+    if (!log) return DefWindowProcA(window, message, wparam, lparam);
+    LRESULT result = 0;
+    if (log->host.Message(message, wparam, lparam, result)) return result;
+    switch (message) {
+        case line_message:
+            log->Append(Take_Over(lparam));
+            return 0;
+        case WM_SIZE:
+            log->Fit();
+            return 0;
+        case WM_DESTROY:
+            log->Close(), PostQuitMessage(0);
+            return 0;
+        default:
+            return DefWindowProcA(window, message, wparam, lparam);
+    }
+}
+
+int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int show) {
+    WNDCLASSA window_class{};
+    window_class.lpfnWndProc = Window_Procedure;
+    window_class.hInstance = instance;
+    window_class.hCursor = LoadCursorA(nullptr, IDC_ARROW);
+    window_class.lpszClassName = "Log_Console";
+    RegisterClassA(&window_class);
+    HWND window = CreateWindowA("Log_Console", "Log console", WS_OVERLAPPEDWINDOW, CW_USEDEFAULT,
+                                CW_USEDEFAULT, 520, 360, nullptr, nullptr, instance, nullptr);
+    Log_Window log(window);
+    SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&log));
+    ShowWindow(window, show);
+
+    for (MSG message; GetMessageA(&message, nullptr, 0, 0) > 0;) {
+        TranslateMessage(&message);
+        DispatchMessageA(&message);
+    }
+    return 0;
+}

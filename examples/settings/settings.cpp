@@ -1,0 +1,149 @@
+// A dialog as a view of a structure: `Show` fills the controls from the structure, `Read_Back` makes one of
+// what they hold, and in between every control keeps its value itself.
+#include <cstdlib>
+#include <string>
+
+#include "Galdren_Host.h"
+#include "Galdren_Tools.h"
+
+constexpr const char* formats[] = {"PNG", "JPEG", "TIFF", "Targa"};
+constexpr const char* sizes[] = {"640 x 480", "1280 x 720", "1920 x 1080", "2560 x 1440", "3840 x 2160"};
+constexpr const char* extras[] = {"Grid", "Axes", "Legend", "Time stamp", nullptr};
+
+struct Settings {
+    std::string title = "Harbour at dawn";
+    int copies = 1;
+    short size = 2;    // index in `sizes`
+    short format = 0;  // index in `formats`
+    float quality = 85;
+    int extras = 0b0011;  // a bit for each of `extras`
+    bool replace = false;
+};
+
+struct Dialog {
+    Boxs panel;
+    Labels title_label, copies_label, size_label;
+    Texts title, copies, summary;
+    Lists size;
+    Selects format;
+    Valuators quality;
+    CheckLists extra;
+    Buttons replace, reset, ok;
+    Host host;
+
+    explicit Dialog(HWND window) : host(window) {
+        const auto take = [](Valuators& bar) {
+            if (Button_State) bar.Val = bar.Read(), bar.Adjust();  // the wheel has done both already
+        };
+        const auto take_mask = [](CheckLists& list) { list.Value = list.Read(), list.Adjust(); };
+        const auto take_item = [](Lists& list) { list.Current = short(list.Read()), list.Adjust(); };
+        const auto toggle = [](Buttons& lamp) { lamp.Lamp = lamp.Value = !lamp.Value, lamp.Adjust(); };
+        host.Set_Background(Colors(76, 81, 90));
+        Add(panel, nullptr, 12, 178, 496, 250, FLAG_STATIC | FLAG_PASSIVE);
+        Add_Entry(title_label, "Title", title, 386, 0);
+        Add_Entry(copies_label, "Copies", copies, 350, TEXT_INTEGER);
+        Add(format, "Format", 28, 308, 272, 32, FLAG_TEXT_MIDDLE | FLAG_TEXT_LEFT, &Selects::Adjust);
+        format.Value_Width = 208;
+        Name_Items(format, formats);
+        Add(quality, "Quality", 28, 272, 272, VAL_DIM, SLIDER_KEEP_GRAB | FLAG_TEXT_LEFT, take, take);
+        quality.Start_Val = 1, quality.End_Val = 100, quality.Format = "%.0f %%", quality.Num_Width = NUM_DIM;
+        Add(extra, "Extras", 28, 190, 272, 72, CHECKLIST_NAME_LEFT, take_mask);
+        extra.List = extras;
+        Add(size_label, "Size in pixels", 320, 386, 172, 26, FLAG_TEXT_LEFT);
+        Add(size, nullptr, 320, 240, 172, 144, FLAG_VERTICAL | SLIDER_KEEP_GRAB, take_item);
+        Name_Items(size, sizes);
+        Add(replace, "Replace old pictures", 320, 190, 172, 36, BUTTON_LAMP, toggle);
+        Add(reset, "Reset", 292, 132, 100, 34, 0, [this](Buttons&) { Show({}); });
+        Add(ok, "OK", 408, 132, 100, 34, 0, [this](Buttons&) { Report(Read_Back()); });
+        Add(summary, "What the program got", 12, 12, 496, 108, TEXT_V_BAR | SLIDER_KEEP_GRAB);
+        summary.Color = Colors(196, 200, 206);
+        host.Init_All();
+        host.Focus(&title);
+        Show({});
+    }
+
+    void Show(const Settings& settings) {
+        title.Read("%s", settings.title.c_str());
+        copies.Read("%d", settings.copies);
+        size.Current = settings.size, size.Adjust();
+        format.Current = settings.format, format.Adjust();
+        quality.Val = settings.quality, quality.Adjust();
+        extra.Value = settings.extras, extra.Adjust();
+        replace.Lamp = replace.Value = settings.replace, replace.Adjust();
+    }
+
+    Settings Read_Back() const {
+        return {title.Line,  std::atoi(copies.Line), size.Current, format.Current, quality.Val,
+                extra.Value, replace.Value != 0};
+    }
+
+    void Report(const Settings& settings) {
+        summary.Write("\xF1%s\xF0, %d x %s, %s at %.0f %%, %s the old pictures", settings.title.c_str(),
+                      settings.copies, sizes[settings.size], formats[settings.format],
+                      double{settings.quality}, settings.replace ? "replaces" : "keeps");
+        for (int i = 0; extras[i]; ++i)
+            if (settings.extras & 1 << i) summary.Write("%c    with %s", TEXT_BLUE, extras[i]);
+    }
+
+    /// Fields that all have, and the place from the bottom-left corner of the window.
+    void Add(auto& control, const char* name, int x, int y, int width, int height, unsigned long flag,
+             auto... handlers) {
+        control.Name = name, control.Flag = flag;
+        control.X = short(x), control.Y = short(y);
+        control.Width = short(width), control.Height = short(height);
+        control.Font_Name = "Arial", control.Font_Size = 10, control.Border = 2;
+        host.Add(control, handlers...);
+    }
+
+    void Add_Entry(Labels& label, const char* name, Texts& field, int y, unsigned long flag) {
+        const auto begin = [](Texts& entry) {
+            if (entry.Mode == 0) entry.Read("%s", entry.Line);  // after Escape
+        };
+        const auto enter = [this](Texts& entry) {
+            if (!entry.Update()) return;
+            entry.Read("%s", entry.Line);
+            Report(Read_Back());
+        };
+        Add(label, name, 28, y, 60, 26, FLAG_TEXT_LEFT);
+        Add(field, nullptr, 92, y, 208, 26, flag | TEXT_SINGLE_LINE, begin, enter);
+        field.Color = Colors(222, 225, 230);
+    }
+
+    static void Name_Items(auto& list, const auto& names) {
+        list.Grow(int(std::size(names)), 0);
+        for (std::size_t i = 0; i < std::size(names); ++i)
+            list.Item[i]->Name = names[i];
+    }
+};
+
+LRESULT CALLBACK Window_Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+    auto* dialog = reinterpret_cast<Dialog*>(GetWindowLongPtrA(window, GWLP_USERDATA));
+    LRESULT result = 0;
+    if (dialog && dialog->host.Message(message, wparam, lparam, result)) return result;
+    if (message == WM_DESTROY) PostQuitMessage(0);
+    return DefWindowProcA(window, message, wparam, lparam);
+}
+
+int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int show) {
+    constexpr DWORD style = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX;
+    WNDCLASSA window_class{};
+    window_class.lpfnWndProc = Window_Procedure;
+    window_class.hInstance = instance;
+    window_class.hCursor = LoadCursorA(nullptr, IDC_ARROW);
+    window_class.lpszClassName = "Settings";
+    RegisterClassA(&window_class);
+    RECT area{0, 0, 520, 440};
+    AdjustWindowRect(&area, style, FALSE);
+    HWND window =
+        CreateWindowA("Settings", "Settings", style, CW_USEDEFAULT, CW_USEDEFAULT, area.right - area.left,
+                      area.bottom - area.top, nullptr, nullptr, instance, nullptr);
+    Dialog dialog(window);
+    SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&dialog));
+    ShowWindow(window, show);
+
+    for (MSG message; GetMessageA(&message, nullptr, 0, 0) > 0;) {
+        TranslateMessage(&message);
+        DispatchMessageA(&message);
+    }
+    return 0;
+}

@@ -1,0 +1,4 @@
+// Compiled with another packing of structures than the library: the check at start-up has to notice.
+#include <Galdren_Tools.h>
+
+int main() { return Check_Tools_Layout() ? 1 : 0; }
