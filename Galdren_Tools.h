@@ -26,5 +26,7 @@
 #include "widgets/list.h"
 #include "widgets/selector.h"
 #include "widgets/slider.h"
+#include "widgets/tabitem.h"
+#include "widgets/tabs.h"
 #include "widgets/text.h"
 #include "widgets/valuator.h"

@@ -280,6 +280,10 @@ void Stage::Repaint() const {
     RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW | RDW_ALLCHILDREN);
 }
 
+void Stage::Repaint(const RECT& area) const {
+    RedrawWindow(window, &area, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW | RDW_ALLCHILDREN);
+}
+
 COLORREF Stage::Pixel(int x, int y) const {
     const HDC dc = GetDC(window);
     const COLORREF color = GetPixel(dc, x, y);

@@ -103,6 +103,8 @@ class Stage {
     void Raise() const;
     /// Has the window and its children painted at once.
     void Repaint() const;
+    /// Has a part of the client area painted at once, with the children in it.
+    void Repaint(const RECT& area) const;
     /// Colour of a pixel of the client area.
     COLORREF Pixel(int x, int y) const;
 

@@ -103,7 +103,8 @@ void Paint(const Stage& stage, Painting painting, const std::function<void()>& d
     if (painting == Painting::In_Batch) Begin_Batch(stage.Get());
     Begin_Draw(stage.Get(), nullptr);
     Current_Color = Stage::Background;
-    Draw_Box(0, Stage::Height - 1, Stage::Width, -1);
+    const RECT& area = paint.rcPaint;
+    Draw_Box(area.left, Stage::Height - 1 - area.top, area.right, Stage::Height - 1 - area.bottom);
     End_Draw();
     draw();
     if (painting == Painting::In_Batch) End_Batch();

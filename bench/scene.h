@@ -29,7 +29,7 @@ void Put_Pointer(const Stage& stage, POINT client);
 /// Gives a control its place in client coordinates, and the font of all scenes.
 void Place(Tools& control, const RECT& client);
 
-/// Answers WM_PAINT: fills the background and calls `draw`.
+/// Answers WM_PAINT: fills the background, as far as it is to be painted, and calls `draw`.
 void Paint(const Stage& stage, Painting painting, const std::function<void()>& draw);
 
 /// Our side with one control: a window that paints it. `Control` is a class of the library.

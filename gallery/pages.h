@@ -13,11 +13,11 @@ constexpr Place page_area{24, 78, 752, 498};
 
 struct Page {
     const char* name;       ///< word for the command line and for file names
-    const char* title;      ///< caption of its button in the header
+    const char* title;      ///< caption of its tab, which may be 50 pixels long
     void (*build)(Sheet&);  ///< puts its controls on an empty sheet
 };
 
-/// All pages in the order of their buttons.
+/// All pages in the order of their tabs.
 std::span<const Page> Pages();
 
 void Build_Boxes(Sheet& sheet);
@@ -33,5 +33,6 @@ void Build_Icons(Sheet& sheet);
 void Build_Colors(Sheet& sheet);
 void Build_Dialogs(Sheet& sheet);
 void Build_Directories(Sheet& sheet);
+void Build_Tabs(Sheet& sheet);
 
 }  // namespace gallery

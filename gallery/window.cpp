@@ -14,14 +14,16 @@ constexpr char window_class[] = "Galdren_Gallery";
 constexpr char window_title[] = "Galdren_Tools gallery";
 constexpr DWORD window_style = WS_OVERLAPPEDWINDOW;
 
-constexpr int header_height = 64;
-constexpr int status_height = 28;
-constexpr int margin = page_area.x;
-constexpr int gap = 8;
+constexpr int margin = 8;
+constexpr int gap = 6;
+constexpr int tabs_top = 34;
+constexpr int tabs_height = 28;
+constexpr int status_height = 26;
+constexpr int page_bottom = status_height + 2 * gap;  // y upward
 
-const Colors ground_color{76, 81, 90};
-const Colors header_color{48, 52, 59};
-const Colors header_line_color{34, 37, 42};
+const Colors page_color{76, 81, 90};
+const Colors ground_color{48, 52, 59};
+const Colors back_tab_color{188, 193, 202};
 
 /// Size of the whole window around a client area of `design_size`.
 SIZE Window_Size() {
@@ -34,22 +36,6 @@ SIZE Client_Size(HWND window) {
     RECT client{};
     GetClientRect(window, &client);
     return {client.right, client.bottom};
-}
-
-/// Place of a page's button in the header: as few rows as there may be, of equal length, at the right.
-Place Page_Button_Place(std::size_t index) {
-    constexpr int most_in_row = 6;
-    constexpr int width = 95;
-    constexpr int height = 24;
-    constexpr int space = 6;
-    const int count = static_cast<int>(Pages().size());
-    const int rows = (count + most_in_row - 1) / most_in_row;
-    const int columns = (count + rows - 1) / rows;
-    const int left = design_size.cx - margin - columns * width - (columns - 1) * space;
-    const int top = (header_height - rows * height - (rows - 1) * space) / 2;
-    const int row = static_cast<int>(index) / columns;
-    const int column = static_cast<int>(index) % columns;
-    return {left + column * (width + space), top + row * (height + space), width, height};
 }
 
 HWND Make_Window(HINSTANCE instance, WNDPROC procedure) {
@@ -76,7 +62,7 @@ Window::Window(HINSTANCE instance, bool log)
       sheets(Pages().size()) {
     hwnd = window;
     host.Set_Background(ground_color);
-    host.Set_On_Paint([this] { Paint_Header(); });
+    host.Set_On_Paint([this] { Paint_Page(); });
     Build_Header();
     Build_Status();
     SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
@@ -90,28 +76,33 @@ Window::~Window() {
 }
 
 void Window::Build_Header() {
-    Labels& title = header.Label({margin, 20, 140, 24}, "Galdren_Tools", FLAG_TEXT_LEFT);
+    Labels& title = header.Label({page_area.x, 5, 200, 24}, "Galdren_Tools", FLAG_TEXT_LEFT);
     title.Font_Size = 14;
     title.Font_Weight = "bold";
-    for (std::size_t i = 0; i < Pages().size(); ++i) {
-        const auto press = [this, i](Buttons&) {
-            Report(std::string("press \"") + Pages()[i].title + "\": page " + Pages()[i].name);
-            Show_Page(i);
-        };
-        Buttons& button = header.Add<Buttons>(Page_Button_Place(i), Pages()[i].title, 0, press);
-        button.Border = 2;
-        page_buttons.push_back(&button);
-    }
+    page_tabs.Font_Name = "Arial";
+    page_tabs.Font_Size = 8;
+    page_tabs.Grow(static_cast<int>(Pages().size()), 0);
+    for (std::size_t i = 0; i < Pages().size(); ++i)
+        page_tabs.Item[i]->Name = Pages()[i].title;
 }
 
 void Window::Build_Status() {
     status_box.Flag = FLAG_STATIC | FLAG_PASSIVE;
     status_box.Color = ground_color;
-    status_box.Border = 2;
+    status_box.Border = 1;
     status_text.Flag = FLAG_TEXT_LEFT;
     status_text.Font_Name = "Arial";
     status_text.Font_Size = 9;
     status_text.Set_Name("Move over the controls and press them");
+}
+
+/// Shows the page whose tab was pressed.
+void Window::Choose_Page_Of_Tab() {
+    const int index = page_tabs.Read();
+    if (index < 0) return;
+    const Page& page = Pages()[static_cast<std::size_t>(index)];
+    Report(std::string("press \"") + page.title + "\": page " + page.name);
+    Show_Page(static_cast<std::size_t>(index));
 }
 
 void Window::Show_Page(std::size_t index) {
@@ -121,10 +112,12 @@ void Window::Show_Page(std::size_t index) {
         sheet = std::make_unique<Sheet>(host, [this](const std::string& text) { Report(text); });
         Pages()[index].build(*sheet);
     }
-    for (std::size_t i = 0; i < page_buttons.size(); ++i)
-        page_buttons[i]->Value = i == index;
+    page_tabs.Value = static_cast<short>(index);
+    for (std::size_t i = 0; i < Pages().size(); ++i)
+        page_tabs.Item[i]->Color = i == index ? page_color : back_tab_color;
     host.Clear();
     header.Show();
+    host.Add(page_tabs, [this](Tabs&) { Choose_Page_Of_Tab(); });
     sheet->Show();
     host.Add(status_box);
     host.Add(status_text);
@@ -139,6 +132,20 @@ void Window::Fit() {
     if (client.cx == 0 || client.cy == 0) return;
     header.Fit(client);
     sheets[shown]->Fit(client);
+    Fit_Tabs(client);
+    Fit_Status(client);
+    host.Init_All();
+}
+
+/// The page of the tabs fills the window, but for the status line.
+void Window::Fit_Tabs(SIZE client) {
+    page_tabs.X = margin;
+    page_tabs.Y = static_cast<short>(client.cy - tabs_top - tabs_height);
+    page_tabs.Width = static_cast<short>(client.cx - 2 * margin);
+    page_tabs.Height = tabs_height;
+}
+
+void Window::Fit_Status(SIZE client) {
     status_box.X = margin;
     status_box.Y = gap;
     status_box.Width = static_cast<short>(client.cx - 2 * margin);
@@ -147,17 +154,9 @@ void Window::Fit() {
     status_text.Y = status_box.Y;
     status_text.Width = static_cast<short>(status_box.Width - 20);
     status_text.Height = status_box.Height;
-    host.Init_All();
 }
 
-void Window::Paint_Header() const {
-    const SIZE client = Client_Size(window);
-    const int bottom = client.cy - header_height;
-    Current_Color = header_color.get();
-    Draw_Box(0, client.cy - 1, client.cx, bottom - 1);
-    Current_Color = header_line_color.get();
-    Draw_Box(0, bottom - 1, client.cx, bottom - 2);
-}
+void Window::Paint_Page() { page_tabs.Page(page_tabs.Y + page_tabs.Height - page_bottom); }
 
 void Window::Paint_Now() const { RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW); }
 
@@ -173,9 +172,17 @@ void Window::Log(const std::string& line) const {
     std::fflush(stdout);
 }
 
+/// The control under the pointer; of the pages' tabs the one under it.
+const Tools* Window::Pointed_At() {
+    const Tools* control = host.Current();
+    if (control != &page_tabs) return control;
+    const int index = page_tabs.Read();
+    return index < 0 ? nullptr : page_tabs.Item[index];
+}
+
 /// Logs when another control than before has the pointer.
 void Window::Log_Pointer() {
-    const Tools* now = host.Current();
+    const Tools* now = Pointed_At();
     if (now == std::exchange(pointed_at, now)) return;
     Log(now && now->Name ? std::string("over \"") + now->Name + '"' : "over nothing");
 }
@@ -183,7 +190,8 @@ void Window::Log_Pointer() {
 void Window::Announce() {
     announced = true;
     Log("ready");
-    Log_Controls(header);
+    for (std::size_t i = 0; i < Pages().size(); ++i)
+        Log_Place(*page_tabs.Item[i]);
     Log_Page();
 }
 
@@ -192,17 +200,20 @@ void Window::Log_Page() const {
     Log(std::string("page ") + Pages()[shown].name);
 }
 
-/// A line for every control that has a name: where it is in the client area, y downward, with the last
-/// column and row.
-void Window::Log_Controls(const Sheet& sheet) const {
+/// A line for a control that has a name: where it is in the client area, y downward, with the last column and
+/// row.
+void Window::Log_Place(const Tools& control) const {
+    if (!control.Name) return;
     const LONG height = Client_Size(window).cy;
-    for (const Tools* control : sheet.Controls()) {
-        if (!control->Name) continue;
-        const int top = height - 1 - control->Y - control->Height;
-        Log(std::string("control \"") + control->Name + "\" " + std::to_string(control->X) + ' ' +
-            std::to_string(top) + ' ' + std::to_string(control->X + control->Width) + ' ' +
-            std::to_string(height - 1 - control->Y));
-    }
+    const int top = height - 1 - control.Y - control.Height;
+    Log(std::string("control \"") + control.Name + "\" " + std::to_string(control.X) + ' ' +
+        std::to_string(top) + ' ' + std::to_string(control.X + control.Width) + ' ' +
+        std::to_string(height - 1 - control.Y));
+}
+
+void Window::Log_Controls(const Sheet& sheet) const {
+    for (const Tools* control : sheet.Controls())
+        Log_Place(*control);
 }
 
 LRESULT CALLBACK Window::Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {

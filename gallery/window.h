@@ -1,5 +1,5 @@
 /// @file
-/// The gallery's window: a header with a button for every page, the page, and a line for the last event.
+/// The gallery's window: a tab for every page, the page, and a line for the last event.
 #pragma once
 
 #include <memory>
@@ -34,21 +34,26 @@ class Window {
 
     void Build_Header();
     void Build_Status();
+    void Choose_Page_Of_Tab();
     void Fit();
-    void Paint_Header() const;
+    void Fit_Tabs(SIZE client);
+    void Fit_Status(SIZE client);
+    void Paint_Page();
     void Report(const std::string& text);
+    const Tools* Pointed_At();
     void Log_Pointer();
     void Log(const std::string& line) const;
     void Log_Page() const;
+    void Log_Place(const Tools& control) const;
     void Log_Controls(const Sheet& sheet) const;
 
     HWND window;
     Host host;
     bool logging;
     bool announced = false;
-    const Tools* pointed_at = nullptr;  // the control last logged as under the pointer
+    const Tools* pointed_at = nullptr;  // the control or tab last logged as under the pointer
     Sheet header;
-    std::vector<Buttons*> page_buttons;
+    Tabs page_tabs;
     std::vector<std::unique_ptr<Sheet>> sheets;  // null until the page is shown for the first time
     std::size_t shown = 0;
     Boxs status_box;

@@ -234,6 +234,13 @@ const Host::Entry* Host::At(POINT client) const {
     return nullptr;
 }
 
+/// The rectangle of a control with what it may paint around it.
+RECT Host::Painted_Area(const Entry& entry) {
+    RECT area = entry.control->Rect;
+    InflateRect(&area, entry.calls->overhang, entry.calls->overhang);
+    return area;
+}
+
 bool Host::Is_Covered(const Tools& control) const {
     const auto above = [&](const Entry& entry) {
         return Is_Shown(*entry.control) && Meet(entry.control->Rect, control.Rect);
@@ -438,7 +445,7 @@ void Host::Paint_Area(RECT area) {
     Paint_Ground(area);
     for (std::size_t i = 0; i < entries.size(); ++i) {
         Tools& control = *entries[i].control;
-        if (!Meet(control.Rect, area)) continue;
+        if (!Meet(Painted_Area(entries[i]), area)) continue;
         // Only the control that has the pointer may light up, whatever lies above or beside it.
         const Pointer_Scope shown(&control == current ? pointer : Nowhere);
         entries[i].calls->draw(control);
@@ -451,7 +458,7 @@ RECT Host::Grow_To_Controls(RECT area) const {
     for (bool grown = true; grown;) {
         grown = false;
         for (const Entry& entry : entries) {
-            const RECT& control = entry.control->Rect;
+            const RECT control = Painted_Area(entry);
             if (!Is_Shown(*entry.control) || !Meet(control, area)) continue;
             const RECT before = area;
             UnionRect(&area, &before, &control);

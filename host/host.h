@@ -101,6 +101,7 @@ class Host {
         int (*select)(Tools& control, int event);
         void (*scroll)(Tools& control, int steps);
         void (*input)(Tools& control, int key);
+        int overhang;  // that it may paint beyond its rectangle, in pixels
     };
 
     struct Handlers {
@@ -119,6 +120,9 @@ class Host {
         Class_Calls calls{};
         calls.init = [](Tools& control, HWND target) { static_cast<Control&>(control).Init(target); };
         calls.draw = [](Tools& control) { static_cast<Control&>(control).Draw(); };
+        // A tab joins with the page below and beside it.
+        constexpr bool is_tab = std::derived_from<Control, Tabs> || std::derived_from<Control, TabItems>;
+        calls.overhang = is_tab ? 2 : 0;
         if constexpr (requires(Control & c) { c.Select(0); }) {
             calls.select = [](Tools& control, int event) {
                 return static_cast<int>(static_cast<Control&>(control).Select(event));
@@ -164,6 +168,7 @@ class Host {
 
     const Entry* Find(const Tools* control) const;
     const Entry* At(POINT client) const;
+    static RECT Painted_Area(const Entry& entry);
     bool Is_Covered(const Tools& control) const;
 
     int Tell(const Entry& entry, int event, bool repaints);

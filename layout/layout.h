@@ -22,6 +22,8 @@
 #include "../widgets/list.h"
 #include "../widgets/selector.h"
 #include "../widgets/slider.h"
+#include "../widgets/tabitem.h"
+#include "../widgets/tabs.h"
 #include "../widgets/text.h"
 #include "../widgets/valuator.h"
 
@@ -48,6 +50,8 @@ consteval auto Class_Sizes() {
         {"Lists", sizeof(Lists)},
         {"Selects", sizeof(Selects)},
         {"Sliders", sizeof(Sliders)},
+        {"TabItems", sizeof(TabItems)},
+        {"Tabs", sizeof(Tabs)},
         {"Texts", sizeof(Texts)},
         {"Tools", sizeof(Tools)},
         {"Valuators", sizeof(Valuators)},

@@ -4,9 +4,6 @@ namespace galdren {
 
 namespace {
 
-constexpr unsigned long Dark_Grey = 0x6E6E6E;
-constexpr unsigned long Light_Grey = 0xD8D8D8;
-
 /// Colours of the facets: the upper (or right) side, the base, the lower (or left) side.
 struct Facets {
     unsigned long high;

@@ -13,6 +13,8 @@ namespace galdren {
 
 constexpr unsigned long Black = 0x000000;
 constexpr unsigned long White = 0xFFFFFF;
+constexpr unsigned long Light_Grey = 0xD8D8D8;    // the lit side of an edge
+constexpr unsigned long Dark_Grey = 0x6E6E6E;     // its side in the shade
 constexpr unsigned long Outline_Blue = 0xE64040;  // red 64, green 64, blue 230
 
 /// Colour of a highlighted body.
@@ -118,6 +120,23 @@ void Share_Array(const void* array);
 
 /// Releases an array of bytes or pixels, unless a copy still shares it.
 void Release_Array(const void* array);
+
+/// The flags of a caption: it is white on a control that is down.
+inline unsigned long Caption_Flags(const Tools& control, bool down) {
+    const unsigned long flags = control.Flag & ~FLAG_TEXT_WHITE;
+    return down ? flags | FLAG_TEXT_WHITE : flags;
+}
+
+/// Chooses the bodies that go with the control's value, up or down.
+template <class Control>
+void Choose_Bodies(Control& control) {
+    control.Cur_Graph_Normal = control.Value ? control.Normal_Down : control.Normal_Up;
+    control.Cur_Graph_Select = control.Value ? control.Select_Down : control.Select_Up;
+}
+
+/// Whether `buffer` may be read at the control's present size: one that `Init` chose was made for the size
+/// that it saw.
+bool Fits_Size(const Tools& control, const void* buffer);
 
 /// The shaded frame; see `Tools::Cadre`.
 void Paint_Frame(Canvas& canvas, Colors color, unsigned long flags, bool sunken, int width, const Area& area);

@@ -56,6 +56,7 @@ Canvas::Canvas(const Tools& control, const Area& covered, unsigned& picture)
 
 Canvas::~Canvas() {
     if (brush_before) SelectObject(dc, brush_before);
+    if (pen_before) SelectObject(dc, pen_before);
     if (clipped) Clip_Reset();
     Give_Back_Surface();
 }
@@ -71,6 +72,12 @@ void Canvas::Clip(const Area& area) {
 void Canvas::Use_Brush(unsigned long color) {
     if (!brush_before) brush_before = SelectObject(dc, GetStockObject(DC_BRUSH));
     SetDCBrushColor(dc, color & 0xFFFFFF);
+    Current_Color = color;
+}
+
+void Canvas::Use_Pen(unsigned long color) {
+    if (!pen_before) pen_before = SelectObject(dc, GetStockObject(DC_PEN));
+    SetDCPenColor(dc, color & 0xFFFFFF);
     Current_Color = color;
 }
 
@@ -100,15 +107,27 @@ void Canvas::Outline(const Area& area, unsigned long color) {
     Row(area.right, area.left, area.bottom, color);
 }
 
+/// Calls `paint` with the points as the context takes them, and their number.
+template <class Paint>
+void Canvas::With_Points(std::initializer_list<POINT> points, Paint paint) const {
+    constexpr std::size_t Most_Points = 6;
+    POINT converted[Most_Points];
+    const std::size_t count = std::min(points.size(), Most_Points);
+    std::transform(points.begin(), points.begin() + count, converted, [this](const POINT& point) {
+        return POINT{point.x, Y(point.y)};
+    });
+    paint(converted, static_cast<int>(count));
+}
+
+void Canvas::Lines(std::initializer_list<POINT> points, unsigned long color) {
+    Use_Pen(color);
+    With_Points(points, [this](const POINT* point, int count) { Polyline(dc, point, count); });
+}
+
 void Canvas::Polygon(std::initializer_list<POINT> corners, unsigned long color) {
     Use_Brush(color);
-    const Selection pen(dc, GetStockObject(DC_PEN));
-    SetDCPenColor(dc, color & 0xFFFFFF);
-    POINT points[4];
-    const POINT* end = std::transform(corners.begin(), corners.end(), points, [this](const POINT& corner) {
-        return POINT{corner.x, Y(corner.y)};
-    });
-    ::Polygon(dc, points, static_cast<int>(end - points));
+    Use_Pen(color);
+    With_Points(corners, [this](const POINT* corner, int count) { ::Polygon(dc, corner, count); });
 }
 
 void Canvas::Pixels(const void* buffer, int width, int height, int column, int rows_below, const Area& area) {

@@ -73,7 +73,10 @@ class Canvas {
     /// Outline of one pixel along all four edges.
     void Outline(const Area& area, unsigned long color);
 
-    /// Polygon of up to four corners, filled and outlined.
+    /// Lines of one pixel through up to six points in turn; the last point is not painted.
+    void Lines(std::initializer_list<POINT> points, unsigned long color);
+
+    /// Polygon of up to six corners, filled and outlined.
     void Polygon(std::initializer_list<POINT> corners, unsigned long color);
 
     /// Pixels of a buffer of `width` x `height`, rows top-down, from its column `column` and `rows_below`
@@ -118,6 +121,9 @@ class Canvas {
     int Down(int rows) const { return mapped ? -rows : rows; }
     RECT Rectangle(const Area& area) const { return {area.left, Y(area.top), area.right, Y(area.bottom)}; }
     void Use_Brush(unsigned long color);
+    void Use_Pen(unsigned long color);
+    template <class Paint>
+    void With_Points(std::initializer_list<POINT> points, Paint paint) const;
     void Use_Text(HFONT font, unsigned long color);
     struct Glyph_Run;
     bool Write_Plain(HFONT font, const char* text, const Area& area, Place across, Place down);
@@ -128,6 +134,7 @@ class Canvas {
     int bottom_row;
     bool clipped;
     HGDIOBJ brush_before = nullptr;
+    HGDIOBJ pen_before = nullptr;
 };
 
 }  // namespace galdren

@@ -29,13 +29,12 @@ void Paint_Frame(Canvas& canvas, Colors color, unsigned long flags, bool sunken,
 
 void Paint_Outline(Canvas& canvas, const Area& area) { canvas.Outline(area.Inset(1), Outline_Blue); }
 
-namespace {
-
-/// A buffer that `Init` chose was made for the size it saw. It must not be read at a larger one.
-bool Covers(const Tools& control, const void* buffer) {
+bool Fits_Size(const Tools& control, const void* buffer) {
     if (buffer != control.Cur_Graph_Normal && buffer != control.Cur_Graph_Select) return true;
     return int{control.Width} * control.Height <= int{control.Last_Width} * control.Last_Height;
 }
+
+namespace {
 
 void Paint_Signal(const Tools& control, const Area& area, const Colors& color) {
     Canvas canvas(control);
@@ -49,7 +48,7 @@ void Paint_Body(Canvas& canvas, const Tools& control, bool highlighted, const vo
     if (flags & FLAG_STATIC) return;
     const Area body = area.Inset(inset);
     if (body.right < body.left || body.top < body.bottom) return;
-    if (buffer && Covers(control, buffer)) {
+    if (buffer && Fits_Size(control, buffer)) {
         canvas.Pixels(buffer, control.Width, control.Height, inset, inset - 1, body);
     } else {
         const Colors flat = highlighted ? Highlight_Color() : control.Color;

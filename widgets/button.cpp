@@ -53,10 +53,8 @@ void Paint_Lamp(Canvas& canvas, const Buttons& button) {
     Paint_Frame(canvas, button.Color, 0, true, frame, lamp);
 }
 
-/// Flags and place of the caption. That of a button that is down is white.
 unsigned long Caption_Flags(const Buttons& button) {
-    const unsigned long flags = button.Flag & ~FLAG_TEXT_WHITE;
-    return button.Value ? flags | FLAG_TEXT_WHITE : flags;
+    return galdren::Caption_Flags(button, button.Value != 0);
 }
 
 Area Caption_Area(const Buttons& button) {
@@ -81,11 +79,6 @@ void Paint_Look(Canvas& canvas, const Buttons& button, bool highlighted, bool wi
     Paint_Fill(canvas, button, highlighted);
     if (with_lamp) Paint_Lamp(canvas, button);
     Paint_Name(canvas, button);
-}
-
-void Choose_Bodies(Buttons& button) {
-    button.Cur_Graph_Normal = button.Value ? button.Normal_Down : button.Normal_Up;
-    button.Cur_Graph_Select = button.Value ? button.Select_Down : button.Select_Up;
 }
 
 void Renew_Bodies(Buttons& button) {

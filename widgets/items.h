@@ -90,18 +90,34 @@ inline void Copy_Font(Tools& item, const Tools& owner) {
     item.Font_Size = owner.Font_Size;
 }
 
+/// Gives a part the place, the colour and the font words of its owner.
+inline void Copy_Place(Tools& part, const Tools& owner) {
+    part.X = owner.X;
+    part.Y = owner.Y;
+    part.Width = owner.Width;
+    part.Height = owner.Height;
+    part.Color = owner.Color;
+    part.Font_Name = owner.Font_Name;
+    part.Font_Weight = owner.Font_Weight;
+    part.Font_Size = owner.Font_Size;
+}
+
 /// Gives the frame of a compound control the place and the look of its owner.
 inline void Copy_Frame(Tools& frame, const Tools& owner) {
-    frame.X = owner.X;
-    frame.Y = owner.Y;
-    frame.Width = owner.Width;
-    frame.Height = owner.Height;
-    frame.Color = owner.Color;
+    Copy_Place(frame, owner);
     frame.Border = owner.Border;
-    frame.Font_Name = owner.Font_Name;
-    frame.Font_Weight = owner.Font_Weight;
-    frame.Font_Size = owner.Font_Size;
     Copy_Clip(frame, owner);
+}
+
+/// Tells an item of the pointer. One that shows already what it would then show need not hear of it.
+template <class Item>
+int Tell(Item& item, int kind, const POINT& pointer) {
+    const bool under = PtInRect(&item.Rect, pointer);
+    if (item.Hover == Hover_Normal && (!under || Has_Flag(item, FLAG_PASSIVE))) return 0;
+    const int answer = item.Select(kind);
+    // A passive item does not note itself that it is painted plain.
+    if (Has_Flag(item, FLAG_PASSIVE)) item.Hover = Hover_Normal;
+    return answer;
 }
 
 /// Style bits of its owner that an item takes over.

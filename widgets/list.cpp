@@ -280,16 +280,6 @@ void Paint_Ground_Around(Canvas& canvas, const Lists& list, const Area& inner, c
     }
 }
 
-/// Tells an item of the pointer. One that shows already what it would then show need not hear of it.
-int Tell(Buttons& item, int kind, const POINT& pointer) {
-    const bool under = PtInRect(&item.Rect, pointer);
-    if (item.Hover == Hover_Normal && (!under || Has_Flag(item, FLAG_PASSIVE))) return 0;
-    const int answer = item.Select(kind);
-    // A passive item does not note itself that it is painted plain.
-    if (Has_Flag(item, FLAG_PASSIVE)) item.Hover = Hover_Normal;
-    return answer;
-}
-
 /// Takes an item out of view. It keeps no region: thousands of items could each have been seen last at a
 /// place of its own.
 void Hide(Buttons& item) {

@@ -283,6 +283,25 @@ TEST(Gallery_Test, Colours_Are_Dragged_And_Shown_By_Every_Control) {
     EXPECT_EQ(gallery.Close(), 0u);
 }
 
+TEST(Gallery_Test, Tabs_Come_To_The_Front) {
+    Gallery gallery("tabs");
+    const POINT page = gallery.Place_Of("Three tabs", 20, 40),
+                willow = gallery.Place_Of("Three tabs", 200, 8);
+    EXPECT_TRUE(Shows(page, 0xCEA06E));
+    ASSERT_TRUE(gallery.Point_At("Three tabs"));
+    gallery.Move_To(willow);
+    ASSERT_TRUE(Lights_Up(willow));
+    gallery.Press();
+    gallery.Release();
+    EXPECT_TRUE(gallery.Says("press \"Three tabs\": 2, Willow"));
+    EXPECT_TRUE(Shows(page, 0x8CA6BE)) << "the page takes the colour of its tab";
+    EXPECT_TRUE(gallery.Click("Twenty tabs", "press \"Twenty tabs\": 10, 11"));
+    EXPECT_TRUE(Shows(willow, 0x8CA6BE)) << "in front";
+    EXPECT_TRUE(gallery.Point_At("Boxes"));
+    EXPECT_TRUE(Lights_Up(gallery.Place_Of("Boxes", 15, 20)));
+    EXPECT_EQ(gallery.Close(), 0u);
+}
+
 TEST(Gallery_Test, Pages_Change_And_Keep_Their_State) {
     Gallery gallery("buttons");
     EXPECT_TRUE(gallery.Click("Lamp on", "press \"Lamp on\": Lamp 0"));

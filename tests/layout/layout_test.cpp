@@ -24,9 +24,9 @@ TEST(Layout, Differences_Are_Reported_Once) {
     classes[0].size = 7;
     const std::string first = "Boxs 7 / " + std::to_string(sizeof(Boxs));
     expect_report(Tools_Version(), classes.size(), ": " + first);
-    classes[3].size = 0xFFFFFFFF;
+    classes.back().size = 0xFFFFFFFF;
     expect_report(Tools_Version(), classes.size(),
-                  ": " + first + ", Colors 4294967295 / " + std::to_string(sizeof(Colors)));
+                  ": " + first + ", Valuators 4294967295 / " + std::to_string(sizeof(Valuators)));
     for (Class_Size& row : classes)
         row.size = 0xFFFFFFFF;
     EXPECT_FALSE(Compare_Tools_Layout(Tools_Version(), classes.data(), classes.size()));

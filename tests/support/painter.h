@@ -25,6 +25,7 @@ class Painter {
     void Line(COLORREF color, int x_a, int y_a, int x_b, int y_b, int width = 1);
     void Fill(COLORREF color, int x0, int x1, int y0, int y1);
     void Frame(COLORREF color, int x_a, int y_a, int x_b, int y_b);
+    void Polygon_Of(COLORREF color, std::initializer_list<POINT> points);
     void Clip(const Tools& control);
     void Cadre(const Tools& control, bool rim, bool sunken, int width, int x0, int x1, int y0, int y1);
     void Body(const Tools& control, bool lit, const unsigned long* image, int inset, int x0, int x1, int y0,
@@ -44,7 +45,6 @@ class Painter {
     void Outline(const Tools& control);
     void Write(HFONT font, COLORREF color, const char* text, unsigned long flags, const Box_Size& box,
                const Margins& free);
-    void Polygon_Of(COLORREF color, std::initializer_list<POINT> points);
     void Box_Look(const Boxs& box, bool lit);
     void Lamp(const Buttons& button);
     void Button_Caption(const Buttons& button, unsigned long flags);

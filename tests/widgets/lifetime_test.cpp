@@ -38,6 +38,7 @@ void Use_Everything(HWND window, const char* name = "Name") {
     for (const unsigned long flag : {0x0UL, 0x10024UL, 0x300010UL, 0x302404UL}) {
         Boxs box;
         Buttons button;
+        TabItems tab;
         Labels label;
         const auto pointed = [&](auto& control) {
             control.Font_Size = flag ? 11 : 0;
@@ -49,7 +50,7 @@ void Use_Everything(HWND window, const char* name = "Name") {
             control.Init(nullptr);
             control.Draw();
         };
-        pointed(box), pointed(button);
+        pointed(box), pointed(button), pointed(tab);
         prepare(label, flag);
         base(label);
     }

@@ -1,0 +1,307 @@
+#include "widgets/tabitem.h"
+
+#include <algorithm>
+
+#include "tools/base.h"
+#include "tools/sharing.h"
+
+using namespace galdren;
+
+namespace {
+
+/// With this bit, `Adjust` paints without a change of the value.
+constexpr unsigned long Adjusts_Always = 0x100000;
+
+/// A longer slant would turn the ends inside out.
+int Slant_Of(const TabItems& tab) { return std::clamp(int{tab.Slant}, 0, std::max(tab.Width / 2, 0)); }
+
+bool Is_Front(const TabItems& tab) { return tab.Value != 0; }
+
+bool Right_Is_Straight(const TabItems& tab) { return (tab.Shape & 0x0F) != 0; }
+bool Left_Is_Straight(const TabItems& tab) { return (tab.Shape & 0xF0) != 0; }
+
+Colors Shaded(Colors color) {
+    color -= Colors(20, 20, 20);
+    return color;
+}
+
+unsigned long Body_Color(const TabItems& tab, bool highlighted) {
+    if (highlighted) return (Is_Front(tab) ? Highlight_Color() : Colors(210, 100, 100)).get();
+    return (Is_Front(tab) ? tab.Color : Shaded(tab.Color)).get();
+}
+
+/// The corners of the edge around a tab.
+struct Trapezoid {
+    Trapezoid(const Area& area, int slant)
+        : left_foot{area.left, area.bottom + 1},
+          left_top{area.left + slant, area.top - 1},
+          right_top{area.right - slant, area.top - 1},
+          right_foot{area.right, area.bottom + 1} {}
+    POINT left_foot, left_top, right_top, right_foot;
+};
+
+void Paint_Edge(Canvas& canvas, const TabItems& tab, bool front, const Area& area) {
+    constexpr unsigned long Page_Edge = 0xAAAAAA;
+    const Trapezoid edge(area, Slant_Of(tab));
+    if (front) {
+        canvas.Lines({edge.left_foot, edge.left_top, edge.right_top, edge.right_foot}, Black);
+    } else {
+        canvas.Lines({edge.left_foot, edge.left_top, edge.right_top, edge.right_foot, edge.left_foot}, Black);
+    }
+    canvas.Row(area.right, area.left, area.bottom, front ? Page_Edge : White);
+    canvas.Row(area.right, area.left, area.bottom - 1, front ? Page_Edge : Light_Grey);
+}
+
+void Paint_Flat(Canvas& canvas, const TabItems& tab, const Area& area) {
+    const Trapezoid edge(area, Slant_Of(tab));
+    canvas.Polygon({edge.left_foot, edge.left_top, edge.right_top, edge.right_foot}, Shaded(tab.Color).get());
+    canvas.Lines({edge.left_foot, edge.left_top, edge.right_top, edge.right_foot}, Outline_Blue);
+    canvas.Row(area.right, area.left, area.bottom + 1, Black);
+    canvas.Row(area.right, area.left, area.bottom, White);
+    canvas.Row(area.right, area.left, area.bottom - 1, Light_Grey);
+}
+
+/// Where the body lies between its wings, all four edges included, when the upper edge of the tab is that of
+/// `top`.
+Area Middle_Of(const Area& top) { return {top.left + 1, top.right - 2, top.bottom + 2, top.top - 2}; }
+
+/// The lit edge of the left end; x is that of the end's top. It goes down to `foot`.
+void Paint_Left_Bevel(Canvas& canvas, int x, int top, const POINT& foot, bool straight) {
+    const int turn = straight ? 1 : 0;
+    canvas.Polygon({foot, {foot.x + 2, foot.y - turn}, {x + 2, top - 2 - turn}, {x, top - 2}}, White);
+    canvas.Lines({foot, {x, top - 1}}, Black);
+}
+
+/// The edge of the right end, in the shade.
+void Paint_Right_Bevel(Canvas& canvas, int x, int top, const POINT& foot, bool straight) {
+    const int turn = straight ? 1 : 0;
+    canvas.Polygon({{x, top - 2}, {x - 2, top - 2 - turn}, {foot.x - 2, foot.y - turn}, foot}, Dark_Grey);
+    canvas.Lines({{x, top - 1}, foot}, Black);
+}
+
+/// Takes away the edge of the page below the front tab, so that both are one.
+void Merge_With_Page(Canvas& canvas, const TabItems& tab, int left, int right, int y0) {
+    const unsigned long color = tab.Color.get();
+    canvas.Row(left + 1, right + 1, y0 + 1, color);
+    canvas.Row(left + 1, right + 2, y0, color);
+    canvas.Row(left, right + 3, y0 - 1, color);
+    canvas.Column(left + 1, y0 + 1, y0 - 1, White);
+}
+
+/// The body with a triangle at either end. Where both go outward the three are one polygon.
+void Paint_Body_And_Wings(Canvas& canvas, const Area& top, const POINT& left_wing, const POINT& right_wing,
+                          unsigned long color) {
+    const POINT left_foot{top.left, top.bottom + 2};
+    const POINT left_shoulder{top.left + 1, top.top - 2};
+    const POINT right_shoulder{top.right - 1, top.top - 2};
+    const POINT right_foot{top.right - 1, top.bottom + 2};
+    const bool wide = top.right - top.left > 2;
+    if (wide && left_wing.x <= top.left && right_wing.x >= top.right - 1) {
+        canvas.Polygon({left_foot, left_wing, left_shoulder, right_shoulder, right_wing, right_foot}, color);
+        return;
+    }
+    if (wide) canvas.Box({top.left + 1, top.right - 1, top.bottom + 1, top.top - 2}, color);
+    canvas.Polygon({right_shoulder, right_wing, right_foot}, color);
+    canvas.Polygon({left_foot, left_wing, left_shoulder}, color);
+}
+
+/// The body, its wings and bevels, below the upper edge of `top`. A tab too small for them is its edge alone.
+void Paint_Shape(Canvas& canvas, const TabItems& tab, const Area& top, unsigned long color) {
+    const int slant = Slant_Of(tab);
+    const int x0 = top.left;
+    const int x1 = top.right;
+    const int y0 = top.bottom;
+    const int y1 = top.top;
+    if (x1 - x0 + 2 * slant < 4 || y1 - y0 < 4) return;
+    const int half = slant / 2;
+    const int middle = (y0 + y1) / 2;
+    const bool left = Left_Is_Straight(tab);
+    const bool right = Right_Is_Straight(tab);
+    const POINT left_foot = left ? POINT{x0 - slant, y0 + 2} : POINT{x0 - slant + half, middle};
+    const POINT right_foot = right ? POINT{x1 + slant, y0 + 2} : POINT{x1 + slant - half, middle};
+    // With an odd slant, the point of a wing is a pixel short of that of its bevel.
+    const POINT left_wing = left ? left_foot : POINT{x0 - half, middle};
+    const POINT right_wing = right ? right_foot : POINT{x1 + half, middle};
+
+    Paint_Body_And_Wings(canvas, top, {left_wing.x + 2, left_wing.y}, {right_wing.x - 2, right_wing.y},
+                         color);
+    canvas.Row(x0 + 1, x1 - 1, y1 - 2, White);
+    canvas.Row(x0 + 1, x1 - 1, y1 - 3, Light_Grey);
+    Paint_Left_Bevel(canvas, x0, y1, left_foot, left);
+    Paint_Right_Bevel(canvas, x1, y1, right_foot, right);
+    if (Is_Front(tab)) Merge_With_Page(canvas, tab, x0 - slant, x1 + slant, y0);
+}
+
+void Paint_Fill(Canvas& canvas, const TabItems& tab, bool highlighted, const void* image, unsigned long flags,
+                int border, const Area& top) {
+    if (flags & FLAG_STATIC) return;
+    if (image && Fits_Size(tab, image)) {
+        const int inset = std::max(border, 1);
+        canvas.Pixels(image, tab.Width, tab.Height, inset, inset, top.Inset(inset));
+    } else {
+        Paint_Shape(canvas, tab, top, Body_Color(tab, highlighted));
+    }
+}
+
+/// What `Paint_Fill` takes for the place of a tab: its rectangle without the slanted ends.
+Area Top_Of(const TabItems& tab) {
+    Area area = Area_Of(tab);
+    area.left += Slant_Of(tab);
+    area.right -= Slant_Of(tab);
+    return area;
+}
+
+void Paint_Name(Canvas& canvas, const TabItems& tab, unsigned long flags) {
+    Paint_Caption(canvas, tab.Font, tab.Name, flags, Area_Of(tab), tab.Border);
+}
+
+unsigned long Caption_Flags(const TabItems& tab) { return galdren::Caption_Flags(tab, Is_Front(tab)); }
+
+/// Body and caption.
+void Paint_Look(Canvas& canvas, const TabItems& tab, bool highlighted) {
+    const unsigned long* image = highlighted ? tab.Cur_Graph_Select : tab.Cur_Graph_Normal;
+    Paint_Fill(canvas, tab, highlighted, image, tab.Flag, Frame_Width(tab) + 1, Top_Of(tab));
+    Paint_Name(canvas, tab, Caption_Flags(tab));
+}
+
+/// Whether a caption painted before the body would be painted over.
+bool Body_Hides_Name(Canvas& canvas, const TabItems& tab) {
+    return !Has_Flag(tab, FLAG_STATIC) && !tab.Cur_Graph_Normal && !tab.Cur_Graph_Select &&
+           Caption_Stays_Inside(canvas, tab.Font, tab.Name, Caption_Flags(tab), Area_Of(tab), tab.Border,
+                                Middle_Of(Top_Of(tab)));
+}
+
+/// The whole tab, highlighted when the pointer is inside.
+void Paint_Whole(Canvas& canvas, TabItems& tab) {
+    Paint_Edge(canvas, tab, Is_Front(tab), Area_Of(tab));
+    if (!Has_Flag(tab, FLAG_STATIC)) Choose_Bodies(tab);
+    if (!Body_Hides_Name(canvas, tab)) Paint_Name(canvas, tab, Caption_Flags(tab));
+    if (Has_Flag(tab, FLAG_STATIC)) return;
+    tab.Hover = Hover_Unknown;
+    const bool passive = Has_Flag(tab, FLAG_PASSIVE);
+    const bool inside = !passive && Pointer_Inside(tab);
+    if (!passive) Hover_Changes(tab, tab.Hover, inside);
+    Paint_Look(canvas, tab, inside);
+}
+
+/// Puts an image to use. The tab holds it like a copy does, for the application may replace it while it is
+/// still the one painted.
+void Take_Image(unsigned long* image, unsigned long*& up, unsigned long*& down, unsigned long*& current) {
+    Share_Array(image);
+    Release_Array(up);
+    up = down = current = image;
+}
+
+/// An image is looked for only when the size changed; those for another size are no longer of use.
+void Renew_Images(TabItems& tab) {
+    if (tab.Width == tab.Last_Width && tab.Height == tab.Last_Height) return;
+    const bool wanted = !Has_Flag(tab, FLAG_STATIC);
+    Take_Image(wanted ? tab.Graph_Normal : nullptr, tab.Normal_Up, tab.Normal_Down, tab.Cur_Graph_Normal);
+    Take_Image(wanted ? tab.Graph_Select : nullptr, tab.Select_Up, tab.Select_Down, tab.Cur_Graph_Select);
+}
+
+}  // namespace
+
+TabItems::TabItems() = default;
+
+TabItems::TabItems(const TabItems& other)
+    : Tools(other),
+      Value(other.Value),
+      Hover(other.Hover),
+      Slant(other.Slant),
+      Shape(other.Shape),
+      Normal_Up(other.Normal_Up),
+      Normal_Down(other.Normal_Down),
+      Select_Up(other.Select_Up),
+      Select_Down(other.Select_Down),
+      Own_Normal_Up(other.Own_Normal_Up),
+      Own_Normal_Down(other.Own_Normal_Down),
+      Own_Select_Up(other.Own_Select_Up),
+      Own_Select_Down(other.Own_Select_Down),
+      Last_Value(other.Last_Value) {
+    for (const unsigned long* held :
+         {Normal_Up, Select_Up, Own_Normal_Up, Own_Normal_Down, Own_Select_Up, Own_Select_Down}) {
+        Share_Array(held);
+    }
+}
+
+TabItems& TabItems::operator=(const TabItems& other) { return Reassign(*this, other); }
+
+TabItems::~TabItems() {
+    for (const unsigned long* held :
+         {Normal_Up, Select_Up, Own_Normal_Up, Own_Normal_Down, Own_Select_Up, Own_Select_Down}) {
+        Release_Array(held);
+    }
+}
+
+void TabItems::Init(HWND window) {
+    if (!Begin_Init(*this, window, "TabItems::Init")) return;
+    Hover = Hover_Unknown;
+    Last_Value = Value;
+    Default_Grey(*this);
+    Bind(*this, window);
+    Renew_Font(*this);
+    Flag |= FLAG_OWN_IMAGES;
+    Renew_Images(*this);
+    Note_Size(*this);
+    Last_Color = Color.get();
+}
+
+void TabItems::Draw() {
+    Check(*this, "TabItems::Draw");
+    if (!Has_Size(*this)) return;
+    Last_Value = Value;
+    Canvas canvas(*this);
+    if (Has_Flag(*this, FLAG_OUTLINE)) {
+        Paint_Flat(canvas, *this, Area_Of(*this));
+        Paint_Name(canvas, *this, Flag);
+    } else if (!Has_Flag(*this, FLAG_NO_BODY)) {
+        Paint_Whole(canvas, *this);
+    }
+}
+
+int TabItems::Select(int) {
+    Check(*this, "TabItems::Select");
+    if (!Has_Size(*this)) return 0;
+    return Select_By_Hover(*this, EVENT_MOVE, [this](bool highlighted) {
+        Canvas canvas(*this);
+        Paint_Look(canvas, *this, highlighted);
+    });
+}
+
+void TabItems::Deselect() {
+    if (State == 0 || !Has_Size(*this) || Never_Highlights(*this)) return;
+    Canvas canvas(*this);
+    Paint_Look(canvas, *this, false);
+}
+
+void TabItems::Adjust() {
+    Check(*this, "TabItems::Adjust");
+    if (!Has_Size(*this) || Has_Flag(*this, FLAG_NO_BODY)) return;
+    if (!Has_Flag(*this, Adjusts_Always) && Value == Last_Value) return;
+    Last_Value = Value;
+    Canvas canvas(*this);
+    Paint_Whole(canvas, *this);
+}
+
+int TabItems::Read() {
+    Check(*this, "TabItems::Read");
+    return Value;
+}
+
+void TabItems::Cadre(long, short value, short, short x0, short x1, short y0, short y1) {
+    Canvas canvas(*this);
+    Paint_Edge(canvas, *this, value != 0, {x0, x1, y0, y1});
+}
+
+void TabItems::Cadre_Outline(short x0, short x1, short y0, short y1) {
+    Canvas canvas(*this);
+    Paint_Flat(canvas, *this, {x0, x1, y0, y1});
+}
+
+void TabItems::Fill_Select(short selected, const char* image, long flags, short border, short x0, short x1,
+                           short y0, short y1) {
+    Canvas canvas(*this);
+    Paint_Fill(canvas, *this, selected != 0, image, static_cast<unsigned long>(flags), border,
+               {x0, x1, y0, y1});
+}

@@ -1,0 +1,297 @@
+#include "widgets/tabs.h"
+
+#include <algorithm>
+#include <climits>
+#include <span>
+#include <utility>
+
+#include "tools/context.h"
+#include "tools/dimensions.h"
+#include "tools/sharing.h"
+#include "widgets/items.h"
+
+using namespace galdren;
+
+namespace {
+
+constexpr Grow_Place Grow_In_Tabs{"tabs", 96, 93};
+
+/// Free on either side of the row.
+int Row_Margin() { return 4 * SPACE; }
+
+/// The tabs that `Init` placed, as far as they are still there.
+std::span<TabItems* const> Row_Of(const Tabs& set) {
+    const int count = std::clamp(int{set.Count}, 0, Count_Items(set.Item));
+    return {set.Item, static_cast<std::size_t>(count)};
+}
+
+/// Null when there is no such tab.
+TabItems* Tab_At(const Tabs& set, int index) {
+    const auto row = Row_Of(set);
+    return index >= 0 && index < static_cast<int>(row.size()) ? row[static_cast<std::size_t>(index)]
+                                                              : nullptr;
+}
+
+TabItems* Front_Of(const Tabs& set) { return Tab_At(set, set.Value); }
+
+/// Tabs that are narrower than their slant would step backwards, out of the set.
+bool Has_Room(const Tabs& set) { return set.Count < 2 || set.Tab_Width >= set.Slant; }
+
+void Init_Box(Tabs& set) {
+    Copy_Place(set.Box, set);
+    set.Box.Flag = (set.Flag & (FLAG_NO_BODY | FLAG_STATIC | FLAG_OUTLINE | FLAG_OWN_IMAGES)) | FLAG_PASSIVE;
+    set.Box.Init(set.Window);
+}
+
+void Init_Tabs(Tabs& set) {
+    const int total = (set.Count - 1) * set.Slant - 2 * Row_Margin() + set.Width;
+    const unsigned long flags = Has_Flag(set, FLAG_STATIC) ? set.Flag & (FLAG_STATIC | FLAG_OWN_IMAGES) : 0;
+    set.Tab_Width = Low_16(total / set.Count);
+    const int rest = total - set.Tab_Width * set.Count;
+    for (int i = 0; i < set.Count; ++i) {
+        TabItems& tab = *set.Item[i];
+        const bool last = i == set.Count - 1;
+        tab.Flag |= flags;
+        tab.Value = i == set.Value;
+        tab.X = Low_16((set.Tab_Width - set.Slant) * i + set.First_X);
+        tab.Y = set.Y;
+        tab.Width = Low_16(set.Tab_Width + (last ? rest : 0));
+        tab.Height = set.Height;
+        tab.Slant = set.Slant;
+        Copy_Font(tab, set);
+        if (tab.Color.get() == 0) tab.Color = set.Color;
+        tab.Init(set.Window);
+    }
+}
+
+/// Gives every tab the ends that fit its place in the row. Each lies on the left end of the next; the front
+/// tab lies on both its neighbours.
+void Choose_Ends(const Tabs& set) {
+    const int front = Front_Of(set) ? set.Value : INT_MIN / 2;
+    int index = 0;
+    for (TabItems* tab : Row_Of(set)) {
+        int ends = TAB_RIGHT_STRAIGHT;
+        if (index == 0 || index == front) ends |= TAB_LEFT_STRAIGHT;
+        if (index == front - 1) ends &= ~TAB_RIGHT_STRAIGHT;
+        tab->Shape = Low_16((tab->Shape & ~0xFF) | ends);
+        ++index;
+    }
+}
+
+/// Visits the tabs from the last to the first, and the front tab after all others.
+template <class Visit>
+void From_Back_To_Front(const Tabs& set, Visit visit) {
+    const auto row = Row_Of(set);
+    TabItems* const front = Front_Of(set);
+    for (auto tab = row.rbegin(); tab != row.rend(); ++tab) {
+        if (*tab != front) visit(**tab);
+    }
+    if (front) visit(*front);
+}
+
+/// Whether painting a tab again would show what it shows.
+bool Is_Current(const TabItems& tab, const POINT& pointer) {
+    if (Has_Flag(tab, FLAG_OUTLINE)) return tab.Hover == Hover_Unknown;
+    if (Never_Highlights(tab) || Has_Flag(tab, FLAG_PASSIVE)) return true;
+    return tab.Hover == (PtInRect(&tab.Rect, pointer) ? Hover_Highlighted : Hover_Normal);
+}
+
+/// Whether another front tab changes nothing but the surroundings of the old and the new one. A tab with a
+/// clip of its own cannot be painted in part.
+bool Rest_Is_Current(const Tabs& set, const TabItems* before, const TabItems* now) {
+    POINT pointer{};
+    if (!Find_Pointer(set.Window, pointer)) return false;
+    const auto row = Row_Of(set);
+    return std::all_of(row.begin(), row.end(), [&](const TabItems* tab) {
+        const bool turns = tab == before || tab == now;
+        return tab->Clip_Width == 0 && (turns || Is_Current(*tab, pointer));
+    });
+}
+
+/// The columns left..right-1 and rows bottom+1..top that a tab and the edge of its left neighbour may paint
+/// when it comes to the front or leaves it. The front tab takes the page's edge on its right along.
+Area Surroundings(const TabItems& tab) {
+    const Area area = Area_Of(tab);
+    return {area.left - 2, area.right + 3, area.bottom - 2, area.top};
+}
+
+bool Meet(const Area& a, const Area& b) { return a.left < b.right && b.left < a.right; }
+
+/// Paints what meets an area, in that area.
+void Paint_Part(Canvas& canvas, const Tabs& set, const Area& part) {
+    const Narrow_Clip clip = canvas.Narrow(part);
+    From_Back_To_Front(set, [&](TabItems& tab) {
+        if (Meet(Surroundings(tab), part)) tab.Draw();
+    });
+}
+
+/// Paints the surroundings of the old and the new front tab, either of which may be missing.
+void Paint_Change(const Tabs& set, const TabItems* before, const TabItems* now) {
+    Canvas canvas(set.Window);
+    if (!before || !now) {
+        if (before || now) Paint_Part(canvas, set, Surroundings(before ? *before : *now));
+        return;
+    }
+    const Area from = Surroundings(*before);
+    const Area to = Surroundings(*now);
+    if (Meet(from, to)) {
+        Paint_Part(canvas, set,
+                   {std::min(from.left, to.left), std::max(from.right, to.right), from.bottom, from.top});
+    } else {
+        Paint_Part(canvas, set, from);
+        Paint_Part(canvas, set, to);
+    }
+}
+
+/// The front tab has the next `Select` paint it, on top of neighbours that light up beside it.
+void Forget_Front(const Tabs& set) {
+    if (TabItems* front = Front_Of(set)) front->Hover = Hover_Unknown;
+}
+
+/// One of the three lines around a page: from the end of the row down the left side, along the bottom and up
+/// the right side.
+void Paint_Page_Line(Canvas& canvas, const Area& line, int corner_left, int corner_right, unsigned long side,
+                     unsigned long below) {
+    canvas.Lines({{corner_left, line.top}, {line.left, line.top}, {line.left, line.bottom}}, side);
+    canvas.Lines({{line.left, line.bottom}, {line.right, line.bottom}}, below);
+    canvas.Lines({{line.right, line.bottom}, {line.right, line.top}, {corner_right, line.top}}, side);
+}
+
+}  // namespace
+
+Tabs::Tabs() = default;
+
+Tabs::Tabs(const Tabs& other)
+    : Tools(other),
+      Value(other.Value),
+      Reserved(other.Reserved),
+      Tab_Height(other.Tab_Height),
+      Item(other.Item),
+      Last_Value(other.Last_Value),
+      Count(other.Count),
+      First_X(other.First_X),
+      Tab_Width(other.Tab_Width),
+      Slant(other.Slant),
+      Box(other.Box),
+      Painted(other.Painted) {
+    Share(Thing::Array, Item);
+}
+
+Tabs& Tabs::operator=(const Tabs& other) { return Reassign(*this, other); }
+
+Tabs::~Tabs() { Release_Items(Item); }
+
+int Tabs::Grow(int n, int flags) {
+    if (n < 0) {
+        Error_Fct(hwnd, ERROR_LEVEL_WARNING, "Tabs: there cannot be %d tabs\n   name: %s", n,
+                  Name ? Name : "");
+        return 0;
+    }
+    Painted = false;
+    // New tabs are blank but for their style: the clip of the set is for its page.
+    return Grow_Items(Tools(), Item, n, static_cast<unsigned long>(flags), Grow_In_Tabs);
+}
+
+void Tabs::Init(HWND window) {
+    if (!Begin_Init(*this, window, "Tabs::Init")) return;
+    Last_Value = Value;
+    Painted = false;
+    Default_Grey(*this);
+    Bind(*this, window);
+    Renew_Font(*this);
+    Init_Box(*this);
+    Count = Low_16(Count_Items(Item));
+    if (Count == 0) return;
+    Slant = Low_16(Height / 4);
+    First_X = Low_16(X + Row_Margin());
+    Init_Tabs(*this);
+    Note_Size(*this);
+}
+
+/// Paints all tabs.
+void Tabs::Update() {
+    if (!Has_Size(*this)) return;
+    Choose_Ends(*this);
+    if (Has_Flag(*this, FLAG_OUTLINE) || !Has_Room(*this)) return;
+    const Canvas canvas(Window);  // for all tabs at once
+    From_Back_To_Front(*this, [](TabItems& tab) { tab.Draw(); });
+    Painted = true;
+}
+
+void Tabs::Draw() {
+    Check(*this, "Tabs::Draw");
+    if (!Has_Size(*this)) return;
+    Last_Value = Value;
+    if (Has_Flag(*this, FLAG_NO_BODY)) return;
+    const TabItems* front = Front_Of(*this);
+    for (TabItems* tab : Row_Of(*this))
+        tab->Value = tab == front;
+    Update();
+    Forget_Front(*this);
+}
+
+void Tabs::Adjust() {
+    Check(*this, "Tabs::Adjust");
+    if (!Has_Size(*this) || Value == Last_Value || Has_Flag(*this, FLAG_PASSIVE)) return;
+    TabItems* const before = Tab_At(*this, std::exchange(Last_Value, Value));
+    TabItems* const now = Front_Of(*this);
+    if (before) before->Value = 0;
+    if (now) now->Value = 1;
+    if (Has_Flag(*this, FLAG_NO_BODY)) return;
+    if (Painted && !Has_Flag(*this, FLAG_OUTLINE) && Rest_Is_Current(*this, before, now)) {
+        Choose_Ends(*this);
+        Paint_Change(*this, before, now);
+    } else {
+        Update();
+    }
+    Forget_Front(*this);
+}
+
+int Tabs::Select(int event) {
+    Check(*this, "Tabs::Select");
+    if (!Has_Size(*this) || Has_Flag(*this, FLAG_PASSIVE) || !Has_Room(*this)) return 0;
+    POINT pointer{};
+    const bool inside = Find_Pointer(Window, pointer) && PtInRect(&Rect, pointer);
+    int answer = 0;
+    for (TabItems* tab : Row_Of(*this)) {
+        if ((inside || tab->Hover != Hover_Normal) && Tell(*tab, Event_Kind(event), pointer)) answer = 1;
+    }
+    return inside ? answer : 0;
+}
+
+void Tabs::Deselect() {
+    if (State == 0 || !Has_Size(*this) || Never_Highlights(*this) || !Has_Room(*this)) return;
+    Painted = false;
+    const Canvas canvas(Window);  // for all tabs at once
+    From_Back_To_Front(*this, [](TabItems& tab) { tab.Deselect(); });
+}
+
+int Tabs::Read() {
+    Check(*this, "Tabs::Read");
+    POINT pointer{};
+    if (!Has_Size(*this) || Has_Flag(*this, FLAG_PASSIVE)) return -1;
+    if (!Find_Pointer(Window, pointer) || !PtInRect(&Rect, pointer)) return -1;
+    const Area spot{pointer.x, pointer.x, pointer.y, pointer.y};
+    const auto row = Row_Of(*this);
+    const auto found = std::find_if(row.begin(), row.end(), [&](const TabItems* tab) {
+        return Has_Size(*tab) && !Has_Flag(*tab, FLAG_PASSIVE) && Area_Of(*tab).Holds(spot);
+    });
+    return found == row.end() ? -1 : static_cast<int>(found - row.begin());
+}
+
+void Tabs::Page(int height) {
+    if (!Has_Size(*this)) return;
+    const TabItems* front = Front_Of(*this);
+    const Area row = Area_Of(*this);
+    const int bottom = row.top - std::clamp(height ? height : Tab_Height, SHRT_MIN, SHRT_MAX);
+    const int top = row.bottom;
+    const int left = row.left + Row_Margin();
+    const int right = row.right - Row_Margin();
+    Canvas canvas(*this);
+    canvas.Polygon({{row.left, top - 2}, {row.left, bottom}, {row.right, bottom}, {row.right, top - 2}},
+                   (front ? front->Color : Color).get());
+    Paint_Page_Line(canvas, {row.left + 1, row.right - 1, bottom + 1, top}, left, right, White, Dark_Grey);
+    Paint_Page_Line(canvas, {row.left + 2, row.right - 2, bottom + 2, top - 1}, left, right, Light_Grey,
+                    Dark_Grey);
+    Paint_Page_Line(canvas, {row.left, row.right, bottom, top + 1}, left, right, Black, Black);
+}
