@@ -158,7 +158,20 @@ POINT Gallery::Lamp_Of(const std::string& button) const {
     return Place_Of(button, lamp_middle, (places_.at(button).bottom - places_.at(button).top) / 2);
 }
 
-void Gallery::Move_To(POINT screen) const { SetCursorPos(screen.x, screen.y); }
+// As input, so that it keeps its place among the presses; what SetCursorPos does may come later.
+void Gallery::Move_To(POINT screen) const {
+    constexpr int Full_Scale = 65536;
+    const auto scaled = [](LONG place, int metric) {
+        const int size = GetSystemMetrics(metric);
+        return (place * Full_Scale + size - 1) / size;
+    };
+    INPUT input{};
+    input.type = INPUT_MOUSE;
+    input.mi.dwFlags = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE;
+    input.mi.dx = scaled(screen.x, SM_CXSCREEN);
+    input.mi.dy = scaled(screen.y, SM_CYSCREEN);
+    SendInput(1, &input, sizeof input);
+}
 
 bool Gallery::Point_At(const std::string& control) {
     const POINT middle = Middle_Of(control);
