@@ -65,6 +65,31 @@ class Native_Tabs : public Native_Side {
     }
 };
 
+/// Both controls paint themselves anew, without their windows: ours its ground and all tabs.
+Result Paint_Anew() {
+    constexpr int Times = 20;
+    Our_Side<Tabs> ours(Fill);
+    Native_Tabs native;
+    bench::Require_Repainted(ours.Window(), &Place, 1);
+    bench::Require_Repainted(native.Window(), &Place, 1);
+    const auto repeat = [](const auto& paint) {
+        return [paint] {
+            for (int i = 0; i < Times; ++i)
+                paint();
+            bench::Flush();
+        };
+    };
+    const auto paint_ours = [&] {
+        ours.Get().Clear();
+        ours.Get().Draw();
+    };
+    const auto paint_native = [&] {
+        RedrawWindow(native.Get().Get(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
+    };
+    return Compare({repeat(paint_ours), Times, [&] { ours.Window().Raise(); }},
+                   {repeat(paint_native), Times, [&] { native.Window().Raise(); }});
+}
+
 bench::Work Repaint_Place(const Stage& stage) {
     constexpr int Times = 20;
     return {[&stage] {
@@ -104,6 +129,7 @@ using bench::Of_Native;
 const bench::Register rows[] = {
     bench::Register({"tabs: repaint in a batch", "us", Of_Native(0.3), Repaint<Painting::In_Batch>}),
     bench::Register({"tabs: repaint without batch", "us", Of_Native(0.3), Repaint<Painting::One_By_One>}),
+    bench::Register({"tabs: painted anew, on display", "us", Of_Native(0.3), Paint_Anew}),
     bench::Register(
         {"tabs: next one chosen, on display", "us", Of_Native(0.3), Choose_Next<Shown::Together>}),
     bench::Register(
