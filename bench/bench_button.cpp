@@ -6,10 +6,10 @@
 #include <utility>
 #include <vector>
 
-#include "call_counter.h"
 #include "footprint.h"
 #include "host/host.h"
 #include "scene.h"
+#include "support/call_counter.h"
 
 namespace {
 
@@ -240,7 +240,7 @@ Result Pointer_Move_By_Select() {
 
 Result Calls_By_Select() {
     Our_Side ours(Painting::In_Batch);
-    bench::Call_Counter counter(GetModuleHandleA("Galdren_Tools.dll"));
+    support::Call_Counter counter(GetModuleHandleA("Galdren_Tools.dll"));
     Put_Pointer(ours.Window(), In_Middle_Button(0));
     ours.Set().Select(EVENT_MOVE);
     Require(counter.Calls() > 0, "the calls are not counted");

@@ -18,6 +18,7 @@ std::span<const Page> Pages() {
         {"icons", "Icons", Build_Icons},
         {"directories", "Drives", Build_Directories},
         {"dialogs", "Dialogs", Build_Dialogs},
+        {"stress", "Stress", Build_Stress},
     };
     return pages;
 }

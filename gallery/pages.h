@@ -34,5 +34,6 @@ void Build_Colors(Sheet& sheet);
 void Build_Dialogs(Sheet& sheet);
 void Build_Directories(Sheet& sheet);
 void Build_Tabs(Sheet& sheet);
+void Build_Stress(Sheet& sheet);
 
 }  // namespace gallery

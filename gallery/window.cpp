@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "Galdren_Util.h"
+#include "gallery/call_meter.h"
 
 namespace gallery {
 
@@ -94,6 +95,9 @@ void Window::Build_Status() {
     status_text.Font_Name = "Arial";
     status_text.Font_Size = 9;
     status_text.Set_Name("Move over the controls and press them");
+    status_cost.Flag = FLAG_TEXT_RIGHT;
+    status_cost.Font_Name = "Arial";
+    status_cost.Font_Size = 9;
 }
 
 /// Shows the page whose tab was pressed.
@@ -121,6 +125,7 @@ void Window::Show_Page(std::size_t index) {
     sheet->Show();
     host.Add(status_box);
     host.Add(status_text);
+    host.Add(status_cost);
     Fit();
     InvalidateRect(window, nullptr, FALSE);
     if (announced) Log_Page();
@@ -154,6 +159,10 @@ void Window::Fit_Status(SIZE client) {
     status_text.Y = status_box.Y;
     status_text.Width = static_cast<short>(status_box.Width - 20);
     status_text.Height = status_box.Height;
+    status_cost.X = status_text.X;
+    status_cost.Y = status_text.Y;
+    status_cost.Width = status_text.Width;
+    status_cost.Height = status_text.Height;
 }
 
 void Window::Paint_Page() { page_tabs.Page(page_tabs.Y + page_tabs.Height - page_bottom); }
@@ -223,6 +232,25 @@ LRESULT CALLBACK Window::Procedure(HWND window, UINT message, WPARAM wparam, LPA
 }
 
 LRESULT Window::On_Message(UINT message, WPARAM wparam, LPARAM lparam) {
+    LRESULT result = 0;
+    {
+        const Metered_Event event(window, message);
+        result = Handle(message, wparam, lparam);
+    }
+    // The gallery is gone after the last message.
+    if (message != WM_NCDESTROY && message != WM_DESTROY) Show_Cost();
+    return result;
+}
+
+/// Shows what the last event that painted cost, when it is another one than is shown.
+void Window::Show_Cost() {
+    const std::string cost = Call_Meter::Get().Text_Of_Last_Paint();
+    if (status_cost.Name && cost == status_cost.Name) return;
+    status_cost.Set_Name("%s", cost.c_str());
+    host.Refresh(status_box);
+}
+
+LRESULT Window::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
     LRESULT result = 0;
     const bool taken = host.Message(message, wparam, lparam, result);
     Log_Pointer();

@@ -31,6 +31,8 @@ class Window {
   private:
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
     LRESULT On_Message(UINT message, WPARAM wparam, LPARAM lparam);
+    LRESULT Handle(UINT message, WPARAM wparam, LPARAM lparam);
+    void Show_Cost();
 
     void Build_Header();
     void Build_Status();
@@ -58,6 +60,7 @@ class Window {
     std::size_t shown = 0;
     Boxs status_box;
     Labels status_text;
+    Labels status_cost;  // what the last event that painted cost
 };
 
 }  // namespace gallery

@@ -158,19 +158,20 @@ POINT Gallery::Lamp_Of(const std::string& button) const {
     return Place_Of(button, lamp_middle, (places_.at(button).bottom - places_.at(button).top) / 2);
 }
 
-// As input, so that it keeps its place among the presses; what SetCursorPos does may come later.
+// The display tells of a move some time after it; an older one that comes late moves the pointer back. A
+// press must not come before the pointer rests.
 void Gallery::Move_To(POINT screen) const {
-    constexpr int Full_Scale = 65536;
-    const auto scaled = [](LONG place, int metric) {
-        const int size = GetSystemMetrics(metric);
-        return (place * Full_Scale + size - 1) / size;
-    };
-    INPUT input{};
-    input.type = INPUT_MOUSE;
-    input.mi.dwFlags = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE;
-    input.mi.dx = scaled(screen.x, SM_CXSCREEN);
-    input.mi.dy = scaled(screen.y, SM_CYSCREEN);
-    SendInput(1, &input, sizeof input);
+    constexpr ULONGLONG Rest = 25;
+    SetCursorPos(screen.x, screen.y);
+    ULONGLONG since = GetTickCount64();
+    Wait_Until([&] {
+        POINT now{};
+        GetCursorPos(&now);
+        if (now.x == screen.x && now.y == screen.y) return GetTickCount64() - since >= Rest;
+        SetCursorPos(screen.x, screen.y);
+        since = GetTickCount64();
+        return false;
+    });
 }
 
 bool Gallery::Point_At(const std::string& control) {

@@ -227,8 +227,13 @@ TEST(Gallery_Test, Entry_Fields_Filter_And_Hand_On_The_Focus) {
 TEST(Gallery_Test, Dialogs_Are_Answered_And_Leave_The_Gallery_Usable) {
     Gallery gallery("dialogs");
     const auto open = [&](const char* button, const char* title) {
-        gallery.Move_To(gallery.Middle_Of(button));
-        EXPECT_TRUE(Lights_Up(Body_Of(gallery, button)));
+        // A move that comes while a dialog is just closing may be lost; a hand would move on.
+        POINT place = gallery.Middle_Of(button);
+        EXPECT_TRUE(Wait_Until([&] {
+            ++place.x;
+            gallery.Move_To(place);
+            return Is_Lit(Body_Of(gallery, button));
+        }));
         gallery.Press();
         gallery.Release();
         HWND dialog = nullptr;
@@ -352,7 +357,7 @@ TEST(Gallery_Test, Writes_Pictures) {
     const std::string target = std::string(directory) + "galdren_gallery_test";
     Program program("--png \"" + target + '"');
     EXPECT_EQ(program.Exit_Code(), 0u);
-    for (const char* page : {"boxes", "labels", "buttons"}) {
+    for (const char* page : {"boxes", "labels", "buttons", "stress"}) {
         const std::string path = target + "\\gallery-" + page + ".png";
         std::ifstream file(path, std::ios::binary);
         std::string head(24, '\0');

@@ -6,7 +6,7 @@
 
 #include <vector>
 
-namespace bench {
+namespace support {
 
 /// For its lifetime every call that `module` makes to gdi32, and those to user32 that give a device context
 /// or paint, is counted on its way. 64-bit Intel code only.
@@ -20,8 +20,13 @@ class Call_Counter {
     /// Number of functions that are counted.
     int Functions() const { return static_cast<int>(hooks.size()); }
     /// Calls since the counter was made or reset.
-    long long Calls() const { return calls; }
-    void Reset() { calls = 0; }
+    long long Calls() const { return contexts + others; }
+    /// Those among them that took the device context of a window.
+    long long Contexts() const { return contexts; }
+    void Reset() {
+        contexts = 0;
+        others = 0;
+    }
 
   private:
     struct Hook {
@@ -30,13 +35,14 @@ class Call_Counter {
     };
 
     void Hook_Imports_From(BYTE* module, const IMAGE_IMPORT_DESCRIPTOR& imports);
-    void* Make_Stub(void* target);
+    void* Make_Stub(void* target, const volatile LONG64& count);
     static void Set_Slot(void** slot, void* function);
 
-    volatile LONG64 calls = 0;
+    volatile LONG64 contexts = 0;
+    volatile LONG64 others = 0;
     BYTE* code = nullptr;
     std::size_t code_used = 0;
     std::vector<Hook> hooks;
 };
 
-}  // namespace bench
+}  // namespace support

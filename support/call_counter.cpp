@@ -1,22 +1,24 @@
-#include "call_counter.h"
+#include "support/call_counter.h"
 
 #include <algorithm>
 #include <cstring>
 #include <iterator>
 
-namespace bench {
+namespace support {
 
 namespace {
 
 constexpr std::size_t Code_Size = 0x10000;
 
-/// Functions of user32 that give a device context or paint.
-const char* const painting_functions[] = {"BeginPaint", "DrawTextA",      "DrawTextW",    "FillRect",
-                                          "FrameRect",  "GetDC",          "GetDCEx",      "GetWindowDC",
-                                          "InvertRect", "InvalidateRect", "RedrawWindow", "TabbedTextOutA"};
+/// Functions of user32 that give the device context of a window.
+constexpr const char* context_functions[] = {"BeginPaint", "GetDC", "GetDCEx", "GetWindowDC"};
+/// Others of user32 that paint, or have something painted.
+constexpr const char* painting_functions[] = {"DrawTextA",    "DrawTextW",     "FillRect",
+                                              "FrameRect",    "InvertRect",    "InvalidateRect",
+                                              "RedrawWindow", "TabbedTextOutA"};
 
-bool Is_Painting(const char* function) {
-    return std::any_of(std::begin(painting_functions), std::end(painting_functions),
+bool Is_Among(const auto& functions, const char* function) {
+    return std::any_of(std::begin(functions), std::end(functions),
                        [&](const char* name) { return std::strcmp(name, function) == 0; });
 }
 
@@ -51,21 +53,23 @@ void Call_Counter::Hook_Imports_From(BYTE* module, const IMAGE_IMPORT_DESCRIPTOR
     for (; name->u1.AddressOfData; ++name, ++address) {
         if (IMAGE_SNAP_BY_ORDINAL(name->u1.Ordinal)) continue;
         const auto* by_name = reinterpret_cast<const IMAGE_IMPORT_BY_NAME*>(module + name->u1.AddressOfData);
-        if (!is_gdi && !Is_Painting(reinterpret_cast<const char*>(by_name->Name))) continue;
+        const char* function = reinterpret_cast<const char*>(by_name->Name);
+        const bool gives_context = !is_gdi && Is_Among(context_functions, function);
+        if (!is_gdi && !gives_context && !Is_Among(painting_functions, function)) continue;
         void** slot = reinterpret_cast<void**>(&address->u1.Function);
         hooks.push_back({slot, *slot});
-        Set_Slot(slot, Make_Stub(*slot));
+        Set_Slot(slot, Make_Stub(*slot, gives_context ? contexts : others));
     }
 }
 
 /// A few bytes of machine code that count and go on to `target`, whatever its parameters are; rax and r10
 /// carry none in the calling convention.
-void* Call_Counter::Make_Stub(void* target) {
-    BYTE stub[] = {0x49, 0xBA, 0,    0,    0, 0, 0, 0, 0, 0,  // mov r10, &calls
+void* Call_Counter::Make_Stub(void* target, const volatile LONG64& count) {
+    BYTE stub[] = {0x49, 0xBA, 0,    0,    0, 0, 0, 0, 0, 0,  // mov r10, &count
                    0xF0, 0x49, 0xFF, 0x02,                    // lock inc qword [r10]
                    0x48, 0xB8, 0,    0,    0, 0, 0, 0, 0, 0,  // mov rax, target
                    0xFF, 0xE0};                               // jmp rax
-    const volatile LONG64* counter = &calls;
+    const volatile LONG64* counter = &count;
     std::memcpy(stub + 2, &counter, sizeof counter);
     std::memcpy(stub + 16, &target, sizeof target);
     if (code_used + sizeof stub > Code_Size) return target;
@@ -82,4 +86,4 @@ void Call_Counter::Set_Slot(void** slot, void* function) {
     VirtualProtect(slot, sizeof *slot, protection, &protection);
 }
 
-}  // namespace bench
+}  // namespace support

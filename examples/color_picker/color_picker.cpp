@@ -1,0 +1,149 @@
+// One value with several views: two editors and a text show a colour, each change of it goes through `Show`,
+// and that brings all of them in line.
+#include <algorithm>
+#include <cstring>
+#include <iterator>
+
+#include "Galdren_Host.h"
+#include "Galdren_Tools.h"
+
+constexpr unsigned long first_colors[] = {0xFFB47832, 0xFF3C3CC8, 0xFF28A0E6, 0xFF46C8DC,
+                                          0xFF5AA046, 0xFFC8A050, 0xFFA05096, 0xFFE6E6E6};
+
+void Copy_To_Clipboard(HWND window, const char* text) {
+    if (!OpenClipboard(window)) return;
+    EmptyClipboard();
+    const std::size_t size = std::strlen(text) + 1;
+    HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, size);
+    if (void* copy = block ? GlobalLock(block) : nullptr) {
+        std::memcpy(copy, text, size);
+        GlobalUnlock(block);
+        if (SetClipboardData(CF_TEXT, block)) block = nullptr;  // the clipboard's from now on
+    }
+    GlobalFree(block);
+    CloseClipboard();
+}
+
+struct Picker {
+    HWND window;
+    Color_Edit channels;
+    Hue_Edit hue;
+    Labels text, recent_label;
+    Buttons copy;
+    Buttons recent[std::size(first_colors)];  // the latest first
+    unsigned long recent_value[std::size(first_colors)];
+    Host host;
+
+    explicit Picker(HWND served) : window(served), host(served) {
+        // After the wheel the editor has the colour already.
+        const auto take = [this](auto& editor) { Show(Button_State ? editor.Read() : editor.Value); };
+        std::copy(std::begin(first_colors), std::end(first_colors), recent_value);
+        channels.Name = "Colour", channels.Flag = COLOR_EDIT_MODE_BUTTON | SLIDER_KEEP_GRAB | FLAG_TEXT_RIGHT;
+        hue.Flag = SLIDER_KEEP_GRAB, hue.Value = channels.Value = recent_value[0];
+        text.Flag = recent_label.Flag = FLAG_TEXT_LEFT;
+        recent_label.Name = "Recent colours", copy.Name = "Copy";
+        host.Set_Background(Colors(76, 81, 90));
+        host.Add(channels, take, take);
+        host.Add(hue, take, take);
+        host.Add(recent_label);
+        for (Buttons& button : recent)
+            host.Add(button, [this](Buttons& pressed) { Show(recent_value[&pressed - recent]); });
+        host.Add(text);
+        host.Add(copy, [this](Buttons&) { Copy(); });
+        Fit();
+        Show(recent_value[0]);
+    }
+
+    /// All views show a colour, which has red in its lowest byte.
+    void Show(unsigned long value) {
+        channels.Value = hue.Value = value;
+        channels.Adjust();
+        if (value == hue.Last_Value) host.Refresh(hue);  // which `Adjust` takes for painted
+        hue.Adjust();
+        text.Set_Name("#%02lX%02lX%02lX", value & 0xFF, value >> 8 & 0xFF, value >> 16 & 0xFF);
+        host.Refresh(text);
+    }
+
+    void Copy() {
+        Copy_To_Clipboard(window, text.Name);
+        // To the front, from where it stood before or in place of the last.
+        const auto place = std::find(recent_value, std::end(recent_value) - 1, channels.Value);
+        std::rotate(recent_value, place, place + 1);
+        recent_value[0] = channels.Value;
+        Show_Recent();
+    }
+
+    void Show_Recent() {
+        for (std::size_t i = 0; i < std::size(recent); ++i) {
+            const unsigned long value = recent_value[i];
+            // Black would mean grey to a button.
+            recent[i].Color = value & 0xFFFFFF ? Colors(unsigned(value)) : Colors(1, 1, 1);
+            recent[i].Init(window);
+            host.Refresh(recent[i]);
+        }
+    }
+
+    /// The channels take the height that the rows below them leave.
+    void Fit() {
+        RECT client{};
+        GetClientRect(window, &client);
+        const auto place = [](Tools& control, LONG x, LONG y, LONG width, LONG height) {
+            control.Font_Name = "Arial", control.Font_Size = 10, control.Border = 2;
+            control.X = short(x), control.Y = short(y);
+            control.Width = short(width), control.Height = short(height);
+        };
+        const LONG width = client.right - 24;
+        place(channels, 12, 166, width, client.bottom - 178);
+        place(hue, 12, 122, width, 36);
+        place(recent_label, 12, 96, width, 22);
+        constexpr LONG count = std::size(first_colors), gap = 8;
+        for (LONG i = 0; i < count; ++i) {
+            const LONG left = i * (width + gap) / count, right = (i + 1) * (width + gap) / count - gap;
+            place(recent[i], 12 + left, 58, right - left, 34);
+        }
+        place(text, 12, 12, width - 108, 34);
+        place(copy, client.right - 112, 12, 100, 34);
+        Show_Recent();
+        host.Init_All();
+    }
+};
+
+LRESULT CALLBACK Window_Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+    auto* picker = reinterpret_cast<Picker*>(GetWindowLongPtrA(window, GWLP_USERDATA));
+    if (!picker) return DefWindowProcA(window, message, wparam, lparam);
+    LRESULT result = 0;
+    if (picker->host.Message(message, wparam, lparam, result)) return result;
+    switch (message) {
+        case WM_SIZE:
+            picker->Fit();
+            return 0;
+        case WM_GETMINMAXINFO:
+            reinterpret_cast<MINMAXINFO*>(lparam)->ptMinTrackSize = {320, 320};
+            return 0;
+        case WM_DESTROY:
+            PostQuitMessage(0);
+            return 0;
+        default:
+            return DefWindowProcA(window, message, wparam, lparam);
+    }
+}
+
+int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int show) {
+    WNDCLASSA window_class{};
+    window_class.lpfnWndProc = Window_Procedure;
+    window_class.hInstance = instance;
+    window_class.hCursor = LoadCursorA(nullptr, IDC_ARROW);
+    window_class.lpszClassName = "Color_Picker";
+    RegisterClassA(&window_class);
+    HWND window = CreateWindowA("Color_Picker", "Colour picker", WS_OVERLAPPEDWINDOW, CW_USEDEFAULT,
+                                CW_USEDEFAULT, 460, 400, nullptr, nullptr, instance, nullptr);
+    Picker picker(window);
+    SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&picker));
+    ShowWindow(window, show);
+
+    for (MSG message; GetMessageA(&message, nullptr, 0, 0) > 0;) {
+        TranslateMessage(&message);
+        DispatchMessageA(&message);
+    }
+    return 0;
+}

@@ -1,0 +1,127 @@
+// A directory that is chosen in a browser or typed, and a question before the program takes it: whichever of
+// the two changed, `Show` brings the other in line, and the browser alone knows what is chosen.
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+
+#include "Galdren_Host.h"
+#include "Galdren_Tools.h"
+
+struct Picker {
+    HWND window;
+    DirTrees tree;
+    Labels chosen, typed_label;
+    Texts typed;
+    Buttons ok, cancel;
+    Host host;
+
+    explicit Picker(HWND served) : window(served), host(served) {
+        const auto begin = [](Texts& entry) {
+            if (entry.Mode == 0) entry.Read("%s", entry.Line);  // after Escape
+        };
+        const auto enter = [this](Texts& entry) {
+            if (entry.Update()) Go_To(entry.Line);
+        };
+        tree.Name = "Directory";
+        chosen.Flag = typed_label.Flag = FLAG_TEXT_LEFT;
+        typed_label.Name = "Path";
+        typed.Flag = TEXT_SINGLE_LINE, typed.Color = Colors(222, 225, 230);
+        ok.Name = "OK", cancel.Name = "Cancel";
+        host.Set_Background(Colors(76, 81, 90));
+        host.Add(tree, [this](DirTrees&) {
+            if (host.Answer() == 2) Show();  // 1 is a branch opened, or a bar moved
+        });
+        host.Add(chosen);
+        host.Add(typed_label);
+        host.Add(typed, begin, enter);
+        host.Add(ok, [this](Buttons&) { Confirm(); });
+        host.Add(cancel, [this](Buttons&) { Close(); });
+        Fit();
+        host.Focus(&typed);
+        Go_To(std::getenv("USERPROFILE"));
+    }
+
+    /// Opens the tree down to a directory, as far as there is one; null is the drives alone.
+    void Go_To(const char* path) {
+        tree.Set(path);
+        host.Refresh(tree);
+        Show();
+    }
+
+    /// The label and the entry field say what the browser answers.
+    void Show() {
+        const char* path = tree.Read();
+        chosen.Set_Name("%s", path ? path : "No directory is chosen");
+        host.Refresh(chosen);
+        typed.Read("%s", path ? path : typed.Line);
+    }
+
+    void Confirm() {
+        if (!tree.Read()) return;
+        const std::string path = tree.Read();
+        std::string question = "Work in this directory?\n" + path;
+        if (PopUp_Querry("Directory picker", "Directory", question.data(), 360, 0) != 1) return;
+        std::puts(path.c_str());
+        Close();
+    }
+
+    void Close() { PostMessageA(window, WM_CLOSE, 0, 0); }
+
+    /// The tree takes what the rows below it leave.
+    void Fit() {
+        RECT client{};
+        GetClientRect(window, &client);
+        const auto place = [](Tools& control, LONG x, LONG y, LONG width, LONG height) {
+            control.Font_Name = "Arial", control.Font_Size = 10, control.Border = 2;
+            control.X = short(x), control.Y = short(y);
+            control.Width = short(width), control.Height = short(height);
+        };
+        place(tree, 12, 124, client.right - 24, client.bottom - 136);
+        place(chosen, 12, 92, client.right - 24, 24);
+        place(typed_label, 12, 58, 40, 26);
+        place(typed, 56, 58, client.right - 68, 26);
+        place(cancel, client.right - 220, 12, 100, 34);
+        place(ok, client.right - 112, 12, 100, 34);
+        host.Init_All();
+    }
+};
+
+LRESULT CALLBACK Window_Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+    auto* picker = reinterpret_cast<Picker*>(GetWindowLongPtrA(window, GWLP_USERDATA));
+    if (!picker) return DefWindowProcA(window, message, wparam, lparam);
+    LRESULT result = 0;
+    if (picker->host.Message(message, wparam, lparam, result)) return result;
+    switch (message) {
+        case WM_SIZE:
+            picker->Fit();
+            return 0;
+        case WM_GETMINMAXINFO:
+            reinterpret_cast<MINMAXINFO*>(lparam)->ptMinTrackSize = {280, 320};
+            return 0;
+        case WM_DESTROY:
+            PostQuitMessage(0);
+            return 0;
+        default:
+            return DefWindowProcA(window, message, wparam, lparam);
+    }
+}
+
+int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int show) {
+    WNDCLASSA window_class{};
+    window_class.lpfnWndProc = Window_Procedure;
+    window_class.hInstance = instance;
+    window_class.hCursor = LoadCursorA(nullptr, IDC_ARROW);
+    window_class.lpszClassName = "Directory_Picker";
+    RegisterClassA(&window_class);
+    HWND window = CreateWindowA("Directory_Picker", "Directory picker", WS_OVERLAPPEDWINDOW, CW_USEDEFAULT,
+                                CW_USEDEFAULT, 460, 520, nullptr, nullptr, instance, nullptr);
+    Picker picker(window);
+    SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&picker));
+    ShowWindow(window, show);
+
+    for (MSG message; GetMessageA(&message, nullptr, 0, 0) > 0;) {
+        TranslateMessage(&message);
+        DispatchMessageA(&message);
+    }
+    return 0;
+}
