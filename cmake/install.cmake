@@ -53,10 +53,10 @@ if(MINGW)
   galdren_pc(Galdren_Host_Static REQUIRES Galdren_Tools_Static LIBRARIES -lGaldren_Host_Static)
 endif()
 
-install(FILES ${PROJECT_SOURCE_DIR}/README.md ${PROJECT_SOURCE_DIR}/CHANGELOG.md ${PROJECT_SOURCE_DIR}/LICENCE
-        DESTINATION .)
+install(FILES ${PROJECT_SOURCE_DIR}/README.md ${PROJECT_SOURCE_DIR}/CHANGELOG.md ${PROJECT_SOURCE_DIR}/CONTRIBUTING.md
+              ${PROJECT_SOURCE_DIR}/LICENCE DESTINATION .)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs ${PROJECT_SOURCE_DIR}/examples DESTINATION .
-        PATTERN Doxyfile EXCLUDE)
+        PATTERN Doxyfile EXCLUDE PATTERN anchors.awk EXCLUDE)
 # The reference manual, where it was made.
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/build/docs/html DESTINATION docs OPTIONAL)
 

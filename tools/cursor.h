@@ -26,5 +26,5 @@ GALDREN_TOOLS_API void Reset_Curs(HWND window);
 GALDREN_TOOLS_API void Set_Curs_Wait(HWND window);
 /// Leaves one level of waiting; the last restores the cursor before.
 GALDREN_TOOLS_API void Reset_Curs_Wait(HWND window);
-/// Counts one level of waiting without changing the cursor, and reports it as a trace.
+/// Counts one level of waiting without changing the cursor, and reports it at level 11.
 GALDREN_TOOLS_API void Set_Wait_Flag();
