@@ -20,7 +20,7 @@ using Dialog_Function = decltype(&PopUp_Message);
 using Script = std::function<void(HWND)>;
 
 /// Opens dialogs. Once one is painted, a script acts on it, and then it is closed unless that ended it.
-struct Session {
+struct Popup_Call {
     Test_Window owner{200, 100};
     const char* caption = Caption;
     std::string text;
@@ -96,11 +96,11 @@ TEST(Dialog_Templates, Hold_The_Bytes_That_The_System_Reads) {
 }
 
 TEST(Dialogs, Show_The_Layout_At_Every_Size) {
-    Session session;
+    Popup_Call call;
     ZCursor_X = ZCursor_Y = -9999;
     for (const bool question : {false, true}) {
         const auto open = question ? PopUp_Querry : PopUp_Message;
-        session.Run(open, "100%% of %s\n50 % %n%", 0, 0, [&](HWND dialog) {
+        call.Run(open, "100%% of %s\n50 % %n%", 0, 0, [&](HWND dialog) {
             EXPECT_LE(std::abs(Client_Size(dialog).x - 300) + std::abs(Client_Size(dialog).y - 150), 2);
             for (const int width : {0, 420, 31, 200}) {
                 SCOPED_TRACE(width);
@@ -114,9 +114,9 @@ TEST(Dialogs, Show_The_Layout_At_Every_Size) {
 
 TEST(Dialogs, Answer_To_Presses_On_Their_Buttons) {
     constexpr int Open = -2;
-    Session session;
+    Popup_Call call;
     const auto expect = [&](int answer, Dialog_Function open, int x, int y, UINT message = WM_LBUTTONDOWN) {
-        const int got = session.Run(open, "?", 0, 0, [&](HWND dialog) {
+        const int got = call.Run(open, "?", 0, 0, [&](HWND dialog) {
             Mouse(dialog, message, x, y);
             EXPECT_EQ(IsWindowVisible(dialog) != 0, answer == Open) << x << ", " << y;
         });
@@ -134,7 +134,7 @@ TEST(Dialogs, Answer_To_Presses_On_Their_Buttons) {
         PeekMessageA(&message, dialog, WM_CLOSE, WM_CLOSE, PM_REMOVE);
         PostQuitMessage(0);
     };
-    EXPECT_EQ(session.Run(PopUp_Querry, "?", 0, 0, quit), -1);
+    EXPECT_EQ(call.Run(PopUp_Querry, "?", 0, 0, quit), -1);
     EXPECT_TRUE(PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
 }
 
@@ -142,7 +142,7 @@ TEST(Dialogs, Scroll_By_Whole_Steps_Of_The_Wheel) {
     std::string lines;
     for (int i = 0; i < 60; ++i)
         lines += std::to_string(i % 10) + '\n';
-    Session().Run(PopUp_Message, lines, 0, 0, [&](HWND dialog) {
+    Popup_Call().Run(PopUp_Message, lines, 0, 0, [&](HWND dialog) {
         const auto after = [&](int delta) {
             SendMessageA(dialog, WM_MOUSEWHEEL, MAKEWPARAM(0, delta), 0);
             return Picture(dialog);
@@ -165,24 +165,24 @@ TEST(Dialogs, Cut_Long_Messages_At_Their_Breaks) {
     std::string huge;
     while (huge.size() < (1 << 20))
         huge += "%n%s\n";
-    Session session;
-    session.Run(PopUp_Message, whole, 0, 0);
-    EXPECT_EQ(session.text, whole) << "256 bytes";
-    session.Run(PopUp_Message, '\n' + whole + "\n", 0, 0, [&](HWND dialog) {
+    Popup_Call call;
+    call.Run(PopUp_Message, whole, 0, 0);
+    EXPECT_EQ(call.text, whole) << "256 bytes";
+    call.Run(PopUp_Message, '\n' + whole + "\n", 0, 0, [&](HWND dialog) {
         EXPECT_TRUE(Looks_Right(dialog, false, {line.c_str(), line.c_str(), ""}));
     });
-    EXPECT_EQ(session.text, '\n' + line + '\0' + line + '\0' + '\n');
-    session.Run(PopUp_Message, huge, 0, 0);
-    EXPECT_EQ(std::count(session.text.begin(), session.text.end(), '\n'), 0);
+    EXPECT_EQ(call.text, '\n' + line + '\0' + line + '\0' + '\n');
+    call.Run(PopUp_Message, huge, 0, 0);
+    EXPECT_EQ(std::count(call.text.begin(), call.text.end(), '\n'), 0);
 }
 
 TEST(Dialogs, Survive_Misuse_And_Failures) {
-    Session session;
+    Popup_Call call;
     Report_Catcher reports;
     for (const int width : {1, -300, 32767})
-        session.Run(PopUp_Querry, "text", width, width < 0 ? width : 40);
-    session.Run(PopUp_Message, "first", 0, 0, [&](HWND dialog) {
-        EXPECT_EQ(PopUp_Message(Caption, Caption, session.text.data(), 0, 0), -1);
+        call.Run(PopUp_Querry, "text", width, width < 0 ? width : 40);
+    call.Run(PopUp_Message, "first", 0, 0, [&](HWND dialog) {
+        EXPECT_EQ(PopUp_Message(Caption, Caption, call.text.data(), 0, 0), -1);
         EXPECT_EQ(reports.Take(), "11:PopUp_Message: another dialog of this kind is open");
         Tools_Lib_Cleanup();
         EXPECT_TRUE(IsWindow(dialog));
@@ -193,15 +193,15 @@ TEST(Dialogs, Survive_Misuse_And_Failures) {
     EXPECT_EQ(spy.Count("DialogBoxIndirectParamA"), 0);
     spy.Fail("DialogBoxIndirectParamA");
     EXPECT_EQ(PopUp_Message("\xFF\xFE", nullptr, nullptr, 0, 0), 0);
-    session.owner.Close(), session.caption = nullptr;
-    session.Run(PopUp_Message, "", 0, 0, [](HWND dialog) { EXPECT_FALSE(GetWindow(dialog, GW_OWNER)); });
+    call.owner.Close(), call.caption = nullptr;
+    call.Run(PopUp_Message, "", 0, 0, [](HWND dialog) { EXPECT_FALSE(GetWindow(dialog, GW_OWNER)); });
 }
 
 TEST(Dialogs, Leave_Nothing_Behind) {
-    Session session;
+    Popup_Call call;
     const auto open_both = [&] {
         for (const Dialog_Function open : {PopUp_Message, PopUp_Querry})
-            session.Run(open, "a\nb\nc", 0, 0, [](HWND dialog) { Mouse(dialog, WM_LBUTTONDOWN, 40, 20); });
+            call.Run(open, "a\nb\nc", 0, 0, [](HWND dialog) { Mouse(dialog, WM_LBUTTONDOWN, 40, 20); });
     };
     open_both();  // what the system keeps
     Tools_Lib_Cleanup();
