@@ -9,7 +9,7 @@
 namespace gallery {
 
 /// The part of `design_size` that pages may fill.
-constexpr Place page_area{24, 78, 752, 498};
+constexpr Place page_area{24, 58, 752, 498};
 
 struct Page {
     const char* name;       ///< word for the command line and for file names

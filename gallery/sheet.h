@@ -11,7 +11,7 @@
 namespace gallery {
 
 /// The client area that all positions are given for; a larger window keeps them at the top, centred.
-constexpr SIZE design_size{800, 620};
+constexpr SIZE design_size{800, 600};
 
 /// A place on the sheet in pixels of the client area of `design_size`, y downward from its top.
 struct Place {

@@ -17,7 +17,7 @@ constexpr DWORD window_style = WS_OVERLAPPEDWINDOW;
 
 constexpr int margin = 8;
 constexpr int gap = 6;
-constexpr int tabs_top = 34;
+constexpr int tabs_top = 14;
 constexpr int tabs_height = 28;
 constexpr int status_height = 26;
 constexpr int page_bottom = status_height + 2 * gap;  // y upward
@@ -56,15 +56,11 @@ HWND Make_Window(HINSTANCE instance, WNDPROC procedure) {
 }  // namespace
 
 Window::Window(HINSTANCE instance, bool log)
-    : window(Make_Window(instance, Procedure)),
-      host(window),
-      logging(log),
-      header(host, [this](const std::string& text) { Report(text); }),
-      sheets(Pages().size()) {
+    : window(Make_Window(instance, Procedure)), host(window), logging(log), sheets(Pages().size()) {
     hwnd = window;
     host.Set_Background(ground_color);
     host.Set_On_Paint([this] { Paint_Page(); });
-    Build_Header();
+    Build_Tabs_Of_Pages();
     Build_Status();
     SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     Show_Page(0);
@@ -76,10 +72,7 @@ Window::~Window() {
     if (IsWindow(window)) DestroyWindow(window);
 }
 
-void Window::Build_Header() {
-    Labels& title = header.Label({page_area.x, 5, 200, 24}, "Galdren_Tools", FLAG_TEXT_LEFT);
-    title.Font_Size = 14;
-    title.Font_Weight = "bold";
+void Window::Build_Tabs_Of_Pages() {
     page_tabs.Font_Name = "Arial";
     page_tabs.Font_Size = 8;
     page_tabs.Grow(static_cast<int>(Pages().size()), 0);
@@ -120,7 +113,6 @@ void Window::Show_Page(std::size_t index) {
     for (std::size_t i = 0; i < Pages().size(); ++i)
         page_tabs.Item[i]->Color = i == index ? page_color : back_tab_color;
     host.Clear();
-    header.Show();
     host.Add(page_tabs, [this](Tabs&) { Choose_Page_Of_Tab(); });
     sheet->Show();
     host.Add(status_box);
@@ -135,7 +127,6 @@ void Window::Show_Page(std::size_t index) {
 void Window::Fit() {
     const SIZE client = Client_Size(window);
     if (client.cx == 0 || client.cy == 0) return;
-    header.Fit(client);
     sheets[shown]->Fit(client);
     Fit_Tabs(client);
     Fit_Status(client);
@@ -244,7 +235,7 @@ LRESULT Window::On_Message(UINT message, WPARAM wparam, LPARAM lparam) {
 
 /// Shows what the last event that painted cost, when it is another one than is shown.
 void Window::Show_Cost() {
-    const std::string cost = Call_Meter::Get().Text_Of_Last_Paint();
+    const std::string cost = "Last paint: " + Call_Meter::Get().Text_Of_Last_Paint();
     if (status_cost.Name && cost == status_cost.Name) return;
     status_cost.Set_Name("%s", cost.c_str());
     host.Refresh(status_box);

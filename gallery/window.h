@@ -34,7 +34,7 @@ class Window {
     LRESULT Handle(UINT message, WPARAM wparam, LPARAM lparam);
     void Show_Cost();
 
-    void Build_Header();
+    void Build_Tabs_Of_Pages();
     void Build_Status();
     void Choose_Page_Of_Tab();
     void Fit();
@@ -54,7 +54,6 @@ class Window {
     bool logging;
     bool announced = false;
     const Tools* pointed_at = nullptr;  // the control or tab last logged as under the pointer
-    Sheet header;
     Tabs page_tabs;
     std::vector<std::unique_ptr<Sheet>> sheets;  // null until the page is shown for the first time
     std::size_t shown = 0;

@@ -307,6 +307,58 @@ TEST(Gallery_Test, Tabs_Come_To_The_Front) {
     EXPECT_EQ(gallery.Close(), 0u);
 }
 
+/// A directory with one in it, which is the first on its drive.
+class Sample_Tree {
+  public:
+    Sample_Tree() {
+        Make(top);
+        Make(child);
+    }
+    ~Sample_Tree() {
+        for (const char* path : {child, other, top})
+            RemoveDirectoryA(path);
+    }
+    Sample_Tree(const Sample_Tree&) = delete;
+    Sample_Tree& operator=(const Sample_Tree&) = delete;
+    /// Behind the back of whoever has looked.
+    void Replace_Child() const {
+        RemoveDirectoryA(child);
+        Make(other);
+    }
+
+  private:
+    static void Make(const char* path) { CreateDirectoryA(path, nullptr); }
+    static constexpr const char* top = "C:\\!galdren";
+    static constexpr const char* child = "C:\\!galdren\\one";
+    static constexpr const char* other = "C:\\!galdren\\two & more";
+};
+
+TEST(Gallery_Test, Directories_Are_Opened_Chosen_And_Refreshed) {
+    const Sample_Tree tree;
+    Gallery gallery("directories");
+    constexpr int first_row = 58, row = 18, indent = 18, mark = 30;
+    const auto press = [&](int x, int y) {
+        gallery.Move_To(gallery.Place_Of("Chosen", x, y));
+        gallery.Press();
+        gallery.Release();
+    };
+    press(mark, first_row + row);
+    EXPECT_TRUE(gallery.Says("press \"Chosen\""));
+    press(mark + indent, first_row + 2 * row);
+    EXPECT_TRUE(gallery.Says("press \"Chosen\""));
+    constexpr int name = mark + 3 * indent + 16;
+    press(name, first_row + 3 * row);
+    EXPECT_TRUE(gallery.Says("press \"Chosen\": Read answers c:\\!galdren\\one\\"));
+    tree.Replace_Child();
+    press(100, 24);
+    EXPECT_TRUE(gallery.Says("press \"Chosen\": Read answers (null)"));
+    press(name, first_row + 3 * row);
+    EXPECT_TRUE(gallery.Says("press \"Chosen\": Read answers c:\\!galdren\\two & more\\"));
+    gallery.Turn_Wheel(-2);
+    EXPECT_TRUE(gallery.Says("wheel \"Chosen\": row 2"));
+    EXPECT_EQ(gallery.Close(), 0u);
+}
+
 TEST(Gallery_Test, Pages_Change_And_Keep_Their_State) {
     Gallery gallery("buttons");
     EXPECT_TRUE(gallery.Click("Lamp on", "press \"Lamp on\": Lamp 0"));
@@ -325,7 +377,7 @@ TEST(Gallery_Test, Resized_Window_Moves_The_Page) {
     gallery.Resize(900, 700);
     EXPECT_TRUE(Shows({lamp.x + 50, lamp.y}, 0xFF0000)) << "at the top, centred";
     EXPECT_TRUE(Shows(corner, ground)) << "nothing is left behind";
-    gallery.Resize(800, 620);
+    gallery.Resize(800, 600);
     EXPECT_TRUE(Shows(lamp, 0xFF0000));
     EXPECT_TRUE(gallery.Click("Red", "press \"Red\": Lamp 0"));
     EXPECT_EQ(gallery.Close(), 0u);
@@ -362,9 +414,9 @@ TEST(Gallery_Test, Writes_Pictures) {
         std::ifstream file(path, std::ios::binary);
         std::string head(24, '\0');
         EXPECT_TRUE(file.read(head.data(), static_cast<std::streamsize>(head.size()))) << path;
-        // Signature, then the header chunk with width and height, highest byte first: 800 x 620.
+        // Signature, then the header chunk with width and height, highest byte first: 800 x 600.
         EXPECT_EQ(head.substr(0, 8), "\x89PNG\r\n\x1A\n");
-        EXPECT_EQ(head.substr(16), std::string("\0\0\x03\x20\0\0\x02\x6C", 8));
+        EXPECT_EQ(head.substr(16), std::string("\0\0\x03\x20\0\0\x02\x58", 8));
         file.close();
         DeleteFileA(path.c_str());
     }
