@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <optional>
 #include <string>
 
 #include "bench.h"
@@ -66,14 +67,23 @@ void Require_Shown(const char* name) {
     bench::Require(program.Shows_A_Window(), "a program shows no window");
 }
 
-bench::Work Start(const char* name) {
-    return {[name] { Program(name).Wait_Until_Idle(); }};
+/// Starts a program; the one before is ended first, which is not measured.
+bench::Work Start(const char* name, std::optional<Program>& running) {
+    return {[name, &running] {
+                running.emplace(name);
+                running->Wait_Until_Idle();
+            },
+            1, [&running] { running.reset(); }};
 }
 
 bench::Result Start_Hello() {
-    Require_Shown("hello.exe");
-    Require_Shown("bench_empty_window.exe");
-    return bench::Compare(Start("hello.exe"), Start("bench_empty_window.exe"));
+    constexpr const char* hello = "hello.exe";
+    constexpr const char* empty = "bench_empty_window.exe";
+    Require_Shown(hello);
+    Require_Shown(empty);
+    std::optional<Program> ours;
+    std::optional<Program> native;
+    return bench::Compare(Start(hello, ours), Start(empty, native));
 }
 
 const bench::Register rows[] = {
