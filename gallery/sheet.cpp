@@ -88,13 +88,8 @@ void Sheet::Fit(SIZE client) {
     const int right = Left_Edge(client) - Left_Edge(fitted);
     const int up = client.cy - fitted.cy;
     fitted = client;
-    for (const Item& item : items) {
-        Tools& control = *item.control;
-        control.X = static_cast<short>(control.X + right);
-        control.Y = static_cast<short>(control.Y + up);
-        control.Clip_X = static_cast<short>(control.Clip_X + right);
-        control.Clip_Y = static_cast<short>(control.Clip_Y + up);
-    }
+    for (const Item& item : items)
+        item.move(*item.control, right, up);
 }
 
 std::vector<const Tools*> Sheet::Controls() const {

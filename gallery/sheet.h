@@ -34,9 +34,10 @@ class Sheet {
                  std::function<void(Control&)> on_press = {}, std::function<void(Control&)> on_change = {}) {
         auto control = std::make_shared<Control>();
         Fill_In(*control, place, name, flag);
-        items.push_back({control, [this, &added = *control, on_press, on_change] {
-                             host.Add(added, on_press, on_change);
-                         }});
+        items.push_back(
+            {control,
+             [this, &added = *control, on_press, on_change] { host.Add(added, on_press, on_change); },
+             Move<Control>});
         return *control;
     }
 
@@ -68,7 +69,22 @@ class Sheet {
     struct Item {
         std::shared_ptr<Tools> control;
         std::function<void()> show;
+        void (*move)(Tools& control, int right, int up);
     };
+
+    template <class Control>
+    static void Move(Tools& control, int right, int up) {
+        control.X = static_cast<short>(control.X + right);
+        control.Y = static_cast<short>(control.Y + up);
+        control.Clip_X = static_cast<short>(control.Clip_X + right);
+        control.Clip_Y = static_cast<short>(control.Clip_Y + up);
+        if constexpr (requires(Control & list) { list.Scroll_Bar; }) {
+            // The value of a list's bar is a coordinate; 0 stands for the start.
+            float& value = static_cast<Control&>(control).Scroll_Bar.Val;
+            const int along = control.Flag & FLAG_VERTICAL ? up : right;
+            if (value != 0.0F) value += static_cast<float>(along);
+        }
+    }
 
     static void Fill_In(Tools& control, const Place& place, const char* name, unsigned long flag);
     void Press(Buttons& button) const;
