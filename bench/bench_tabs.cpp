@@ -33,18 +33,11 @@ void Fill(Tabs& set) {
         set.Item[i]->Name = Captions[i];
 }
 
-const char* Tab_Class() {
-    static const bool loaded = [] {
-        const INITCOMMONCONTROLSEX classes{sizeof classes, ICC_TAB_CLASSES};
-        return InitCommonControlsEx(&classes) != FALSE;
-    }();
-    Require(loaded, "there are no tab controls");
-    return WC_TABCONTROLA;
-}
-
 class Native_Tabs : public Native_Side {
   public:
-    Native_Tabs() : Native_Side(Tab_Class(), "", WS_VISIBLE | TCS_FIXEDWIDTH | TCS_FOCUSNEVER, Place) {
+    Native_Tabs()
+        : Native_Side(bench::Common_Control(ICC_TAB_CLASSES, WC_TABCONTROLA), "",
+                      WS_VISIBLE | TCS_FIXEDWIDTH | TCS_FOCUSNEVER, Place) {
         constexpr int width = (Place.right - Place.left) / Count - 2;
         Get().Send(TCM_SETITEMSIZE, 0, MAKELPARAM(width, Place.bottom - Place.top - 4));
         for (int i = 0; i < Count; ++i) {

@@ -65,21 +65,18 @@ Work Do_Steps(const Steps& steps, int count, Shown shown) {
             count, [&steps] { steps.stage.Raise(); }};
 }
 
-const char* Trackbar_Class() {
-    static const bool loaded = [] {
-        const INITCOMMONCONTROLSEX classes{sizeof classes, ICC_BAR_CLASSES};
-        return InitCommonControlsEx(&classes) != FALSE;
-    }();
-    Require(loaded, "there are no trackbars");
-    return TRACKBAR_CLASSA;
-}
-
 void Paint_Over(const Stage& stage) {
     const Stage_Context context(stage);
     PatBlt(context.Get(), 0, 0, Stage::Width, Stage::Height, WHITENESS);
 }
 
 }  // namespace
+
+const char* Common_Control(DWORD kind, const char* window_class) {
+    const INITCOMMONCONTROLSEX classes{sizeof classes, kind};
+    Require(InitCommonControlsEx(&classes) != FALSE, "there are no such common controls");
+    return window_class;
+}
 
 void Put_Pointer(const Stage& stage, POINT client) {
     ClientToScreen(stage.Get(), &client);
@@ -124,7 +121,8 @@ Native_Control::~Native_Control() {
 }
 
 Native_Trackbar::Native_Trackbar(const RECT& client)
-    : Native_Side(Trackbar_Class(), "", WS_VISIBLE | TBS_HORZ | TBS_NOTICKS, client) {
+    : Native_Side(Common_Control(ICC_BAR_CLASSES, TRACKBAR_CLASSA), "", WS_VISIBLE | TBS_HORZ | TBS_NOTICKS,
+                  client) {
     RECT channel{};
     RECT thumb{};
     Get().Send(TBM_GETCHANNELRECT, 0, reinterpret_cast<LPARAM>(&channel));

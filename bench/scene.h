@@ -97,6 +97,11 @@ class Native_Side {
     Native_Control control;
 };
 
+/// The class of a native control that has to be loaded first.
+/// @param kind  what to load, such as ICC_BAR_CLASSES
+/// @return `window_class`
+const char* Common_Control(DWORD kind, const char* window_class);
+
 /// A trackbar without ticks. It has as many positions as pixels, so that its thumb moves by one at a time.
 class Native_Trackbar : public Native_Side {
   public:

@@ -29,7 +29,6 @@ constexpr int Indent = 18;  // of each depth
 constexpr int Name_Offset = 28;
 constexpr int Name_Drop = 4;  // below the baseline
 constexpr unsigned long Blue = 0xFF0000;
-constexpr unsigned long Grey = 0x6E6E6E;
 
 /// Style of a bar for which there is no need.
 constexpr unsigned long Unused_Bar = FLAG_OUTLINE | FLAG_PASSIVE | FLAG_NO_BODY;
@@ -37,10 +36,7 @@ constexpr unsigned long Upright_Bar = FLAG_VERTICAL | SLIDER_REVERSED | SLIDER_K
 constexpr unsigned long Level_Bar = SLIDER_KEEP_GRAB;
 
 void Place(Tools& part, const DirTrees& tree, int x, int y, int width, int height) {
-    part.X = Low_16(x);
-    part.Y = Low_16(y);
-    part.Width = Low_16(std::max(width, 0));
-    part.Height = Low_16(std::max(height, 0));
+    Set_Place(part, {x, x + std::max(width, 0), y, y + std::max(height, 0)});
     part.Color = tree.Color;
 }
 
@@ -267,7 +263,7 @@ class Row_Painter {
 
     void Paint_Name(const Dir_Tree& node, int x, int y, const Area& area) {
         if (x >= area.right) return;
-        const unsigned long color = Has_Flag(node, DIR_NO_ACCESS) ? Grey
+        const unsigned long color = Has_Flag(node, DIR_NO_ACCESS) ? Dark_Grey
                                     : Has_Flag(node, DIR_CURRENT) ? Blue
                                                                   : Black;
         canvas.Write_Tabbed(tree.List_Box.Font, node.name, x, y, color);
@@ -463,11 +459,9 @@ void DirTrees::Dir_Tree_Update2(bool anew) {
 void DirTrees::Dir_Tree_Draw2() {
     const Area list = Area_Of(List_Box);
     const POINT to = Scrolled(*this);
-    const unsigned picture_before = Picture;
     Canvas canvas(List_Box, {list.left, list.right - 1, list.bottom + 1, list.top}, Picture);
     Row_Painter painter(canvas, *this);
-    const bool kept = Picture != 0 && Picture == picture_before;
-    if (!kept || !Move_Rows(painter, list, Painted_At, to)) painter.Paint(list);
+    if (!canvas.Kept() || !Move_Rows(painter, list, Painted_At, to)) painter.Paint(list);
     Painted_At = to;
 }
 

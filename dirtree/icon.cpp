@@ -12,6 +12,7 @@
 #include "tools/base.h"
 #include "tools/cleanup.h"
 #include "tools/context.h"
+#include "tools/sharing.h"
 #include "tools/surface.h"
 #include "util/error.h"
 #include "util/program.h"
@@ -43,10 +44,8 @@ Slot* Find_Slot(const char* name) {
 
 /// Gives a free slot to `name`. It stays free when there is no memory for the copy.
 bool Take_Slot(Slot& slot, const char* name) {
-    const std::size_t size = std::strlen(name) + 1;
-    slot.name = new (std::nothrow) char[size];
+    slot.name = Duplicate(name);
     if (!slot.name) return false;
-    std::memcpy(slot.name, name, size);
     slot.hash = Hash_Of(name);
     return true;
 }

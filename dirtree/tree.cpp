@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "tools/arithmetic.h"
+#include "tools/sharing.h"
 #include "util/directory.h"
 #include "util/error.h"
 #include "util/program.h"
@@ -34,14 +35,6 @@ void Report_No_Text(int line, const char* variable) {
 void Report_No_Array(const char* function, int line, const char* variable, int count, std::size_t size) {
     Error_Fct(hwnd, ERROR_LEVEL_MEMORY, "line %-4d of %s \nmemory error in %s (var=%s, dim=%dx%d)", line,
               Source_Name, function, variable, count, static_cast<int>(size));
-}
-
-char* Duplicate(std::string_view text) {
-    char* copy = new (std::nothrow) char[text.size() + 1];
-    if (!copy) return nullptr;
-    std::memcpy(copy, text.data(), text.size());
-    copy[text.size()] = '\0';
-    return copy;
 }
 
 /// Says what a node is like.

@@ -21,6 +21,7 @@
 #include "util/program.h"
 #include "widgets/box.h"
 #include "widgets/button.h"
+#include "widgets/items.h"
 #include "widgets/text.h"
 
 using namespace galdren;
@@ -100,10 +101,7 @@ void Set_Font(Tools& control) {
 }
 
 void Place(Tools& control, int x, int y, int width, int height) {
-    control.X = Low_16(x);
-    control.Y = Low_16(y);
-    control.Width = Low_16(width);
-    control.Height = Low_16(height);
+    Set_Place(control, {x, x + width, y, y + height});
     control.Border = 1;
 }
 

@@ -50,8 +50,12 @@ View Take_Covered(const Tools& control, const Area& covered, Picture&... picture
 Canvas::Canvas(const Tools& control, const Area& covered) : Canvas(Take_Covered(control, covered), control) {}
 
 Canvas::Canvas(const Tools& control, const Area& covered, unsigned& picture)
+    : Canvas(control, covered, picture, picture) {}
+
+Canvas::Canvas(const Tools& control, const Area& covered, unsigned& picture, unsigned before)
     : Canvas(Take_Covered(control, covered, picture), control) {
-    if (control.Clip_Width != 0) picture = 0;
+    if (clipped) picture = 0;
+    kept = picture != 0 && picture == before;
 }
 
 Canvas::~Canvas() {

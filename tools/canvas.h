@@ -55,6 +55,9 @@ class Canvas {
     Canvas(const Canvas&) = delete;
     Canvas& operator=(const Canvas&) = delete;
 
+    /// Whether it paints on a kept picture that still holds what the control painted.
+    bool Kept() const { return kept; }
+
     /// Limits painting to the columns left..right-1 and the rows bottom+1..top in place of any clip before,
     /// until somebody sets another.
     void Clip(const Area& area);
@@ -115,6 +118,7 @@ class Canvas {
 
   private:
     Canvas(const View& view, bool clips);
+    Canvas(const Tools& control, const Area& covered, unsigned& picture, unsigned before);
     Canvas(const View& view, const Tools& control);
     int Device_Y(int y) const { return bottom_row - y; }
     int Y(int y) const { return mapped ? y : Device_Y(y); }
@@ -133,6 +137,7 @@ class Canvas {
     bool mapped;
     int bottom_row;
     bool clipped;
+    bool kept = false;
     HGDIOBJ brush_before = nullptr;
     HGDIOBJ pen_before = nullptr;
 };

@@ -1,5 +1,7 @@
 #include "tools/sharing.h"
 
+#include <cstring>
+
 #include <utility>
 
 namespace galdren {
@@ -43,6 +45,14 @@ bool Let_Go(Thing kind, const void* thing) {
     if (entry == All_Holders().end()) return true;
     if (--entry->second == 1) All_Holders().erase(entry);
     return false;
+}
+
+char* Duplicate(std::string_view text) {
+    char* copy = new (std::nothrow) char[text.size() + 1];
+    if (!copy) return nullptr;
+    std::memcpy(copy, text.data(), text.size());
+    copy[text.size()] = '\0';
+    return copy;
 }
 
 }  // namespace galdren

@@ -4,6 +4,7 @@
 
 #include <map>
 #include <new>
+#include <string_view>
 
 #include "tools/lock.h"
 
@@ -21,6 +22,9 @@ bool Is_Shared(Thing kind, const void* thing);
 /// Takes one holder away.
 /// @return true when it was the last, who now has to free the thing; false for null
 bool Let_Go(Thing kind, const void* thing);
+
+/// A copy of a text in an array of bytes of its own; null when the memory cannot be had.
+char* Duplicate(std::string_view text);
 
 /// Things made to order: whoever asks for an equal one gets the one that is already there.
 ///

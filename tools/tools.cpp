@@ -118,13 +118,11 @@ int Tools::Set_Name(const char* format, ...) {
     va_end(arguments);
     Release_Name(*this);
     if (length < 0) return 0;
-    const std::size_t size = std::strlen(text) + 1;
-    char* name = new (std::nothrow) char[size];
+    char* name = Duplicate(text);
     if (!name) {
         Report_No_Memory(Line_Of_Name);
         return 0;
     }
-    std::memcpy(name, text, size);
     Name = name;
     State |= STATE_OWNS_NAME;
     return 1;

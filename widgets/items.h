@@ -90,6 +90,14 @@ inline void Copy_Font(Tools& item, const Tools& owner) {
     item.Font_Size = owner.Font_Size;
 }
 
+/// Puts a part at a place.
+inline void Set_Place(Tools& part, const Area& place) {
+    part.X = Low_16(place.left);
+    part.Y = Low_16(place.bottom);
+    part.Width = Low_16(place.right - place.left);
+    part.Height = Low_16(place.top - place.bottom);
+}
+
 /// Gives a part the place, the colour and the font words of its owner.
 inline void Copy_Place(Tools& part, const Tools& owner) {
     part.X = owner.X;

@@ -47,10 +47,7 @@ struct Item_Size {
 /// A bar along the list, over the coordinates that item 0 may have.
 void Set_Bar(Lists& list, const Area& place, int first, int last, int step) {
     Sliders& bar = list.Scroll_Bar;
-    bar.X = Low_16(place.left);
-    bar.Y = Low_16(place.bottom);
-    bar.Width = Low_16(place.right - place.left);
-    bar.Height = Low_16(place.top - place.bottom);
+    Set_Place(bar, place);
     bar.Flag = list.Flag | SLIDER_REVERSED;
     bar.Border = 1;
     bar.Color = list.Color;

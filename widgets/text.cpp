@@ -63,10 +63,7 @@ int Scrolled(bool configured, const Sliders& bar) {
 /// Sets a bar over `total` pixels of which `visible` show. One that is not needed is an empty outline.
 void Set_Bar(const Texts& field, Sliders& bar, unsigned long direction, const Area& place, int visible,
              int total) {
-    bar.X = Low_16(place.left);
-    bar.Y = Low_16(place.bottom);
-    bar.Width = Low_16(place.right - place.left);
-    bar.Height = Low_16(place.top - place.bottom);
+    Set_Place(bar, place);
     bar.Border = 1;
     bar.Color = Colors(170, 170, 170);
     Copy_Clip(bar, field);
@@ -228,14 +225,6 @@ bool Format_Line(char (&text)[Texts::Line_Room], const char* format, va_list arg
     const int length = std::vsnprintf(text, sizeof text, format, arguments);
     if (length < 0) text[0] = '\0';
     return length >= 0;
-}
-
-char* Copy_Text(const char* text, std::size_t length) {
-    char* copy = new (std::nothrow) char[length + 1];
-    if (!copy) return nullptr;
-    std::memcpy(copy, text, length);
-    copy[length] = '\0';
-    return copy;
 }
 
 void Free_Texts(char** texts, int first, int end) {
@@ -402,10 +391,10 @@ void Texts::Append(int new_lines, const char* format, va_list arguments) {
     Scroll_1(new_lines);
     const char* begin = text;
     for (const char* end; (end = std::strchr(begin, '\n')) != nullptr; begin = end + 1) {
-        if (Lines) Lines[0] = Copy_Text(begin, static_cast<std::size_t>(end - begin));
+        if (Lines) Lines[0] = Duplicate({begin, end});
         Scroll_1(1);
     }
-    if (Lines) Lines[0] = Copy_Text(begin, std::strlen(begin));
+    if (Lines) Lines[0] = Duplicate(begin);
 
     Paint_Contents();
     Canvas canvas(*this);
@@ -438,13 +427,11 @@ void Texts::Re_Write() {
     constexpr int Margin = 2;
     const Output_View view{Margin - Scrolled(Has_H_Bar(*this), H_Slider),
                            Scrolled(Has_V_Bar(*this), V_Slider), Color.get()};
-    const unsigned picture_before = Picture;
     Canvas canvas(*this, {area.left, area.right - 1, area.bottom + 1, area.top}, Picture);
-    const bool kept = Picture != 0 && Picture == picture_before;
     Area part = area;
     int low = 0;
     int high = 0;
-    if (kept && Move_Kept(view, area.top - area.bottom, low, high)) {
+    if (canvas.Kept() && Move_Kept(view, area.top - area.bottom, low, high)) {
         part.bottom = area.bottom + low;
         part.top = area.bottom + high;
     }

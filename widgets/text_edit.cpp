@@ -3,8 +3,10 @@
 #include <cstdarg>
 #include <cstdlib>
 #include <cstring>
+#include <string_view>
 
 #include "tools/keyboard.h"
+#include "tools/sharing.h"
 #include "widgets/text_parts.h"
 
 using namespace galdren;
@@ -234,13 +236,13 @@ bool Texts::Insert(char character) {
 }
 
 bool Texts::Enter() {
-    const std::size_t length = static_cast<std::size_t>(Input_Length(*this));
+    const std::string_view line(Line, static_cast<std::size_t>(Input_Length(*this)));
     if (!Has_Flag(*this, TEXT_SINGLE_LINE)) {
         Scroll_1(1);
-        if (Lines) Lines[0] = Copy_Text(Line, length);
+        if (Lines) Lines[0] = Duplicate(line);
     }
     Scroll_2(1);
-    if (History) History[0] = Copy_Text(Line, length);
+    if (History) History[0] = Duplicate(line);
     Mode |= TEXT_ENTERED;
     V_Slider.Val = 0.0F;
     return false;

@@ -18,9 +18,6 @@ inline Area Input_Area(const Texts& field) {
 /// @return false when the format fails, with an empty text
 bool Format_Line(char (&text)[Texts::Line_Room], const char* format, va_list arguments);
 
-/// A copy of a text in an array of its own; null when the memory cannot be had.
-char* Copy_Text(const char* text, std::size_t length);
-
 /// Makes an array of `count` zeroed entries where there is none yet.
 /// @return false when the memory cannot be had
 template <class Entry>
