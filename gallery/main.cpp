@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+#include "gallery/flags.h"
 #include "gallery/picture.h"
 #include "gallery/window.h"
 
@@ -19,6 +20,7 @@ constexpr int exit_usage = 2;
 struct Options {
     std::size_t page = 0;
     std::string png_directory;
+    std::string flags_directory;
     bool log = false;
     bool help = false;
 };
@@ -29,9 +31,11 @@ void Print_Help() {
         "\n"
         "usage: gallery [--page NAME] [--log]\n"
         "       gallery --png DIR\n"
+        "       gallery --flags DIR\n"
         "\n"
         "  --page NAME  begin with this page\n"
         "  --png DIR    write a picture of every page to DIR\\gallery-NAME.png and exit\n"
+        "  --flags DIR  write a small picture of what each flag does to DIR\\CLASS-FLAG.png and exit\n"
         "  --log        write events to standard output, one per line; the first line is \"ready\"\n"
         "  --help       show this text\n"
         "\n"
@@ -62,12 +66,14 @@ std::optional<Options> Read_Options(int count, char** words) {
             options.help = true;
         } else if (word == "--log") {
             options.log = true;
-        } else if (word != "--page" && word != "--png") {
+        } else if (word != "--page" && word != "--png" && word != "--flags") {
             return Usage_Error("unknown option " + word);
         } else if (!has_value) {
             return Usage_Error(word + " needs a value");
         } else if (word == "--png") {
             options.png_directory = words[++i];
+        } else if (word == "--flags") {
+            options.flags_directory = words[++i];
         } else {
             const std::optional<std::size_t> page = Find_Page(words[++i]);
             if (!page) return std::nullopt;
@@ -117,7 +123,9 @@ int main(int count, char** words) try {
         return 0;
     }
     int code = 0;
-    {
+    if (!options->flags_directory.empty()) {
+        gallery::Write_Flags(options->flags_directory);
+    } else {
         gallery::Window window(GetModuleHandleA(nullptr), options->log);
         code = options->png_directory.empty() ? Run(window, options->page)
                                               : Write_Pictures(window, options->png_directory);

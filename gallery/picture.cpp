@@ -16,17 +16,17 @@ namespace {
 
 constexpr CLSID png_encoder{0x557CF406, 0x1A04, 0x11D3, {0x9A, 0x73, 0x00, 0x00, 0xF8, 0x1E, 0xF3, 0x2E}};
 
-/// A copy of a window's client area.
+/// A copy of a part of a window's client area.
 class Snapshot {
   public:
-    explicit Snapshot(HWND window) {
-        RECT client{};
-        GetClientRect(window, &client);
+    Snapshot(HWND window, const RECT& area) {
+        const int width = area.right - area.left;
+        const int height = area.bottom - area.top;
         const HDC source = GetDC(window);
         const HDC target = CreateCompatibleDC(source);
-        bitmap = CreateCompatibleBitmap(source, client.right, client.bottom);
+        bitmap = CreateCompatibleBitmap(source, width, height);
         const HGDIOBJ before = SelectObject(target, bitmap);
-        BitBlt(target, 0, 0, client.right, client.bottom, source, 0, 0, SRCCOPY);
+        BitBlt(target, 0, 0, width, height, source, area.left, area.top, SRCCOPY);
         SelectObject(target, before);
         DeleteDC(target);
         ReleaseDC(window, source);
@@ -59,8 +59,14 @@ Picture_Writer::~Picture_Writer() {
 }
 
 bool Picture_Writer::Write(HWND window, const std::string& path) const {
+    RECT client{};
+    GetClientRect(window, &client);
+    return Write(window, client, path);
+}
+
+bool Picture_Writer::Write(HWND window, const RECT& area, const std::string& path) const {
     if (!token) return false;
-    const Snapshot snapshot(window);
+    const Snapshot snapshot(window, area);
     Gdiplus::Bitmap picture(snapshot.Get(), nullptr);
     return picture.Save(Widen(path).c_str(), &png_encoder, nullptr) == Gdiplus::Ok;
 }

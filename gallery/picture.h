@@ -19,6 +19,8 @@ class Picture_Writer {
     /// Writes what the client area of `window` shows.
     /// @return false when there is no encoder or the file cannot be written
     bool Write(HWND window, const std::string& path) const;
+    /// Writes what a part of the client area shows.
+    bool Write(HWND window, const RECT& area, const std::string& path) const;
 
   private:
     ULONG_PTR token = 0;
