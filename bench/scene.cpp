@@ -97,14 +97,18 @@ void Place(Tools& control, const RECT& client) {
 void Paint(const Stage& stage, Painting painting, const std::function<void()>& draw) {
     PAINTSTRUCT paint;
     BeginPaint(stage.Get(), &paint);
-    if (painting == Painting::In_Batch) Begin_Batch(stage.Get());
-    Begin_Draw(stage.Get(), nullptr);
-    Current_Color = Stage::Background;
     const RECT& area = paint.rcPaint;
-    Draw_Box(area.left, Stage::Height - 1 - area.top, area.right, Stage::Height - 1 - area.bottom);
-    End_Draw();
-    draw();
-    if (painting == Painting::In_Batch) End_Batch();
+    if (painting == Painting::In_Batch) {
+        Begin_Batch(stage.Get(), area, Stage::Background);
+        draw();
+        End_Batch();
+    } else {
+        Begin_Draw(stage.Get(), nullptr);
+        Current_Color = Stage::Background;
+        Draw_Box(area.left, Stage::Height - 1 - area.top, area.right, Stage::Height - 1 - area.bottom);
+        End_Draw();
+        draw();
+    }
     EndPaint(stage.Get(), &paint);
 }
 

@@ -57,6 +57,9 @@ class Paint_Scope {
 class Batch_Scope {
   public:
     explicit Batch_Scope(HWND window) { Begin_Batch(window); }
+    Batch_Scope(HWND window, const RECT& area, const Colors& ground) {
+        Begin_Batch(window, area, ground.get());
+    }
     ~Batch_Scope() { End_Batch(); }
     Batch_Scope(const Batch_Scope&) = delete;
     Batch_Scope& operator=(const Batch_Scope&) = delete;
@@ -434,14 +437,13 @@ bool Host::On_Key(UINT message, WPARAM wparam, LPARAM lparam) {
 void Host::Paint() {
     const Paint_Scope paint(window);
     const RECT area = Flip(paint.Area(), Client_Area(window).bottom);
-    if (IsRectEmpty(&area)) return;
-    const Batch_Scope batch(window);
-    Paint_Area(area);
+    if (!IsRectEmpty(&area)) Paint_Area(area);
 }
 
 /// Paints a part of the client area anew, in logical pixels with the lower y in `top`.
 void Host::Paint_Area(RECT area) {
     area = Grow_To_Controls(area);
+    const Batch_Scope batch(window, Flip(area, Client_Area(window).bottom), background);
     Paint_Ground(area);
     for (std::size_t i = 0; i < entries.size(); ++i) {
         Tools& control = *entries[i].control;
@@ -468,13 +470,11 @@ RECT Host::Grow_To_Controls(RECT area) const {
     return area;
 }
 
-void Host::Paint_Ground(const RECT& area) {
+void Host::Paint_Ground(const RECT& area) const {
     const std::shared_ptr<const std::function<void()>> own_drawing = on_paint;
+    if (!own_drawing || !*own_drawing) return;
     const Draw_Scope draw(window);
     if (!Z_DC) return;
-    Current_Color = background.get();
-    Draw_Box(area.left, area.bottom - 1, area.right, area.top - 1);
-    if (!own_drawing || !*own_drawing) return;
     Clip_Rect(area.left, area.top - 1, area.right - area.left, area.bottom - area.top);
     (*own_drawing)();
     Clip_Reset();

@@ -194,7 +194,7 @@ class Host {
     void Paint();
     void Paint_Area(RECT area);
     RECT Grow_To_Controls(RECT area) const;
-    void Paint_Ground(const RECT& area);
+    void Paint_Ground(const RECT& area) const;
 
     HWND window;
     Colors background{170, 170, 170};

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstring>
+#include <utility>
 
 namespace galdren {
 
@@ -92,19 +93,27 @@ void Window_Buffer::Load(HWND window) {
     const SIZE size = Size();
     StretchBlt(Context(), 0, size.cy - 1, size.cx, -size.cy, source.Get(), 0, 0, size.cx, size.cy, SRCCOPY);
     SetBoundsRect(Context(), nullptr, DCB_RESET | DCB_ENABLE);
+    limit.reset();
+}
+
+void Window_Buffer::Limit(const RECT& area) { limit = area; }
+
+RECT Window_Buffer::Painted() {
+    RECT painted{};
+    if (!(GetBoundsRect(Context(), &painted, DCB_RESET) & DCB_SET)) return {};
+    LPtoDP(Context(), reinterpret_cast<POINT*>(&painted), 2);
+    if (painted.top > painted.bottom) std::swap(painted.top, painted.bottom);
+    return painted;
 }
 
 void Window_Buffer::Show(HWND window) {
     SelectClipRgn(Context(), nullptr);
-    RECT painted{};
-    if (!(GetBoundsRect(Context(), &painted, DCB_RESET) & DCB_SET)) return;
-    LPtoDP(Context(), reinterpret_cast<POINT*>(&painted), 2);
-    const SIZE size = Size();
-    const int left = std::max(static_cast<int>(painted.left), 0);
-    const int right = std::min(painted.right, size.cx);
-    const int top = std::max(static_cast<int>(std::min(painted.top, painted.bottom)), 0);
-    const int bottom = std::min(std::max(painted.top, painted.bottom), size.cy);
-    if (left < right && top < bottom) Copy_To(window, {left, top}, left, top, right - left, bottom - top);
+    const RECT wanted = limit ? *limit : Painted();
+    const RECT all{0, 0, Size().cx, Size().cy};
+    RECT shown{};
+    if (!IntersectRect(&shown, &wanted, &all)) return;
+    Copy_To(window, {shown.left, shown.top}, shown.left, shown.top, shown.right - shown.left,
+            shown.bottom - shown.top);
 }
 
 void Scratch::Stand_For(const RECT& device) {

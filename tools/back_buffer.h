@@ -4,6 +4,8 @@
 
 #include <windows.h>
 
+#include <optional>
+
 namespace galdren {
 
 SIZE Client_Size(HWND window);
@@ -75,8 +77,17 @@ class Window_Buffer : public Back_Buffer {
     /// Starts with what the window shows and notes what is painted from then on.
     void Load(HWND window);
 
-    /// Copies what was painted since `Load` to the window.
+    /// Starts with anything; only `area`, in device coordinates, counts.
+    void Limit(const RECT& area);
+
+    /// Copies what was painted since `Load`, or the area that counts, to the window.
     void Show(HWND window);
+
+  private:
+    /// What was painted since `Load`, in device coordinates.
+    RECT Painted();
+
+    std::optional<RECT> limit;  ///< none after `Load`
 };
 
 /// A picture of one control or a part of it, composed off screen.

@@ -259,6 +259,33 @@ Window_Buffer* Buffer_For(Surface& surface, HWND window) {
     }
 }
 
+/// Opens a batch. `start` prepares the buffer of the outermost one of a window.
+template <class Start>
+void Open_Batch(HWND window, Start start) {
+    Enter_Lock();
+    Surface& surface = The_Surface();
+    const auto open = std::find_if(surface.batches.begin(), surface.batches.end(),
+                                   [&](const Batch& batch) { return batch.window == window; });
+    if (open != surface.batches.end()) {
+        surface.batches.push_back({window, open->buffer, false});
+        return;
+    }
+    Window_Buffer* buffer = Buffer_For(surface, window);
+    if (buffer) start(*buffer);
+    surface.batches.push_back({window, buffer, true});
+}
+
+/// Fills a rectangle in device coordinates.
+void Fill(const View& view, RECT area, unsigned long color) {
+    if (!view.dc) return;
+    if (view.mapped) {
+        area.top = view.height - 1 - area.top;
+        area.bottom = view.height - 1 - area.bottom;
+    }
+    SetDCBrushColor(view.dc, color & 0xFFFFFF);
+    FillRect(view.dc, &area, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
+}
+
 }  // namespace
 
 Drawing_Lock::Drawing_Lock() { Enter_Lock(); }
@@ -372,17 +399,14 @@ void Clip_Reset() {
 }
 
 void Begin_Batch(HWND window) {
-    Enter_Lock();
-    Surface& surface = The_Surface();
-    const auto open = std::find_if(surface.batches.begin(), surface.batches.end(),
-                                   [&](const Batch& batch) { return batch.window == window; });
-    if (open != surface.batches.end()) {
-        surface.batches.push_back({window, open->buffer, false});
-        return;
-    }
-    Window_Buffer* buffer = Buffer_For(surface, window);
-    if (buffer) buffer->Load(window);
-    surface.batches.push_back({window, buffer, true});
+    Open_Batch(window, [window](Window_Buffer& buffer) { buffer.Load(window); });
+}
+
+void Begin_Batch(HWND window, const RECT& area, unsigned long color) {
+    Open_Batch(window, [&area](Window_Buffer& buffer) { buffer.Limit(area); });
+    const View view = Take_Surface(window);
+    Fill(view, area, color);
+    Give_Back_Surface();
 }
 
 void End_Batch() {

@@ -47,6 +47,13 @@ GALDREN_TOOLS_API void Clip_Reset();
 /// @param window  the window to paint in
 GALDREN_TOOLS_API void Begin_Batch(HWND window);
 
+/// Begins a paint batch for WM_PAINT: a rectangle is filled with a colour and everything else is left as it
+/// is, so that the window need not be read. What is painted outside the rectangle is lost. Inside a batch of
+/// the same window it is filled there, and all of that batch counts.
+/// @param area   in pixels of the client area, y downward, as in `PAINTSTRUCT::rcPaint`
+/// @param color  as in `Current_Color`
+GALDREN_TOOLS_API void Begin_Batch(HWND window, const RECT& area, unsigned long color);
+
 /// Ends the innermost batch of this thread and copies what was painted to its window in one go. Without a
 /// batch it does nothing.
 GALDREN_TOOLS_API void End_Batch();

@@ -210,6 +210,36 @@ TEST(Batch, Reaches_The_Window_At_Its_End_And_Equals_Plain_Painting) {
     EXPECT_TRUE(Same(window.After(batch), plain)) << "second batch";
 }
 
+TEST(Batch, Fills_A_Rectangle_And_Leaves_The_Rest_Alone) {
+    Test_Window window(100, 80);
+    const RECT device{10, 20, 40, 30};  // rows 50 to 59 from the bottom
+    const auto paint = [&] {
+        Begin_Batch(window, device, 0x112233);
+        Paint(window, {0, 15, 0, 55});  // reaches beyond the rectangle
+        End_Batch();
+    };
+    const auto nested = [&] {
+        Begin_Batch(window);
+        Paint(window, {0, 3, 0, 3});
+        paint();
+        End_Batch();
+    };
+    EXPECT_EQ(window.Changed(paint), (Area{10, 39, 50, 59}));
+    EXPECT_EQ(Picture(window).At(39, 59), 0x332211u);
+    EXPECT_EQ(Picture(window).At(10, 50), 0xFF0000u);
+    EXPECT_EQ(window.Changed(nested), (Area{0, 39, 0, 59}));
+    for (const RECT& bad : {RECT{5, 5, 5, 9}, RECT{200, 0, 300, 50}, RECT{-9, -9, 0, 0}})
+        EXPECT_EQ(window.Changed([&] {
+            Begin_Batch(window, bad, 0), Paint(window, {0, 9, 0, 9}), End_Batch();
+        }),
+                  Nothing);
+    EXPECT_EQ(window.Changed([&] {
+        Begin_Batch(window, {-9, -9, 999, 999}, 0), End_Batch();
+    }),
+              (Area{0, 99, 0, 79}));
+    Expect_Nothing_Taken();
+}
+
 TEST(Batch, Follows_The_Window_And_Survives_It) {
     Test_Window window(100, 80), beside(240, 200);
     for (const SIZE size : {SIZE{100, 80}, SIZE{220, 160}, SIZE{60, 40}, SIZE{221, 40}}) {
