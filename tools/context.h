@@ -30,6 +30,9 @@ View Take_Surface(HWND window, const RECT& covered);
 ///                 the member paints on whatever the window shows.
 View Take_Surface(HWND window, const RECT& covered, unsigned& picture);
 
+/// Makes the kept picture hold nothing, for a control that does not know any more what is on it.
+void Forget_Kept_Picture();
+
 /// Moves what the kept picture in use holds up by `rows`, or down when negative, by less than its height. The
 /// rows that come in hold anything.
 void Raise_Kept_Picture(int rows);

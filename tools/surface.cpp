@@ -324,6 +324,12 @@ View Take_Surface(HWND window, const RECT& covered, unsigned& picture) {
     });
 }
 
+void Forget_Kept_Picture() {
+    const Drawing_Lock lock;
+    Surface& surface = The_Surface();
+    if (surface.kept) surface.kept->number = ++surface.kept_number;
+}
+
 void Raise_Kept_Picture(int rows) {
     const Surface& surface = The_Surface();
     if (surface.kept && surface.levels.back().buffer == surface.kept.get()) surface.kept->Raise(rows);

@@ -60,24 +60,31 @@ int Scrolled(bool configured, const Sliders& bar) {
     return configured && !Has_Flag(bar, FLAG_PASSIVE) ? Truncate(bar.Val) : 0;
 }
 
-/// Sets a bar over `total` pixels of which `visible` show. One that is not needed is an empty outline.
+bool Stands_At(const Tools& control, const Area& place) {
+    const Area now = Area_Of(control);
+    return now.left == place.left && now.right == place.right && now.bottom == place.bottom &&
+           now.top == place.top;
+}
+
+/// Sets a bar over `total` pixels of which `visible` show. One that is not needed is an empty outline. A bar
+/// that stands so already is left alone: it may be in a drag.
 void Set_Bar(const Texts& field, Sliders& bar, unsigned long direction, const Area& place, int visible,
              int total) {
+    // The bit that means hexadecimal input here would turn a bar round.
+    unsigned long flag = (field.Flag & ~(SLIDER_REVERSED | FLAG_VERTICAL)) | direction;
+    const bool needed = total > visible;
+    if (!needed) flag |= FLAG_NO_BODY | FLAG_PASSIVE | FLAG_OUTLINE;
+    const float end = needed ? static_cast<float>(total - visible) : 0.0F;
+    Copy_Clip(bar, field);
+    if (bar.Window == field.Window && bar.Flag == flag && bar.End_Val == end && Stands_At(bar, place)) return;
     Set_Place(bar, place);
     bar.Border = 1;
     bar.Color = Colors(170, 170, 170);
-    Copy_Clip(bar, field);
-    // The bit that means hexadecimal input here would turn a bar round.
-    bar.Flag = (field.Flag & ~(SLIDER_REVERSED | FLAG_VERTICAL)) | direction;
+    bar.Flag = flag;
     bar.Start_Val = 0.0F;
-    bar.End_Val = 0.0F;
+    bar.End_Val = end;
     bar.Step = static_cast<float>(field.Line_Height);
-    if (total > visible) {
-        bar.End_Val = static_cast<float>(total - visible);
-        bar.Larg_Adjust(static_cast<float>(visible), static_cast<float>(total));
-    } else {
-        bar.Flag |= FLAG_NO_BODY | FLAG_PASSIVE | FLAG_OUTLINE;
-    }
+    if (needed) bar.Larg_Adjust(static_cast<float>(visible), static_cast<float>(total));
     bar.Init(field.Window);
 }
 
@@ -192,7 +199,7 @@ void Set_Input_Box(Texts& field) {
         box.bottom += 2 * border;
         box.top = all.bottom + 4 * border + field.Line_Height - 1;
     }
-    const int edges[] = {box.left, box.right, box.bottom, box.top};
+    const int edges[] = {box.left, box.right, box.top, box.bottom};
     std::transform(std::begin(edges), std::end(edges), field.Input_Box, Low_16);
 }
 
@@ -244,6 +251,7 @@ Texts::Texts(const Texts& other) : Tools(other), Text_Fields(other) {
     Share_Array(Lines);
     Share_Array(History);
     Share_Array(Line_Width);
+    Forget_Kept_Picture();
 }
 
 Texts& Texts::operator=(const Texts& other) { return Reassign(*this, other); }
@@ -273,6 +281,7 @@ void Texts::Init(HWND window) {
     Set_Input_Box(*this);
     if (!Has_V_Bar(*this)) V_Slider = Sliders();
     if (!Has_H_Bar(*this)) H_Slider = Sliders();
+    V_Slider.Window = H_Slider.Window = nullptr;  // the bars are set anew whatever they were
     if (Has_Bars(*this)) Rescale_Cursor();
 }
 
@@ -354,13 +363,11 @@ void Texts::Deselect() {
 void Texts::Scroll(int n) {
     Check(*this, "Text::Select");
     if (!Has_Size(*this) || Has_Flag(*this, FLAG_PASSIVE)) return;
-    if (Has_H_Bar(*this) && H_Slider.Select(EVENT_TEST)) {
-        H_Slider.Scroll(n);
-    } else if (Has_V_Bar(*this)) {
-        V_Slider.Scroll(n);
-    } else {
-        return;
-    }
+    const bool across = Has_H_Bar(*this) && H_Slider.Select(EVENT_TEST);
+    if (!across && !Has_V_Bar(*this)) return;
+    Sliders& bar = across ? H_Slider : V_Slider;
+    bar.Scroll(n);
+    if (Has_Flag(bar, FLAG_PASSIVE)) bar.Adjust();  // else it has painted itself
     Re_Write();
 }
 
@@ -426,7 +433,8 @@ void Texts::Re_Write() {
     if (area.top - area.bottom < 1 || area.right - area.left < 1) return;
     constexpr int Margin = 2;
     const Output_View view{Margin - Scrolled(Has_H_Bar(*this), H_Slider),
-                           Scrolled(Has_V_Bar(*this), V_Slider), Color.get()};
+                           Scrolled(Has_V_Bar(*this), V_Slider), Color.get(),
+                           Has_Flag(*this, TEXT_SINGLE_LINE)};
     Canvas canvas(*this, {area.left, area.right - 1, area.bottom + 1, area.top}, Picture);
     Area part = area;
     int low = 0;
@@ -440,15 +448,17 @@ void Texts::Re_Write() {
 
     canvas.Box(part, view.color);
     const Narrow_Clip clip = canvas.Narrow(part);
-    const int count = Has_Flag(*this, TEXT_SINGLE_LINE) ? 1 : Most_Lines;
+    const int count = view.single ? 1 : Most_Lines;
     for (int k = First_Shown(view.scrolled, Line_Height); k < count; ++k) {
         const int rise = k * Line_Height - view.scrolled;
         if (rise > Height) break;
         const int y = area.bottom + rise;
         const bool shows = y < part.top && y + Line_Height > part.bottom;
         if (!Lines[k] || (!shows && Line_Width[k] != 0)) continue;
-        Line_Width[k] = Low_16(Write_Line(canvas, *this, Lines[k], area.left + view.x, y));
+        Line_Width[k] = Within_16(Write_Line(canvas, *this, Lines[k], area.left + view.x, y));
     }
+    // A copy may change the lines and go before the next paint.
+    if (Is_Shared(Thing::Array, Lines)) Picture = 0;
 }
 
 /// Moves the lines on the kept picture to where they stand now.
@@ -456,10 +466,10 @@ void Texts::Re_Write() {
 /// @param low, high  receive between which heights the output has to be painted
 /// @return false, with nothing moved, when all of it has to be painted
 bool Texts::Move_Kept(const Output_View& view, int height, int& low, int& high) const {
-    const bool same_look = Even_Lines && view.x == Painted.x && view.color == Painted.color;
+    const bool same_look =
+        Even_Lines && view.x == Painted.x && view.color == Painted.color && !view.single && !Painted.single;
     // A line that the bottom edge would cut is not painted at all, so only whole lines can be moved.
     if (!same_look || view.scrolled % Line_Height != 0 || Painted.scrolled % Line_Height != 0) return false;
-    if (Is_Shared(Thing::Array, Lines)) return false;  // the copy may have changed them
 
     const int rise = Appended * Line_Height + Painted.scrolled - view.scrolled;
     const int from_bottom = std::max(rise, Renewed * Line_Height - view.scrolled);

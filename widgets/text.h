@@ -61,7 +61,7 @@ struct Text_Fields {
     Sliders H_Slider;      ///< horizontal scroll bar; its `Val` is how far it is scrolled right
     short History_Pos{};   ///< index of the entered line that Up brings next
     short Cursor_Pos{};    ///< index in `Line` of the character behind the caret
-    short Input_Box[4]{};  ///< input line: left, right, bottom, top
+    short Input_Box[4]{};  ///< input line: left, right, top, bottom
 };
 
 /// A console: output lines that the application appends, the newest at the bottom, and below them an input
@@ -142,6 +142,7 @@ class GALDREN_TOOLS_API Texts : public Tools, public Text_Fields {
         int x;                ///< where lines begin, from the left edge of the output
         int scrolled;         ///< pixels that are below its bottom edge
         unsigned long color;  ///< of the ground
+        bool single;          ///< only the newest line shows
     };
     bool Move_Kept(const Output_View& view, int height, int& low, int& high) const;
 

@@ -147,8 +147,7 @@ void Texts::Read(const char* format, ...) {
     std::strncpy(Line, text, Line_Room);
     History_Pos = 0;
     Mode = TEXT_READING;
-    const int length = Input_Length(*this);
-    Cursor_Pos = Low_16(keeps_cursor ? std::clamp<int>(Cursor_Pos, 0, length) : length);
+    if (!keeps_cursor) Cursor_Pos = Low_16(Input_Length(*this));
     Draw();
 }
 
@@ -283,7 +282,7 @@ bool Texts::Paste() {
             changed = Take(static_cast<unsigned char>(character)) || changed;
     }
     Note_Change();
-    return changed;
+    return changed && Is_Reading(*this);  // an Escape in the text has painted the field without its line
 }
 
 void Texts::Scroll_2(int n) {
@@ -298,7 +297,7 @@ void Texts::Read_Echo(char* const text, short cursor) {
     constexpr unsigned long Caret_Yellow = 0x00FFFF;
     const Area box = Input_Area(*this);
     const int border = Frame_Width(*this);
-    if (Has_Flag(*this, FLAG_NO_BODY) || box.right < box.left) return;
+    if (box.right < box.left) return;
     Canvas canvas(*this);
     Paint_Body(canvas, *this, Select_State == Hover_Highlighted, nullptr, Flag, border + 1, box);
 

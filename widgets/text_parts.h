@@ -11,7 +11,7 @@ inline bool Is_Reading(const Texts& field) { return (field.Mode & TEXT_READING) 
 
 /// The box of the input line.
 inline Area Input_Area(const Texts& field) {
-    return {field.Input_Box[0], field.Input_Box[1], field.Input_Box[2], field.Input_Box[3]};
+    return {field.Input_Box[0], field.Input_Box[1], field.Input_Box[3], field.Input_Box[2]};
 }
 
 /// Formats into the room of one line and cuts what is too long.

@@ -103,6 +103,8 @@ TEST(Texts, Report_Lines_And_Changes) {
     EXPECT_EQ(field.Mode, 0);
     EXPECT_EQ(field.Newest(), "ab");
     Field entry(TEXT_SINGLE_LINE);
+    EXPECT_EQ(std::vector<short>(entry.Input_Box, entry.Input_Box + 4),
+              (std::vector<short>{30, 230, 160, 40}));
     entry.Type("x");
     entry.Input(4109);
     EXPECT_STREQ(entry.Update(), "x");
@@ -168,6 +170,7 @@ TEST(Texts, Show_The_Same_Whether_Moved_Or_Painted_Anew) {
         Field field(flag);
         std::mt19937 random(7);
         for (int i = 0; i < 120; ++i) {
+            if (i == 60) field.Input(Escape_Key);  // from then on the output is all there is
             switch (random() % 8) {
                 case 0:
                     field.OverWrite("over %d", i);
@@ -205,6 +208,33 @@ TEST(Texts, Show_The_Same_Whether_Moved_Or_Painted_Anew) {
             ASSERT_TRUE(Same(moved, Picture(field.window))) << "step " << i << " of flags " << flag;
         }
     }
+}
+
+/// A copy shares the lines, so what it does to them unseen has to show at the next paint of the source.
+TEST(Texts, Show_What_A_Copy_Did_To_Their_Lines) {
+    Field field;
+    for (int i = 0; i < 9; ++i)
+        field.Write("line %d", i);
+    {
+        Texts copy(field);
+        copy.Flag |= FLAG_NO_BODY;
+        copy.Write("unseen");
+    }
+    field.Write("seen");
+    const Picture shown(field.window);
+    field.Draw();
+    EXPECT_TRUE(Same(shown, Picture(field.window)));
+}
+
+TEST(Texts, Go_On_With_A_Drag_After_A_Repaint) {
+    Field field(TEXT_V_BAR | SLIDER_KEEP_GRAB);
+    for (int i = 0; i < 60; ++i)
+        field.Write("line %d", i);
+    field.window.Point_At(field.V_Slider.X + 5, field.V_Slider.Y + field.V_Slider.Height / 2);
+    field.Select(EVENT_PRESS | EVENT_LEFT);
+    field.Draw();
+    field.window.Point_At(5, 235);
+    EXPECT_EQ(field.Select(EVENT_DRAG | EVENT_LEFT), 1) << "the bar has kept the pointer";
 }
 
 TEST(Texts, Write_Runs_In_Their_Colours_And_Fonts) {
