@@ -49,7 +49,7 @@ function(galdren_library name)
   target_compile_definitions(${name} PRIVATE ${build_macro})
   target_compile_definitions(${name}_Static PUBLIC GALDREN_STATIC)
   foreach(library ${name} ${name}_Static)
-    target_compile_features(${library} INTERFACE cxx_std_20)
+    target_compile_features(${library} INTERFACE cxx_std_17)
     target_include_directories(${library} INTERFACE $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>
                                                     $<INSTALL_INTERFACE:include>)
     target_link_libraries(${library} PRIVATE $<BUILD_INTERFACE:galdren_options>)

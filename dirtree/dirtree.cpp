@@ -346,7 +346,6 @@ DirTrees::~DirTrees() { Release_Tree(); }
 
 void DirTrees::Init(HWND window) {
     if (!Begin_Init(*this, window, "DirTrees::Init")) return;
-    Default_Grey(*this);
     Bind(*this, window);
     Init_Boxes(*this);
     Init_Bars(*this);
@@ -375,6 +374,7 @@ char* DirTrees::Read() { return Current ? Current->path : nullptr; }
 void DirTrees::Draw() {
     Check(*this, "DirTrees::Draw");
     if (!Has_Size(*this)) return;
+    if (Root) Read_Icons(*Root);
     Canvas canvas(Window);
     Renew_Title(*this);
     Frame.Draw();
@@ -407,7 +407,6 @@ void DirTrees::Scroll(int amount) {
 /// Builds the tree, open down to a directory.
 bool DirTrees::Dir_Tree_Start(const char* path) {
     Root = Make_Tree(path);
-    if (Root) Read_Icons(*Root);
     return Root != nullptr;
 }
 
@@ -512,7 +511,6 @@ int DirTrees::Press_Refresh() {
     if (Own_Tree()) {
         Rescan(*Root);
         Current = Find_Current(*Root);
-        if (!Current) Frame.Set_Name(nullptr);
         Rows_Current = false;
     }
     const Paint_Batch batch(Window);

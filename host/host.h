@@ -6,6 +6,10 @@
 /// after false the message goes on to the application and to `DefWindowProc`.
 #pragma once
 
+#if __cplusplus < 202002L && (!defined _MSVC_LANG || _MSVC_LANG < 202002L)
+#error "The host needs C++20, for example -std=c++20 or /std:c++20"
+#endif
+
 #include <windows.h>
 
 #include <concepts>

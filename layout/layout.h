@@ -35,28 +35,26 @@ struct Class_Size {
 
 namespace galdren {
 
-/// A row for each public class. The compiler alone evaluates it, so that a linker cannot make one table of
-/// the application's and a static library's.
-consteval auto Class_Sizes() {
-    return std::to_array<Class_Size>({
-        {"Boxs", sizeof(Boxs)},
-        {"Buttons", sizeof(Buttons)},
-        {"CheckLists", sizeof(CheckLists)},
-        {"Color_Edit", sizeof(Color_Edit)},
-        {"Colors", sizeof(Colors)},
-        {"DirTrees", sizeof(DirTrees)},
-        {"Hue_Edit", sizeof(Hue_Edit)},
-        {"Labels", sizeof(Labels)},
-        {"Lists", sizeof(Lists)},
-        {"Selects", sizeof(Selects)},
-        {"Sliders", sizeof(Sliders)},
-        {"TabItems", sizeof(TabItems)},
-        {"Tabs", sizeof(Tabs)},
-        {"Texts", sizeof(Texts)},
-        {"Tools", sizeof(Tools)},
-        {"Valuators", sizeof(Valuators)},
-    });
-}
+/// A row for each public class. It belongs to the source that includes it, so that a linker cannot make one
+/// table of the application's and a static library's.
+constexpr std::array Class_Sizes{
+    Class_Size{"Boxs", sizeof(Boxs)},
+    Class_Size{"Buttons", sizeof(Buttons)},
+    Class_Size{"CheckLists", sizeof(CheckLists)},
+    Class_Size{"Color_Edit", sizeof(Color_Edit)},
+    Class_Size{"Colors", sizeof(Colors)},
+    Class_Size{"DirTrees", sizeof(DirTrees)},
+    Class_Size{"Hue_Edit", sizeof(Hue_Edit)},
+    Class_Size{"Labels", sizeof(Labels)},
+    Class_Size{"Lists", sizeof(Lists)},
+    Class_Size{"Selects", sizeof(Selects)},
+    Class_Size{"Sliders", sizeof(Sliders)},
+    Class_Size{"TabItems", sizeof(TabItems)},
+    Class_Size{"Tabs", sizeof(Tabs)},
+    Class_Size{"Texts", sizeof(Texts)},
+    Class_Size{"Tools", sizeof(Tools)},
+    Class_Size{"Valuators", sizeof(Valuators)},
+};
 
 }  // namespace galdren
 
@@ -74,7 +72,6 @@ GALDREN_TOOLS_API bool Compare_Tools_Layout(const char* version, const Class_Siz
 /// Whether this program was compiled with the headers and settings of the library that it runs with; what
 /// differs is reported at level 2. To be called once, before the first control is made; it compares a number
 /// for each class. An application with a `Host` need not call it, for the host does.
-inline bool Check_Tools_Layout() {
-    constexpr auto classes = galdren::Class_Sizes();
-    return Compare_Tools_Layout(Tools_Version(), classes.data(), classes.size());
+static inline bool Check_Tools_Layout() {
+    return Compare_Tools_Layout(Tools_Version(), galdren::Class_Sizes.data(), galdren::Class_Sizes.size());
 }

@@ -186,6 +186,11 @@ class Popup {
     Texts field;
 };
 
+bool Application_Quits() {
+    MSG waiting{};
+    return PeekMessageA(&waiting, nullptr, WM_QUIT, WM_QUIT, PM_NOREMOVE) != 0;
+}
+
 int Popup::Run(const char* title, const char* caption, char* text, short width, short height) {
     const Claim claim(open);
     if (!claim.Granted()) {
@@ -204,7 +209,7 @@ int Popup::Run(const char* title, const char* caption, char* text, short width, 
     field.Name = nullptr;
     message = nullptr;
     // When the application quits, the system's result can be that of a button which nobody pressed.
-    return answered || result <= 0 ? static_cast<int>(result) : No_Answer;
+    return answered || !Application_Quits() ? static_cast<int>(result) : No_Answer;
 }
 
 void Popup::Release() {

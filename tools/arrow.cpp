@@ -1,3 +1,6 @@
+#include <algorithm>
+#include <array>
+
 #include "tools/base.h"
 
 namespace galdren {
@@ -5,13 +8,13 @@ namespace galdren {
 namespace {
 
 /// Colours of the facets: the upper (or right) side, the base, the lower (or left) side.
-struct Facets {
+struct Facet_Shades {
     unsigned long high;
     unsigned long base;
     unsigned long low;
 };
 
-constexpr Facets Facet_Colors[] = {
+constexpr Facet_Shades Shades_Of_Facets[] = {
     {Light_Grey, Black, Black},
     {Light_Grey, Light_Grey, Black},  // right
     {Black, Light_Grey, Light_Grey},  // down
@@ -43,17 +46,24 @@ struct Axis {
     }
 };
 
-void Paint_Embossed(Canvas& canvas, const Triangle& outer, const Triangle& inner, const Facets& facets) {
-    canvas.Polygon({inner.tip, inner.low, inner.high}, Dark_Grey);
-    canvas.Polygon({outer.tip, outer.high, inner.high, inner.tip}, facets.high);
-    canvas.Polygon({outer.low, outer.high, inner.high, inner.low}, facets.base);
-    canvas.Polygon({outer.tip, outer.low, inner.low, inner.tip}, facets.low);
+/// One polygon of an arrow.
+struct Facet {
+    int count;
+    std::array<POINT, 4> corners;
+    unsigned long color;
+};
+
+/// In the order of painting: the triangle, then the facets around it.
+using Arrow_Facets = std::array<Facet, 4>;
+
+Arrow_Facets Emboss(const Triangle& outer, const Triangle& inner, const Facet_Shades& shades) {
+    return {{{3, {inner.tip, inner.low, inner.high}, Dark_Grey},
+             {4, {outer.tip, outer.high, inner.high, inner.tip}, shades.high},
+             {4, {outer.low, outer.high, inner.high, inner.low}, shades.base},
+             {4, {outer.tip, outer.low, inner.low, inner.tip}, shades.low}}};
 }
 
-}  // namespace
-
-void Paint_Arrow(Canvas& canvas, short direction, int inset, int size, const Area& area) {
-    if (size <= inset || direction < ARROW_LEFT || direction > ARROW_UP) return;
+Arrow_Facets Facets_Of(short direction, int inset, int size, const Area& area) {
     const bool horizontal = direction == ARROW_LEFT || direction == ARROW_RIGHT;
     const bool at_start = direction == ARROW_LEFT || direction == ARROW_DOWN;
     const int near_end = horizontal ? area.left : area.bottom;
@@ -68,7 +78,50 @@ void Paint_Arrow(Canvas& canvas, short direction, int inset, int size, const Are
     constexpr int Bevel_At_Side = 2;
     const Triangle outer = axis.Make(inset, size, inset, size);
     const Triangle inner = axis.Make(inset + Bevel_At_Tip, size - Bevel_At_Base, inset + Bevel_At_Side, size);
-    Paint_Embossed(canvas, outer, inner, Facet_Colors[direction]);
+    return Emboss(outer, inner, Shades_Of_Facets[direction]);
+}
+
+/// Paints the facets of one colour of two arrows in one go.
+void Paint_Facets(Canvas& canvas, const Arrow_Facets& one, const Arrow_Facets& other, unsigned long color) {
+    std::array<POINT, 24> corners;
+    std::array<int, 6> counts;
+    std::size_t used = 0;
+    std::size_t polygons = 0;
+    for (const Arrow_Facets* arrow : {&one, &other}) {
+        for (const Facet& facet : *arrow) {
+            if (facet.color != color) continue;
+            std::copy_n(facet.corners.begin(), facet.count, corners.begin() + static_cast<int>(used));
+            used += static_cast<std::size_t>(facet.count);
+            counts[polygons++] = facet.count;
+        }
+    }
+    canvas.Polygons({corners.data(), used}, {counts.data(), polygons}, color);
+}
+
+}  // namespace
+
+void Paint_Arrow(Canvas& canvas, short direction, int inset, int size, const Area& area) {
+    if (size <= inset || direction < ARROW_LEFT || direction > ARROW_UP) return;
+    for (const Facet& facet : Facets_Of(direction, inset, size, area)) {
+        const int count = facet.count;
+        canvas.Polygons({facet.corners.data(), static_cast<std::size_t>(count)}, {&count, 1}, facet.color);
+    }
+}
+
+void Paint_Arrow_Pair(Canvas& canvas, bool upright, int inset, int size, const Area& area) {
+    const short start = upright ? ARROW_DOWN : ARROW_LEFT;
+    const short end = upright ? ARROW_UP : ARROW_RIGHT;
+    const int length = upright ? area.top - area.bottom : area.right - area.left;
+    if (2 * size >= length) {
+        Paint_Arrow(canvas, start, inset, size, area);
+        Paint_Arrow(canvas, end, inset, size, area);
+    } else if (size > inset) {
+        // They lie apart, and in both the colours come in the same order.
+        const Arrow_Facets one = Facets_Of(start, inset, size, area);
+        const Arrow_Facets other = Facets_Of(end, inset, size, area);
+        for (const unsigned long color : {Dark_Grey, one[1].color, one[3].color})
+            Paint_Facets(canvas, one, other, color);
+    }
 }
 
 }  // namespace galdren

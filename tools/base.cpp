@@ -43,9 +43,9 @@ void Renew_Region(Tools& control) {
     control.Clip_Region = control.Region;
 }
 
-const char* Name_Of(const Tools& control) { return control.Name ? control.Name : ""; }
-
 }  // namespace
+
+const char* Name_Of(const Tools& control) { return control.Name ? control.Name : "(null)"; }
 
 void Share_Region(HRGN region) { Share(Thing::Region, region); }
 
@@ -92,16 +92,14 @@ void Bind(Tools& control, HWND window) {
 
 void Renew_Font(Tools& control) {
     if (control.Font && control.Font_Size == control.Font_Size_Last) return;
-    Z_Delete_Font(control.Window, control.Font);
     control.Font_Size_Last = control.Font_Size;
-    control.Font = Acquire_Font(control.Window, control.Font_Name, control.Font_Weight, control.Font_Style,
-                                control.Font_Size);
+    Remake_Font(control);
 }
 
 void Remake_Font(Tools& control) {
     Z_Delete_Font(control.Window, control.Font);
-    control.Font = nullptr;
-    Renew_Font(control);
+    control.Font = Acquire_Font(control.Window, control.Font_Name, control.Font_Weight, control.Font_Style,
+                                control.Font_Size);
 }
 
 bool Hover_Changes(const Tools& control, short& hover, bool inside) {

@@ -60,6 +60,9 @@ int Select_By_Hover(Control& control, int event, Paint paint) {
     return inside;
 }
 
+/// The name of a control in reports; "(null)" when it has none.
+const char* Name_Of(const Tools& control);
+
 /// The head of almost every member: reports the first call on a control that `Init` did not prepare. The
 /// call goes on.
 /// @param label  name of the member in the report
@@ -134,8 +137,8 @@ void Choose_Bodies(Control& control) {
     control.Cur_Graph_Select = control.Value ? control.Select_Down : control.Select_Up;
 }
 
-/// Whether `buffer` may be read at the control's present size: one that `Init` chose was made for the size
-/// that it saw.
+/// Whether `buffer` may be read at the control's present size: generated shading was made for another one
+/// when `Init` did not renew it, and an image for the size that `Init` saw.
 bool Fits_Size(const Tools& control, const void* buffer);
 
 /// The shaded frame; see `Tools::Cadre`.
@@ -146,6 +149,9 @@ void Paint_Outline(Canvas& canvas, const Area& area);
 
 /// An embossed arrow in an area; see `Tools::Arrow`.
 void Paint_Arrow(Canvas& canvas, short direction, int inset, int size, const Area& area);
+
+/// The arrows at both ends of an area, the one at the left or bottom first.
+void Paint_Arrow_Pair(Canvas& canvas, bool upright, int inset, int size, const Area& area);
 
 /// The body; see `Tools::Fill_Select`.
 void Paint_Body(Canvas& canvas, const Tools& control, bool highlighted, const void* buffer,

@@ -134,6 +134,18 @@ void Canvas::Polygon(std::initializer_list<POINT> corners, unsigned long color) 
     With_Points(corners, [this](const POINT* corner, int count) { ::Polygon(dc, corner, count); });
 }
 
+void Canvas::Polygons(std::span<const POINT> corners, std::span<const int> counts, unsigned long color) {
+    constexpr std::size_t Most_Corners = 24;
+    POINT converted[Most_Corners];
+    if (corners.size() > Most_Corners) return;
+    std::transform(corners.begin(), corners.end(), converted, [this](const POINT& corner) {
+        return POINT{corner.x, Y(corner.y)};
+    });
+    Use_Brush(color);
+    Use_Pen(color);
+    PolyPolygon(dc, converted, counts.data(), static_cast<int>(counts.size()));
+}
+
 void Canvas::Pixels(const void* buffer, int width, int height, int column, int rows_below, const Area& area) {
     const int columns = area.right - area.left + 1;
     const int rows = area.top - area.bottom + 1;

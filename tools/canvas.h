@@ -5,6 +5,7 @@
 #include <windows.h>
 
 #include <initializer_list>
+#include <span>
 
 #include "tools/context.h"
 #include "tools/scopes.h"
@@ -81,6 +82,11 @@ class Canvas {
 
     /// Polygon of up to six corners, filled and outlined.
     void Polygon(std::initializer_list<POINT> corners, unsigned long color);
+
+    /// Several such polygons, which may touch but not overlap, in one go.
+    /// @param corners  of all polygons in turn, 24 at most
+    /// @param counts   numbers of corners
+    void Polygons(std::span<const POINT> corners, std::span<const int> counts, unsigned long color);
 
     /// Pixels of a buffer of `width` x `height`, rows top-down, from its column `column` and `rows_below`
     /// rows above its last, to `area`, all four edges included.

@@ -199,7 +199,7 @@ HFONT Z_Create_Font(HWND window, const char* face, const char* weight, const cha
 }
 
 void Z_Delete_Font(HWND, HFONT font) {
-    if (font == GetStockObject(SYSTEM_FONT)) return;
+    if (!font || font == GetStockObject(SYSTEM_FONT)) return;
     Drawing_Lock lock;
     if (!Fonts().Release(font)) return;
     Forget_Facts(font);
@@ -225,10 +225,10 @@ void Text_Tabbed(HFONT font, int x, int y, const char* text) {
     Write_Tabbed(Z_DC, x, y + metrics.tmHeight, text, metrics);
 }
 
-const char* Escape_Ampersand(const char* text) {
+char* Escape_Ampersand(const char* text) {
     constexpr std::size_t Longest = 128;
     static char escaped[2 * Longest + 1];
-    if (!text || !std::strchr(text, '&') || std::strlen(text) > Longest) return text;
+    if (!text || !std::strchr(text, '&') || std::strlen(text) > Longest) return const_cast<char*>(text);
     char* out = escaped;
     for (; *text; ++text) {
         if (*text == '&') *out++ = '&';

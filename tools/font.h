@@ -37,4 +37,4 @@ GALDREN_TOOLS_API void Text_Tabbed(HFONT font, int x, int y, const char* text);
 /// `text` with every '&' doubled, so that it is shown as it stands.
 /// @return `text` itself when it is empty, longer than 128 bytes or without '&'; otherwise a static buffer,
 ///         valid until the next call under the drawing lock
-GALDREN_TOOLS_API const char* Escape_Ampersand(const char* text);
+GALDREN_TOOLS_API char* Escape_Ampersand(const char* text);

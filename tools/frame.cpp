@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "tools/base.h"
 
 namespace galdren {
@@ -31,10 +33,23 @@ void Paint_Outline(Canvas& canvas, const Area& area) { canvas.Outline(area.Inset
 
 bool Fits_Size(const Tools& control, const void* buffer) {
     if (buffer != control.Cur_Graph_Normal && buffer != control.Cur_Graph_Select) return true;
-    return int{control.Width} * control.Height <= int{control.Last_Width} * control.Last_Height;
+    const int pixels = int{control.Width} * control.Height;
+    const Shading* made = Made_For(buffer);
+    return pixels <= (made ? made->width * made->height : int{control.Last_Width} * control.Last_Height);
 }
 
 namespace {
+
+/// Fills a body as `Draw_Box` fills a rectangle. Insets that overlap turn it round; then it stays within the
+/// control.
+void Paint_Flat_Body(Canvas& canvas, const Area& body, const Area& control, unsigned long color) {
+    if (body.left < body.right && body.bottom < body.top) return canvas.Box(body, color);
+    const Area proper{std::max(std::min(body.left, body.right), control.left),
+                      std::min(std::max(body.left, body.right), control.right + 1),
+                      std::max(std::min(body.bottom, body.top), control.bottom - 1),
+                      std::min(std::max(body.bottom, body.top), control.top)};
+    if (proper.left < proper.right && proper.bottom < proper.top) canvas.Box(proper, color);
+}
 
 void Paint_Signal(const Tools& control, const Area& area, const Colors& color) {
     Canvas canvas(control);
@@ -47,12 +62,12 @@ void Paint_Body(Canvas& canvas, const Tools& control, bool highlighted, const vo
                 unsigned long flags, int inset, const Area& area) {
     if (flags & FLAG_STATIC) return;
     const Area body = area.Inset(inset);
-    if (body.right < body.left || body.top < body.bottom) return;
     if (buffer && Fits_Size(control, buffer)) {
+        if (body.right < body.left || body.top < body.bottom) return;
         canvas.Pixels(buffer, control.Width, control.Height, inset, inset - 1, body);
     } else {
         const Colors flat = highlighted ? Highlight_Color() : control.Color;
-        canvas.Box({body.left, body.right + 1, body.bottom - 1, body.top}, flat.get());
+        Paint_Flat_Body(canvas, {body.left, body.right + 1, body.bottom - 1, body.top}, area, flat.get());
     }
 }
 
@@ -96,6 +111,7 @@ void Tools::Fill_Blue(short x0, short x1, short y0, short y1) {
 
 void Tools::Fill_Select(short sel, const char* buffer, long flags, short inset, short x0, short x1, short y0,
                         short y1) {
+    if (flags & static_cast<long>(FLAG_STATIC)) return;
     Canvas canvas(*this);
     Paint_Body(canvas, *this, sel != 0, buffer, static_cast<unsigned long>(flags), inset, {x0, x1, y0, y1});
 }

@@ -4,8 +4,8 @@
 
 #include "api.h"
 
-/// The version of these headers.
-consteval const char* Tools_Version() { return "21.6"; }
+/// The version of these headers, not that of a library that the linker may take it from.
+static constexpr const char* Tools_Version() { return "21.6"; }
 
 /// The version text, "Galdren_Tools.dll 21.6 (rev-a)", in a static buffer.
 /// @param wanted  version the application was built for; null accepts any

@@ -165,8 +165,10 @@ unsigned long* Acquire_Shading(const Shading& shading) {
     return static_cast<unsigned long*>(const_cast<void*>(pixels));
 }
 
+const Shading* Made_For(const void* buffer) { return buffer ? Shadings().Key_Of(buffer) : nullptr; }
+
 const unsigned long* Framed_Picture(const unsigned long* buffer, const Shading& wanted) {
-    const Shading* made = buffer ? Shadings().Key_Of(buffer) : nullptr;
+    const Shading* made = Made_For(buffer);
     if (!made || !Has_Picture(*made)) return nullptr;
     Shading same_body = wanted;
     same_body.color = made->color;

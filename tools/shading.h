@@ -26,6 +26,9 @@ unsigned long* Make_Shading(const Shading& shading);
 /// The buffer shared by all holders; null as for `Make_Shading`.
 unsigned long* Acquire_Shading(const Shading& shading);
 
+/// What a buffer from `Acquire_Shading` was made for; null for any other.
+const Shading* Made_For(const void* buffer);
+
 /// Body and frame as one picture of (width + 1) x (height + 1) pixels, rows top-down, rim included.
 /// @param buffer  a buffer from `Acquire_Shading`, or any other
 /// @param wanted  the frame it has to show; the colour of the body does not count

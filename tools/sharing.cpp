@@ -1,7 +1,8 @@
 #include "tools/sharing.h"
 
-#include <cstring>
+#include <windows.h>
 
+#include <cstring>
 #include <utility>
 
 namespace galdren {
@@ -45,6 +46,17 @@ bool Let_Go(Thing kind, const void* thing) {
     if (entry == All_Holders().end()) return true;
     if (--entry->second == 1) All_Holders().erase(entry);
     return false;
+}
+
+bool Is_Alive(Thing kind, const void* thing) {
+    const auto handle = static_cast<HGDIOBJ>(const_cast<void*>(thing));
+    if (kind == Thing::Font) return GetObjectType(handle) == OBJ_FONT;
+    return kind != Thing::Region || GetObjectType(handle) == OBJ_REGION;
+}
+
+void Forget(Thing kind, const void* thing) {
+    Drawing_Lock lock;
+    All_Holders().erase({kind, thing});
 }
 
 char* Duplicate(std::string_view text) {

@@ -23,6 +23,12 @@ bool Is_Shared(Thing kind, const void* thing);
 /// @return true when it was the last, who now has to free the thing; false for null
 bool Let_Go(Thing kind, const void* thing);
 
+/// Whether a thing is still what it is noted as: an application may have deleted a handle that it shares.
+bool Is_Alive(Thing kind, const void* thing);
+
+/// Forgets the holders of a thing that is gone.
+void Forget(Thing kind, const void* thing);
+
 /// A copy of a text in an array of bytes of its own; null when the memory cannot be had.
 char* Duplicate(std::string_view text);
 
@@ -38,10 +44,11 @@ class Pool {
     Value Acquire(const Key& key, Make make) {
         Drawing_Lock lock;
         const auto found = by_key.find(key);
-        if (found != by_key.end()) {
+        if (found != by_key.end() && Is_Alive(kind, found->second)) {
             Share(kind, found->second);
             return found->second;
         }
+        if (found != by_key.end()) Drop(found);
         const Value value = make();
         if (value) Note(key, value);
         return value;
@@ -69,6 +76,12 @@ class Pool {
 
   private:
     using Places = std::map<Key, Value>;
+
+    void Drop(typename Places::iterator place) {
+        Forget(kind, place->second);
+        by_value.erase(place->second);
+        by_key.erase(place);
+    }
 
     void Note(const Key& key, Value value) try {
         const auto place = by_key.emplace(key, value).first;

@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <new>
 #include <optional>
+#include <utility>
 
 #include "tools/context.h"
 #include "tools/dimensions.h"
@@ -22,8 +23,6 @@ namespace {
 constexpr unsigned long Label_Flags = FLAG_NO_BODY | FLAG_STATIC;
 constexpr unsigned long Disabled_Flags = FLAG_NO_BODY | FLAG_PASSIVE | FLAG_OUTLINE;
 constexpr unsigned Bits_Of_Value = 32;
-
-const char* Name_Of(const Tools& control) { return control.Name ? control.Name : ""; }
 
 short Clamp_16(int value) { return Low_16(std::clamp(value, SHRT_MIN, SHRT_MAX)); }
 
@@ -62,7 +61,6 @@ void Paint_Mark(const Buttons& box) {
     const int border = Frame_Width(box);
     const Area body = Area_Of(box);
     const Area mark{body.left + border + 1, body.right - border, body.bottom + border, body.top - border - 1};
-    if (mark.left >= mark.right || mark.bottom >= mark.top) return;
     Canvas canvas(box);
     canvas.Box(mark, Colors(255, 255, 0).get());
 }
@@ -101,6 +99,20 @@ void Paint_Hover(const CheckLists& list, int item, bool highlighted) {
     } else {
         Paint_Fill(box, highlighted);
     }
+}
+
+/// Whether the label of an item reaches into the next column.
+bool Overhangs(const CheckLists& list, int item) {
+    const Buttons& box = list.Check[item];
+    const Area room = Area_Of(list.Label[item]);
+    Canvas canvas(list);
+    return box.X + box.Width + SPACE + canvas.Width_Of(list.Font, list.Label[item].Name) > room.right;
+}
+
+/// Whether boxes lie on each other.
+bool Is_Crowded(const CheckLists& list) {
+    return list.Count > 1 &&
+           (list.Label[0].Width <= list.Check[0].Width || list.Label[0].Height <= list.Check[0].Height);
 }
 
 bool Shows_Hover(const CheckLists& list, int item) {
@@ -266,7 +278,7 @@ void Init_Items(const CheckLists& list) {
 void Report_No_List(const CheckLists& list) {
     Error_Fct(hwnd, ERROR_LEVEL_WARNING, "Problems in CheckLists::Init()");
     Error_Fct(hwnd, ERROR_LEVEL_WARNING, "device->List is empty");
-    Error_Fct(hwnd, ERROR_LEVEL_WARNING, "type: %s\n  name: %s", "CheckLists", Name_Of(list));
+    Error_Fct(hwnd, ERROR_LEVEL_WARNING, "type: %s\n  name: %s", "CheckLists", list.Name ? list.Name : "");
 }
 
 }  // namespace
@@ -286,7 +298,8 @@ CheckLists::CheckLists(const CheckLists& other)
       Font_Height(other.Font_Height),
       Check(other.Check),
       Label(other.Label),
-      Box(other.Box) {
+      Box(other.Box),
+      Boxes_Covered(other.Boxes_Covered) {
     Share(Thing::Array, Hover_List);
     Share(Thing::Array, Check);
     Share(Thing::Array, Label);
@@ -322,8 +335,7 @@ void CheckLists::Draw() {
     const bool outline = Has_Flag(*this, FLAG_OUTLINE);
     if (!outline && Has_Flag(*this, FLAG_NO_BODY)) return;
     Canvas canvas(*this);
-    // A box that `Init` did not reach has no size, and would only report that once more.
-    if (!Has_Flag(*this, FLAG_STATIC) && Has_Size(Box)) Box.Draw();
+    if (!Has_Flag(*this, FLAG_STATIC)) Box.Draw();
     for (int item = 0; item < Count; ++item)
         outline ? Paint_Outlined_Item(*this, item) : Paint_Item(*this, item);
 }
@@ -342,6 +354,7 @@ int CheckLists::Select(int event) {
         if (!Follow(Hover_List[item], under_pointer) || !Shows_Hover(*this, item)) continue;
         if (!surface) surface.emplace(*this);
         Paint_Hover(*this, item, under_pointer);
+        Boxes_Covered = Boxes_Covered || Overhangs(*this, item);
     }
     return result;
 }
@@ -354,6 +367,7 @@ void CheckLists::Deselect() {
         if (!seen || !Shows_Hover(*this, item)) continue;
         if (!surface) surface.emplace(*this);
         Paint_Hover(*this, item, false);
+        Boxes_Covered = Boxes_Covered || Overhangs(*this, item);
     }
 }
 
@@ -366,9 +380,10 @@ void CheckLists::Adjust() {
     if (Has_Flag(*this, FLAG_NO_BODY)) return;
     POINT position{};
     const POINT* pointer = Find_Pointer(Window, position) ? &position : nullptr;
+    const bool all = std::exchange(Boxes_Covered, false) || Is_Crowded(*this);
     Canvas canvas(*this);
     for (int item = 0; item < Count; ++item) {
-        if (!Is_Up_To_Date(*this, item, pointer)) Paint_Check(Check[item]);
+        if (all || !Is_Up_To_Date(*this, item, pointer)) Paint_Check(Check[item]);
     }
 }
 

@@ -62,4 +62,7 @@ class GALDREN_TOOLS_API CheckLists : public Tools {
     /// What `Value` would become by a press at the pointer: the mask with one bit inverted, or an index.
     /// @return -1 when the pointer is on no item, and when passive
     int Read();
+
+  private:
+    bool Boxes_Covered{};  // by a long label that followed the pointer
 };

@@ -97,7 +97,7 @@ void Init_Swatch(Color_Edit& editor, const Area& area) {
     if (Has_Flag(swatch, FLAG_NO_BODY)) {
         Hide_Color(swatch);
     } else {
-        Show_Color(swatch, editor.Value);
+        Show_Color(swatch, editor.Value, editor.Height != editor.Last_Height);
     }
     swatch.Init(editor.Window);
 }

@@ -3,7 +3,6 @@
 #include <cstdlib>
 
 #include "tools/dimensions.h"
-#include "widgets/range.h"
 
 namespace galdren {
 
@@ -47,9 +46,7 @@ void Name_Part(Tools& part, const char* name) {
 }
 
 void Move_Thumb(Valuators& trough, float value) {
-    // The trough holds its value in range, so a value beyond its end must not move the thumb again and again.
-    const bool reversed = Has_Flag(trough, SLIDER_REVERSED);
-    if (Clamp_Value(value, trough.Start_Val, trough.End_Val, reversed) == trough.Val) return;
+    if (value == trough.Val) return;
     trough.Val = value;
     trough.Adjust();
 }

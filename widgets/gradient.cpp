@@ -84,8 +84,8 @@ void Hide_Gradient(Valuators& trough) {
     Drop_Normal_Image(trough);
 }
 
-void Show_Color(Boxs& swatch, unsigned long value) {
-    if (!Has_Image_Of_Its_Size(swatch)) Renew_Image(swatch, Exchange_Red_And_Blue(value));
+void Show_Color(Boxs& swatch, unsigned long value, bool anew) {
+    if (anew || !Has_Image_Of_Its_Size(swatch)) Renew_Image(swatch, Exchange_Red_And_Blue(value));
 }
 
 void Hide_Color(Boxs& swatch) { Drop_Normal_Image(swatch); }

@@ -24,9 +24,10 @@ void Show_Gradient(Valuators& trough, Gradient gradient);
 /// Takes the images of a trough away. `Init` has to follow.
 void Hide_Gradient(Valuators& trough);
 
-/// Gives a swatch an image of one colour, unless it has one of its size. `Init` has to follow.
+/// Gives a swatch an image of one colour. `Init` has to follow.
 /// @param value  the colour in the GDI form, here and below
-void Show_Color(Boxs& swatch, unsigned long value);
+/// @param anew   whether an image of its size that it has already is replaced
+void Show_Color(Boxs& swatch, unsigned long value, bool anew);
 
 /// Takes the image of a swatch away. `Init` has to follow.
 void Hide_Color(Boxs& swatch);

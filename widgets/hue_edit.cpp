@@ -45,7 +45,7 @@ void Init_Swatch(Hue_Edit& editor) {
     swatch.Flag = editor.Flag;
     swatch.Border = Within_16(Part_Border(editor));
     swatch.Color = editor.Color;
-    Show_Color(swatch, editor.Value);
+    Show_Color(swatch, editor.Value, editor.Height != editor.Last_Height);
     swatch.Init(editor.Window);
 }
 

@@ -120,12 +120,8 @@ inline void Copy_Frame(Tools& frame, const Tools& owner) {
 /// Tells an item of the pointer. One that shows already what it would then show need not hear of it.
 template <class Item>
 int Tell(Item& item, int kind, const POINT& pointer) {
-    const bool under = PtInRect(&item.Rect, pointer);
-    if (item.Hover == Hover_Normal && (!under || Has_Flag(item, FLAG_PASSIVE))) return 0;
-    const int answer = item.Select(kind);
-    // A passive item does not note itself that it is painted plain.
-    if (Has_Flag(item, FLAG_PASSIVE)) item.Hover = Hover_Normal;
-    return answer;
+    const bool plain = item.Hover == Hover_Normal && !Has_Flag(item, FLAG_PASSIVE);
+    return plain && !PtInRect(&item.Rect, pointer) ? 0 : item.Select(kind);
 }
 
 /// Style bits of its owner that an item takes over.

@@ -398,9 +398,12 @@ void Lists::Choose_Shown() {
 void Lists::Update() {
     if (!Has_Size(*this)) return;
     const Area inner = Inner_Area(*this, Purpose::Painting, Title());
+    short& first = Item_DX ? Item_X : Item_Y;
     if (Has_Bar(*this)) {
         Origin = Truncate(double{Scroll_Bar.Val});
-        (Item_DX ? Item_X : Item_Y) = Low_16(std::clamp(Origin, SHRT_MIN, SHRT_MAX));
+        first = Within_16(Origin);
+    } else if (first != Within_16(Origin)) {
+        Origin = first;  // the application has moved the items
     }
     Canvas canvas(*this);
     if (Has_Flag(*this, FLAG_OUTLINE) || !Item) return Paint_Ground(canvas, *this, inner);
@@ -433,8 +436,12 @@ int Lists::Select(int event) {
         All_Left = false;
         return result;
     }
-    for (int i = 0; i < Nb_Item && !All_Left; ++i)
-        Item[i]->Hover = Hover_Normal;
+    for (int i = 0; i < Nb_Item && !All_Left; ++i) {
+        // Those in view have been told; a passive one notes nothing.
+        const bool told =
+            i >= Shown_First && i < Shown_First + Shown_Count && Item[i]->Shown && Stands_In(*Item[i], inner);
+        if (!told) Item[i]->Hover = Hover_Normal;
+    }
     All_Left = true;
     return 0;
 }

@@ -153,8 +153,7 @@ void Paint_Name(Canvas& canvas, const Selects& selector) {
 void Paint_Arrows(Canvas& canvas, const Selects& selector) {
     const bool column = Is_Column(selector);
     const Area area = Value_Area(selector);
-    Paint_Arrow(canvas, column ? ARROW_DOWN : ARROW_LEFT, 0, selector.Arrow_Size, area);
-    Paint_Arrow(canvas, column ? ARROW_UP : ARROW_RIGHT, 0, selector.Arrow_Size, area);
+    Paint_Arrow_Pair(canvas, column, 0, selector.Arrow_Size, area);
 }
 
 /// An outline, the caption and the item as an outline; no arrows.
@@ -188,8 +187,7 @@ Selects::Selects(const Selects& other)
       Hover(other.Hover),
       Last_Current(other.Last_Current),
       Frame(other.Frame),
-      Value_Box(other.Value_Box),
-      Arrows_Painted(other.Arrows_Painted) {
+      Value_Box(other.Value_Box) {
     Share(Thing::Array, Item);
 }
 
@@ -209,7 +207,6 @@ void Selects::Init(HWND window) {
     Bind(*this, window);
     Renew_Font(*this);
     Init_Frame(*this);
-    Arrows_Painted = false;
     if (Arrow_Size == 0) {
         const int across = Is_Column(*this) ? Width : Height;
         const int along = Is_Column(*this) ? Height : Width;
@@ -235,7 +232,7 @@ void Selects::Draw() {
         Paint_Thin(canvas, *this);
     } else if (!Has_Flag(*this, FLAG_NO_BODY)) {
         if (!Has_Flag(*this, SELECTOR_NO_FRAME)) Frame.Draw();
-        Update(true);
+        Update();
     }
 }
 
@@ -249,7 +246,7 @@ int Selects::Select(int event) {
     if (Hover_Changes(*this, Hover, inside)) {
         Canvas canvas(*this);
         Paint_Inside(canvas, *this, inside);
-        Update(true);
+        Update();
     }
     return inside;
 }
@@ -264,7 +261,7 @@ int Selects::Scroll(short amount) {
     if (!Has_Size(*this) || Has_Flag(*this, FLAG_PASSIVE)) return Current;
     if (Nb_Item == 0) return 0;
     Step(*this, -amount);
-    Update(false);
+    Update();
     return Current;
 }
 
@@ -274,7 +271,7 @@ void Selects::Adjust() {
     Settle(*this);
     if (Current == Last_Current || Has_Flag(*this, FLAG_PASSIVE)) return;
     Last_Current = Current;
-    if (!Has_Flag(*this, FLAG_NO_BODY)) Update(false);
+    if (!Has_Flag(*this, FLAG_NO_BODY)) Update();
 }
 
 void Selects::Deselect() {
@@ -285,16 +282,14 @@ void Selects::Deselect() {
     }
     Canvas canvas(*this);
     Paint_Inside(canvas, *this, false);
-    Update(true);
+    Update();
 }
 
 /// Paints caption, arrows and item.
-/// @param anew  whether the ground beneath them was painted; else arrows that stand there already stay
-void Selects::Update(bool anew) {
+void Selects::Update() {
     Hold_In_Range(*this);
     Canvas canvas(*this);
     Paint_Name(canvas, *this);
-    if (anew || !Arrows_Painted) Paint_Arrows(canvas, *this);
-    Arrows_Painted = true;
+    Paint_Arrows(canvas, *this);
     if (Nb_Item > 0) Shown_Item(*this).Draw();
 }

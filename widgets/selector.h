@@ -63,7 +63,5 @@ class GALDREN_TOOLS_API Selects : public Tools {
     void Adjust();
 
   private:
-    void Update(bool anew);
-
-    bool Arrows_Painted{};  // since `Init`; a step then paints the item alone
+    void Update();
 };

@@ -100,7 +100,7 @@ void Paint_Body_And_Wings(Canvas& canvas, const Area& top, const POINT& left_win
         canvas.Polygon({left_foot, left_wing, left_shoulder, right_shoulder, right_wing, right_foot}, color);
         return;
     }
-    if (wide) canvas.Box({top.left + 1, top.right - 1, top.bottom + 1, top.top - 2}, color);
+    canvas.Box({top.left + 1, top.right - 1, top.bottom + 1, top.top - 2}, color);
     canvas.Polygon({right_shoulder, right_wing, right_foot}, color);
     canvas.Polygon({left_foot, left_wing, left_shoulder}, color);
 }
@@ -136,7 +136,7 @@ void Paint_Fill(Canvas& canvas, const TabItems& tab, bool highlighted, const voi
                 int border, const Area& top) {
     if (flags & FLAG_STATIC) return;
     if (image && Fits_Size(tab, image)) {
-        const int inset = std::max(border, 1);
+        const int inset = std::max(border, 0);
         canvas.Pixels(image, tab.Width, tab.Height, inset, inset, top.Inset(inset));
     } else {
         Paint_Shape(canvas, tab, top, Body_Color(tab, highlighted));

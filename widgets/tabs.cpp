@@ -89,60 +89,6 @@ void From_Back_To_Front(const Tabs& set, Visit visit) {
     if (front) visit(*front);
 }
 
-/// Whether painting a tab again would show what it shows.
-bool Is_Current(const TabItems& tab, const POINT& pointer) {
-    if (Has_Flag(tab, FLAG_OUTLINE)) return tab.Hover == Hover_Unknown;
-    if (Never_Highlights(tab) || Has_Flag(tab, FLAG_PASSIVE)) return true;
-    return tab.Hover == (PtInRect(&tab.Rect, pointer) ? Hover_Highlighted : Hover_Normal);
-}
-
-/// Whether another front tab changes nothing but the surroundings of the old and the new one. A tab with a
-/// clip of its own cannot be painted in part.
-bool Rest_Is_Current(const Tabs& set, const TabItems* before, const TabItems* now) {
-    POINT pointer{};
-    if (!Find_Pointer(set.Window, pointer)) return false;
-    const auto row = Row_Of(set);
-    return std::all_of(row.begin(), row.end(), [&](const TabItems* tab) {
-        const bool turns = tab == before || tab == now;
-        return tab->Clip_Width == 0 && (turns || Is_Current(*tab, pointer));
-    });
-}
-
-/// The columns left..right-1 and rows bottom+1..top that a tab and the edge of its left neighbour may paint
-/// when it comes to the front or leaves it. The front tab takes the page's edge on its right along.
-Area Surroundings(const TabItems& tab) {
-    const Area area = Area_Of(tab);
-    return {area.left - 2, area.right + 3, area.bottom - 2, area.top};
-}
-
-bool Meet(const Area& a, const Area& b) { return a.left < b.right && b.left < a.right; }
-
-/// Paints what meets an area, in that area.
-void Paint_Part(Canvas& canvas, const Tabs& set, const Area& part) {
-    const Narrow_Clip clip = canvas.Narrow(part);
-    From_Back_To_Front(set, [&](TabItems& tab) {
-        if (Meet(Surroundings(tab), part)) tab.Draw();
-    });
-}
-
-/// Paints the surroundings of the old and the new front tab, either of which may be missing.
-void Paint_Change(const Tabs& set, const TabItems* before, const TabItems* now) {
-    Canvas canvas(set.Window);
-    if (!before || !now) {
-        if (before || now) Paint_Part(canvas, set, Surroundings(before ? *before : *now));
-        return;
-    }
-    const Area from = Surroundings(*before);
-    const Area to = Surroundings(*now);
-    if (Meet(from, to)) {
-        Paint_Part(canvas, set,
-                   {std::min(from.left, to.left), std::max(from.right, to.right), from.bottom, from.top});
-    } else {
-        Paint_Part(canvas, set, from);
-        Paint_Part(canvas, set, to);
-    }
-}
-
 /// The front tab has the next `Select` paint it, on top of neighbours that light up beside it.
 void Forget_Front(const Tabs& set) {
     if (TabItems* front = Front_Of(set)) front->Hover = Hover_Unknown;
@@ -172,8 +118,7 @@ Tabs::Tabs(const Tabs& other)
       First_X(other.First_X),
       Tab_Width(other.Tab_Width),
       Slant(other.Slant),
-      Box(other.Box),
-      Painted(other.Painted) {
+      Box(other.Box) {
     Share(Thing::Array, Item);
 }
 
@@ -183,11 +128,9 @@ Tabs::~Tabs() { Release_Items(Item); }
 
 int Tabs::Grow(int n, int flags) {
     if (n < 0) {
-        Error_Fct(hwnd, ERROR_LEVEL_WARNING, "Tabs: there cannot be %d tabs\n   name: %s", n,
-                  Name ? Name : "");
+        Error_Fct(hwnd, ERROR_LEVEL_WARNING, "Tabs: there cannot be %d tabs\n   name: %s", n, Name_Of(*this));
         return 0;
     }
-    Painted = false;
     // New tabs are blank but for their style: the clip of the set is for its page.
     return Grow_Items(Tools(), Item, n, static_cast<unsigned long>(flags), Grow_In_Tabs);
 }
@@ -195,7 +138,6 @@ int Tabs::Grow(int n, int flags) {
 void Tabs::Init(HWND window) {
     if (!Begin_Init(*this, window, "Tabs::Init")) return;
     Last_Value = Value;
-    Painted = false;
     Default_Grey(*this);
     Bind(*this, window);
     Renew_Font(*this);
@@ -215,7 +157,6 @@ void Tabs::Update() {
     if (Has_Flag(*this, FLAG_OUTLINE) || !Has_Room(*this)) return;
     const Canvas canvas(Window);  // for all tabs at once
     From_Back_To_Front(*this, [](TabItems& tab) { tab.Draw(); });
-    Painted = true;
 }
 
 void Tabs::Draw() {
@@ -238,30 +179,24 @@ void Tabs::Adjust() {
     if (before) before->Value = 0;
     if (now) now->Value = 1;
     if (Has_Flag(*this, FLAG_NO_BODY)) return;
-    if (Painted && !Has_Flag(*this, FLAG_OUTLINE) && Rest_Is_Current(*this, before, now)) {
-        Choose_Ends(*this);
-        Paint_Change(*this, before, now);
-    } else {
-        Update();
-    }
+    // All of them: a neighbour that lights up has painted over the end of the next one.
+    Update();
     Forget_Front(*this);
 }
 
 int Tabs::Select(int event) {
     Check(*this, "Tabs::Select");
     if (!Has_Size(*this) || Has_Flag(*this, FLAG_PASSIVE) || !Has_Room(*this)) return 0;
-    POINT pointer{};
-    const bool inside = Find_Pointer(Window, pointer) && PtInRect(&Rect, pointer);
+    const bool inside = Pointer_Inside(*this);
     int answer = 0;
     for (TabItems* tab : Row_Of(*this)) {
-        if ((inside || tab->Hover != Hover_Normal) && Tell(*tab, Event_Kind(event), pointer)) answer = 1;
+        if ((inside || tab->Hover != Hover_Normal) && tab->Select(Event_Kind(event))) answer = 1;
     }
     return inside ? answer : 0;
 }
 
 void Tabs::Deselect() {
     if (State == 0 || !Has_Size(*this) || Never_Highlights(*this) || !Has_Room(*this)) return;
-    Painted = false;
     const Canvas canvas(Window);  // for all tabs at once
     From_Back_To_Front(*this, [](TabItems& tab) { tab.Deselect(); });
 }

@@ -59,7 +59,4 @@ class GALDREN_TOOLS_API Tabs : public Tools {
 
   private:
     void Update();
-
-    bool Painted{};  // since `Init`, and not deselected since: another front then changes its surroundings
-                     // only
 };

@@ -4,6 +4,9 @@
 #include <cmath>
 #include <cstdio>
 #include <cstring>
+#include <new>
+#include <set>
+#include <string>
 
 #include "tools/dimensions.h"
 #include "tools/sharing.h"
@@ -33,7 +36,7 @@ bool Is_Logarithmic(const Valuators& valuator) {
 
 /// Skips the digits of a width or precision; more of them than any field needs are refused.
 bool Skip_Number(const char*& at) {
-    constexpr std::size_t Most_Digits = 2;
+    constexpr std::size_t Most_Digits = 4;
     const std::size_t digits = std::strspn(at, "0123456789");
     at += digits;
     return digits <= Most_Digits;
@@ -69,13 +72,21 @@ const char* Usable_Format(const Valuators& valuator) {
     return Is_Number_Format(valuator.Format) ? valuator.Format : "%g";
 }
 
-/// Reports a format that cannot be used, once when `Init` is called again and again.
+/// Whether a format is met for the first time.
+bool Is_New(const char* format) try {
+    constexpr std::size_t Most_Formats = 256;
+    static Immortal<std::set<std::string>> met;
+    const Drawing_Lock lock;
+    return met->size() < Most_Formats && met->insert(format).second;
+} catch (const std::bad_alloc&) {
+    return true;
+}
+
+/// Reports a format that cannot be used, each once.
 void Check_Format(const Valuators& valuator) {
-    static const char* reported = nullptr;
-    if (!valuator.Format || Is_Number_Format(valuator.Format) || reported == valuator.Format) return;
-    reported = valuator.Format;
+    if (!valuator.Format || Is_Number_Format(valuator.Format) || !Is_New(valuator.Format)) return;
     Error_Fct(hwnd, ERROR_LEVEL_WARNING, "Valuators: the format \"%s\" is not one number\n   name: %s",
-              valuator.Format, valuator.Name ? valuator.Name : "");
+              valuator.Format, Name_Of(valuator));
 }
 
 /// Room between the edge and the trough: the frame, and the inner frame that a number field brings.
@@ -124,9 +135,10 @@ void Paint_Outer_Frame(Canvas& canvas, const Valuators& valuator, int width) {
 }
 
 /// The inside of the trough and the name on it.
-void Paint_Inside(Canvas& canvas, const Valuators& valuator, bool highlighted, const unsigned long* body) {
+void Paint_Inside(Canvas& canvas, const Valuators& valuator, bool highlighted, const unsigned long* body,
+                  const Area& area) {
     const int inset = Trough_Inset(valuator, Has_Inner_Frame(valuator)) + 1;
-    Paint_Body(canvas, valuator, highlighted, body, valuator.Flag, inset, Trough_Area(valuator));
+    Paint_Body(canvas, valuator, highlighted, body, valuator.Flag, inset, area);
     Paint_Name(canvas, valuator);
 }
 
@@ -247,6 +259,7 @@ void Valuators::Deselect() {
 void Valuators::Draw() {
     Check(*this, "Valuator::Draw");
     if (!Has_Size(*this)) return;
+    Check_Format(*this);
     Clamp_Value(*this);
     Canvas canvas(*this);
     if (Has_Flag(*this, FLAG_OUTLINE)) {
@@ -266,6 +279,7 @@ void Valuators::Draw() {
 void Valuators::Adjust() {
     Check(*this, "Valuator::Adjust");
     if (!Has_Size(*this)) return;
+    Check_Format(*this);
     Canvas canvas(*this);
     if (Has_Flag(*this, FLAG_OUTLINE)) {
         Paint_Outline(canvas, Area_Of(*this));
@@ -284,7 +298,8 @@ void Valuators::Adjust() {
     } else {
         Paint_Outer_Frame(canvas, *this, Border);
     }
-    Paint_Inside(canvas, *this, Select_State == Hover_Highlighted, Cur_Graph_Select);
+    Paint_Inside(canvas, *this, Select_State == Hover_Highlighted, Cur_Graph_Select,
+                 Format ? Trough_Area(*this) : Area_Of(*this));
     Paint_Thumb(false);
 }
 
@@ -306,7 +321,8 @@ float Valuators::Scroll(int n) {
 /// The inside and what stands on it, as the pointer has it look.
 void Valuators::Paint_State(bool highlighted) {
     Canvas canvas(*this);
-    Paint_Inside(canvas, *this, highlighted, highlighted ? Cur_Graph_Select : Cur_Graph_Normal);
+    Paint_Inside(canvas, *this, highlighted, highlighted ? Cur_Graph_Select : Cur_Graph_Normal,
+                 Trough_Area(*this));
     Cursor();
 }
 
@@ -334,6 +350,7 @@ void Valuators::Cursor() {
     Area thumb = Area_Of(*this).Inset(inset);
     (vertical ? thumb.bottom : thumb.left) += Posit();
     if (vertical) {
+        thumb.right -= Num_Width;
         thumb.top = thumb.bottom + 2 * Curs_Half - 1;
     } else {
         thumb.right = thumb.left + 2 * Curs_Half - 1;

@@ -11,7 +11,7 @@ TEST(Layout, Differences_Are_Reported_Once) {
     EXPECT_TRUE(Check_Tools_Layout());
     EXPECT_EQ(reports.Take(), "");
 
-    auto classes = galdren::Class_Sizes();
+    auto classes = galdren::Class_Sizes;
     const auto expect_report = [&](const char* version, std::size_t count, const std::string& end) {
         EXPECT_FALSE(Compare_Tools_Layout(version, classes.data(), count));
         const std::string report = reports.Take();

@@ -249,13 +249,36 @@ TEST(Check_Lists, Follow_The_Pointer) {
     }
 }
 
+/// A label that is longer than its column reaches over a box of the next one when it is painted again.
+TEST(Check_Lists, Bring_Boxes_Back_That_A_Long_Label_Covered) {
+    Test_Window window(400, 200);
+    static const char* const labels[] = {"a label that is longer than its column", "b", "c", "d", nullptr};
+    CheckLists list;
+    Fill_In(list, 4);
+    list.List = labels, list.Width = 200, list.Height = 60;
+    list.Init(window);
+    list.Draw();
+    Point_At(window, list, 2, 2);
+    for (int value : {1, 0, 1, 8}) {
+        window.Point_At(list.Label[0].X + 3, list.Label[0].Y + 3);
+        list.Select(EVENT_MOVE);
+        list.Value = value;
+        list.Adjust();
+        const Picture adjusted(window);
+        list.Check[2].Draw();
+        EXPECT_TRUE(Same(adjusted, Picture(window)));
+        window.Point_At(0, 0);
+        list.Select(EVENT_MOVE);
+    }
+}
+
 TEST(Check_Lists, Without_Items_Are_Boxes) {
     Test_Window window(400, 200);
     Report_Catcher reports;
     CheckLists list;
     Fill_In(list, 0);
     list.Draw(), list.Adjust();
-    EXPECT_NE(reports.Take().find("type: CheckList::Draw   name: \n"), std::string::npos);
+    EXPECT_NE(reports.Take().find("type: CheckList::Draw   name: (null)\n"), std::string::npos);
     list.Draw();
     EXPECT_EQ(reports.Take(), "");
     list.Set_Name("%s", "Name");
@@ -338,7 +361,7 @@ TEST(Check_Lists, Survive_Failures_And_Odd_Sizes) {
         Call_Spy spy;
         spy.Fail_Allocation(passed);
         use(93, 0, 20);
-        told = told || reports.Take() == "1:CheckLists: no memory for 10 items\n   name: ";
+        told = told || reports.Take() == "1:CheckLists: no memory for 10 items\n   name: (null)";
     }
     EXPECT_TRUE(told);
 }

@@ -223,8 +223,9 @@ TEST(Color_Editor, Changes_The_Mode_By_Its_Button) {
     EXPECT_EQ(e.Flag & HLS, HLS);
     Sample<Color_Edit> red;
     red.Value = 0xFFFF7832, red.Init(window), red.Draw(), red.Value = 0xFFFF7833;
-    const Area red_and_swatch{red.Chan_1.X, red.Swatch.X + 46, Bottom + 9, Bottom + 85};
-    EXPECT_EQ(window.Changed([&] { red.Adjust(); }), red_and_swatch);
+    // Red is at its end, which its trough holds just below 1: it is painted again with blue.
+    const Area troughs_and_swatch{red.Chan_1.X, red.Swatch.X + 46, Bottom + 5, Bottom + 85};
+    EXPECT_EQ(window.Changed([&] { red.Adjust(); }), troughs_and_swatch);
 }
 
 TEST(Hue_Editor, Changes_The_Hue_Alone) {

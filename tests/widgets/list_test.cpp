@@ -242,6 +242,10 @@ TEST(Lists, Follow_The_Pointer_And_Tell_The_Item) {
     list.Init(window);
     list.Item[2]->Flag |= FLAG_PASSIVE;
     list.Draw();
+    const Buttons& passive = *list.Item[2];
+    const int inset = BORDER + 1;  // its body is painted every time
+    const Area passive_body{passive.X + inset, passive.X + passive.Width - inset, passive.Y + inset,
+                            passive.Y + passive.Height - inset};
     for (const Row& row : table) {
         SCOPED_TRACE(&row - table);
         window.Point_At(Left + row.x, Bottom + row.y);
@@ -249,12 +253,15 @@ TEST(Lists, Follow_The_Pointer_And_Tell_The_Item) {
         EXPECT_EQ(list.Select(EVENT_MOVE), row.select);
         for (int i = 0; i < 9; ++i) {
             const bool lit = row.select && row.read == i;
-            const bool told = !row.inside || (i < 5 && i != 2);
+            const bool told = i != 2 && (!row.inside || i < 5);
             EXPECT_EQ(list.Item[i]->Hover == 1, lit) << i;
             EXPECT_TRUE(!told || lit || list.Item[i]->Hover == 2) << i;
         }
         for (const int event : {0, 1, 2}) {
-            EXPECT_EQ(window.Changed([&] { EXPECT_EQ(list.Select(event), row.select); }), Nothing);
+            // The bar takes presses and drags for itself.
+            const bool taken = row.x == 10 && event != 0;
+            EXPECT_EQ(window.Changed([&] { EXPECT_EQ(list.Select(event), row.select); }),
+                      taken ? Nothing : passive_body);
         }
         EXPECT_EQ(list.Read(), row.read);
     }

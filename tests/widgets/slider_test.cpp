@@ -359,7 +359,7 @@ TEST(Valuators, Print_Only_One_Number) {
     };
     const Picture plain = picture("%g");
     for (const char* format :
-         {"%s", "%n", "%d", "%f %f", "", "text", "%", "%*f", "%.*f", "%.999f", "%Lf", "100%%"}) {
+         {"%s", "%n", "%d", "%f %f", "", "text", "%", "%*f", "%.*f", "%.99999f", "%Lf", "100%%"}) {
         EXPECT_TRUE(Same(picture(format), plain)) << format;
         EXPECT_EQ(reports.Take(),
                   "11:Valuators: the format \"" + std::string(format) + "\" is not one number\n   name: n");

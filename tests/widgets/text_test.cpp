@@ -368,7 +368,7 @@ TEST(Texts, Report_Misuse_Once_And_Survive_Lack_Of_Memory) {
     bare.Input('a');
     EXPECT_EQ(reports.Take(),
               "11:Tools: WARNING ! |11:   you must call *_Init() first|"
-              "11:   type: Text::Input   name: \n");
+              "11:   type: Text::Input   name: (null)\n");
     bare.Draw(), bare.Cleanup(), bare.Scroll(1), bare.Select(0), bare.Deselect(), bare.Read("x");
     EXPECT_EQ(reports.Take(), "");
     for (int passed = 0; passed < 6; ++passed) {
