@@ -53,13 +53,15 @@ class Back_Buffer {
     /// The font that is known to be in place; null when an application may have changed it.
     HGDIOBJ font = nullptr;
 
+    /// The first pixel of a row; rows count from the top. GdiFlush has to come before it is read.
+    unsigned long* Row(int row) const;
+
   protected:
     /// Copies whole rows within the picture; the two places may overlap.
     void Copy_Rows(int from, int to, int rows);
 
   private:
     BITMAPINFO Top_Down_Info(LONG rows) const;
-    unsigned long* Row(int row) const;
 
     SIZE size;
     HDC dc;

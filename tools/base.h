@@ -150,9 +150,6 @@ void Paint_Outline(Canvas& canvas, const Area& area);
 /// An embossed arrow in an area; see `Tools::Arrow`.
 void Paint_Arrow(Canvas& canvas, short direction, int inset, int size, const Area& area);
 
-/// The arrows at both ends of an area, the one at the left or bottom first.
-void Paint_Arrow_Pair(Canvas& canvas, bool upright, int inset, int size, const Area& area);
-
 /// The body; see `Tools::Fill_Select`.
 void Paint_Body(Canvas& canvas, const Tools& control, bool highlighted, const void* buffer,
                 unsigned long flags, int inset, const Area& area);

@@ -134,16 +134,16 @@ void Canvas::Polygon(std::initializer_list<POINT> corners, unsigned long color) 
     With_Points(corners, [this](const POINT* corner, int count) { ::Polygon(dc, corner, count); });
 }
 
-void Canvas::Polygons(std::span<const POINT> corners, std::span<const int> counts, unsigned long color) {
-    constexpr std::size_t Most_Corners = 24;
-    POINT converted[Most_Corners];
-    if (corners.size() > Most_Corners) return;
-    std::transform(corners.begin(), corners.end(), converted, [this](const POINT& corner) {
-        return POINT{corner.x, Y(corner.y)};
-    });
-    Use_Brush(color);
-    Use_Pen(color);
-    PolyPolygon(dc, converted, counts.data(), static_cast<int>(counts.size()));
+void Canvas::Stamp(const unsigned long* hole, const unsigned long* colors, int width, int height, int x,
+                   int y) {
+    BITMAPINFO info{};
+    info.bmiHeader = {sizeof info.bmiHeader, width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+    const auto combine = [&](const unsigned long* pixels, DWORD operation) {
+        StretchDIBits(dc, x, Y(y), width, Down(height), 0, 0, width, height, pixels, &info, DIB_RGB_COLORS,
+                      operation);
+    };
+    combine(hole, SRCAND);
+    combine(colors, SRCPAINT);
 }
 
 void Canvas::Pixels(const void* buffer, int width, int height, int column, int rows_below, const Area& area) {

@@ -5,7 +5,6 @@
 #include <windows.h>
 
 #include <initializer_list>
-#include <span>
 
 #include "tools/context.h"
 #include "tools/scopes.h"
@@ -83,10 +82,10 @@ class Canvas {
     /// Polygon of up to six corners, filled and outlined.
     void Polygon(std::initializer_list<POINT> corners, unsigned long color);
 
-    /// Several such polygons, which may touch but not overlap, in one go.
-    /// @param corners  of all polygons in turn, 24 at most
-    /// @param counts   numbers of corners
-    void Polygons(std::span<const POINT> corners, std::span<const int> counts, unsigned long color);
+    /// Puts a shape of pixels on what is there, top-left at (x, y). Rows are top-down.
+    /// @param hole    0 where the shape is, all ones around it
+    /// @param colors  pixel forms, 0 around the shape
+    void Stamp(const unsigned long* hole, const unsigned long* colors, int width, int height, int x, int y);
 
     /// Pixels of a buffer of `width` x `height`, rows top-down, from its column `column` and `rows_below`
     /// rows above its last, to `area`, all four edges included.

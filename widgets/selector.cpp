@@ -153,7 +153,8 @@ void Paint_Name(Canvas& canvas, const Selects& selector) {
 void Paint_Arrows(Canvas& canvas, const Selects& selector) {
     const bool column = Is_Column(selector);
     const Area area = Value_Area(selector);
-    Paint_Arrow_Pair(canvas, column, 0, selector.Arrow_Size, area);
+    Paint_Arrow(canvas, column ? ARROW_DOWN : ARROW_LEFT, 0, selector.Arrow_Size, area);
+    Paint_Arrow(canvas, column ? ARROW_UP : ARROW_RIGHT, 0, selector.Arrow_Size, area);
 }
 
 /// An outline, the caption and the item as an outline; no arrows.

@@ -186,7 +186,8 @@ void Sliders::Cursor() {
     const Area area = Area_Of(*this);
     const int border = Frame_Width(*this);
     const bool vertical = Is_Vertical(*this);
-    Paint_Arrow_Pair(canvas, vertical, border + 2, Arrow_Side(*this), area);
+    Paint_Arrow(canvas, vertical ? ARROW_DOWN : ARROW_LEFT, border + 2, Arrow_Side(*this), area);
+    Paint_Arrow(canvas, vertical ? ARROW_UP : ARROW_RIGHT, border + 2, Arrow_Side(*this), area);
     if (Bar_Length(*this) < 2 * Bar_Thickness(*this)) return;
 
     Area thumb = area.Inset(border + 2);

@@ -4,9 +4,8 @@
 #include <cmath>
 #include <cstdio>
 #include <cstring>
-#include <new>
-#include <set>
-#include <string>
+#include <functional>
+#include <string_view>
 
 #include "tools/dimensions.h"
 #include "tools/sharing.h"
@@ -73,12 +72,14 @@ const char* Usable_Format(const Valuators& valuator) {
 }
 
 /// Whether a format is met for the first time.
-bool Is_New(const char* format) try {
-    constexpr std::size_t Most_Formats = 256;
-    static Immortal<std::set<std::string>> met;
+bool Is_New(std::string_view format) {
+    constexpr std::size_t Most_Formats = 64;
+    static std::size_t met[Most_Formats];  // hashes
+    static std::size_t count = 0;
     const Drawing_Lock lock;
-    return met->size() < Most_Formats && met->insert(format).second;
-} catch (const std::bad_alloc&) {
+    const std::size_t hash = std::hash<std::string_view>()(format);
+    if (count == Most_Formats || std::find(met, met + count, hash) != met + count) return false;
+    met[count++] = hash;
     return true;
 }
 
