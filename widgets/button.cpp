@@ -45,6 +45,14 @@ Area Lamp_Area(const Buttons& button) {
             button.Y + ((height - margin + button.Height) >> 1)};
 }
 
+/// What the lamp may paint: a frame that is higher than the lamp turns inside out.
+Area Lamp_Reach(const Buttons& button) {
+    const Area lamp = Lamp_Area(button);
+    const int frame = Lamp_Frame(button);
+    return {lamp.left, lamp.right, std::min(lamp.bottom, lamp.top - frame),
+            std::max(lamp.top, lamp.bottom + frame)};
+}
+
 void Paint_Lamp(Canvas& canvas, const Buttons& button) {
     if (!Has_Flag(button, BUTTON_LAMP)) return;
     const int frame = Lamp_Frame(button);
@@ -105,7 +113,7 @@ void Renew_Bodies(Buttons& button) {
 /// Whether lamp and caption lie on the body alone, so that painting the body leaves nothing of them.
 bool Body_Hides_Rest(Canvas& canvas, const Buttons& button) {
     const Area body = Area_Of(button).Inset(Button_Border(button) + 1);
-    return (!Has_Flag(button, BUTTON_LAMP) || body.Holds(Lamp_Area(button))) &&
+    return (!Has_Flag(button, BUTTON_LAMP) || body.Holds(Lamp_Reach(button))) &&
            Caption_Stays_Inside(canvas, button.Font, button.Name, Caption_Flags(button), Caption_Area(button),
                                 button.Border, body);
 }
@@ -130,7 +138,7 @@ Canvas Canvas_For_Whole(const Buttons& button) {
     // Stacked text may be longer than the button is high.
     const bool complete = !Has_Flag(button, FLAG_STATIC | FLAG_OUTLINE | FLAG_NO_BODY | FLAG_VERTICAL) &&
                           2 * Button_Border(button) + 2 <= std::min(button.Width, button.Height) &&
-                          (!Has_Flag(button, BUTTON_LAMP) || covered.Holds(Lamp_Area(button)));
+                          (!Has_Flag(button, BUTTON_LAMP) || covered.Holds(Lamp_Reach(button)));
     return complete ? Canvas(button, covered) : Canvas(button);
 }
 

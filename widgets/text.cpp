@@ -1,6 +1,7 @@
 #include "widgets/text.h"
 
 #include <algorithm>
+#include <climits>
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
@@ -92,7 +93,7 @@ void Set_Bar(const Texts& field, Sliders& bar, unsigned long direction, const Ar
 void Place_Bars(Texts& field) {
     if (!field.Window) return;
     const Area output = Output_Area(field);
-    const int thickness = field.Bar_Dim ? Magnitude(field.Bar_Dim) : CURSEUR;
+    const int thickness = std::min<int>(field.Bar_Dim ? Magnitude(field.Bar_Dim) : CURSEUR, SHRT_MAX);
     if (Has_V_Bar(field)) {
         const int left = field.X + SPACE;
         Set_Bar(field, field.V_Slider, FLAG_VERTICAL, {left, left + thickness, output.bottom + 1, output.top},
@@ -433,8 +434,8 @@ void Texts::Re_Write() {
     if (area.top - area.bottom < 1 || area.right - area.left < 1) return;
     constexpr int Margin = 2;
     const Output_View view{Margin - Scrolled(Has_H_Bar(*this), H_Slider),
-                           Scrolled(Has_V_Bar(*this), V_Slider), Color.get(),
-                           Has_Flag(*this, TEXT_SINGLE_LINE)};
+                           Scrolled(Has_V_Bar(*this), V_Slider),
+                           {Color.get(), Has_Flag(*this, TEXT_SINGLE_LINE), {Font, Bold_Font, Oblique_Font}}};
     Canvas canvas(*this, {area.left, area.right - 1, area.bottom + 1, area.top}, Picture);
     Area part = area;
     int low = 0;
@@ -446,9 +447,9 @@ void Texts::Re_Write() {
     Painted = view;
     Appended = Renewed = 0;
 
-    canvas.Box(part, view.color);
+    canvas.Box(part, view.look.color);
     const Narrow_Clip clip = canvas.Narrow(part);
-    const int count = view.single ? 1 : Most_Lines;
+    const int count = view.look.single ? 1 : Most_Lines;
     for (int k = First_Shown(view.scrolled, Line_Height); k < count; ++k) {
         const int rise = k * Line_Height - view.scrolled;
         if (rise > Height) break;
@@ -467,7 +468,7 @@ void Texts::Re_Write() {
 /// @return false, with nothing moved, when all of it has to be painted
 bool Texts::Move_Kept(const Output_View& view, int height, int& low, int& high) const {
     const bool same_look =
-        Even_Lines && view.x == Painted.x && view.color == Painted.color && !view.single && !Painted.single;
+        Even_Lines && view.x == Painted.x && view.look == Painted.look && !view.look.single;
     // A line that the bottom edge would cut is not painted at all, so only whole lines can be moved.
     if (!same_look || view.scrolled % Line_Height != 0 || Painted.scrolled % Line_Height != 0) return false;
 

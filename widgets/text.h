@@ -137,12 +137,20 @@ class GALDREN_TOOLS_API Texts : public Tools, public Text_Fields {
     bool Recall_Newer();
     bool Paste();
 
-    /// What the output looks like, apart from its lines.
-    struct Output_View {
-        int x;                ///< where lines begin, from the left edge of the output
-        int scrolled;         ///< pixels that are below its bottom edge
+    struct Output_Look {
         unsigned long color;  ///< of the ground
         bool single;          ///< only the newest line shows
+        HFONT fonts[3];
+        bool operator==(const Output_Look& other) const {
+            return color == other.color && single == other.single && fonts[0] == other.fonts[0] &&
+                   fonts[1] == other.fonts[1] && fonts[2] == other.fonts[2];
+        }
+    };
+    /// What the output looks like, apart from its lines.
+    struct Output_View {
+        int x;         ///< where lines begin, from the left edge of the output
+        int scrolled;  ///< pixels that are below its bottom edge
+        Output_Look look;
     };
     bool Move_Kept(const Output_View& view, int height, int& low, int& high) const;
 
