@@ -1,7 +1,6 @@
 #include "widgets/text.h"
 
 #include <algorithm>
-#include <climits>
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
@@ -93,7 +92,7 @@ void Set_Bar(const Texts& field, Sliders& bar, unsigned long direction, const Ar
 void Place_Bars(Texts& field) {
     if (!field.Window) return;
     const Area output = Output_Area(field);
-    const int thickness = std::min<int>(field.Bar_Dim ? Magnitude(field.Bar_Dim) : CURSEUR, SHRT_MAX);
+    const int thickness = field.Bar_Dim ? Magnitude(field.Bar_Dim) : CURSEUR;
     if (Has_V_Bar(field)) {
         const int left = field.X + SPACE;
         Set_Bar(field, field.V_Slider, FLAG_VERTICAL, {left, left + thickness, output.bottom + 1, output.top},
