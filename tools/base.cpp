@@ -64,8 +64,7 @@ void Check(Tools& control, const char* label) {
         Error_Fct(hwnd, ERROR_LEVEL_WARNING, "   bad data in device's structure");
     }
     Error_Fct(hwnd, ERROR_LEVEL_WARNING, "   type: %s   name: %s\n", label, Name_Of(control));
-    // An owned name stays owned, or nobody would free it.
-    control.State = static_cast<unsigned char>(STATE_WARNED | (control.State & STATE_OWNS_NAME));
+    control.State = STATE_WARNED;
 }
 
 bool Begin_Init(Tools& control, HWND& window, const char* label) {

@@ -63,6 +63,9 @@ int Select_By_Hover(Control& control, int event, Paint paint) {
 /// The name of a control in reports; "(null)" when it has none.
 const char* Name_Of(const Tools& control);
 
+/// Takes the name of a control away.
+void Release_Name(Tools& control);
+
 /// The head of almost every member: reports the first call on a control that `Init` did not prepare. The
 /// call goes on.
 /// @param label  name of the member in the report

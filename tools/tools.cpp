@@ -50,18 +50,23 @@ void Fill_Rectangle(const Tools& control, const Colors& color, int extra_rows) {
     canvas.Box({area.left, area.right + 1, area.bottom - 1, area.top + extra_rows}, color.get());
 }
 
+}  // namespace
+
+namespace galdren {
+
 void Release_Name(Tools& control) {
-    if (control.State & STATE_OWNS_NAME) Release_Array(control.Name);
+    Release_Array(control.Owned_Name);
+    control.Owned_Name = nullptr;
     control.State &= static_cast<unsigned char>(~STATE_OWNS_NAME);
     control.Name = nullptr;
 }
 
-}  // namespace
+}  // namespace galdren
 
 Tools::Tools() = default;
 
 Tools::Tools(const Tools& other) : Tools_Fields(other) {
-    if (State & STATE_OWNS_NAME) Share_Array(Name);
+    Share_Array(Owned_Name);
     Share_Region(Region);
     Share_Font(Font);
     Share_Array(Graph_Select);
@@ -123,7 +128,7 @@ int Tools::Set_Name(const char* format, ...) {
         Report_No_Memory(Line_Of_Name);
         return 0;
     }
-    Name = name;
+    Name = Owned_Name = name;
     State |= STATE_OWNS_NAME;
     return 1;
 }

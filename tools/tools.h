@@ -87,6 +87,7 @@ struct Tools_Fields {
     short Last_Height{};                 ///< `Height` when the buffers were made
     unsigned long* Last_Graph_Select{};  ///< `Graph_Select` at the last `Init`
     unsigned long* Last_Graph_Normal{};  ///< `Graph_Normal` at the last `Init`
+    const char* Owned_Name{};            ///< text made by `Set_Name`, whatever `Name` is now; owned
 };
 
 /// The state every control begins with, and the painting primitives that give controls their look.

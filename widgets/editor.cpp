@@ -41,7 +41,7 @@ void Copy_Look(Tools& part, const Tools& editor, int border) {
 }
 
 void Name_Part(Tools& part, const char* name) {
-    part.Set_Name(nullptr);
+    Release_Name(part);
     part.Name = name;
 }
 

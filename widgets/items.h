@@ -75,11 +75,11 @@ inline void Copy_Clip(Tools& part, const Tools& owner) {
 
 /// Gives a part the name of its owner. It holds the name like a copy does, for the owner may get another one.
 inline void Take_Name(Tools& part, const Tools& owner) {
-    part.Set_Name(nullptr);
+    Release_Name(part);
     part.Name = owner.Name;
-    if (!(owner.State & STATE_OWNS_NAME)) return;
-    Share_Array(owner.Name);
-    part.State |= STATE_OWNS_NAME;
+    if (owner.Name != owner.Owned_Name) return;
+    Share_Array(owner.Owned_Name);
+    part.Owned_Name = owner.Owned_Name;
 }
 
 /// Gives an item the font words and size of its owner.

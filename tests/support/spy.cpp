@@ -1,6 +1,7 @@
 #include "tests/support/spy.h"
 
 #include <gtest/gtest.h>
+#include <malloc.h>
 #include <winternl.h>
 
 #include <algorithm>
@@ -141,5 +142,12 @@ Report_Catcher::~Report_Catcher() {
 }
 
 std::string Report_Catcher::Take() { return std::exchange(Caught, {}); }
+
+int Live_Blocks() {
+    int count = 0;
+    for (_HEAPINFO block{}; _heapwalk(&block) == _HEAPOK;)
+        count += block._useflag == _USEDENTRY;
+    return count;
+}
 
 }  // namespace galdren_test

@@ -43,6 +43,8 @@ class Call_Spy {
 
 /// Number of live GDI objects of this process.
 int Gdi_Objects();
+/// Blocks that the C runtime's heap holds.
+int Live_Blocks();
 
 /// While it lives, takes the reports of both libraries, of every level.
 class Report_Catcher {

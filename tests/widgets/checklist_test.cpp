@@ -1,5 +1,3 @@
-#include <malloc.h>
-
 #include <algorithm>
 #include <climits>
 #include <deque>
@@ -37,14 +35,6 @@ void Fill_In(CheckLists& list, int count, unsigned long flag = 0) {
 
 void Point_At(const Test_Window& window, const CheckLists& list, int item, int x = 10) {
     window.Point_At(list.Label[item].X + x, list.Label[item].Y + 7);
-}
-
-/// Number of blocks on the heap that all modules share.
-int Live_Blocks() {
-    int count = 0;
-    for (_HEAPINFO block{}; _heapwalk(&block) == _HEAPOK;)
-        count += block._useflag == _USEDENTRY;
-    return count;
 }
 
 void Paint_Label(Painter& painter, const CheckLists& list, int item, COLORREF color) {

@@ -58,6 +58,26 @@ void Use_Everything(HWND window, const char* name = "Name") {
 
 }  // namespace
 
+/// Neither a report of misuse nor another name that the application puts in its place loses the text.
+TEST(Names, Are_Freed_Whatever_Becomes_Of_The_Fields) {
+    const auto live = [] {
+        const Report_Catcher reports;
+        Tools named;
+        named.Set_Name("%s", "freed with the control");
+        named.Clear();
+        EXPECT_EQ(named.State, STATE_WARNED);
+        Tools copy(named);
+        copy.Name = "a constant";
+        named = copy;
+        copy.Set_Name("%s", "other");
+        EXPECT_STREQ(named.Name, "a constant");
+    };
+    live();
+    const int blocks = Live_Blocks();
+    live();
+    EXPECT_EQ(Live_Blocks(), blocks);
+}
+
 TEST(Names, Belong_To_The_Control_Only_When_Set) {
     Tools t;
     EXPECT_EQ(t.Set_Name("%s-%d", "axis", 3), 1);
