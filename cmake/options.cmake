@@ -1,7 +1,7 @@
 # Options of every target of this project, and the two ways a library is built.
 add_library(galdren_options INTERFACE)
-target_compile_definitions(galdren_options INTERFACE WIN32_LEAN_AND_MEAN NOMINMAX WINVER=0x0600
-                                                     _WIN32_WINNT=0x0600)
+target_compile_definitions(galdren_options INTERFACE WIN32_LEAN_AND_MEAN NOMINMAX WINVER=0x0601
+                                                     _WIN32_WINNT=0x0601)
 target_include_directories(galdren_options INTERFACE $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>)
 if(MSVC)
   target_compile_options(galdren_options INTERFACE /W4 /permissive- /utf-8)

@@ -19,6 +19,7 @@
 #include "util/directory.h"
 #include "util/program.h"
 #include "widgets/items.h"
+#include "widgets/range.h"
 
 using namespace galdren;
 
@@ -139,13 +140,9 @@ void Fit_Bar(Sliders& bar, unsigned long flag, int room, int extent, float& far_
     bar.Draw();
 }
 
-/// Number of pixels that a bar scrolls by.
-int Scrolled(const Sliders& bar) {
-    constexpr int Farthest = 1 << 29;  // twice that has room in the arithmetic here
-    return std::clamp(Truncate(double{bar.Val}), -Farthest, Farthest);
+POINT Scrolled(const DirTrees& tree) {
+    return {Pixels_Scrolled(tree.Horizontal_Bar), Pixels_Scrolled(tree.Vertical_Bar)};
 }
-
-POINT Scrolled(const DirTrees& tree) { return {Scrolled(tree.Horizontal_Bar), Scrolled(tree.Vertical_Bar)}; }
 
 const char* Icon_Of(const Dir_Tree& node) {
     struct Kind {
@@ -177,7 +174,7 @@ int Widest_Row(const DirTrees& tree) {
     for (const Dir_Row* row = tree.Row; row != tree.Row + tree.Nb_Row; ++row) {
         const int before = tree.List_Box.X + 2 * (9 * row->depth + 9 + SPACE);
         Dir_Tree& node = *row->node;
-        if (node.width == 0) node.width = Low_16(canvas.Width_Of(tree.List_Box.Font, node.name));
+        if (node.width == 0) node.width = Within_16(canvas.Width_Of(tree.List_Box.Font, node.name));
         widest = std::max(widest, before + node.width);
     }
     return widest;
@@ -189,9 +186,9 @@ class Row_Painter {
     Row_Painter(Canvas& surface, DirTrees& browser)
         : canvas(surface),
           tree(browser),
-          first(std::max(Scrolled(tree.Vertical_Bar) / Row_Height, 0)),
-          left(tree.List_Box.X + 2 * SPACE - Scrolled(tree.Horizontal_Bar)),
-          baseline_0(tree.List_Box.Y + tree.List_Box.Height + Scrolled(tree.Vertical_Bar) - SPACE -
+          first(std::max(Pixels_Scrolled(tree.Vertical_Bar) / Row_Height, 0)),
+          left(tree.List_Box.X + 2 * SPACE - Pixels_Scrolled(tree.Horizontal_Bar)),
+          baseline_0(tree.List_Box.Y + tree.List_Box.Height + Pixels_Scrolled(tree.Vertical_Bar) - SPACE -
                      Row_Height) {}
 
     /// Paints a part of the list, ground and all.
@@ -485,7 +482,7 @@ bool DirTrees::Own_Tree() {
     Root = own;
     Current = had_current ? Find_Current(*own) : nullptr;
     Renew_Rows();
-    return true;
+    return Row != nullptr;
 }
 
 void DirTrees::Renew_Rows() {

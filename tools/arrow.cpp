@@ -175,7 +175,8 @@ const Stamp* Stamp_Of(const Arrow_Shape& shape) {
 
 void Free_Stamps() {
     const Drawing_Lock lock;
-    The_Stamps().kept.fill({});
+    for (Stamp& stamp : The_Stamps().kept)
+        stamp = Stamp{};
 }
 
 const Cleanup Stamps_Cleanup(Free_Stamps);

@@ -65,10 +65,6 @@ class Canvas {
     /// Fills the columns left..right-1 and the rows bottom+1..top.
     void Box(const Area& area, unsigned long color);
 
-    /// Copies what an area filled by `Box` shows to a place `rise` rows higher, as far as that is in the
-    /// area.
-    void Raise(const Area& area, int rise);
-
     /// Horizontal line from x_from towards x_to, which is not painted.
     void Row(int x_from, int x_to, int y, unsigned long color);
     /// Vertical line from y_from towards y_to, which is not painted.

@@ -1,6 +1,7 @@
 #include "tools/font.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cstdlib>
 #include <cstring>
 #include <map>
@@ -85,18 +86,26 @@ Facts_Cache& The_Facts() {
     return *cache;
 }
 
-/// Glyphs are looked up byte by byte, which is right in the code pages of one byte a character.
+/// Accents that combine, and scripts whose letters change their place or shape beside others.
+bool Needs_Layout(WCHAR character) {
+    return (character >= 0x0300 && character <= 0x036F) || (character >= 0x0590 && character <= 0x10FF);
+}
+
+/// Glyphs are looked up byte by byte, which is right in the code pages of one byte a character. A character
+/// without one, and every one of a font of bitmaps, is left to DrawText.
 Font_Facts Ask_Facts(HDC dc) {
     Font_Facts facts{};
     GetTextMetricsA(dc, &facts.metrics);
     CPINFO code_page{};
-    const bool one_byte = GetCPInfo(CP_ACP, &code_page) && code_page.MaxCharSize == 1;
+    const bool scalable = (facts.metrics.tmPitchAndFamily & TMPF_TRUETYPE) != 0;
+    const bool by_glyph = scalable && GetCPInfo(CP_ACP, &code_page) && code_page.MaxCharSize == 1;
     for (int byte = 0; byte < 256; ++byte) {
         WORD& glyph = facts.glyphs[byte];
         glyph = Font_Facts::No_Glyph;
         const char text = static_cast<char>(byte);
         WCHAR wide = 0;
-        if (!one_byte || byte < ' ' || MultiByteToWideChar(CP_ACP, 0, &text, 1, &wide, 1) != 1) continue;
+        if (!by_glyph || byte < ' ' || MultiByteToWideChar(CP_ACP, 0, &text, 1, &wide, 1) != 1) continue;
+        if (Needs_Layout(wide)) continue;
         GetGlyphIndicesW(dc, &wide, 1, &glyph, GGI_MARK_NONEXISTING_GLYPHS);
         SIZE extent{};
         GetTextExtentPoint32W(dc, &wide, 1, &extent);
@@ -113,9 +122,8 @@ void Forget_Facts(HFONT font) {
 
 /// Every failure but the first of the process is silent.
 void Report_Failure(const LOGFONTA& description) {
-    static bool reported = false;
-    if (reported) return;
-    reported = true;
+    static std::atomic_flag reported;
+    if (reported.test_and_set()) return;
     Error_Fct(hwnd, ERROR_LEVEL_FONT, "WARNING: in Z_Create_Font()");
     Error_Fct(hwnd, ERROR_LEVEL_FONT, "Unable to allocate font:(name:%s height:%d weight:%d )",
               description.lfFaceName, static_cast<int>(description.lfHeight),
@@ -151,7 +159,11 @@ HGDIOBJ Font_Or_Stock(HFONT font) { return font ? font : GetStockObject(SYSTEM_F
 HFONT Acquire_Font(HWND window, const char* face, const char* weight, const char* style, short points) {
     if (Asks_For_Nothing(face, weight, style, points)) return nullptr;
     const Font_Key key(window, face, weight, style, points);
-    return Fonts().Acquire(key, [&] { return Make_Font(key); });
+    return Fonts().Acquire(key, [&] {
+        const HFONT font = Make_Font(key);
+        Forget_Facts(font);  // the handle may have been that of a font which an application deleted
+        return font;
+    });
 }
 
 void Share_Font(HFONT font) { Share(Thing::Font, font); }
@@ -168,6 +180,7 @@ int Extent_In_Place(HDC dc, const char* text) {
 const Font_Facts* Facts_Of(HFONT font, HDC dc) {
     Drawing_Lock lock;
     Facts_Cache& cache = The_Facts();
+    if (!dc) return nullptr;
     if (font && cache.last_font == font) return cache.last;
     if (!Fonts().Key_Of(font)) return nullptr;
     auto found = cache.facts.find(font);

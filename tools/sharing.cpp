@@ -35,7 +35,7 @@ void Share(Thing kind, const void* thing) {
 
 bool Is_Shared(Thing kind, const void* thing) {
     Drawing_Lock lock;
-    return All_Holders().count({kind, thing}) != 0;
+    return Count_Lost || All_Holders().count({kind, thing}) != 0;
 }
 
 bool Let_Go(Thing kind, const void* thing) {

@@ -4,6 +4,7 @@
 #include <map>
 #include <memory>
 #include <new>
+#include <utility>
 #include <vector>
 
 #include "tools/back_buffer.h"
@@ -60,6 +61,7 @@ struct Level {
     Back_Buffer* buffer = nullptr;  ///< what is painted on, when that is off screen
     int holders = 0;                ///< open pairs
     int applications = 0;           ///< open pairs of applications among them
+    int saved = 0;                  ///< what to restore off screen after the application; 0 without one
     HGDIOBJ font_before = nullptr;  ///< font to put back; null while it is in place
 };
 
@@ -139,9 +141,9 @@ Level& Take(HWND window, bool application) {
     }
     Level& level = surface.levels.back();
     ++level.holders;
-    if (application) {
-        ++level.applications;
-        if (level.buffer) level.buffer->Reset_Text();
+    if (application && level.applications++ == 0 && level.buffer) {
+        level.buffer->Reset_Text();
+        level.saved = SaveDC(level.view.dc);
     }
     return level;
 }
@@ -226,12 +228,10 @@ void Give_Back(bool application) {
     Level& level = surface.levels.back();
     if (application) {
         if (level.applications == 0) return;
-        --level.applications;
+        if (--level.applications == 0 && level.saved) RestoreDC(level.view.dc, std::exchange(level.saved, 0));
     }
     --level.holders;
     if (level.holders == 0) {
-        // A context of the window's own would lose its clip here.
-        if (application && level.source == Source::Batch) SelectClipRgn(level.view.dc, nullptr);
         Release(level);
         surface.levels.pop_back();
         Set_Globals(surface);
@@ -248,8 +248,12 @@ Window_Buffer* Buffer_For(Surface& surface, HWND window) {
     if (client.cx < 1 || client.cy < 1) return nullptr;
     const auto found = surface.buffers.find(window);
     if (found != surface.buffers.end() && found->second->Fits(client)) return found->second.get();
-    std::erase_if(surface.buffers,
-                  [&](const auto& entry) { return entry.first == window || !IsWindow(entry.first); });
+    std::erase_if(surface.buffers, [&](const auto& entry) {
+        const bool painted_on =
+            std::any_of(surface.batches.begin(), surface.batches.end(),
+                        [&](const Batch& batch) { return batch.buffer == entry.second.get(); });
+        return !painted_on && (entry.first == window || !IsWindow(entry.first));
+    });
     try {
         auto buffer = std::make_unique<Window_Buffer>(client);
         if (!buffer->Usable()) return nullptr;

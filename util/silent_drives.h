@@ -6,16 +6,17 @@
 
 namespace galdren {
 
-/// While it lives, a drive without a medium is an error like any other, not a question to the user.
+/// While it lives, a drive without a medium is an error like any other to this thread, not a question to the
+/// user.
 class Silent_Drives {
   public:
-    Silent_Drives() : before(GetErrorMode()) { SetErrorMode(before | SEM_FAILCRITICALERRORS); }
-    ~Silent_Drives() { SetErrorMode(before); }
+    Silent_Drives() { SetThreadErrorMode(GetThreadErrorMode() | SEM_FAILCRITICALERRORS, &before); }
+    ~Silent_Drives() { SetThreadErrorMode(before, nullptr); }
     Silent_Drives(const Silent_Drives&) = delete;
     Silent_Drives& operator=(const Silent_Drives&) = delete;
 
   private:
-    UINT before;
+    DWORD before = 0;
 };
 
 }  // namespace galdren

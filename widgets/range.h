@@ -97,4 +97,10 @@ void Paint_Thumb_Dark(Canvas& canvas, const Area& thumb);
 /// The shadow one pixel inside the dark edges.
 void Paint_Thumb_Shadow(Canvas& canvas, const Area& thumb);
 
+/// Number of pixels that a bar scrolls by.
+inline int Pixels_Scrolled(const Sliders& bar) {
+    constexpr int Farthest = 1 << 29;  // twice that has room in the arithmetic of its owners
+    return std::clamp(Truncate(double{bar.Val}), -Farthest, Farthest);
+}
+
 }  // namespace galdren

@@ -134,7 +134,7 @@ void Press_Arrows(Selects& selector) {
 void Paint_Inside(Canvas& canvas, const Selects& selector, bool highlighted) {
     const Boxs& frame = selector.Frame;
     const unsigned long* body = highlighted ? frame.Cur_Graph_Select : frame.Cur_Graph_Normal;
-    Paint_Body(canvas, selector, highlighted, body, frame.Flag, Frame_Width(selector) + 1, Area_Of(selector));
+    Paint_Body(canvas, frame, highlighted, body, frame.Flag, Frame_Width(selector) + 1, Area_Of(frame));
 }
 
 /// What the value area takes of the caption's room, its frame included.

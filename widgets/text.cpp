@@ -15,7 +15,10 @@
 #include "tools/font_cache.h"
 #include "tools/input.h"
 #include "tools/sharing.h"
+#include "util/error.h"
+#include "util/program.h"
 #include "widgets/items.h"
+#include "widgets/range.h"
 #include "widgets/text_parts.h"
 
 using namespace galdren;
@@ -57,7 +60,7 @@ int Longest_Line(const Texts& field) {
 
 /// How far a bar that works has scrolled, in pixels.
 int Scrolled(bool configured, const Sliders& bar) {
-    return configured && !Has_Flag(bar, FLAG_PASSIVE) ? Truncate(bar.Val) : 0;
+    return configured && !Has_Flag(bar, FLAG_PASSIVE) ? Pixels_Scrolled(bar) : 0;
 }
 
 bool Stands_At(const Tools& control, const Area& place) {
@@ -395,13 +398,13 @@ void Texts::Append(int new_lines, const char* format, va_list arguments) {
     if (!Has_Size(*this) || !format) return;
     char text[Line_Room];
     if (!Format_Line(text, format, arguments) || Has_Flag(*this, FLAG_PASSIVE)) return;
-    Scroll_1(new_lines);
+    if (!Scroll_1(new_lines)) return;
     const char* begin = text;
     for (const char* end; (end = std::strchr(begin, '\n')) != nullptr; begin = end + 1) {
-        if (Lines) Lines[0] = Duplicate({begin, end});
+        Lines[0] = Duplicate({begin, end});
         Scroll_1(1);
     }
-    if (Lines) Lines[0] = Duplicate(begin);
+    Lines[0] = Duplicate(begin);
 
     Paint_Contents();
     Canvas canvas(*this);
@@ -412,19 +415,24 @@ void Texts::Append(int new_lines, const char* format, va_list arguments) {
     });
 }
 
-void Texts::Scroll_1(int n) {
-    if (Has_Flag(*this, FLAG_PASSIVE)) return;
-    if (!Ensure_Array(Lines, Most_Lines) || !Ensure_Array(Line_Width, Most_Lines)) return;
+/// @return whether there is a place for a line
+bool Texts::Scroll_1(int n) {
+    if (Has_Flag(*this, FLAG_PASSIVE)) return false;
+    if (!Ensure_Array(Lines, Most_Lines) || !Ensure_Array(Line_Width, Most_Lines)) {
+        Error_Fct(hwnd, ERROR_LEVEL_MEMORY, "Texts: no memory for lines\n   name: %s", Name_Of(*this));
+        return false;
+    }
     Appended = std::min(Appended + n, Most_Lines);
     Renewed = std::max(std::min(Renewed + n, Most_Lines), 1);
     if (n == 0) {
         Free_Texts(Lines, 0, 1);
         Line_Width[0] = 0;
-        return;
+        return true;
     }
     Free_Texts(Lines, Most_Lines - n, Most_Lines);
     Move_Entries(Lines, Most_Lines, n);
     Move_Entries(Line_Width, Most_Lines, n);
+    return true;
 }
 
 void Texts::Re_Write() {

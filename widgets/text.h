@@ -118,7 +118,7 @@ class GALDREN_TOOLS_API Texts : public Tools, public Text_Fields {
 
   private:
     void Read_Echo(char* const text, short cursor);
-    void Scroll_1(int n);
+    bool Scroll_1(int n);
     void Scroll_2(int n);
     void Re_Write();
     void Rescale_Cursor();

@@ -236,10 +236,7 @@ bool Texts::Insert(char character) {
 
 bool Texts::Enter() {
     const std::string_view line(Line, static_cast<std::size_t>(Input_Length(*this)));
-    if (!Has_Flag(*this, TEXT_SINGLE_LINE)) {
-        Scroll_1(1);
-        if (Lines) Lines[0] = Duplicate(line);
-    }
+    if (!Has_Flag(*this, TEXT_SINGLE_LINE) && Scroll_1(1)) Lines[0] = Duplicate(line);
     Scroll_2(1);
     if (History) History[0] = Duplicate(line);
     Mode |= TEXT_ENTERED;
