@@ -170,7 +170,9 @@ void Host::Refresh(const Tools& control) const {
 }
 
 bool Host::Message(UINT message, WPARAM wparam, LPARAM lparam, LRESULT& result) {
-    // The callbacks run last in every branch, so that one of them may even destroy the host.
+    if (!window) return false;
+    // The callbacks run last in every branch, so that one of them may even destroy the host; but that of
+    // `Set_On_Paint` cannot be the last.
     const auto taken = [&result](LRESULT value) {
         result = value;
         return true;
@@ -447,7 +449,9 @@ void Host::Paint_Area(RECT area) {
     Paint_Ground(area);
     for (std::size_t i = 0; i < entries.size(); ++i) {
         Tools& control = *entries[i].control;
-        if (!Meet(Painted_Area(entries[i]), area)) continue;
+        // One that was never initialised has no area yet, and reports that.
+        const bool placed = !IsRectEmpty(&control.Rect);
+        if (placed && !Meet(Painted_Area(entries[i]), area)) continue;
         // Only the control that has the pointer may light up, whatever lies above or beside it.
         const Pointer_Scope shown(&control == current ? pointer : Nowhere);
         entries[i].calls->draw(control);

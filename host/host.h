@@ -32,8 +32,8 @@
 /// Controls and the whole host may be changed from inside every callback: `Remove`, `Clear`, `Add`.
 class Host {
   public:
-    /// Serves the window `served`, which need not be visible yet. Reports at level 2 when the application was
-    /// compiled with other headers than the library (`Check_Tools_Layout`).
+    /// Serves the window `served`, which has to exist already but need not be visible yet. Reports at level 2
+    /// when the application was compiled with other headers than the library (`Check_Tools_Layout`).
     explicit Host(HWND served) : window(served) { Check_Tools_Layout(); }
     ~Host();
     Host(const Host&) = delete;
@@ -42,8 +42,9 @@ class Host {
     /// Colour behind the controls; grey (170, 170, 170) until it is set. Takes effect with the next paint.
     void Set_Background(Colors color);
 
-    /// Called at every paint for the application's own drawing, above the background and below the controls.
-    /// The surface is taken (`Z_DC` is ready) and clipped to the part that is painted anew.
+    /// Called at every paint, and not to destroy the host, for the application's own drawing, above the
+    /// background and below the controls. The surface is taken (`Z_DC` is ready) and clipped to the part that
+    /// is painted anew.
     void Set_On_Paint(std::function<void()> draw);
 
     /// Adds a control on top of those before. It is initialised by the application or by `Init_All`.

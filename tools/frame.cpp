@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "tools/base.h"
+#include "tools/surface.h"
 
 namespace galdren {
 
@@ -40,15 +41,15 @@ bool Fits_Size(const Tools& control, const void* buffer) {
 
 namespace {
 
-/// Fills a body as `Draw_Box` fills a rectangle. Insets that overlap turn it round; then it stays within the
-/// control.
-void Paint_Flat_Body(Canvas& canvas, const Area& body, const Area& control, unsigned long color) {
-    if (body.left < body.right && body.bottom < body.top) return canvas.Box(body, color);
-    const Area proper{std::max(std::min(body.left, body.right), control.left),
-                      std::min(std::max(body.left, body.right), control.right + 1),
-                      std::max(std::min(body.bottom, body.top), control.bottom - 1),
-                      std::min(std::max(body.bottom, body.top), control.top)};
-    if (proper.left < proper.right && proper.bottom < proper.top) canvas.Box(proper, color);
+/// Fills a body as `Draw_Box` fills a rectangle. Insets that overlap turn it round, and then it ends a pixel
+/// further; it stays within the control.
+void Paint_Flat_Body(Canvas& canvas, Area body, const Area& control, unsigned long color) {
+    Current_Color = color;
+    if (body.left > body.right) body = {body.right + 1, body.left + 1, body.bottom, body.top};
+    if (body.bottom > body.top) body = {body.left, body.right, body.top - 1, body.bottom - 1};
+    body = {std::max(body.left, control.left), std::min(body.right, control.right + 1),
+            std::max(body.bottom, control.bottom - 1), std::min(body.top, control.top)};
+    if (body.left < body.right && body.bottom < body.top) canvas.Box(body, color);
 }
 
 void Paint_Signal(const Tools& control, const Area& area, const Colors& color) {

@@ -1,6 +1,6 @@
 /// @file
 /// Painting helpers on the surface in use. All of them belong between `Begin_Draw` and `End_Draw`, paint in
-/// `Current_Color` and leave the context's pen and brush as they were.
+/// `Current_Color` and leave selected what was selected; `Draw_Box` changes the colour of the stock DC brush.
 #pragma once
 
 #include "api.h"

@@ -281,7 +281,7 @@ void Open_Batch(HWND window, Start start) {
 
 /// Fills a rectangle in device coordinates.
 void Fill(const View& view, RECT area, unsigned long color) {
-    if (!view.dc) return;
+    if (!view.dc || IsRectEmpty(&area)) return;
     if (view.mapped) {
         area.top = view.height - 1 - area.top;
         area.bottom = view.height - 1 - area.bottom;

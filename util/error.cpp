@@ -45,6 +45,7 @@ void Report_Standard(const char* text) {
     char line[Longest_Report + MAX_PATH];
     std::snprintf(line, sizeof line, "%s: %s%s", program, text, line_end);
     std::fputs(line, stderr);
+    std::fflush(stderr);  // a crash that follows must not take it along
     OutputDebugStringA(line);
 }
 

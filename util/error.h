@@ -18,6 +18,9 @@ enum Error_Level {
 extern "C" {
 
 /// Receives the reports that pass the level filter, in place of the standard output of reports.
+///
+/// The thread that reports may hold the drawing lock: a handler that waits for another thread to paint would
+/// wait for ever, and one that shows a window keeps others from painting.
 /// @param window  the window that `Error_Fct` was given
 /// @param level   level of the report
 /// @param text    the formatted text without style bytes, valid during the call

@@ -1,5 +1,5 @@
 /// @file
-/// The owned array of items behind every `Grow`: pointers to items, ended by null.
+/// The owned array of items behind every `Grow`, pointers ended by null, and how owners dress their parts.
 #pragma once
 
 #include <algorithm>

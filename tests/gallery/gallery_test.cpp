@@ -66,52 +66,6 @@ TEST(Gallery_Test, Button_Lights_Up_And_Toggles) {
     EXPECT_EQ(gallery.Close(), 0u);
 }
 
-TEST(Gallery_Test, Lamp_Shows_Every_Colour) {
-    Gallery gallery("buttons");
-    const POINT lamp = gallery.Lamp_Of("Lamp cycling");
-    EXPECT_TRUE(Shows(lamp, grey));
-    ASSERT_TRUE(gallery.Point_At("Lamp cycling"));
-    const unsigned colors[] = {0x00FF00, 0x0000FF, 0xFFFF00, 0xFF0000, grey};
-    for (std::size_t i = 0; i < std::size(colors); ++i) {
-        gallery.Press();
-        gallery.Release();
-        const std::size_t code = (i + 1) % std::size(colors);
-        EXPECT_TRUE(gallery.Says("press \"Lamp cycling\": Lamp " + std::to_string(code)));
-        EXPECT_TRUE(Shows(lamp, colors[i]));
-    }
-    EXPECT_EQ(gallery.Close(), 0u);
-}
-
-TEST(Gallery_Test, Pressed_Button_Keeps_The_Pointer) {
-    Gallery gallery("buttons");
-    ASSERT_TRUE(gallery.Point_At("Plain"));
-    EXPECT_TRUE(Lights_Up(Body_Of(gallery, "Plain")));
-    gallery.Press();
-    EXPECT_TRUE(gallery.Says("press \"Plain\": Value 1"));
-    gallery.Move_To(gallery.Middle_Of("No rim"));
-    EXPECT_TRUE(Wait_Until([&] { return !Is_Lit(Body_Of(gallery, "Plain")); }));
-    EXPECT_FALSE(Is_Lit(Body_Of(gallery, "No rim")));
-    gallery.Release();
-    EXPECT_TRUE(gallery.Says("over \"No rim\""));
-    EXPECT_TRUE(Lights_Up(Body_Of(gallery, "No rim")));
-    EXPECT_FALSE(gallery.Tells_Of_Press());
-    EXPECT_EQ(gallery.Close(), 0u);
-}
-
-TEST(Gallery_Test, Only_Reacting_Boxes_Light_Up) {
-    Gallery gallery("boxes");
-    const POINT lit = Body_Of(gallery, "Lights up");
-    EXPECT_TRUE(gallery.Click("Lights up", "press \"Lights up\": a box holds no value"));
-    EXPECT_TRUE(Lights_Up(lit));
-    gallery.Move_To(gallery.Middle_Of("Passive"));
-    EXPECT_TRUE(gallery.Says("over nothing"));
-    EXPECT_TRUE(Wait_Until([&] { return !Is_Lit(lit); }));
-    EXPECT_FALSE(Is_Lit(Body_Of(gallery, "Passive")));
-    EXPECT_TRUE(gallery.Click("Static", "press \"Static\": a box holds no value"));
-    EXPECT_FALSE(Is_Lit(Body_Of(gallery, "Static")));
-    EXPECT_EQ(gallery.Close(), 0u);
-}
-
 TEST(Gallery_Test, Bars_Follow_Drag_And_Wheel) {
     Gallery gallery("sliders");
     const char keeper[] = "Drag keeps the grab";

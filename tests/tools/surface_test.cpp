@@ -240,6 +240,33 @@ TEST(Batch, Fills_A_Rectangle_And_Leaves_The_Rest_Alone) {
     Expect_Nothing_Taken();
 }
 
+/// What an application selects in a batch is gone with its pair, as it is on a window.
+TEST(Batch, Forgets_What_An_Application_Set) {
+    Test_Window window(100, 80), other(50, 50);
+    const auto caption = [&] {
+        Begin_Batch(window);
+        Begin_Draw(window, nullptr);
+        Text_Tabbed(nullptr, 40, 40, "text");
+        End_Draw();
+        End_Batch();
+    };
+    const Picture before = window.After(caption);
+    Begin_Batch(window);
+    Begin_Draw(window, nullptr);
+    SetTextAlign(Z_DC, TA_RIGHT), SetROP2(Z_DC, R2_NOT), SelectObject(Z_DC, GetStockObject(BLACK_BRUSH));
+    Clip_Rect(0, 0, 5, 5);
+    End_Draw();
+    End_Batch();
+    EXPECT_TRUE(Same(window.After(caption), before));
+
+    Begin_Batch(window);
+    window.Close();
+    Begin_Batch(other);  // buffers of windows that are gone go now, but for one in use
+    End_Batch();
+    End_Batch();
+    Expect_Nothing_Taken();
+}
+
 TEST(Batch, Follows_The_Window_And_Survives_It) {
     Test_Window window(100, 80), beside(240, 200);
     for (const SIZE size : {SIZE{100, 80}, SIZE{220, 160}, SIZE{60, 40}, SIZE{221, 40}}) {
