@@ -40,7 +40,7 @@ void RGB_to_HLS(float r, float g, float b, float* h, float* l, float* s) {
         return;
     }
     *s = std::min(range / (*l <= 0.5F ? sum : 2.0F - sum), 1.0F);  // rounding may bring it beyond
-    float sextant = 0.0F;  // 0 at red, 2 at green, 4 at blue
+    float sextant = 0.0F;                                          // 0 at red, 2 at green, 4 at blue
     if (high == r) {
         sextant = (g - b) / range;
     } else if (high == g) {
