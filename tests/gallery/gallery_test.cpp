@@ -1,6 +1,7 @@
 // The gallery driven by the real pointer: what it says, and what the screen shows.
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
@@ -382,13 +383,13 @@ TEST(Gallery_Test, Writes_A_Picture_Of_Every_Flag_In_The_Manual) {
     const std::filesystem::path target = std::filesystem::temp_directory_path() / "galdren_flags_test";
     Program program("--flags \"" + target.string() + '"');
     EXPECT_EQ(program.Exit_Code(), 0u);
-    int count = 0;
+    std::uintmax_t count = 0;
     for (const auto& picture : std::filesystem::directory_iterator(FLAG_PICTURES)) {
         EXPECT_GT(std::filesystem::file_size(target / picture.path().filename()), 100u) << picture.path();
         ++count;
     }
-    EXPECT_GT(count, 100);
-    EXPECT_EQ(std::filesystem::remove_all(target), count + 1u);
+    EXPECT_GT(count, 100u);
+    EXPECT_EQ(std::filesystem::remove_all(target), count + 1);
 }
 
 }  // namespace
