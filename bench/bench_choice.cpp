@@ -124,9 +124,7 @@ constexpr int Name_Pixels = 20;
 
 void Fill_Selector(Selects& selector) {
     bench::Place(selector, Selector_Place);
-    Require(selector.Grow(Months_In_Year, 0) == 1, "there is no memory for the items");
-    for (int i = 0; i < Months_In_Year; ++i)
-        selector.Item[i]->Name = Months[i];
+    bench::Name_Items(selector, Months);
 }
 
 /// A push button that shows one of the names, which is the least that native controls can show it with.

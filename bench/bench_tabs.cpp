@@ -28,9 +28,7 @@ constexpr int Edge_Pixels = 30;
 
 void Fill(Tabs& set) {
     bench::Place(set, Place);
-    Require(set.Grow(Count, 0) == 1, "there is no memory for the tabs");
-    for (int i = 0; i < Count; ++i)
-        set.Item[i]->Name = Captions[i];
+    bench::Name_Items(set, Captions);
 }
 
 class Native_Tabs : public Native_Side {

@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <memory>
+#include <span>
 #include <utility>
 
 #include "Galdren_Tools.h"
@@ -25,6 +26,14 @@ constexpr POINT Gap{0, 0};
 
 /// Tells our controls that the pointer is at a point of the client area.
 void Put_Pointer(const Stage& stage, POINT client);
+
+/// Gives a selector or a tab set an item for each name.
+template <class Owner>
+void Name_Items(Owner& owner, std::span<const char* const> names) {
+    Require(owner.Grow(static_cast<int>(names.size()), 0) == 1, "there is no memory for the items");
+    for (std::size_t i = 0; i < names.size(); ++i)
+        owner.Item[i]->Name = names[i];
+}
 
 /// Gives a control its place in client coordinates, and the font of all scenes.
 void Place(Tools& control, const RECT& client);

@@ -1,7 +1,5 @@
 #include "gallery/flags.h"
 
-#include <cstring>
-
 #include "Galdren_Util.h"
 #include "gallery/artwork.h"
 #include "gallery/stage.h"
@@ -9,6 +7,10 @@
 namespace gallery {
 
 namespace {
+
+constexpr const char* numbers[] = {"One", "Two", "Three", "Four", nullptr};
+const Names four = Names(numbers).first(4);
+const Names three = four.first(3);
 
 void Take_Boxes(Stage& stage) {
     stage.Take<Boxs>("box", {84, 44}, nullptr,
@@ -69,8 +71,7 @@ void Take_Buttons(Stage& stage) {
 
 void Take_Check_Lists(Stage& stage) {
     const auto dress = [](CheckLists& list) {
-        static constexpr const char* items[] = {"One", "Two", "Three", "Four", nullptr};
-        list.List = items;
+        list.List = numbers;
         list.Value = 0b0110;
     };
     stage.Take<CheckLists>("check-list", {124, 66}, dress,
@@ -134,17 +135,9 @@ void Take_Valuators(Stage& stage) {
                            {"static", FLAG_STATIC}});
 }
 
-template <class Parent>
-void Name_Items(Parent& parent, std::initializer_list<const char*> names, unsigned long flag = 0) {
-    parent.Grow(static_cast<int>(names.size()), static_cast<int>(flag));
-    int i = 0;
-    for (const char* name : names)
-        parent.Item[i++]->Name = name;
-}
-
 void Take_Lists(Stage& stage) {
     const auto dress = [](Lists& list) {
-        Name_Items(list, {"One", "Two", "Three", "Four"});
+        Name_Items(list, four);
         list.Name = nullptr;
         list.Item_Height = 20;
     };
@@ -160,7 +153,7 @@ void Take_Lists(Stage& stage) {
 }
 
 void Take_Selectors(Stage& stage) {
-    const auto dress = [](Selects& selector) { Name_Items(selector, {"One", "Two", "Three"}); };
+    const auto dress = [](Selects& selector) { Name_Items(selector, three); };
     const auto narrow = [](Selects& selector) { selector.Value_Width = 116; };
     constexpr unsigned long left = FLAG_TEXT_LEFT | FLAG_TEXT_MIDDLE;
     stage.Take<Selects>("selector", {180, 28}, dress,
@@ -179,7 +172,7 @@ void Take_Selectors(Stage& stage) {
 
 void Take_Tabs(Stage& stage) {
     constexpr SIZE size{150, 24};
-    const auto dress = [](Tabs& set) { Name_Items(set, {"One", "Two", "Three"}); };
+    const auto dress = [](Tabs& set) { Name_Items(set, three); };
     stage.Take<Tabs>(
         "tabs", size, dress,
         {{"plain", 0}, {"passive", FLAG_PASSIVE}, {"static", FLAG_STATIC}, {"outline", FLAG_OUTLINE}});
@@ -230,22 +223,18 @@ void Take_Texts(Stage& stage) {
 }
 
 void Take_Editors(Stage& stage) {
-    const auto dress_hue = [](Hue_Edit& editor) {
+    const auto dress = [](auto& editor) {
         editor.Value = 0xFFB47832;
         editor.Border = 2;
     };
-    stage.Take<Hue_Edit>("hue", {170, 34}, dress_hue,
+    stage.Take<Hue_Edit>("hue", {170, 34}, dress,
                          {{"plain", 0},
                           {"text-left", FLAG_TEXT_LEFT},
                           {"passive", FLAG_PASSIVE},
                           {"no-body", FLAG_NO_BODY},
                           {"static", FLAG_STATIC},
                           {"outline", FLAG_OUTLINE}});
-    const auto dress_color = [](Color_Edit& editor) {
-        editor.Value = 0xFFB47832;
-        editor.Border = 2;
-    };
-    stage.Take<Color_Edit>("color", {170, 130}, dress_color,
+    stage.Take<Color_Edit>("color", {170, 130}, dress,
                            {{"plain", 0},
                             {"hls", COLOR_EDIT_HLS},
                             {"mode-button", COLOR_EDIT_MODE_BUTTON},

@@ -1,4 +1,3 @@
-#include <span>
 #include <string>
 #include <vector>
 
@@ -13,8 +12,6 @@ constexpr const char* months[] = {"January", "February", "March",     "April",  
                                   "July",    "August",   "September", "October", "November", "December"};
 constexpr const char* gears[] = {"Reverse", "Neutral", "First", "Second", "Third"};
 constexpr const char* views[] = {"Plan", "Front", "Side", "Section"};
-
-using Names = std::span<const char* const>;
 
 void Report_Item(const Sheet& sheet, const Lists& list, const char* action, int item) {
     const std::string title = list.Name ? list.Name : "";
@@ -46,12 +43,6 @@ Lists& Add_List(Sheet& sheet, const char* heading, const Place& place, const cha
         if (Button_State == 0) Report_Item(sheet, list, "wheel", First_Shown(list));
     };
     return sheet.Add<Lists>(place, title, flag | SLIDER_KEEP_GRAB, press, change);
-}
-
-void Name_Items(Lists& list, Names names) {
-    list.Grow(static_cast<int>(names.size()), 0);
-    for (std::size_t i = 0; i < names.size(); ++i)
-        list.Item[i]->Name = names[i];
 }
 
 const std::vector<std::string>& Many_Names() {

@@ -11,8 +11,6 @@ constexpr const char* months[] = {"January", "February", "March",     "April",  
 constexpr const char* speeds[] = {"Stop", "Slow", "Half", "Full"};
 constexpr const char* single[] = {"The only one"};
 
-using Names = std::span<const char* const>;
-
 void Report_Item(const Sheet& sheet, const Selects& selector, const char* action, const char* title) {
     const int shown = selector.Current;
     const char* item = selector.Nb_Item > 0 ? selector.Item[shown]->Name : "no item";
@@ -37,9 +35,7 @@ Selects& Add_Selector(Sheet& sheet, const Place& place, const char* title, const
         if (Button_State == 0) show(selector, "wheel");
     };
     Selects& selector = sheet.Add<Selects>(place, caption, flag, press, change);
-    selector.Grow(static_cast<int>(names.size()), 0);
-    for (std::size_t i = 0; i < names.size(); ++i)
-        selector.Item[i]->Name = names[i];
+    Name_Items(selector, names);
     return selector;
 }
 

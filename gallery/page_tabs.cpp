@@ -7,8 +7,6 @@ namespace gallery {
 
 namespace {
 
-using Names = std::span<const char* const>;
-
 constexpr const char* single[] = {"The only one"};
 constexpr const char* winds[] = {"North", "East", "South", "West"};
 constexpr const char* trees[] = {"Oak", "Maple", "Willow"};
@@ -40,9 +38,7 @@ Tabs& Add_Set(Sheet& sheet, const Place& place, int page_height, const char* tit
     Tabs& set = sheet.Add<Tabs>(place, title, flag, press);
     page.set = &set;
     set.Tab_Height = static_cast<short>(place.height + page_height);
-    set.Grow(static_cast<int>(names.size()), static_cast<int>(item_flag));
-    for (std::size_t i = 0; i < names.size(); ++i)
-        set.Item[i]->Name = names[i];
+    Name_Items(set, names, item_flag);
     return set;
 }
 

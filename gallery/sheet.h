@@ -3,6 +3,7 @@
 #pragma once
 
 #include <functional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -17,6 +18,17 @@ constexpr SIZE design_size{800, 600};
 struct Place {
     int x, top, width, height;
 };
+
+using Names = std::span<const char* const>;
+
+/// Gives a list, a selector or a tab set an item for each name.
+/// @param flags  style of the items, see `Grow`
+template <class Owner>
+void Name_Items(Owner& owner, Names names, unsigned long flags = 0) {
+    owner.Grow(static_cast<int>(names.size()), static_cast<int>(flags));
+    for (std::size_t i = 0; i < names.size(); ++i)
+        owner.Item[i]->Name = names[i];
+}
 
 /// Owns controls, knows where they stand, and says what the user did with them.
 class Sheet {

@@ -18,7 +18,7 @@ void Report_Version(const char* version, std::size_t count, std::size_t own_coun
 }  // namespace
 
 bool Compare_Tools_Layout(const char* version, const Class_Size* classes, std::size_t count) {
-    constexpr auto own = galdren::Class_Sizes;
+    constexpr const auto& own = galdren::Class_Sizes;
     if (!Get_Version_Tools(version) || count != own.size()) {
         Report_Version(version, count, own.size());
         return false;

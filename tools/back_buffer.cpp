@@ -13,6 +13,12 @@ SIZE Client_Size(HWND window) {
     return {client.right, client.bottom};
 }
 
+BITMAPINFO Top_Down_Info(LONG width, LONG rows) {
+    BITMAPINFO info{};
+    info.bmiHeader = {sizeof info.bmiHeader, width, -rows, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+    return info;
+}
+
 void Map_Logical(HDC dc, SIZE client) {
     const int width = std::max(static_cast<int>(client.cx), 1);
     const int height = std::max(static_cast<int>(client.cy), 1);
@@ -40,7 +46,7 @@ Window_Context::~Window_Context() {
 }
 
 Back_Buffer::Back_Buffer(SIZE pixels_wanted) : size(pixels_wanted), dc(CreateCompatibleDC(nullptr)) {
-    const BITMAPINFO info = Top_Down_Info(size.cy);
+    const BITMAPINFO info = Top_Down_Info(size.cx, size.cy);
     void* bits = nullptr;
     bitmap = CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
     pixels = static_cast<unsigned long*>(bits);
@@ -54,19 +60,13 @@ Back_Buffer::~Back_Buffer() {
     if (dc) DeleteDC(dc);
 }
 
-BITMAPINFO Back_Buffer::Top_Down_Info(LONG rows) const {
-    BITMAPINFO info{};
-    info.bmiHeader = {sizeof info.bmiHeader, size.cx, -rows, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-    return info;
-}
-
 unsigned long* Back_Buffer::Row(int row) const {
     return pixels + static_cast<std::size_t>(row) * static_cast<std::size_t>(size.cx);
 }
 
 void Back_Buffer::Copy_To(HWND window, POINT place, int left, int top, int columns, int rows) const {
     const Window_Context target(window);
-    const BITMAPINFO info = Top_Down_Info(rows);
+    const BITMAPINFO info = Top_Down_Info(size.cx, rows);
     GdiFlush();
     SetDIBitsToDevice(target.Get(), place.x, place.y, static_cast<DWORD>(columns), static_cast<DWORD>(rows),
                       left, 0, 0, static_cast<UINT>(rows), Row(top), &info, DIB_RGB_COLORS);

@@ -10,6 +10,9 @@ namespace galdren {
 
 SIZE Client_Size(HWND window);
 
+/// Describes pixels of 32 bits in rows from the top down.
+BITMAPINFO Top_Down_Info(LONG width, LONG rows);
+
 /// Logical (0, 0) becomes the bottom-left pixel, y grows upward, one unit is one pixel. An isotropic mapping
 /// would be off by a pixel at many sizes, for the display's millimetres are rounded.
 void Map_Logical(HDC dc, SIZE client);
@@ -61,8 +64,6 @@ class Back_Buffer {
     void Copy_Rows(int from, int to, int rows);
 
   private:
-    BITMAPINFO Top_Down_Info(LONG rows) const;
-
     SIZE size;
     HDC dc;
     HBITMAP bitmap = nullptr;

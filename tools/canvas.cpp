@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "tools/back_buffer.h"
 #include "tools/context.h"
 #include "tools/font.h"
 #include "tools/font_cache.h"
@@ -136,8 +137,7 @@ void Canvas::Polygon(std::initializer_list<POINT> corners, unsigned long color) 
 
 void Canvas::Stamp(const unsigned long* hole, const unsigned long* colors, int width, int height, int x,
                    int y) {
-    BITMAPINFO info{};
-    info.bmiHeader = {sizeof info.bmiHeader, width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+    const BITMAPINFO info = Top_Down_Info(width, height);
     const auto combine = [&](const unsigned long* pixels, DWORD operation) {
         StretchDIBits(dc, x, Y(y), width, Down(height), 0, 0, width, height, pixels, &info, DIB_RGB_COLORS,
                       operation);

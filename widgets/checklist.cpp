@@ -24,8 +24,6 @@ constexpr unsigned long Label_Flags = FLAG_NO_BODY | FLAG_STATIC;
 constexpr unsigned long Disabled_Flags = FLAG_NO_BODY | FLAG_PASSIVE | FLAG_OUTLINE;
 constexpr unsigned Bits_Of_Value = 32;
 
-short Clamp_16(int value) { return Low_16(std::clamp(value, SHRT_MIN, SHRT_MAX)); }
-
 bool Is_Single(const CheckLists& list) { return Has_Flag(list, CHECKLIST_SINGLE); }
 
 /// The bit of an item; those beyond the last bit begin again with the first.
@@ -91,7 +89,16 @@ void Paint_Outlined_Item(CheckLists& list, int item) {
     list.Check[item].Hover = Hover_Unknown;
 }
 
-void Paint_Hover(const CheckLists& list, int item, bool highlighted) {
+/// Whether the label of an item reaches into the next column.
+bool Overhangs(const CheckLists& list, int item) {
+    const Buttons& box = list.Check[item];
+    const Area room = Area_Of(list.Label[item]);
+    Canvas canvas(list);
+    return box.X + box.Width + SPACE + canvas.Width_Of(list.Font, list.Label[item].Name) > room.right;
+}
+
+/// @return whether the label reaches over a box of the next column
+bool Paint_Hover(const CheckLists& list, int item, bool highlighted) {
     const Buttons& box = list.Check[item];
     Paint_Label(list, item, highlighted ? Highlight_Color().get() : Black);
     if (!highlighted && Has_Mark(box)) {
@@ -99,14 +106,7 @@ void Paint_Hover(const CheckLists& list, int item, bool highlighted) {
     } else {
         Paint_Fill(box, highlighted);
     }
-}
-
-/// Whether the label of an item reaches into the next column.
-bool Overhangs(const CheckLists& list, int item) {
-    const Buttons& box = list.Check[item];
-    const Area room = Area_Of(list.Label[item]);
-    Canvas canvas(list);
-    return box.X + box.Width + SPACE + canvas.Width_Of(list.Font, list.Label[item].Name) > room.right;
+    return Overhangs(list, item);
 }
 
 /// Whether boxes lie on each other.
@@ -247,10 +247,10 @@ void Init_Label(const CheckLists& list, int item, const Grid& grid) {
     Take_Look(label, list);
     label.Flag = Label_Flags;
     label.Set_Name("%s", list.List[item]);
-    label.X = Clamp_16(grid.left + item / grid.rows * grid.column_width);
-    label.Y = Clamp_16(grid.bottom - item % grid.rows * grid.row_height);
-    label.Width = Clamp_16(grid.column_width);
-    label.Height = Clamp_16(grid.row_height);
+    label.X = Within_16(grid.left + item / grid.rows * grid.column_width);
+    label.Y = Within_16(grid.bottom - item % grid.rows * grid.row_height);
+    label.Width = Within_16(grid.column_width);
+    label.Height = Within_16(grid.row_height);
     Init_Without_Region(label, list.Window);
 }
 
@@ -259,9 +259,9 @@ void Init_Check(const CheckLists& list, int item) {
     Take_Look(box, list);
     box.Flag = list.Enabled && !list.Enabled[item] ? Disabled_Flags : 0;
     box.Border = 2;
-    box.X = Clamp_16(list.Label[item].X + 1);
-    box.Y = Clamp_16(list.Label[item].Y + 1);
-    box.Width = box.Height = Clamp_16(list.Font_Height - 2);
+    box.X = Within_16(list.Label[item].X + 1);
+    box.Y = Within_16(list.Label[item].Y + 1);
+    box.Width = box.Height = Within_16(list.Font_Height - 2);
     box.Value = Starts_Checked(list, item);
     Init_Without_Region(box, list.Window);
 }
@@ -353,8 +353,7 @@ int CheckLists::Select(int event) {
         if (under_pointer) result = 1;
         if (!Follow(Hover_List[item], under_pointer) || !Shows_Hover(*this, item)) continue;
         if (!surface) surface.emplace(*this);
-        Paint_Hover(*this, item, under_pointer);
-        Boxes_Covered = Boxes_Covered || Overhangs(*this, item);
+        if (Paint_Hover(*this, item, under_pointer)) Boxes_Covered = true;
     }
     return result;
 }
@@ -366,8 +365,7 @@ void CheckLists::Deselect() {
         const bool seen = Hover_List[item] != Hover_Unknown && Hover_List[item] != Hover_Normal;
         if (!seen || !Shows_Hover(*this, item)) continue;
         if (!surface) surface.emplace(*this);
-        Paint_Hover(*this, item, false);
-        Boxes_Covered = Boxes_Covered || Overhangs(*this, item);
+        if (Paint_Hover(*this, item, false)) Boxes_Covered = true;
     }
 }
 

@@ -117,13 +117,6 @@ inline void Copy_Frame(Tools& frame, const Tools& owner) {
     Copy_Clip(frame, owner);
 }
 
-/// Tells an item of the pointer. One that shows already what it would then show need not hear of it.
-template <class Item>
-int Tell(Item& item, int kind, const POINT& pointer) {
-    const bool plain = item.Hover == Hover_Normal && !Has_Flag(item, FLAG_PASSIVE);
-    return plain && !PtInRect(&item.Rect, pointer) ? 0 : item.Select(kind);
-}
-
 /// Style bits of its owner that an item takes over.
 inline unsigned long Inherited_Flags(const Tools& owner) { return owner.Flag & 0x0F107750; }
 

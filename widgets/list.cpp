@@ -277,6 +277,12 @@ void Paint_Ground_Around(Canvas& canvas, const Lists& list, const Area& inner, c
     }
 }
 
+/// Tells an item of the pointer. One that shows already what it would then show need not hear of it.
+int Tell(Buttons& item, int kind, const POINT& pointer) {
+    const bool plain = item.Hover == Hover_Normal && !Has_Flag(item, FLAG_PASSIVE);
+    return plain && !PtInRect(&item.Rect, pointer) ? 0 : item.Select(kind);
+}
+
 /// Takes an item out of view. It keeps no region: thousands of items could each have been seen last at a
 /// place of its own.
 void Hide(Buttons& item) {
