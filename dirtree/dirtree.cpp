@@ -300,13 +300,14 @@ bool Move_Rows(Row_Painter& painter, const Area& list, const POINT& from, const 
     return true;
 }
 
-/// The title: the name of the control and that of the chosen directory.
+/// The title: the name of the control and that of the chosen directory. Before the first choice it is left to
+/// the application; when the choice is lost the name of the directory goes, for `Read` answers none either.
 void Renew_Title(DirTrees& tree) {
     constexpr std::size_t Longest = 1024;
-    if (!tree.Current) return;
+    if (!tree.Current && !tree.Frame.Owned_Name) return;
     char title[Longest];
-    std::snprintf(title, sizeof title, "%s%s%s", tree.Name ? tree.Name : "", tree.Name ? " " : "",
-                  tree.Current->name);
+    std::snprintf(title, sizeof title, "%s%s%s", tree.Name ? tree.Name : "",
+                  tree.Name && tree.Current ? " " : "", tree.Current ? tree.Current->name : "");
     if (!tree.Frame.Name || std::strcmp(tree.Frame.Name, title) != 0) tree.Frame.Set_Name("%s", title);
 }
 

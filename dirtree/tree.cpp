@@ -116,9 +116,10 @@ class Listing {
         if (!entries) Error_Fct(hwnd, ERROR_LEVEL_WARNING, "Scan_Dir(%s) -> NULL", path);
         For_Each([this](const Scan_Entry&) { ++count; });
     }
-    bool Is_Readable() const { return entries != nullptr; }
     /// Number of those that are shown.
     int Count() const { return count; }
+    /// What the directory is like while it is not open.
+    unsigned State() const { return !entries ? DIR_NO_ACCESS : count == 0 ? DIR_LEAF : DIR_CLOSED; }
 
     /// Calls `use` with each entry that is shown.
     template <class Use>
@@ -179,8 +180,7 @@ bool Fill_Node(Dir_Tree& node, const Dir_Tree& parent, const Scan_Entry& entry, 
 
 void Read_Children(Dir_Tree& node) {
     const Listing listing(node.path);
-    if (!listing.Is_Readable()) return Mark(node, DIR_NO_ACCESS);
-    if (listing.Count() == 0) return Mark(node, DIR_LEAF);
+    if (listing.Count() == 0) return Mark(node, listing.State());
     Mark(node, DIR_OPEN);
     node.child = New_Children(listing.Count());
     if (!node.child) {
@@ -349,7 +349,7 @@ void Rescan_Children(Dir_Tree& node) {
     const Listing listing(node.path);
     if (listing.Count() == 0) {
         Drop_Children(node);
-        return Mark(node, listing.Is_Readable() ? DIR_LEAF : DIR_NO_ACCESS);
+        return Mark(node, listing.State());
     }
     Known_Children known(node.child);
     Dir_Tree* const children = New_Children(listing.Count());
@@ -371,6 +371,12 @@ void Rescan_Children(Dir_Tree& node) {
     Mark_Last(children);
     known.Free_Rest();
     node.child = children;
+}
+
+/// Whether a node is a drive that could not be opened. No listing of another directory tells when that
+/// changes, as it does for directories.
+bool Is_Unopened_Drive(const Dir_Tree& node) {
+    return Has_Flag(node, DIR_DRIVE) && Has_Flag(node, DIR_LEAF | DIR_NO_ACCESS);
 }
 
 /// Copies a node without its children.
@@ -465,6 +471,7 @@ bool Toggle(Dir_Tree& node) {
 
 void Rescan(Dir_Tree& root) try {
     Walk(root, [](Dir_Tree& node, int) {
+        if (Is_Unopened_Drive(node)) Mark(node, Listing(node.path).State());
         if (!Has_Flag(node, DIR_OPEN)) return Go::Past;
         if (node.path) Rescan_Children(node);
         return Go::Into;

@@ -36,7 +36,8 @@ Dir_Tree* Find_Current(Dir_Tree& root);
 bool Toggle(Dir_Tree& node);
 
 /// Lists all open directories again. Nodes of directories that are still there stay, in the order of the new
-/// listing; those of others go, with all below them. The drives stay.
+/// listing; those of others go, with all below them. The drives stay, and those that could not be opened are
+/// looked at again.
 void Rescan(Dir_Tree& root);
 
 /// The rows that show: the root, and the children of open nodes.

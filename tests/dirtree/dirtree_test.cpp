@@ -57,6 +57,21 @@ class Sample {
     std::vector<std::string> added_;
 };
 
+/// While it lives, relative paths begin in another directory.
+class Working_Directory {
+  public:
+    explicit Working_Directory(const std::string& path) {
+        GetCurrentDirectoryA(MAX_PATH, before_);
+        SetCurrentDirectoryA(path.c_str());
+    }
+    ~Working_Directory() { SetCurrentDirectoryA(before_); }
+    Working_Directory(const Working_Directory&) = delete;
+    Working_Directory& operator=(const Working_Directory&) = delete;
+
+  private:
+    char before_[MAX_PATH] = "";
+};
+
 std::string Lower(std::string text) {
     Str_To_Lower(text.data());
     return text;
@@ -290,13 +305,50 @@ TEST(Directory_Browser, Reads_Again_What_Is_Open) {
     EXPECT_EQ(Press_Refresh(window, tree), 2);
     EXPECT_EQ(rows(), as_new());
     sample.Remove("d\\");
+    tree.Name = "Save in";
     EXPECT_EQ(Press_Refresh(window, tree), 2);
     EXPECT_EQ(tree.Read(), nullptr);
+    EXPECT_STREQ(tree.Frame.Name, "Save in");
+    tree.Name = nullptr, tree.Draw();
+    EXPECT_STREQ(tree.Frame.Name, "");
     for (const char* name : {"a\\", "b\\", "c\\", "f\\f1\\", "f\\"})
         sample.Remove(name);
     EXPECT_EQ(Press_Refresh(window, tree), 2);
     EXPECT_EQ(rows(), "");
     Expect_Shown(window, tree);
+}
+
+TEST(Directory_Browser, Looks_At_Drives_Again) {
+    Sample sample;
+    Test_Window window(340, 400);
+    Browser tree(window);
+    // The first drive becomes one whose medium is a directory, which comes and goes.
+    Dir_Tree& drive = tree.Root->child[0];
+    std::strcpy(drive.path, "m\\");
+    const std::string name = drive.name;
+    const Working_Directory here(sample.Plain());
+    const auto looks = [&] { return Describe({1, 0, &drive}).substr(0, 1) + Below(tree, name); };
+    const auto refreshed = [&] {
+        EXPECT_EQ(Press_Refresh(window, tree), 2);
+        return looks();
+    };
+    EXPECT_EQ(refreshed(), "+");  // waits until it is opened
+    for (const int round : {0, 1}) {
+        SCOPED_TRACE(round);
+        if (round == 0) Press(window, tree, name, 0);
+        EXPECT_EQ(refreshed(), "x");
+        EXPECT_EQ(Press(window, tree, name, 0) * 10 + Press(window, tree, name, 1), 11);
+        sample.Add("m\\");
+        EXPECT_EQ(refreshed(), ".");
+        sample.Add("m\\in\\");
+        EXPECT_EQ(refreshed(), "+");
+        Press(window, tree, name, 0);
+        EXPECT_EQ(looks(), "-.|in");
+        EXPECT_EQ(Press(window, tree, name, 1), 2);
+        EXPECT_EQ(tree.Read(), drive.path);
+        Expect_Shown(window, tree);
+        sample.Remove("m\\in\\"), sample.Remove("m\\");
+    }
 }
 
 TEST(Directory_Browser, Moves_What_It_Shows) {
@@ -361,11 +413,10 @@ TEST(Directory_Browser, Survives_Any_Path) {
           std::string(5000, '\\'), std::string("q:\\gone\\"), std::string("y:\\"), std::string(),
           std::string("\\\\server\\share")})
         EXPECT_FALSE(finds(path)) << path.substr(0, 80);
-    char here[MAX_PATH];
-    GetCurrentDirectoryA(MAX_PATH, here);
-    SetCurrentDirectoryA(sample.Plain().c_str());
-    tree.Set("n\\..\\n");
-    SetCurrentDirectoryA(here);
+    {
+        const Working_Directory here(sample.Plain());
+        tree.Set("n\\..\\n");
+    }
     EXPECT_EQ(tree.Read(), Lower(sample.Plain("n\\")));
     tree.Set(tree.Read());
     EXPECT_EQ(tree.Read(), Lower(sample.Plain("n\\")));
