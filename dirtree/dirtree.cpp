@@ -311,29 +311,11 @@ void Renew_Title(DirTrees& tree) {
     if (!tree.Frame.Name || std::strcmp(tree.Frame.Name, title) != 0) tree.Frame.Set_Name("%s", title);
 }
 
-void Set_Current(Dir_Tree& node, bool current) {
-    const unsigned others = node.flags & ~unsigned{DIR_CURRENT};
-    node.flags = static_cast<unsigned short>(current ? others | DIR_CURRENT : others);
-}
-
 }  // namespace
 
 DirTrees::DirTrees() = default;
 
-DirTrees::DirTrees(const DirTrees& other)
-    : Tools(other),
-      Frame(other.Frame),
-      Tree_Box(other.Tree_Box),
-      List_Box(other.List_Box),
-      Refresh(other.Refresh),
-      Vertical_Bar(other.Vertical_Bar),
-      Horizontal_Bar(other.Horizontal_Bar),
-      Current(other.Current),
-      Root(other.Root),
-      Row(other.Row),
-      Nb_Row(other.Nb_Row),
-      Rows_Current(other.Rows_Current),
-      Widest(other.Widest) {
+DirTrees::DirTrees(const DirTrees& other) : Tools(other), Dir_Tree_Fields(other) {
     Share(Thing::Array, Root);
     Share(Thing::Array, Row);
 }
@@ -412,7 +394,7 @@ bool DirTrees::Dir_Tree_Start(const char* path) {
 Dir_Tree* DirTrees::Dir_Tree_Current(Dir_Tree* from, const char* path) {
     Dir_Tree* const node = from ? Find_Path(*from, path) : nullptr;
     if (!node) return nullptr;
-    Set_Current(*node, true);
+    Set_Flag(*node, DIR_CURRENT, true);
     Str_To_Lower(node->path);
     return node;
 }
@@ -432,9 +414,9 @@ bool DirTrees::Dir_Tree_Select(int row, int column) {
     constexpr int Columns = 5;
     if (!Has_Row(row) || Has_Flag(*Row[row].node, DIR_NO_ACCESS)) return false;
     if (column < Row[row].depth || column > Row[row].depth + Columns || !Own_Tree()) return false;
-    if (Current) Set_Current(*Current, false);
+    if (Current) Set_Flag(*Current, DIR_CURRENT, false);
     Current = Row[row].node;
-    Set_Current(*Current, true);
+    Set_Flag(*Current, DIR_CURRENT, true);
     return true;
 }
 
@@ -446,6 +428,7 @@ void DirTrees::Dir_Tree_Update2(bool anew) {
     if (!Rows_Current) {
         Renew_Rows();
         Widest = Widest_Row(*this);
+        Rows_Current = true;
     }
     Fit_Bar(Horizontal_Bar, Level_Bar, Horizontal_Bar.Width, Widest, Horizontal_Bar.End_Val, anew);
     Fit_Bar(Vertical_Bar, Upright_Bar, Vertical_Bar.Height, Nb_Row * Row_Height, Vertical_Bar.Start_Val,
@@ -490,7 +473,6 @@ void DirTrees::Renew_Rows() {
     if (Let_Go(Thing::Array, Row)) delete[] Row;
     Nb_Row = 0;
     Row = Root ? List_Rows(*Root, Nb_Row) : nullptr;
-    Rows_Current = true;
 }
 
 /// Lets a bar follow the pointer, and the rows the bar.

@@ -7,14 +7,8 @@
 #include "../widgets/slider.h"
 #include "node.h"
 
-/// A browser for the drives of the computer and their directories, as a tree whose branches open and close.
-///
-/// The application calls `Init`, then `Set` with the directory to begin with, and asks `Read` for the one
-/// that is chosen whenever `Select` answers 2. Directories whose names begin with a dot are not shown. The
-/// control's `Name` stands in the title before the name of the chosen directory; its font is that of the
-/// "Refresh" button.
-class GALDREN_TOOLS_API DirTrees : public Tools {
-  public:
+/// The fields of a directory browser, all zero at first.
+struct Dir_Tree_Fields {
     Boxs Frame;              ///< the frame around all, with the title
     Boxs Tree_Box;           ///< the sunken box around rows, bars and button
     Boxs List_Box;           ///< the area of the rows
@@ -25,7 +19,16 @@ class GALDREN_TOOLS_API DirTrees : public Tools {
     Dir_Tree* Root{};        ///< the tree; null before `Set`; owned, and shared by copies
     Dir_Row* Row{};          ///< the rows, as they were painted last; owned, and shared by copies
     int Nb_Row{};            ///< number of rows
+};
 
+/// A browser for the drives of the computer and their directories, as a tree whose branches open and close.
+///
+/// The application calls `Init`, then `Set` with the directory to begin with, and asks `Read` for the one
+/// that is chosen whenever `Select` answers 2. Directories whose names begin with a dot are not shown. The
+/// control's `Name` stands in the title before the name of the chosen directory; its font is that of the
+/// "Refresh" button.
+class GALDREN_TOOLS_API DirTrees : public Tools, public Dir_Tree_Fields {
+  public:
     /// Every field zero.
     DirTrees();
     /// Copies every field; the tree is shared with the source until one of the two changes it.
@@ -73,7 +76,8 @@ class GALDREN_TOOLS_API DirTrees : public Tools {
     int Press_Refresh();
     int Press_Row();
 
-    bool Rows_Current{};  // `Row` shows the tree as it is
+    // A copy finds these anew when it is painted.
+    bool Rows_Current{};  // `Row` and `Widest` are those of the tree as it is
     int Widest{};         // what the widest row takes
     unsigned Picture{};   // number of the kept picture of the rows, 0 when there is none
     POINT Painted_At{};   // how far they are scrolled on it

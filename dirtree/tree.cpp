@@ -47,12 +47,10 @@ void Mark(Dir_Tree& node, unsigned state) {
 /// A new array of nodes with the one that ends it.
 Dir_Tree* New_Children(int count) { return new (std::nothrow) Dir_Tree[static_cast<std::size_t>(count) + 1]; }
 
-/// Takes the mark of the last child from all children but the last.
+/// Gives the last child its mark and takes it from the others.
 void Mark_Last(Dir_Tree* children) {
-    for (Dir_Tree* child = children; child->name; ++child) {
-        const unsigned others = child->flags & ~unsigned{DIR_LAST};
-        child->flags = static_cast<unsigned short>(child[1].name ? others : others | DIR_LAST);
-    }
+    for (Dir_Tree* child = children; child->name; ++child)
+        Set_Flag(*child, DIR_LAST, !child[1].name);
 }
 
 void Free_Texts(Dir_Tree& node) {

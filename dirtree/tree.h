@@ -12,6 +12,10 @@ namespace galdren {
 
 inline bool Has_Flag(const Dir_Tree& node, unsigned bits) { return (node.flags & bits) != 0; }
 
+inline void Set_Flag(Dir_Tree& node, unsigned bit, bool on) {
+    node.flags = static_cast<unsigned short>(on ? node.flags | bit : node.flags & ~bit);
+}
+
 /// Makes a tree of the drives A: to X:, in which the way to a directory is open.
 /// @param target  path of the directory in small letters, with a trailing backslash; null opens nothing
 /// @return null when the memory cannot be had
