@@ -11,9 +11,9 @@
 #include "dirtree/tree.h"
 #include "tools/arithmetic.h"
 #include "tools/base.h"
-#include "tools/context.h"
+#include "tools/window.h"
 #include "tools/dimensions.h"
-#include "tools/scopes.h"
+#include "tools/font_cache.h"
 #include "tools/sharing.h"
 #include "tools/surface.h"
 #include "util/directory.h"
@@ -169,12 +169,11 @@ void Read_Icons(const Dir_Tree& root) {
 }
 
 int Widest_Row(const DirTrees& tree) {
-    Canvas canvas(tree.Window);
     int widest = 0;
     for (const Dir_Row* row = tree.Row; row != tree.Row + tree.Nb_Row; ++row) {
         const int before = tree.List_Box.X + 2 * (9 * row->depth + 9 + SPACE);
         Dir_Tree& node = *row->node;
-        if (node.width == 0) node.width = Within_16(canvas.Width_Of(tree.List_Box.Font, node.name));
+        if (node.width == 0) node.width = Within_16(Width_Of(tree.List_Box.Font, node.name));
         widest = std::max(widest, before + node.width);
     }
     return widest;
@@ -194,7 +193,7 @@ class Row_Painter {
     /// Paints a part of the list, ground and all.
     void Paint(const Area& area) {
         if (area.left >= area.right || area.bottom >= area.top) return;
-        const Narrow_Clip clip = canvas.Narrow(area);
+        const Canvas::Narrow_Clip clip = canvas.Narrow(area);
         canvas.Box(area, tree.List_Box.Color.get());
         for (int row = std::max(first - 1, 0); row < tree.Nb_Row; ++row) {
             if (Baseline(row) + Reach_Up <= area.bottom) break;
@@ -263,7 +262,7 @@ class Row_Painter {
         const unsigned long color = Has_Flag(node, DIR_NO_ACCESS) ? Dark_Grey
                                     : Has_Flag(node, DIR_CURRENT) ? Blue
                                                                   : Black;
-        canvas.Write_Tabbed(tree.List_Box.Font, node.name, x, y, color);
+        if (node.name) canvas.Write_Run(tree.List_Box.Font, node.name, x, y, color);
     }
 
     /// Whether something small at `x` may be in the area. In a very deep tree there are places that the
@@ -289,10 +288,10 @@ int Cut_Off_Below(const Area& list, int scrolled) {
 /// @param from  how far they were scrolled
 /// @param to    how far they are now
 /// @return false, with nothing changed, when everything has to be painted
-bool Move_Rows(Row_Painter& painter, const Area& list, const POINT& from, const POINT& to) {
+bool Move_Rows(Canvas& canvas, Row_Painter& painter, const Area& list, const POINT& from, const POINT& to) {
     const int up = to.y - from.y;
     if (from.x != to.x || std::abs(up) >= list.top - list.bottom - 2 * Row_Height) return false;
-    Raise_Kept_Picture(up);
+    canvas.Raise(up);
     int open_below = Cut_Off_Below(list, to.y);
     if (up < 0) open_below = std::min({open_below, list.top + up, Cut_Off_Below(list, from.y) + up});
     painter.Paint({list.left, list.right, open_below, list.top});
@@ -355,7 +354,7 @@ void DirTrees::Draw() {
     Check(*this, "DirTrees::Draw");
     if (!Has_Size(*this)) return;
     if (Root) Read_Icons(*Root);
-    Canvas canvas(Window);
+    const Canvas for_all_parts(*this, Inside(*this));
     Renew_Title(*this);
     Frame.Draw();
     Tree_Box.Flag = FLAG_PASSIVE;
@@ -424,7 +423,7 @@ bool DirTrees::Dir_Tree_Select(int row, int column) {
 /// @param anew  whether bars that look as before are painted
 void DirTrees::Dir_Tree_Update2(bool anew) {
     Picture = 0;
-    Canvas canvas(Window);
+    const Canvas for_both_bars(*this, Inside(*this));
     if (!Rows_Current) {
         Renew_Rows();
         Widest = Widest_Row(*this);
@@ -441,7 +440,7 @@ void DirTrees::Dir_Tree_Draw2() {
     const POINT to = Scrolled(*this);
     Canvas canvas(List_Box, {list.left, list.right - 1, list.bottom + 1, list.top}, Picture);
     Row_Painter painter(canvas, *this);
-    if (!canvas.Kept() || !Move_Rows(painter, list, Painted_At, to)) painter.Paint(list);
+    if (!canvas.Kept() || !Move_Rows(canvas, painter, list, Painted_At, to)) painter.Paint(list);
     Painted_At = to;
 }
 

@@ -1,9 +1,10 @@
 #include "dirtree/glyph.h"
 
+#include <algorithm>
 #include <span>
 
 #include "tools/base.h"
-#include "tools/context.h"
+#include "tools/window.h"
 #include "tools/surface.h"
 
 namespace galdren {
@@ -136,6 +137,9 @@ constexpr Lead No_Access{Crossed_Ring, 9, 12, 0};
 constexpr int Stem = 7;    ///< x of the line up to the parent
 constexpr int Branch = 4;  ///< y of the branch
 
+constexpr int Glyph_Size = 16;
+constexpr int Glyph_Overhang = 2;  ///< of the open folder, and of branches
+
 void Paint_Stroke(Canvas& canvas, const Stroke& stroke, int x, int y) {
     const Area area{x + stroke.from.x, x + stroke.to.x, y + stroke.from.y, y + stroke.to.y};
     switch (stroke.shape) {
@@ -155,12 +159,14 @@ void Paint_Strokes(Canvas& canvas, std::span<const Stroke> strokes, int x, int y
 }
 
 void Paint_Folder(std::span<const Stroke> strokes, int x, int y) {
-    Canvas canvas(Window_In_Use());
+    Canvas canvas(Window_In_Use(), Area{x, x + Glyph_Size, y, y + Glyph_Size}.Inset(-Glyph_Overhang));
     Paint_Strokes(canvas, strokes, x, y);
 }
 
 void Paint_Lead(const Lead& lead, int x, int x_end, int y, int y_top) {
-    Canvas canvas(Window_In_Use());
+    const auto [left, right] = std::minmax({x, x_end, x + Glyph_Size});
+    const auto [bottom, top] = std::minmax({y, y_top, y + Glyph_Size});
+    Canvas canvas(Window_In_Use(), Area{left, right, bottom, top}.Inset(-Glyph_Overhang));
     Paint_Strokes(canvas, lead.mark, x, y);
     canvas.Column(x + Stem, y + lead.up_from, y_top, Blue);
     canvas.Row(x + lead.branch_from, x_end + lead.branch_past, y + Branch, Blue);
@@ -169,7 +175,7 @@ void Paint_Lead(const Lead& lead, int x, int x_end, int y, int y_top) {
 
 /// Continues the line from the parent down to the sibling below.
 void Paint_Stem_Below(int x, int y) {
-    Canvas canvas(Window_In_Use());
+    Canvas canvas(Window_In_Use(), {x, x + Glyph_Size, y, y + Glyph_Size});
     canvas.Column(x + Stem, y, y + Branch + 1, Blue);
 }
 

@@ -11,7 +11,7 @@
 #include "dirtree/icon_file.h"
 #include "tools/base.h"
 #include "tools/cleanup.h"
-#include "tools/context.h"
+#include "tools/window.h"
 #include "tools/sharing.h"
 #include "tools/surface.h"
 #include "util/error.h"
@@ -62,7 +62,7 @@ class Surface_Aside {
     ~Surface_Aside() {
         if (!box) return;
         if (given_back) Begin_Draw(box->Window, box->Clip_Region);
-        Canvas(Window_In_Use()).Clip(Area_Of(*box));
+        Clip_Rect(box->X, box->Y, box->Width, box->Height);
     }
     Surface_Aside(const Surface_Aside&) = delete;
     Surface_Aside& operator=(const Surface_Aside&) = delete;
@@ -162,16 +162,16 @@ void Icon_Draw_Image(Boxs* box, short x, short y, const char* label, const char*
     Error_Fct(hwnd, ERROR_LEVEL_TRACE, "in Icon_Draw_Image(%s,%s)", shown(label), shown(name));
     const Icon_Entry* icon = Find_Shown(box, x, y, name);
     if (!icon) return;
-    Canvas canvas(Window_For(*box));
+    Canvas canvas(Window_For(*box), {x, x + icon->width, y, y + icon->height});
     Paint_Icon(canvas, *icon, x, y, box->Color.get());
 }
 
 void Icon_Draw_Border(Boxs* box, short x, short y, const char*, const char* name) {
     const Icon_Entry* icon = Find_Shown(box, x, y, name);
     if (!icon) return;
-    Canvas canvas(Window_For(*box));
     const int right = x + icon->width;
     const int top = y + icon->height;
+    Canvas canvas(Window_For(*box), {x - 1, right, y - 1, top});
     canvas.Row(x, right, y - 1, Black);
     canvas.Column(right, y - 1, top, Black);
     canvas.Row(x - 1, right, top, White);

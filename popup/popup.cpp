@@ -15,7 +15,7 @@
 #include "tools/cleanup.h"
 #include "tools/input.h"
 #include "tools/lock.h"
-#include "tools/scopes.h"
+#include "tools/surface.h"
 #include "tools/surface.h"
 #include "util/error.h"
 #include "util/program.h"

@@ -1,14 +1,8 @@
-#include <algorithm>
-#include <array>
-#include <new>
-#include <vector>
+#include "tools/arrow.h"
 
-#include "tools/back_buffer.h"
-#include "tools/base.h"
-#include "tools/cleanup.h"
-#include "tools/lock.h"
-#include "tools/scopes.h"
-#include "tools/surface.h"
+#include <array>
+
+#include "tools/frame.h"
 
 namespace galdren {
 
@@ -82,105 +76,6 @@ Facets Facets_Of(const Arrow_Shape& shape) {
              {4, {outer.tip, outer.low, inner.low, inner.tip}, shades.low}}};
 }
 
-/// An arrow as pixels, to be stamped on what is there: eight polygons would take four times as long.
-struct Stamp {
-    Arrow_Shape shape{};
-    int left = 0;  ///< from the tip of the zone
-    int top = 0;
-    int width = 0;
-    int height = 0;
-    std::vector<unsigned long> hole;  ///< see `Canvas::Stamp`
-    std::vector<unsigned long> colors;
-};
-
-/// The smallest rectangle around the corners, as place and size of the stamp.
-void Enclose(Stamp& stamp, const Facets& facets) {
-    POINT low = facets[0].corners[0];
-    POINT high = low;
-    for (const Facet& facet : facets) {
-        for (int i = 0; i < facet.count; ++i) {
-            const POINT& corner = facet.corners[static_cast<std::size_t>(i)];
-            low = {std::min(low.x, corner.x), std::min(low.y, corner.y)};
-            high = {std::max(high.x, corner.x), std::max(high.y, corner.y)};
-        }
-    }
-    stamp.left = low.x;
-    stamp.top = high.y;
-    stamp.width = high.x - low.x + 1;
-    stamp.height = high.y - low.y + 1;
-}
-
-void Paint_Facet(HDC dc, const Stamp& stamp, Facet facet) {
-    for (POINT& corner : facet.corners)
-        corner = {corner.x - stamp.left, stamp.top - corner.y};
-    const Selection brush(dc, GetStockObject(DC_BRUSH));
-    const Selection pen(dc, GetStockObject(DC_PEN));
-    SetDCBrushColor(dc, facet.color);
-    SetDCPenColor(dc, facet.color);
-    Polygon(dc, facet.corners.data(), facet.count);
-}
-
-/// Paints the polygons once, on a ground that is in none of their colours, and keeps the pixels.
-/// @return false when the memory cannot be had
-bool Cut(Stamp& stamp, const Arrow_Shape& shape) try {
-    constexpr unsigned long Around = 0xFF00FF;
-    const Facets facets = Facets_Of(shape);
-    Enclose(stamp, facets);
-    const Back_Buffer picture({stamp.width, stamp.height});
-    if (!picture.Usable()) return false;
-    const auto count = static_cast<std::size_t>(stamp.width) * static_cast<std::size_t>(stamp.height);
-    std::fill_n(picture.Row(0), count, Around);
-    for (const Facet& facet : facets)
-        Paint_Facet(picture.Context(), stamp, facet);
-    GdiFlush();
-    const unsigned long* const pixels = picture.Row(0);
-    stamp.hole.assign(count, 0);
-    stamp.colors.assign(pixels, pixels + count);
-    for (std::size_t i = 0; i < count; ++i) {
-        if ((pixels[i] & 0xFFFFFF) != Around) continue;
-        stamp.hole[i] = 0xFFFFFFFF;
-        stamp.colors[i] = 0;
-    }
-    stamp.shape = shape;
-    return true;
-} catch (const std::bad_alloc&) {
-    return false;
-}
-
-/// The stamps that were used last.
-struct Stamps {
-    std::array<Stamp, 16> kept;
-    std::size_t next = 0;  ///< the one to be replaced
-};
-
-Stamps& The_Stamps() {
-    static Immortal<Stamps> stamps;
-    return *stamps;
-}
-
-/// Null when the arrow is too large to be kept, or there is no memory.
-const Stamp* Stamp_Of(const Arrow_Shape& shape) {
-    constexpr int Largest = 64;
-    if (shape.size > Largest || shape.inset < 0) return nullptr;
-    Stamps& stamps = The_Stamps();
-    const auto found = std::find_if(stamps.kept.begin(), stamps.kept.end(),
-                                    [&](const Stamp& stamp) { return stamp.shape == shape; });
-    if (found != stamps.kept.end()) return &*found;
-    Stamp& stamp = stamps.kept[stamps.next];
-    stamp.shape = {};
-    if (!Cut(stamp, shape)) return nullptr;
-    stamps.next = (stamps.next + 1) % stamps.kept.size();
-    return &stamp;
-}
-
-void Free_Stamps() {
-    const Drawing_Lock lock;
-    for (Stamp& stamp : The_Stamps().kept)
-        stamp = Stamp{};
-}
-
-const Cleanup Stamps_Cleanup(Free_Stamps);
-
 }  // namespace
 
 void Paint_Arrow(Canvas& canvas, short direction, int inset, int size, const Area& area) {
@@ -195,12 +90,6 @@ void Paint_Arrow(Canvas& canvas, short direction, int inset, int size, const Are
     const POINT zone = horizontal ? POINT{tip, area.bottom + low} : POINT{area.left + low, tip};
     const Arrow_Shape shape{direction, inset, size, across / 2 - low};
 
-    if (const Stamp* stamp = Stamp_Of(shape)) {
-        canvas.Stamp(stamp->hole.data(), stamp->colors.data(), stamp->width, stamp->height,
-                     zone.x + stamp->left, zone.y + stamp->top);
-        Current_Color = Shades_Of_Facets[direction].low;
-        return;
-    }
     for (const Facet& facet : Facets_Of(shape)) {
         const auto corner = [&](std::size_t i) {
             return POINT{zone.x + facet.corners[i].x, zone.y + facet.corners[i].y};
@@ -214,11 +103,3 @@ void Paint_Arrow(Canvas& canvas, short direction, int inset, int size, const Are
 }
 
 }  // namespace galdren
-
-using namespace galdren;
-
-void Tools::Arrow(short direction, short inset, short size, short x, short w, short y, short h) {
-    if (size <= inset) return;
-    Canvas canvas(*this);
-    Paint_Arrow(canvas, direction, inset, size, {x, x + w, y, y + h});
-}

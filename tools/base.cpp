@@ -1,61 +1,35 @@
 #include "tools/base.h"
 
-#include <tuple>
+#include <algorithm>
+#include <cstdlib>
 
-#include "tools/context.h"
 #include "tools/dimensions.h"
-#include "tools/font.h"
 #include "tools/font_cache.h"
 #include "tools/region.h"
 #include "tools/sharing.h"
+#include "tools/window.h"
 #include "util/error.h"
 #include "util/program.h"
 
 namespace galdren {
 
-namespace {
+const char* Name_Of(const Tools_Fields& control) { return control.Name ? control.Name : "(null)"; }
 
-struct Corners {
-    int left, bottom, right, top;
-    bool operator<(const Corners& other) const {
-        return std::tie(left, bottom, right, top) <
-               std::tie(other.left, other.bottom, other.right, other.top);
-    }
-    bool operator==(const Corners& other) const { return !(*this < other) && !(other < *this); }
-};
+int Frame_Width(const Tools_Fields& control) { return control.Border ? control.Border : BORDER; }
 
-using Region_Pool = Pool<Thing::Region, Corners, HRGN>;
-
-Region_Pool& Regions() {
-    static Immortal<Region_Pool> regions;
-    return *regions;
-}
-
-void Renew_Region(Tools& control) {
+Reach Around(const Tools_Fields& control) {
+    constexpr int Overhang = 3;     // a tab joins with the page beside and below it
+    constexpr int Inner_Frame = 8;  // where that of a box begins, at most
+    const int frames = 2 * (std::abs(Frame_Width(control)) + Inner_Frame);
+    const int across = Overhang + std::max(frames - control.Width, 0);
+    const int upward = Overhang + std::max(frames - control.Height, 0);
     const Area area = Area_Of(control);
-    const Corners wanted{area.left, area.bottom, area.right, area.top};
-    const Corners* present = Regions().Key_Of(control.Region);
-    if (!present || !(*present == wanted)) {
-        Release_Region(control.Region);
-        control.Region = Regions().Acquire(
-            wanted, [&] { return CreateRectRgn(wanted.left, wanted.bottom, wanted.right, wanted.top); });
-    }
-    control.Clip_Region = control.Region;
+    const Area around{area.left - across, area.right + across, area.bottom - upward, area.top + upward};
+    if (!control.Name) return {around};
+    return Caption_Reach(control.Font, control.Name, control.Flag, around, frames);
 }
 
-}  // namespace
-
-const char* Name_Of(const Tools& control) { return control.Name ? control.Name : "(null)"; }
-
-void Share_Region(HRGN region) { Share(Thing::Region, region); }
-
-void Release_Region(HRGN region) {
-    if (Regions().Release(region)) DeleteObject(region);
-}
-
-int Frame_Width(const Tools& control) { return control.Border ? control.Border : BORDER; }
-
-void Check(Tools& control, const char* label) {
+void Check(Tools_Fields& control, const char* label) {
     if (control.State & (STATE_READY | STATE_WARNED)) return;
     Error_Fct(hwnd, ERROR_LEVEL_WARNING, "Tools: WARNING ! ");
     if (control.State == 0) {
@@ -67,8 +41,16 @@ void Check(Tools& control, const char* label) {
     control.State = STATE_WARNED;
 }
 
-bool Begin_Init(Tools& control, HWND& window, const char* label) {
+void Release_Name(Tools_Fields& control) {
+    Release_Array(control.Owned_Name);
+    control.Owned_Name = nullptr;
+    control.State &= static_cast<unsigned char>(~STATE_OWNS_NAME);
+    control.Name = nullptr;
+}
+
+bool Begin_Init(Tools_Fields& control, HWND& window, const char* label) {
     control.State |= STATE_READY;
+    if (Is_Empty(control.Room)) Expect_Other_Control();
     if (!Has_Size(control)) return false;
     if (!window) window = control.Window;
     if (window) return true;
@@ -78,42 +60,44 @@ bool Begin_Init(Tools& control, HWND& window, const char* label) {
     return false;
 }
 
-void Default_Grey(Tools& control) {
+void Default_Grey(Tools_Fields& control) {
     if (control.Color == Colors(0, 0, 0)) control.Color = Colors(170, 170, 170);
 }
 
-void Bind(Tools& control, HWND window) {
+void Bind(Tools_Fields& control, HWND window) {
     control.Window = window;
-    Renew_Region(control);
     const Area area = Area_Of(control);
-    control.Rect = {area.left, area.bottom, area.right + 1, area.top + 1};
+    const RECT rect{area.left, area.bottom, area.right + 1, area.top + 1};
+    if (!control.Region || !EqualRect(&rect, &control.Rect)) Renew_Region(control);
+    control.Clip_Region = control.Region;
+    control.Rect = rect;
 }
 
-void Renew_Font(Tools& control) {
+void Renew_Font(Tools_Fields& control) {
     if (control.Font && control.Font_Size == control.Font_Size_Last) return;
     control.Font_Size_Last = control.Font_Size;
     Remake_Font(control);
 }
 
-void Remake_Font(Tools& control) {
-    Z_Delete_Font(control.Window, control.Font);
+void Remake_Font(Tools_Fields& control) {
+    Release_Font(control.Font);
     control.Font = Acquire_Font(control.Window, control.Font_Name, control.Font_Weight, control.Font_Style,
                                 control.Font_Size);
 }
 
-bool Hover_Changes(const Tools& control, short& hover, bool inside) {
+bool Hover_Changes(const Tools_Fields& control, short& hover, bool inside) {
     const short wanted = inside ? Hover_Highlighted : Hover_Normal;
     if (Never_Highlights(control) || hover == wanted) return false;
     hover = wanted;
     return true;
 }
 
-void Note_Size(Tools& control) {
+void Note_Size(Tools_Fields& control) {
     control.Last_Width = control.Width;
     control.Last_Height = control.Height;
 }
 
-Images Take_Images(Tools& control) {
+Images Take_Images(Tools_Fields& control) {
     const bool resized = control.Width != control.Last_Width || control.Height != control.Last_Height;
     const bool recolored = control.Color.get() != control.Last_Color;
     const bool generate = !Has_Flag(control, FLAG_OWN_IMAGES);
@@ -128,6 +112,8 @@ Images Take_Images(Tools& control) {
     // The highlight colour is fixed, so a new colour of the control leaves its shading alone.
     images.normal_needed = generate && !control.Graph_Normal && (resized || recolored || images.normal_taken);
     images.select_needed = generate && !control.Graph_Select && (resized || images.select_taken);
+    if ((images.normal_needed || images.select_needed) && !May_Generate(control))
+        images.normal_needed = images.select_needed = false;
 
     Note_Size(control);
     control.Last_Graph_Normal = control.Graph_Normal;
@@ -135,7 +121,7 @@ Images Take_Images(Tools& control) {
     return images;
 }
 
-bool Pointer_Inside(const Tools& control) {
+bool Pointer_Inside(const Tools_Fields& control) {
     POINT position{};
     return Find_Pointer(control.Window, position) && PtInRect(&control.Rect, position);
 }

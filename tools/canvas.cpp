@@ -3,92 +3,72 @@
 #include <algorithm>
 #include <cstring>
 
-#include "tools/back_buffer.h"
-#include "tools/context.h"
 #include "tools/font.h"
-#include "tools/font_cache.h"
-#include "tools/scopes.h"
 #include "tools/surface.h"
+#include "tools/font_cache.h"
 
 namespace galdren {
 
-int Offset(Place place, int room, int length) {
-    switch (place) {
-        case Place::Middle:
-            return room / 2 - length / 2;
-        case Place::End:
-            return room - length;
-        default:
-            return 0;
-    }
-}
-
-Canvas::Canvas(const View& view, bool clips)
-    : dc(view.dc), mapped(view.mapped), bottom_row(view.height - 1), clipped(clips) {}
-
-Canvas::Canvas(const View& view, const Tools& control) : Canvas(view, control.Clip_Width != 0) {
-    if (!clipped) return;
-    Clip({control.Clip_X, control.Clip_X + control.Clip_Width, control.Clip_Y,
-          control.Clip_Y + control.Clip_Height});
-}
-
-Canvas::Canvas(HWND window) : Canvas(Take_Surface(window), false) {}
-
-Canvas::Canvas(const Tools& control) : Canvas(Take_Surface(control.Window), control) {}
-
 namespace {
 
-/// The surface with a picture that covers an area. What a clip rectangle leaves out is not covered.
-template <class... Picture>
-View Take_Covered(const Tools& control, const Area& covered, Picture&... picture) {
-    if (control.Clip_Width != 0) return Take_Surface(control.Window);
-    return Take_Surface(control.Window, {covered.left, covered.bottom, covered.right, covered.top},
-                        picture...);
+/// What is left of a reach inside the text clip rectangle of a control, and inside the control that it is a
+/// part of.
+Reach Limited(const Tools_Fields& control, Reach reach) {
+    if (!Is_Empty(control.Room)) reach.area = Common(reach.area, Area_Of(control.Room));
+    if (control.Clip_Width == 0) return reach;
+    const auto [left, right] = std::minmax({int{control.Clip_X}, control.Clip_X + control.Clip_Width});
+    const auto [bottom, top] = std::minmax({int{control.Clip_Y}, control.Clip_Y + control.Clip_Height});
+    reach.area = Common(reach.area, {left, right - 1, bottom + 1, top});
+    return reach;
 }
 
 }  // namespace
 
-Canvas::Canvas(const Tools& control, const Area& covered) : Canvas(Take_Covered(control, covered), control) {}
+Canvas::Canvas(const Tools_Fields& control, const Reach& reach)
+    : view(Take_View(control.Window, Limited(control, reach))) {}
 
-Canvas::Canvas(const Tools& control, const Area& covered, unsigned& picture)
-    : Canvas(control, covered, picture, picture) {}
+Canvas::Canvas(const Tools_Fields& control, const Area& covered, unsigned& picture)
+    : Canvas(control, Reach{covered, true, &picture}) {}
 
-Canvas::Canvas(const Tools& control, const Area& covered, unsigned& picture, unsigned before)
-    : Canvas(Take_Covered(control, covered, picture), control) {
-    if (clipped) picture = 0;
-    kept = picture != 0 && picture == before;
+Canvas::Canvas(HWND window, const Area& area) : view(Take_View(window, {area, false, nullptr, true})) {}
+
+void Canvas::Raise(int rows) {
+    view.sheet->Raise(rows);
+    view.origin = view.sheet->Origin();
+    painted = view.clip;
 }
 
-Canvas::~Canvas() {
-    if (brush_before) SelectObject(dc, brush_before);
-    if (pen_before) SelectObject(dc, pen_before);
-    if (clipped) Clip_Reset();
-    Give_Back_Surface();
+void Canvas::Set_Clip(const RECT& clip) {
+    view.clip = clip;
+    Limit_Nested(clip);
 }
 
-void Canvas::Clip(const Area& area) {
-    // A region is in pixels of the context, which off screen need not begin where the window does.
-    POINT corners[] = {{area.left, Y(area.bottom)}, {area.right, Y(area.top)}};
-    LPtoDP(dc, corners, 2);
-    const Scoped_Region region({corners[0].x, corners[0].y, corners[1].x, corners[1].y});
-    SelectClipRgn(dc, region.Get());
+/// What may be painted of a rectangle; empty when there is nothing.
+RECT Canvas::Clipped(const RECT& device) const { return Common(device, view.clip); }
+
+RECT Canvas::On_Sheet(const RECT& device) const {
+    return {device.left - view.origin.x, device.top - view.origin.y, device.right - view.origin.x,
+            device.bottom - view.origin.y};
 }
 
-void Canvas::Use_Brush(unsigned long color) {
-    if (!brush_before) brush_before = SelectObject(dc, GetStockObject(DC_BRUSH));
-    SetDCBrushColor(dc, color & 0xFFFFFF);
-    Current_Color = color;
-}
-
-void Canvas::Use_Pen(unsigned long color) {
-    if (!pen_before) pen_before = SelectObject(dc, GetStockObject(DC_PEN));
-    SetDCPenColor(dc, color & 0xFFFFFF);
-    Current_Color = color;
+void Canvas::Fill(const RECT& device, unsigned long color) {
+    const RECT box = Clipped(device);
+    if (Is_Empty(box)) return;
+    Include(painted, box);
+    if (view.sheet) {
+        Fill_Pixels(view.sheet->Pixels(), On_Sheet(box), Pixel_Of(color));
+    } else if (view.dc) {
+        SetDCBrushColor(view.dc, color & 0xFFFFFF);
+        FillRect(view.dc, &box, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
+    }
 }
 
 void Canvas::Box(const Area& area, unsigned long color) {
-    Use_Brush(color);
-    PatBlt(dc, area.left, Y(area.top), area.right - area.left, Down(area.top - area.bottom), PATCOPY);
+    Current_Color = color;
+    Area box = area;
+    if (box.left > box.right) box = {box.right + 1, box.left + 1, box.bottom, box.top};
+    if (box.bottom > box.top) box = {box.left, box.right, box.top - 1, box.bottom - 1};
+    Fill(Device(box), color);
 }
 
 void Canvas::Row(int x_from, int x_to, int y, unsigned long color) {
@@ -112,64 +92,146 @@ void Canvas::Outline(const Area& area, unsigned long color) {
     Row(area.right, area.left, area.bottom, color);
 }
 
-/// Calls `paint` with the points as the context takes them, and their number.
-template <class Paint>
-void Canvas::With_Points(std::initializer_list<POINT> points, Paint paint) const {
-    constexpr std::size_t Most_Points = 6;
-    POINT converted[Most_Points];
-    const std::size_t count = std::min(points.size(), Most_Points);
-    std::transform(points.begin(), points.begin() + count, converted, [this](const POINT& point) {
-        return POINT{point.x, Y(point.y)};
-    });
-    paint(converted, static_cast<int>(count));
+/// Fills one row of a shape; `y` is the device's.
+void Canvas::Fill_Run(const Pixel_Run& run, int y, unsigned long color) {
+    Fill({run.left, y, run.right + 1, y + 1}, color);
 }
 
 void Canvas::Lines(std::initializer_list<POINT> points, unsigned long color) {
-    Use_Pen(color);
-    With_Points(points, [this](const POINT* point, int count) { Polyline(dc, point, count); });
+    Current_Color = color;
+    const POINT end{(points.end() - 1)->x, Y((points.end() - 1)->y)};
+    for (const POINT* point = points.begin(); point + 1 < points.end(); ++point) {
+        const POINT to{point[1].x, Y(point[1].y)};
+        const bool last = point + 2 == points.end();
+        Edge edge({point->x, Y(point->y)}, to);
+        for (int y = edge.Top(); y <= edge.Bottom(); ++y) {
+            Pixel_Run run = edge.Next();
+            if (last && y == end.y && run.right == end.x) {
+                --run.right;
+            } else if (last && y == end.y && run.left == end.x) {
+                ++run.left;
+            }
+            if (run.left <= run.right) Fill_Run(run, y, color);
+        }
+    }
 }
 
-void Canvas::Polygon(std::initializer_list<POINT> corners, unsigned long color) {
-    Use_Brush(color);
-    Use_Pen(color);
-    With_Points(corners, [this](const POINT* corner, int count) { ::Polygon(dc, corner, count); });
-}
-
-void Canvas::Stamp(const unsigned long* hole, const unsigned long* colors, int width, int height, int x,
-                   int y) {
-    const BITMAPINFO info = Top_Down_Info(width, height);
-    const auto combine = [&](const unsigned long* pixels, DWORD operation) {
-        StretchDIBits(dc, x, Y(y), width, Down(height), 0, 0, width, height, pixels, &info, DIB_RGB_COLORS,
-                      operation);
-    };
-    combine(hole, SRCAND);
-    combine(colors, SRCPAINT);
+void Canvas::Polygon(std::initializer_list<POINT> points, unsigned long color) {
+    Current_Color = color;
+    POINT corners[Most_Corners];
+    const std::size_t count = std::min(points.size(), Most_Corners);
+    std::transform(points.begin(), points.begin() + count, corners, [this](const POINT& point) {
+        return POINT{point.x, Y(point.y)};
+    });
+    const std::span<const POINT> outline(corners, count);
+    if (!Has_Single_Runs(outline)) return Polygon_By_GDI(outline, color);
+    Polygon_Rows rows(outline);
+    for (int y = rows.Top(); y <= rows.Bottom(); ++y)
+        Fill_Run(rows.Next(), y, color);
 }
 
 void Canvas::Pixels(const void* buffer, int width, int height, int column, int rows_below, const Area& area) {
-    const int columns = area.right - area.left + 1;
-    const int rows = area.top - area.bottom + 1;
-    if (columns < 1 || rows < 1) return;
-    constexpr LONG Pixels_Per_Meter = 10000;
-    BITMAPINFO info{};
-    info.bmiHeader = {sizeof info.bmiHeader, width, -height, 1, 32, BI_RGB, 0, Pixels_Per_Meter,
-                      Pixels_Per_Meter,      0,     0};
-    // The first source row is counted from the last row of the buffer, top-down or not.
-    SetDIBitsToDevice(dc, area.left, Y(area.top), static_cast<DWORD>(columns), static_cast<DWORD>(rows),
-                      column, rows_below, 0, static_cast<UINT>(height), buffer, &info, DIB_RGB_COLORS);
+    // Where the first pixel of the buffer would come to stand.
+    const int left = area.left - column;
+    const int top = Y(area.bottom) + 1 + rows_below - height;
+    const RECT image{left, top, left + width, top + height};
+    const RECT wanted{area.left, Y(area.top), area.right + 1, Y(area.bottom) + 1};
+    const RECT shown = Clipped(Common(image, wanted));
+    if (Is_Empty(shown)) return;
+    Include(painted, shown);
+    const Raster source{static_cast<unsigned long*>(const_cast<void*>(buffer)), width};
+    const SIZE size{shown.right - shown.left, shown.bottom - shown.top};
+    const int from_x = static_cast<int>(shown.left) - left;
+    const int from_y = static_cast<int>(shown.top) - top;
+    if (view.sheet) {
+        const RECT to = On_Sheet(shown);
+        const Raster& target = view.sheet->Pixels();
+        Copy_Pixels(source.At(from_x, from_y), width, target.At(to.left, to.top), target.pitch, size.cx,
+                    size.cy);
+    } else if (view.dc) {
+        Put_Pixels(view.dc, {shown.left, shown.top}, source, from_x, from_y, size);
+    }
 }
 
-void Canvas::Use_Text(HFONT font, unsigned long color) {
-    Use_Font(font);
-    SetTextColor(dc, color & 0xFFFFFF);
-    SetBkMode(dc, TRANSPARENT);
+/// The context for a text, wherever it is.
+HDC Canvas::With_Text(HFONT font, unsigned long color) {
+    if (view.sheet) return view.sheet->With_Text(font, color);
+    SelectObject(view.dc, font ? font : GetStockObject(SYSTEM_FONT));
+    SetTextColor(view.dc, color & 0xFFFFFF);
+    SetBkMode(view.dc, TRANSPARENT);
+    return view.dc;
+}
+
+/// Calls `paint` with a context for the text and with what may be painted of `reach`, both in pixels of the
+/// context; unless that is nothing.
+template <class Paint>
+void Canvas::Write_Clipped(HFONT font, const RECT& reach, unsigned long color, Paint paint) {
+    const RECT clip = Clipped(reach);
+    if (Is_Empty(clip) || !(view.sheet || view.dc)) return;
+    Include(painted, clip);
+    paint(With_Text(font, color), On_Sheet(clip));
+    // A font that is not ours may be gone tomorrow, and another one have its handle.
+    if (view.sheet && font && !Facts_Of(font)) view.sheet->With_Font(nullptr);
+}
+
+namespace {
+
+/// Has a context count in pixels of the client area for a scope, and limits it to a rectangle: for what GDI
+/// works out from coordinates, and does not clip by itself.
+class Client_Pixels {
+  public:
+    Client_Pixels(HDC context, const POINT& begin, const RECT& clip, bool is_window)
+        : dc(context), origin(begin), saved(is_window ? SaveDC(context) : 0) {
+        OffsetViewportOrgEx(dc, -origin.x, -origin.y, nullptr);
+        IntersectClipRect(dc, clip.left, clip.top, clip.right, clip.bottom);
+    }
+    ~Client_Pixels() {
+        if (saved) {
+            RestoreDC(dc, saved);
+            return;
+        }
+        SelectClipRgn(dc, nullptr);
+        OffsetViewportOrgEx(dc, origin.x, origin.y, nullptr);
+    }
+    Client_Pixels(const Client_Pixels&) = delete;
+    Client_Pixels& operator=(const Client_Pixels&) = delete;
+
+  private:
+    HDC dc;
+    POINT origin;
+    int saved;
+};
+
+}  // namespace
+
+/// Calls `paint` with a context in pixels of the client area, limited to what may be painted of `reach`.
+template <class Paint>
+void Canvas::Write_By_GDI(HFONT font, const RECT& reach, unsigned long color, Paint paint) {
+    Write_Clipped(font, reach, color, [&](HDC dc, const RECT&) {
+        const Client_Pixels pixels(dc, view.origin, Clipped(reach), !view.sheet);
+        paint(dc);
+    });
+}
+
+void Canvas::Polygon_By_GDI(std::span<const POINT> corners, unsigned long color) {
+    const HDC dc = view.sheet ? view.sheet->For_GDI() : view.dc;
+    if (!dc || Is_Empty(view.clip)) return;
+    painted = view.clip;
+    const Client_Pixels pixels(dc, view.origin, view.clip, !view.sheet);
+    const HGDIOBJ brush = SelectObject(dc, GetStockObject(DC_BRUSH));
+    const HGDIOBJ pen = SelectObject(dc, GetStockObject(DC_PEN));
+    SetDCBrushColor(dc, color & 0xFFFFFF);
+    SetDCPenColor(dc, color & 0xFFFFFF);
+    ::Polygon(dc, corners.data(), static_cast<int>(corners.size()));
+    SelectObject(dc, pen);
+    SelectObject(dc, brush);
 }
 
 void Canvas::Write(HFONT font, const char* text, const Area& area, Place across, Place down,
                    unsigned long color) {
-    if (!dc || area.left >= area.right || area.bottom >= area.top) return;
-    Use_Text(font, color);
-    if (!Write_Plain(font, text, area, across, down)) Write_Any(text, area, across, down);
+    if (area.left >= area.right || area.bottom >= area.top) return;
+    if (!Write_Plain(font, text, area, across, down, color))
+        Write_Any(font, text, area, across, down, color);
 }
 
 /// The glyphs of a text that is short and of characters that the font has.
@@ -190,87 +252,70 @@ struct Canvas::Glyph_Run {
         return true;
     }
 
-    void Write(HDC dc, int x, int y, UINT options, const RECT* clip) const {
-        ExtTextOutW(dc, x, y, options | ETO_GLYPH_INDEX, clip, reinterpret_cast<const WCHAR*>(glyphs),
+    void Write(HDC dc, int x, int y, const RECT& clip) const {
+        ExtTextOutW(dc, x, y, ETO_CLIPPED | ETO_GLYPH_INDEX, &clip, reinterpret_cast<const WCHAR*>(glyphs),
                     static_cast<UINT>(count), nullptr);
     }
 };
 
-/// The usual caption. Its glyphs are placed by hand, for DrawText takes twice as long and, on a context with
-/// y upward, may centre text one line too low.
+/// The usual caption. Its glyphs are placed by hand, for DrawText takes twice as long.
 /// @return false when the text needs DrawText
-bool Canvas::Write_Plain(HFONT font, const char* text, const Area& area, Place across, Place down) {
+bool Canvas::Write_Plain(HFONT font, const char* text, const Area& area, Place across, Place down,
+                         unsigned long color) {
     constexpr int Longest_Caption = 128;
-    const Font_Facts* facts = Facts_Of(font, dc);
+    const Font_Facts* facts = Facts_Of(font);
     Glyph_Run run;
     if (!facts || !run.Take(*facts, text, Longest_Caption)) return false;
     int x = area.left;
     if (across == Place::Middle) x = (area.left + area.right - run.width) / 2;
     if (across == Place::End) x = area.right - run.width;
-    const int drop = Offset(down, area.top - area.bottom, facts->metrics.tmHeight);
-    const RECT clip = Rectangle(area);
-    run.Write(dc, x, Y(area.top) + Down(drop), ETO_CLIPPED, &clip);
+    const int y = Y(area.top) + Offset(down, area.top - area.bottom, facts->metrics.tmHeight);
+    Write_Clipped(font, Device(area), color, [&](HDC dc, const RECT& clip) {
+        run.Write(dc, x - view.origin.x, y - view.origin.y, clip);
+    });
     return true;
 }
 
-void Canvas::Write_Any(const char* text, const Area& area, Place across, Place down) {
-    TEXTMETRICA metrics{};
-    GetTextMetricsA(dc, &metrics);
-    const int drop = Offset(down, area.top - area.bottom, metrics.tmHeight);
+void Canvas::Write_Any(HFONT font, const char* text, const Area& area, Place across, Place down,
+                       unsigned long color) {
+    const int height = Metrics_Of(font).tmHeight;
+    const int top = area.top - Offset(down, area.top - area.bottom, height);
     UINT format = DT_SINGLELINE | DT_EXPANDTABS | DT_NOCLIP;
     if (across == Place::Middle) format |= DT_CENTER;
     if (across == Place::End) format |= DT_RIGHT;
-    const Narrow_Clip clip(dc, Rectangle(area));
-    RECT line = Rectangle({area.left, area.right, area.top - drop - metrics.tmHeight, area.top - drop});
-    DrawTextA(dc, Escape_Ampersand(text), -1, &line, format);
+    Write_By_GDI(font, Device(area), color, [&](HDC dc) {
+        RECT line = Device({area.left, area.right, top - height, top});
+        DrawTextA(dc, Escape_Ampersand(text), -1, &line, format);
+    });
 }
 
 void Canvas::Write_Lines(HFONT font, const char* text, int length, const Area& area, UINT format,
                          unsigned long color) {
-    if (!dc || area.left >= area.right || area.bottom >= area.top) return;
-    Use_Text(font, color);
-    RECT rectangle = Rectangle(area);
-    DrawTextA(dc, text, length, &rectangle, format | DT_CENTER);
-}
-
-void Canvas::Write_Tabbed(HFONT font, const char* text, int x, int y, unsigned long color) {
-    if (!dc || !text) return;
-    Use_Text(font, color);
-    const TEXTMETRICA metrics = Metrics(font);
-    galdren::Write_Tabbed(dc, x, Y(y + metrics.tmHeight), text, metrics);
+    if (area.left >= area.right || area.bottom >= area.top) return;
+    Write_By_GDI(font, Device(area), color, [&](HDC dc) {
+        RECT rectangle = Device(area);
+        DrawTextA(dc, text, length, &rectangle, format | DT_CENTER);
+    });
 }
 
 int Canvas::Write_Run(HFONT font, const char* text, int x, int y, unsigned long color) {
-    if (!dc) return 0;
-    Use_Text(font, color);
-    const Font_Facts* facts = Facts_Of(font, dc);
+    const Font_Facts* facts = Facts_Of(font);
     Glyph_Run run;
-    if (!facts || !run.Take(*facts, text, Glyph_Run::Longest)) {
-        Write_Tabbed(font, text, x, y, color);
+    const bool plain = facts && run.Take(*facts, text, Glyph_Run::Longest);
+    const TEXTMETRICA metrics = facts ? facts->metrics : Metrics_Of(font);
+    const int height = static_cast<int>(metrics.tmHeight);
+    const int top = Y(y + height);
+    if (!plain) {
+        Write_By_GDI(font, view.clip, color, [&](HDC dc) { Write_Tabbed(dc, x, top, text, metrics); });
         return Width_Of(font, text);
     }
-    run.Write(dc, x, Y(y + facts->metrics.tmHeight), 0, nullptr);
+    // Slanted letters reach beyond their place, by less than they are high.
+    Write_Clipped(font, {x - height, top, x + run.width + height, top + height}, color,
+                  [&](HDC dc, const RECT& clip) {
+                      run.Write(dc, x - static_cast<int>(view.origin.x), top - static_cast<int>(view.origin.y),
+                                clip);
+                  });
     return run.width;
-}
-
-int Canvas::Width_Of(HFONT font, const char* text) {
-    Use_Font(font);
-    const Font_Facts* facts = Facts_Of(font, dc);
-    int width = 0;
-    for (const char* at = text; facts && *at; ++at) {
-        const auto byte = static_cast<unsigned char>(*at);
-        if (facts->glyphs[byte] == Font_Facts::No_Glyph) facts = nullptr;
-        if (facts) width += facts->widths[byte];
-    }
-    return facts ? width : Extent_In_Place(dc, text);
-}
-
-TEXTMETRICA Canvas::Metrics(HFONT font) {
-    Use_Font(font);
-    if (const Font_Facts* facts = Facts_Of(font, dc)) return facts->metrics;
-    TEXTMETRICA metrics{};
-    GetTextMetricsA(dc, &metrics);
-    return metrics;
 }
 
 }  // namespace galdren

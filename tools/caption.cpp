@@ -1,7 +1,10 @@
+#include "tools/caption.h"
+
 #include <algorithm>
 #include <cstring>
 
-#include "tools/base.h"
+#include "tools/font_cache.h"
+#include "tools/frame.h"
 
 namespace galdren {
 
@@ -36,13 +39,18 @@ void Place_Rows(Area& place, const Area& area, unsigned long flags, int border, 
     }
 }
 
+/// Height of a text from top to bottom.
+int Stacked_Height(const char* text, const TEXTMETRICA& metrics) {
+    constexpr std::size_t Most_Lines = 1000000;  // far outside any window, and their height is still in range
+    return static_cast<int>(std::min(std::strlen(text), Most_Lines)) * static_cast<int>(metrics.tmHeight);
+}
+
 }  // namespace
 
 void Paint_Stacked(Canvas& canvas, HFONT font, const char* text, unsigned long flags, const Area& area,
                    int border, int margin, UINT format, unsigned long color) {
     constexpr std::size_t Most_Characters = 128;
-    constexpr std::size_t Most_Lines = 1000000;  // far outside any window, and their height is still in range
-    const TEXTMETRICA metrics = canvas.Metrics(font);
+    const TEXTMETRICA metrics = Metrics_Of(font);
     const std::size_t length = std::strlen(text);
     const int character = metrics.tmAveCharWidth;
     Area place = area;
@@ -53,7 +61,7 @@ void Paint_Stacked(Canvas& canvas, HFONT font, const char* text, unsigned long f
         place.left = area.right - 2 * character - margin;
         place.right = area.right - margin + character;
     }
-    Place_Rows(place, area, flags, border, static_cast<int>(std::min(length, Most_Lines)) * metrics.tmHeight);
+    Place_Rows(place, area, flags, border, Stacked_Height(text, metrics));
 
     char lines[2 * Most_Characters];
     const std::size_t count = std::min(length, Most_Characters);
@@ -86,12 +94,12 @@ struct Margins {
 
 }  // namespace
 
-bool Caption_Stays_Inside(Canvas& canvas, HFONT font, const char* text, unsigned long flags, const Area& area,
-                          int border, const Area& body) {
+bool Caption_Stays_Inside(HFONT font, const char* text, unsigned long flags, const Area& area, int border,
+                          const Area& body) {
     if (!text || !*text) return true;
     const Area room = Margins(border).Room(area);
     if (flags & FLAG_VERTICAL || room.left < body.left || room.right > body.right + 1) return false;
-    const int height = canvas.Metrics(font).tmHeight;
+    const int height = Metrics_Of(font).tmHeight;
     const int top = room.top - Offset(Downwards(flags), room.top - room.bottom, height);
     return top <= body.top && top - height + 1 >= body.bottom;
 }
@@ -108,12 +116,12 @@ void Paint_Caption(Canvas& canvas, HFONT font, const char* text, unsigned long f
     }
 }
 
-}  // namespace galdren
-
-using namespace galdren;
-
-void Tools::Text(HFONT font, const char* text, long flags, short x, short y, short w, short h, short border) {
-    if (!text || !*text) return;
-    Canvas canvas(*this);
-    Paint_Caption(canvas, font, text, static_cast<unsigned long>(flags), {x, x + w, y, y + h}, border);
+Reach Caption_Reach(HFONT font, const char* text, unsigned long flags, const Area& area, int border) {
+    if (!(flags & FLAG_VERTICAL)) return {area};
+    const TEXTMETRICA metrics = Metrics_Of(font);
+    const int across = 3 * static_cast<int>(metrics.tmMaxCharWidth) + Margins(border).side;
+    const int upward = Stacked_Height(text, metrics) + border;
+    return {{area.left - across, area.right + across, area.bottom - upward, area.top + upward}};
 }
+
+}  // namespace galdren

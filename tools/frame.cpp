@@ -1,6 +1,8 @@
+#include "tools/frame.h"
+
 #include <algorithm>
 
-#include "tools/base.h"
+#include "tools/shading.h"
 #include "tools/surface.h"
 
 namespace galdren {
@@ -32,11 +34,10 @@ void Paint_Frame(Canvas& canvas, Colors color, unsigned long flags, bool sunken,
 
 void Paint_Outline(Canvas& canvas, const Area& area) { canvas.Outline(area.Inset(1), Outline_Blue); }
 
-bool Fits_Size(const Tools& control, const void* buffer) {
+bool Fits_Size(const Tools_Fields& control, const void* buffer) {
     if (buffer != control.Cur_Graph_Normal && buffer != control.Cur_Graph_Select) return true;
-    const int pixels = int{control.Width} * control.Height;
-    const Shading* made = Made_For(buffer);
-    return pixels <= (made ? made->width * made->height : int{control.Last_Width} * control.Last_Height);
+    const int made = Pixels_Of_Shading(buffer);
+    return control.Width * control.Height <= (made ? made : control.Last_Width * control.Last_Height);
 }
 
 namespace {
@@ -52,14 +53,9 @@ void Paint_Flat_Body(Canvas& canvas, Area body, const Area& control, unsigned lo
     if (body.left < body.right && body.bottom < body.top) canvas.Box(body, color);
 }
 
-void Paint_Signal(const Tools& control, const Area& area, const Colors& color) {
-    Canvas canvas(control);
-    if (!Has_Flag(control, FLAG_NO_BODY)) canvas.Box(area, color.get());
-}
-
 }  // namespace
 
-void Paint_Body(Canvas& canvas, const Tools& control, bool highlighted, const void* buffer,
+void Paint_Body(Canvas& canvas, const Tools_Fields& control, bool highlighted, const void* buffer,
                 unsigned long flags, int inset, const Area& area) {
     if (flags & FLAG_STATIC) return;
     const Area body = area.Inset(inset);
@@ -73,46 +69,3 @@ void Paint_Body(Canvas& canvas, const Tools& control, bool highlighted, const vo
 }
 
 }  // namespace galdren
-
-using namespace galdren;
-
-void Tools::Cadre(long flags, short mode, short width, short x0, short x1, short y0, short y1) {
-    Canvas canvas(*this);
-    Paint_Frame(canvas, Color, static_cast<unsigned long>(flags), mode != 0, width, {x0, x1, y0, y1});
-}
-
-void Tools::Cadre_Outline(short x0, short x1, short y0, short y1) {
-    Canvas canvas(*this);
-    Paint_Outline(canvas, {x0, x1, y0, y1});
-}
-
-void Tools::Fill(long flags, short x0, short x1, short y0, short y1) {
-    if (!(flags & static_cast<long>(FLAG_STATIC))) Paint_Signal(*this, {x0, x1, y0, y1}, Color);
-}
-
-void Tools::Fill_Grey(short x0, short x1, short y0, short y1) {
-    Paint_Signal(*this, {x0, x1, y0, y1}, Colors(170, 170, 170));
-}
-
-void Tools::Fill_Yellow(short x0, short x1, short y0, short y1) {
-    Paint_Signal(*this, {x0, x1, y0, y1}, Colors(255, 255, 0));
-}
-
-void Tools::Fill_Red(short x0, short x1, short y0, short y1) {
-    Paint_Signal(*this, {x0, x1, y0, y1}, Colors(255, 0, 0));
-}
-
-void Tools::Fill_Green(short x0, short x1, short y0, short y1) {
-    Paint_Signal(*this, {x0, x1, y0, y1}, Colors(0, 255, 0));
-}
-
-void Tools::Fill_Blue(short x0, short x1, short y0, short y1) {
-    Paint_Signal(*this, {x0, x1, y0, y1}, Colors(0, 0, 255));
-}
-
-void Tools::Fill_Select(short sel, const char* buffer, long flags, short inset, short x0, short x1, short y0,
-                        short y1) {
-    if (flags & static_cast<long>(FLAG_STATIC)) return;
-    Canvas canvas(*this);
-    Paint_Body(canvas, *this, sel != 0, buffer, static_cast<unsigned long>(flags), inset, {x0, x1, y0, y1});
-}

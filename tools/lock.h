@@ -1,17 +1,23 @@
 /// @file
-/// The process-wide drawing lock as a scope.
+/// The process-wide drawing lock as a scope, and objects that live as long as the process.
 #pragma once
 
 #include <new>
-#include <utility>
 
 namespace galdren {
 
-/// Holds `Critical`, which it makes on first use. Re-entrant on its thread.
+/// Enters `Critical`, which the first call makes. Re-entrant on its thread.
+void Enter_Lock();
+void Leave_Lock();
+
+/// Whether this thread is inside the lock, so that a call that only ends something cannot end another's.
+bool Holds_Lock();
+
+/// Holds the lock for a scope.
 class Drawing_Lock {
   public:
-    Drawing_Lock();
-    ~Drawing_Lock();
+    Drawing_Lock() { Enter_Lock(); }
+    ~Drawing_Lock() { Leave_Lock(); }
     Drawing_Lock(const Drawing_Lock&) = delete;
     Drawing_Lock& operator=(const Drawing_Lock&) = delete;
 };

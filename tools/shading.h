@@ -2,37 +2,32 @@
 /// The shading of bodies, shared by all controls of equal size, border and colour.
 #pragma once
 
+#include "tools/fields.h"
+
 namespace galdren {
 
-/// The frame around a body.
-enum class Frame_Look : unsigned char { None, Raised, Sunken };
+/// Whether pictures of a control's size may be generated: not where they would take more memory than any
+/// display needs. That is reported, once for a control and its parts.
+bool May_Generate(const Tools_Fields& control);
 
-/// What a shading buffer depends on.
-struct Shading {
-    int width;                  ///< at least 1
-    int height;                 ///< at least 1
-    int border;                 ///< not negative
-    unsigned long color;        ///< of the body, pixel form
-    Frame_Look frame;           ///< of the picture made beside the buffer
-    unsigned long frame_color;  ///< pixel form; 0 without a frame
+/// Makes the report anew for the next control.
+void Expect_Other_Control();
 
-    bool operator<(const Shading& other) const;
-};
+/// A diagonal ramp of a colour inside the border of a control, for the caller alone; outside it is black. Null
+/// when the memory cannot be had, or for more pixels than may be generated.
+unsigned long* Make_Shading(const Tools_Fields& control, const Colors& color);
 
-/// Makes the buffer for its caller alone. Null when the memory cannot be had, or would be more than any
-/// display needs.
-unsigned long* Make_Shading(const Shading& shading);
+/// Replaces generated shading by that of `color` at the control's present size. The ramp goes on outside the
+/// border, for a body may be painted with another one.
+void Renew_Shading(const Tools_Fields& control, unsigned long*& own, const Colors& color);
 
-/// The buffer shared by all holders; null as for `Make_Shading`.
-unsigned long* Acquire_Shading(const Shading& shading);
+/// Number of pixels of generated shading; 0 when the buffer is none.
+int Pixels_Of_Shading(const void* buffer);
 
-/// What a buffer from `Acquire_Shading` was made for; null for any other.
-const Shading* Made_For(const void* buffer);
+/// Notes one more holder of an array of bytes or pixels.
+void Share_Array(const void* array);
 
-/// Body and frame as one picture of (width + 1) x (height + 1) pixels, rows top-down, rim included.
-/// @param buffer  a buffer from `Acquire_Shading`, or any other
-/// @param wanted  the frame it has to show; the colour of the body does not count
-/// @return null when none was made with this buffer
-const unsigned long* Framed_Picture(const unsigned long* buffer, const Shading& wanted);
+/// Releases an array of bytes or pixels, unless a copy still shares it.
+void Release_Array(const void* array);
 
 }  // namespace galdren

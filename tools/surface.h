@@ -57,3 +57,31 @@ GALDREN_TOOLS_API void Begin_Batch(HWND window, const RECT& area, unsigned long 
 /// Ends the innermost batch of this thread and copies what was painted to its window in one go. Without a
 /// batch it does nothing.
 GALDREN_TOOLS_API void End_Batch();
+
+/// What is painted in its scope reaches the window in one copy, so that nothing flickers.
+class Paint_Batch {
+  public:
+    explicit Paint_Batch(HWND window) { Begin_Batch(window); }
+    Paint_Batch(HWND window, const RECT& area, unsigned long color) { Begin_Batch(window, area, color); }
+    ~Paint_Batch() { End_Batch(); }
+    Paint_Batch(const Paint_Batch&) = delete;
+    Paint_Batch& operator=(const Paint_Batch&) = delete;
+};
+
+/// Holds the picture of a window: from now on members paint on one picture of its client area, and what they
+/// painted is copied to the window when they return, or with the end of a batch. Nothing else may paint in
+/// the window; what does is painted over with what the picture has. Holds of a window are counted.
+///
+/// The picture follows the size of the window: at another size it starts with what the window shows, and as
+/// logical coordinates begin at the bottom, everything has to be painted anew. Without memory for it the
+/// window is painted like any other. It goes with the last `End_Hold`, or with its window.
+GALDREN_TOOLS_API void Begin_Hold(HWND window);
+
+/// Ends what `Begin_Hold` began. For a window that is not held it does nothing.
+GALDREN_TOOLS_API void End_Hold(HWND window);
+
+/// Copies a part of the picture of a held window to a context, for its WM_PAINT.
+/// @param target  a context in pixels of the client area, y downward, such as that of `BeginPaint`
+/// @param area    in pixels of the client area, y downward, as in `PAINTSTRUCT::rcPaint`
+/// @return 1; 0 when there is no picture of the window at its present size, and it has to be painted anew
+GALDREN_TOOLS_API int Show_Hold(HWND window, HDC target, const RECT& area);

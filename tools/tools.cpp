@@ -7,7 +7,6 @@
 #include <new>
 
 #include "tools/base.h"
-#include "tools/font.h"
 #include "tools/font_cache.h"
 #include "tools/region.h"
 #include "tools/sharing.h"
@@ -46,22 +45,23 @@ bool Renew_Image(const Tools& control, unsigned long*& image, const unsigned lon
 void Fill_Rectangle(const Tools& control, const Colors& color, int extra_rows) {
     if (!Has_Size(control)) return;
     const Area area = Area_Of(control);
-    Canvas canvas(control);
+    Canvas canvas(control, Covering({area.left, area.right, area.bottom, area.top + extra_rows}));
     canvas.Box({area.left, area.right + 1, area.bottom - 1, area.top + extra_rows}, color.get());
 }
 
-}  // namespace
-
-namespace galdren {
-
-void Release_Name(Tools& control) {
-    Release_Array(control.Owned_Name);
-    control.Owned_Name = nullptr;
-    control.State &= static_cast<unsigned char>(~STATE_OWNS_NAME);
-    control.Name = nullptr;
+/// All that a primitive may paint that stands within `margin` pixels of an area, which may be turned round.
+Reach Turned(const Area& area, int margin) {
+    const auto [left, right] = std::minmax(area.left, area.right);
+    const auto [bottom, top] = std::minmax(area.bottom, area.top);
+    return {Area{left, right, bottom, top}.Inset(-margin)};
 }
 
-}  // namespace galdren
+void Paint_Signal(const Tools_Fields& control, const Area& area, const Colors& color) {
+    Canvas canvas(control, Turned(area, 1));
+    if (!Has_Flag(control, FLAG_NO_BODY)) canvas.Box(area, color.get());
+}
+
+}  // namespace
 
 Tools::Tools() = default;
 
@@ -77,8 +77,8 @@ Tools& Tools::operator=(const Tools& other) { return Reassign(*this, other); }
 
 Tools::~Tools() {
     Release_Name(*this);
-    Release_Region(Region);
-    Z_Delete_Font(Window, Font);
+    Drop_Region(*this);
+    Release_Font(Font);
     Release_Array(Graph_Select);
     if (Graph_Normal != Graph_Select) Release_Array(Graph_Normal);
     State = 0;
@@ -131,4 +131,64 @@ int Tools::Set_Name(const char* format, ...) {
     Name = Owned_Name = name;
     State |= STATE_OWNS_NAME;
     return 1;
+}
+
+void Tools::Cadre(long flags, short mode, short width, short x0, short x1, short y0, short y1) {
+    const Area area{x0, x1, y0, y1};
+    Canvas canvas(*this, Turned(area, std::max<int>(width, 0) + 1));
+    Paint_Frame(canvas, Color, static_cast<unsigned long>(flags), mode != 0, width, area);
+}
+
+void Tools::Cadre_Outline(short x0, short x1, short y0, short y1) {
+    const Area area{x0, x1, y0, y1};
+    Canvas canvas(*this, Turned(area, 2));
+    Paint_Outline(canvas, area);
+}
+
+void Tools::Fill(long flags, short x0, short x1, short y0, short y1) {
+    if (!(flags & static_cast<long>(FLAG_STATIC))) Paint_Signal(*this, {x0, x1, y0, y1}, Color);
+}
+
+void Tools::Fill_Grey(short x0, short x1, short y0, short y1) {
+    Paint_Signal(*this, {x0, x1, y0, y1}, Colors(170, 170, 170));
+}
+
+void Tools::Fill_Yellow(short x0, short x1, short y0, short y1) {
+    Paint_Signal(*this, {x0, x1, y0, y1}, Colors(255, 255, 0));
+}
+
+void Tools::Fill_Red(short x0, short x1, short y0, short y1) {
+    Paint_Signal(*this, {x0, x1, y0, y1}, Colors(255, 0, 0));
+}
+
+void Tools::Fill_Green(short x0, short x1, short y0, short y1) {
+    Paint_Signal(*this, {x0, x1, y0, y1}, Colors(0, 255, 0));
+}
+
+void Tools::Fill_Blue(short x0, short x1, short y0, short y1) {
+    Paint_Signal(*this, {x0, x1, y0, y1}, Colors(0, 0, 255));
+}
+
+void Tools::Fill_Select(short sel, const char* buffer, long flags, short inset, short x0, short x1, short y0,
+                        short y1) {
+    if (flags & static_cast<long>(FLAG_STATIC)) return;
+    const Area area{x0, x1, y0, y1};
+    Canvas canvas(*this, Turned(area, std::max<int>(-inset, 0) + 1));
+    Paint_Body(canvas, *this, sel != 0, buffer, static_cast<unsigned long>(flags), inset, area);
+}
+
+unsigned long* Tools::Inside_3D(Colors c) { return Make_Shading(*this, c); }
+
+void Tools::Text(HFONT font, const char* text, long flags, short x, short y, short w, short h, short border) {
+    if (!text || !*text) return;
+    const Area area{x, x + w, y, y + h};
+    Canvas canvas(*this, Caption_Reach(font, text, static_cast<unsigned long>(flags), area, border));
+    Paint_Caption(canvas, font, text, static_cast<unsigned long>(flags), area, border);
+}
+
+void Tools::Arrow(short direction, short inset, short size, short x, short w, short y, short h) {
+    if (size <= inset) return;
+    const Area area{x, x + w, y, y + h};
+    Canvas canvas(*this, Turned(area, size + std::abs(inset) + 4));
+    Paint_Arrow(canvas, direction, inset, size, area);
 }

@@ -85,7 +85,7 @@ void Boxs::Init(HWND window) {
 void Boxs::Draw() {
     Check(*this, "Box::Draw");
     if (!Has_Size(*this)) return;
-    Canvas canvas(*this);
+    Canvas canvas(*this, Around(*this));
     if (Has_Flag(*this, FLAG_OUTLINE)) {
         Paint_Outline(canvas, Area_Of(*this));
         Paint_Name(canvas, *this);
@@ -102,7 +102,7 @@ int Boxs::Select(int event) {
     Check(*this, "Box::Select");
     if (!Has_Size(*this)) return 0;
     return Select_By_Hover(*this, event, [this](bool highlighted) {
-        Canvas canvas(*this);
+        Canvas canvas(*this, Around(*this));
         Paint_Look(canvas, *this, highlighted);
     });
 }
@@ -114,7 +114,7 @@ int Boxs::Read() {
 
 void Boxs::Deselect() {
     if (State == 0 || !Has_Size(*this) || Never_Highlights(*this) || Hover != Hover_Highlighted) return;
-    Canvas canvas(*this);
+    Canvas canvas(*this, Around(*this));
     Paint_Look(canvas, *this, false);
 }
 

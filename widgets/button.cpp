@@ -96,8 +96,8 @@ void Renew_Bodies(Buttons& button) {
     if (images.normal_needed) {
         Colors down = button.Color;
         down -= Colors(40, 40, 40);
-        Renew_Shading(button, button.Own_Normal_Up, button.Color, Frame_Look::Raised);
-        Renew_Shading(button, button.Own_Normal_Down, down, Frame_Look::Sunken);
+        Renew_Shading(button, button.Own_Normal_Up, button.Color);
+        Renew_Shading(button, button.Own_Normal_Down, down);
         button.Normal_Up = button.Own_Normal_Up;
         button.Normal_Down = button.Own_Normal_Down;
     }
@@ -111,35 +111,32 @@ void Renew_Bodies(Buttons& button) {
 }
 
 /// Whether lamp and caption lie on the body alone, so that painting the body leaves nothing of them.
-bool Body_Hides_Rest(Canvas& canvas, const Buttons& button) {
+bool Body_Hides_Rest(const Buttons& button) {
     const Area body = Area_Of(button).Inset(Button_Border(button) + 1);
     return (!Has_Flag(button, BUTTON_LAMP) || body.Holds(Lamp_Reach(button))) &&
-           Caption_Stays_Inside(canvas, button.Font, button.Name, Caption_Flags(button), Caption_Area(button),
+           Caption_Stays_Inside(button.Font, button.Name, Caption_Flags(button), Caption_Area(button),
                                 button.Border, body);
 }
 
 /// Frame and body. What the body does not hide of lamp and caption is painted between the two.
 void Paint_Body_In_Frame(Canvas& canvas, const Buttons& button, bool highlighted) {
-    const bool hidden = Body_Hides_Rest(canvas, button);
-    const Frame_Look frame = button.Value ? Frame_Look::Sunken : Frame_Look::Raised;
-    if (hidden && !highlighted && Paint_Framed_Body(canvas, button, button.Cur_Graph_Normal, frame)) return;
     Paint_Frame(canvas, button.Color, button.Flag, button.Value != 0, Button_Border(button), Area_Of(button));
-    if (!hidden) {
+    if (!Body_Hides_Rest(button)) {
         Paint_Lamp(canvas, button);
         Paint_Name(canvas, button);
     }
     Paint_Fill(canvas, button, highlighted);
 }
 
-/// The canvas for a paint of the whole button, which frame and body cover completely where there is room for
+/// The reach of a paint of the whole button, which frame and body cover completely where there is room for
 /// both.
-Canvas Canvas_For_Whole(const Buttons& button) {
+Reach Whole(const Buttons& button) {
     const Area covered = Area_Of(button).Inset(Has_Flag(button, FLAG_NO_RIM) ? 1 : 0);
     // Stacked text may be longer than the button is high.
     const bool complete = !Has_Flag(button, FLAG_STATIC | FLAG_OUTLINE | FLAG_NO_BODY | FLAG_VERTICAL) &&
                           2 * Button_Border(button) + 2 <= std::min(button.Width, button.Height) &&
                           (!Has_Flag(button, BUTTON_LAMP) || covered.Holds(Lamp_Reach(button)));
-    return complete ? Canvas(button, covered) : Canvas(button);
+    return complete ? Covering(covered) : Around(button);
 }
 
 /// The whole button, highlighted when the pointer is inside. A passive one shows no lamp.
@@ -212,7 +209,7 @@ void Buttons::Draw() {
     Check(*this, "Button::Draw");
     if (!Has_Size(*this)) return;
     Last_Value = Value;
-    Canvas canvas = Canvas_For_Whole(*this);
+    Canvas canvas(*this, Whole(*this));
     if (Has_Flag(*this, FLAG_OUTLINE)) {
         Paint_Outline(canvas, Area_Of(*this));
         Paint_Name(canvas, *this, Flag);
@@ -225,7 +222,7 @@ int Buttons::Select(int event) {
     Check(*this, "Button::Select");
     if (!Has_Size(*this)) return 0;
     return Select_By_Hover(*this, event, [this](bool highlighted) {
-        Canvas canvas(*this);
+        Canvas canvas(*this, Around(*this));
         Paint_Look(canvas, *this, highlighted, !Has_Flag(*this, FLAG_PASSIVE));
     });
 }
@@ -234,7 +231,7 @@ void Buttons::Deselect() {
     if (State == 0 || !Has_Size(*this) || Never_Highlights(*this)) return;
     if (Hover == Hover_Unknown || Hover == Hover_Normal) return;
     Hover = Hover_Unknown;
-    Canvas canvas(*this);
+    Canvas canvas(*this, Around(*this));
     Paint_Look(canvas, *this, false, true);
 }
 
@@ -243,7 +240,7 @@ void Buttons::Adjust() {
     if (!Has_Size(*this) || Has_Flag(*this, FLAG_NO_BODY)) return;
     if (!Has_Flag(*this, BUTTON_LAMP) && Value == Last_Value) return;
     Last_Value = Value;
-    Canvas canvas = Canvas_For_Whole(*this);
+    Canvas canvas(*this, Whole(*this));
     Paint_Whole(canvas, *this);
 }
 

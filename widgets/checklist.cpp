@@ -7,9 +7,9 @@
 #include <optional>
 #include <utility>
 
-#include "tools/context.h"
+#include "tools/window.h"
 #include "tools/dimensions.h"
-#include "tools/font.h"
+#include "tools/font_cache.h"
 #include "tools/region.h"
 #include "tools/sharing.h"
 #include "util/error.h"
@@ -46,43 +46,41 @@ void Set_Checks(CheckLists& list) {
         list.Check[item].Value = Is_Checked(list, item);
 }
 
-/// Takes a canvas of its own, since a check box painted before has reset the text clip.
-void Paint_Label(const CheckLists& list, int item, unsigned long color) {
+void Paint_Label(Canvas& canvas, const CheckLists& list, int item, unsigned long color) {
     const Buttons& box = list.Check[item];
-    Canvas canvas(list);
-    canvas.Write_Tabbed(list.Font, list.Label[item].Name, box.X + box.Width + SPACE, box.Y - 1, color);
+    const char* text = list.Label[item].Name;
+    if (text) canvas.Write_Run(list.Font, text, box.X + box.Width + SPACE, box.Y - 1, color);
 }
 
 bool Has_Mark(const Buttons& box) { return box.Value != 0 && box.Flag == 0; }
 
-void Paint_Mark(const Buttons& box) {
+void Paint_Mark(Canvas& canvas, const Buttons& box) {
     const int border = Frame_Width(box);
     const Area body = Area_Of(box);
     const Area mark{body.left + border + 1, body.right - border, body.bottom + border, body.top - border - 1};
-    Canvas canvas(box);
     canvas.Box(mark, Colors(255, 255, 0).get());
 }
 
-void Paint_Fill(const Buttons& box, bool highlighted) {
+void Paint_Fill(Canvas& canvas, const Buttons& box, bool highlighted) {
     const unsigned long* body = highlighted ? box.Cur_Graph_Select : box.Cur_Graph_Normal;
-    Canvas canvas(box);
     Paint_Body(canvas, box, highlighted, body, box.Flag, Frame_Width(box) + 1, Area_Of(box));
 }
 
 void Paint_Check(Buttons& box) {
+    Canvas canvas(box, Around(box));
     box.Draw();
-    if (Has_Mark(box)) Paint_Mark(box);
+    if (Has_Mark(box)) Paint_Mark(canvas, box);
 }
 
-void Paint_Item(CheckLists& list, int item) {
+void Paint_Item(Canvas& canvas, CheckLists& list, int item) {
     const bool disabled = Has_Flag(list.Check[item], FLAG_OUTLINE);
-    Paint_Label(list, item, disabled ? Outline_Blue : Black);
+    Paint_Label(canvas, list, item, disabled ? Outline_Blue : Black);
     Paint_Check(list.Check[item]);
 }
 
 /// The flags of the box are gone afterwards, those of a disabled item too, and its next paint is a full one.
-void Paint_Outlined_Item(CheckLists& list, int item) {
-    Paint_Label(list, item, Outline_Blue);
+void Paint_Outlined_Item(Canvas& canvas, CheckLists& list, int item) {
+    Paint_Label(canvas, list, item, Outline_Blue);
     list.Check[item].Flag = FLAG_OUTLINE;
     list.Check[item].Draw();
     list.Check[item].Flag = 0;
@@ -93,18 +91,21 @@ void Paint_Outlined_Item(CheckLists& list, int item) {
 bool Overhangs(const CheckLists& list, int item) {
     const Buttons& box = list.Check[item];
     const Area room = Area_Of(list.Label[item]);
-    Canvas canvas(list);
-    return box.X + box.Width + SPACE + canvas.Width_Of(list.Font, list.Label[item].Name) > room.right;
+    const char* text = list.Label[item].Name;
+    return text && box.X + box.Width + SPACE + Width_Of(list.Font, text) > room.right;
 }
 
 /// @return whether the label reaches over a box of the next column
 bool Paint_Hover(const CheckLists& list, int item, bool highlighted) {
     const Buttons& box = list.Check[item];
-    Paint_Label(list, item, highlighted ? Highlight_Color().get() : Black);
+    const Area row = Area_Of(list.Label[item]);
+    Canvas canvas(list, {Common(Area_Of(list), {row.left, list.X + list.Width, row.bottom - 2 * list.Font_Height,
+                                                row.top + 2 * list.Font_Height})});
+    Paint_Label(canvas, list, item, highlighted ? Highlight_Color().get() : Black);
     if (!highlighted && Has_Mark(box)) {
-        Paint_Mark(box);
+        Paint_Mark(canvas, box);
     } else {
-        Paint_Fill(box, highlighted);
+        Paint_Fill(canvas, box, highlighted);
     }
     return Overhangs(list, item);
 }
@@ -183,15 +184,11 @@ void Make_Items(CheckLists& list) {
 }
 
 void Measure(CheckLists& list) {
-    Canvas canvas(list);
-    list.Font_Height = Text_Height(list.Font);
-    list.H_Width = Text_Width(list.Font, "H");
+    list.Font_Height = Low_16(Metrics_Of(list.Font).tmHeight);
+    list.H_Width = Low_16(Width_Of(list.Font, "H"));
 }
 
-int Name_Width(const CheckLists& list) {
-    Canvas canvas(list);
-    return Text_Width(list.Font, list.Name);
-}
+int Name_Width(const CheckLists& list) { return Width_Of(list.Font, list.Name); }
 
 void Take_Look(Tools& part, const CheckLists& list) {
     part.Font_Size = list.Font_Size;
@@ -233,13 +230,6 @@ Grid Make_Grid(const CheckLists& list) {
     return {list.Box.X + border + 2 + (name_left ? Name_Width(list) + SPACE : 0),
             list.Box.Y + rest / 2 + border + (rows - 1) * row_height + 2,
             (list.Width - 2 * border - 4) / columns, row_height, rows};
-}
-
-/// Nobody reads the regions of the items, and Windows gives a process no more than 10,000 handles.
-void Init_Without_Region(Buttons& part, HWND window) {
-    part.Init(window);
-    Release_Region(part.Region);
-    part.Region = part.Clip_Region = nullptr;
 }
 
 void Init_Label(const CheckLists& list, int item, const Grid& grid) {
@@ -334,10 +324,10 @@ void CheckLists::Draw() {
     if (!Has_Flag(*this, FLAG_PASSIVE)) Set_Checks(*this);
     const bool outline = Has_Flag(*this, FLAG_OUTLINE);
     if (!outline && Has_Flag(*this, FLAG_NO_BODY)) return;
-    Canvas canvas(*this);
+    Canvas canvas(*this, Inside(*this));
     if (!Has_Flag(*this, FLAG_STATIC)) Box.Draw();
     for (int item = 0; item < Count; ++item)
-        outline ? Paint_Outlined_Item(*this, item) : Paint_Item(*this, item);
+        outline ? Paint_Outlined_Item(canvas, *this, item) : Paint_Item(canvas, *this, item);
 }
 
 int CheckLists::Select(int event) {
@@ -346,13 +336,11 @@ int CheckLists::Select(int event) {
     const std::optional<POINT> position = Pointer_On(*this);
     if (Event_Kind(event) == EVENT_TEST) return position.has_value();
     if (Has_Flag(*this, FLAG_PASSIVE)) return 0;
-    std::optional<Canvas> surface;  // taken once for all items, if there is anything to paint
     int result = 0;
     for (int item = 0; item < Count; ++item) {
         const bool under_pointer = Is_On_Item(*this, item, position);
         if (under_pointer) result = 1;
         if (!Follow(Hover_List[item], under_pointer) || !Shows_Hover(*this, item)) continue;
-        if (!surface) surface.emplace(*this);
         if (Paint_Hover(*this, item, under_pointer)) Boxes_Covered = true;
     }
     return result;
@@ -360,11 +348,9 @@ int CheckLists::Select(int event) {
 
 void CheckLists::Deselect() {
     if (State == 0 || !Has_Size(*this) || Has_Flag(*this, FLAG_NO_BODY)) return;
-    std::optional<Canvas> surface;
     for (int item = 0; item < Count; ++item) {
         const bool seen = Hover_List[item] != Hover_Unknown && Hover_List[item] != Hover_Normal;
         if (!seen || !Shows_Hover(*this, item)) continue;
-        if (!surface) surface.emplace(*this);
         if (Paint_Hover(*this, item, false)) Boxes_Covered = true;
     }
 }
@@ -379,7 +365,6 @@ void CheckLists::Adjust() {
     POINT position{};
     const POINT* pointer = Find_Pointer(Window, position) ? &position : nullptr;
     const bool all = std::exchange(Boxes_Covered, false) || Is_Crowded(*this);
-    Canvas canvas(*this);
     for (int item = 0; item < Count; ++item) {
         if (all || !Is_Up_To_Date(*this, item, pointer)) Paint_Check(Check[item]);
     }

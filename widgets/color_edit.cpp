@@ -1,7 +1,8 @@
 #include "widgets/color_edit.h"
 
 #include "tools/dimensions.h"
-#include "tools/scopes.h"
+#include "tools/font_cache.h"
+#include "tools/surface.h"
 #include "tools/sharing.h"
 #include "widgets/color_value.h"
 #include "widgets/editor.h"
@@ -49,8 +50,7 @@ unsigned long Value_Of(const Color_Edit& editor, const Channels& channels) {
 }
 
 int Font_Height(const Color_Edit& editor) {
-    Canvas measure(editor.Frame);
-    return measure.Metrics(editor.Font).tmHeight;
+    return Metrics_Of(editor.Font).tmHeight;
 }
 
 /// What frame, caption, swatch and mode button leave for the troughs.
@@ -94,6 +94,7 @@ void Init_Swatch(Color_Edit& editor, const Area& area) {
     swatch.Flag = editor.Frame.Flag;
     swatch.Border = editor.Frame.Border;
     swatch.Color = editor.Color;
+    Copy_Clip(swatch, editor);
     if (Has_Flag(swatch, FLAG_NO_BODY)) {
         Hide_Color(swatch);
     } else {
@@ -109,6 +110,7 @@ void Init_Mode_Button(Color_Edit& editor, const Area& swatch) {
     button.Flag = editor.Flag | FLAG_VERTICAL;
     button.Border = editor.Frame.Border;
     Copy_Font(button, editor);
+    Copy_Clip(button, editor);
     button.Init(editor.Window);
     Name_Part(button, Is_HLS(editor) ? "HLS" : "RGB");
 }
@@ -179,7 +181,7 @@ void Color_Edit::Draw() {
     Check(*this, "Color_Edit::Draw");
     if (!Has_Size(*this)) return;
     Last_Value = Value;
-    const Canvas held_for_all_parts(Frame);
+    const Canvas for_all_parts(*this, Inside(*this));
     // The outline look is painted beneath the other; parts without bodies show both.
     if (Has_Flag(*this, FLAG_OUTLINE)) {
         Frame.Draw();
@@ -220,7 +222,7 @@ unsigned long Color_Edit::Read() {
 unsigned long Color_Edit::Scroll(int n) {
     Check(*this, "Color_Edit::Scroll");
     if (!Has_Size(*this)) return 0;
-    const Canvas held_for_all_parts(Frame);
+    const Canvas for_all_parts(*this, Inside(*this));
     Channels channels = Channels_Of(*this);
     bool changed = false;
     for (std::size_t i = 0; i < Channel_Count; ++i) {
@@ -245,7 +247,7 @@ void Color_Edit::Deselect() {
 void Color_Edit::Adjust() {
     Check(*this, "Color_Edit::Adjust");
     if (!Has_Size(*this) || Value == Last_Value || Has_Flag(*this, FLAG_PASSIVE)) return;
-    const Canvas held_for_all_parts(Frame);
+    const Canvas for_all_parts(*this, Inside(*this));
     const Channels channels = Channels_Of(*this);
     for (std::size_t i = 0; i < Channel_Count; ++i)
         Move_Thumb(*Troughs_Of(*this)[i], channels[i]);

@@ -17,9 +17,4 @@ Channels HLS_Of(unsigned long value);
 unsigned long From_RGB(const Channels& rgb);
 unsigned long From_HLS(const Channels& hls);
 
-/// Changes between the GDI form and the pixel form.
-constexpr unsigned long Exchange_Red_And_Blue(unsigned long value) {
-    return (value & 0xFF00FF00) | (value & 0xFF) << 16 | (value >> 16 & 0xFF);
-}
-
 }  // namespace galdren

@@ -3,6 +3,7 @@
 #include <cstdlib>
 
 #include "tools/dimensions.h"
+#include "widgets/items.h"
 
 namespace galdren {
 
@@ -38,6 +39,7 @@ void Copy_Look(Tools& part, const Tools& editor, int border) {
     part.Font_Name = editor.Font_Name;
     part.Font_Weight = editor.Font_Weight;
     part.Font_Size = editor.Font_Size;
+    Copy_Clip(part, editor);
 }
 
 void Name_Part(Tools& part, const char* name) {

@@ -65,7 +65,7 @@ void Drop_Select_Image(Tools& part) {
 /// @return whether the part has a new image, of its size
 bool Renew_Image(Tools& part, unsigned long pixel) {
     Drop_Normal_Image(part);
-    return Has_Size(part) && part.Alloc_Graph_Normal(pixel);
+    return Has_Size(part) && May_Generate(part) && part.Alloc_Graph_Normal(pixel);
 }
 
 }  // namespace

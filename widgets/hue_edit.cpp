@@ -45,6 +45,7 @@ void Init_Swatch(Hue_Edit& editor) {
     swatch.Flag = editor.Flag;
     swatch.Border = Within_16(Part_Border(editor));
     swatch.Color = editor.Color;
+    Copy_Clip(swatch, editor);
     Show_Color(swatch, editor.Value, editor.Height != editor.Last_Height);
     swatch.Init(editor.Window);
 }
@@ -87,7 +88,7 @@ void Hue_Edit::Draw() {
     Check(*this, "Hue_Edit::Draw");
     if (!Has_Size(*this)) return;
     Last_Value = Value;
-    const Canvas held_for_all_parts(Frame);
+    const Canvas for_all_parts(*this, Inside(*this));
     if (Has_Frame(*this)) {
         Frame.Draw();
     } else {
@@ -119,7 +120,7 @@ unsigned long Hue_Edit::Scroll(int n) {
     if (!Has_Size(*this)) return 0;
     Channels hls = HLS_Of(Value);
     if (!Hue.Select(EVENT_TEST)) return Value;
-    const Canvas held_for_all_parts(Frame);
+    const Canvas for_all_parts(*this, Inside(*this));
     hls[0] = Hue.Scroll(n);
     Value = From_HLS(hls);
     Adjust();
@@ -134,7 +135,7 @@ void Hue_Edit::Deselect() {
 void Hue_Edit::Adjust() {
     Check(*this, "Hue_Edit::Adjust");
     if (!Has_Size(*this) || Value == Last_Value || Has_Flag(*this, FLAG_PASSIVE)) return;
-    const Canvas held_for_all_parts(Frame);
+    const Canvas for_all_parts(*this, Inside(*this));
     Move_Thumb(Hue, HLS_Of(Value)[0]);
     Update();
 }

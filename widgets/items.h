@@ -7,6 +7,7 @@
 #include <new>
 
 #include "tools/base.h"
+#include "tools/region.h"
 #include "tools/sharing.h"
 #include "util/error.h"
 #include "util/program.h"
@@ -65,12 +66,21 @@ inline void Report_No_Items(int line, const char* file, int count) {
               file, "this->Item", count + 1, 8);
 }
 
-/// Gives a part the text clip rectangle of its owner.
+/// Gives a part the text clip rectangle of its owner, and cuts it at the owner's edges.
 inline void Copy_Clip(Tools& part, const Tools& owner) {
+    part.Room = Is_Empty(owner.Room) ? owner.Rect : Common(owner.Rect, owner.Room);
     part.Clip_X = owner.Clip_X;
     part.Clip_Y = owner.Clip_Y;
     part.Clip_Width = owner.Clip_Width;
     part.Clip_Height = owner.Clip_Height;
+}
+
+/// Initialises an item of which there may be thousands. Nobody reads its region, and Windows gives a process no
+/// more than 10,000 handles.
+template <class Item>
+void Init_Without_Region(Item& item, HWND window) {
+    item.Init(window);
+    Drop_Region(item);
 }
 
 /// Gives a part the name of its owner. It holds the name like a copy does, for the owner may get another one.

@@ -23,7 +23,7 @@ void Labels::Init(HWND window) {
 void Labels::Draw() {
     Check(*this, "Labels::Draw");
     if (!Has_Size(*this) || !Name) return;
-    Canvas canvas(*this);
+    Canvas canvas(*this, Around(*this));
     if (Has_Flag(*this, FLAG_VERTICAL)) {
         Paint_Stacked(canvas, Font, Name, Flag, Area_Of(*this), 0, 0, 0, Color.get());
     } else {

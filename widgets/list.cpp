@@ -4,8 +4,9 @@
 #include <climits>
 
 #include "tools/arithmetic.h"
-#include "tools/context.h"
+#include "tools/window.h"
 #include "tools/dimensions.h"
+#include "tools/font_cache.h"
 #include "tools/input.h"
 #include "tools/region.h"
 #include "tools/sharing.h"
@@ -89,11 +90,10 @@ Item_Size Lay_Out_Column(Lists& list, const Area& area, int title) {
 }
 
 int Widest_Name(const Lists& list) {
-    Canvas canvas(list);
     const char* first = list.Item[0]->Name;
-    int widest = first ? canvas.Width_Of(list.Font, first) : 2 * SPACE;
+    int widest = first ? Width_Of(list.Font, first) : 2 * SPACE;
     for (Buttons** item = list.Item; *item; ++item) {
-        if ((*item)->Name) widest = std::max(widest, canvas.Width_Of(list.Font, (*item)->Name));
+        if ((*item)->Name) widest = std::max(widest, Width_Of(list.Font, (*item)->Name));
     }
     return widest;
 }
@@ -143,7 +143,7 @@ void Init_Items(Lists& list, const Item_Size& size) {
         item.Border = list.Border;
         Copy_Font(item, list);
         Copy_Clip(item, list);
-        item.Init(list.Window);
+        Init_Without_Region(item, list.Window);
     }
 }
 
@@ -287,8 +287,7 @@ int Tell(Buttons& item, int kind, const POINT& pointer) {
 /// place of its own.
 void Hide(Buttons& item) {
     item.Shown = 0;
-    Release_Region(item.Region);
-    item.Region = item.Clip_Region = nullptr;
+    Drop_Region(item);
 }
 
 constexpr Grow_Place Grow_In_List{".\\list.cpp", 158, 155};
@@ -337,7 +336,7 @@ void Lists::Init(HWND window) {
     Default_Grey(*this);
     Bind(*this, window);
     Renew_Font(*this);
-    Title_Height = Canvas(*this).Metrics(Font).tmHeight;
+    Title_Height = Metrics_Of(Font).tmHeight;
     Init_Frame(*this);
     Scroll_Bar.Width = 0;
     Nb_Item = Low_16(Count_Items(Item));
@@ -360,7 +359,7 @@ void Lists::Init(HWND window) {
 void Lists::Draw() {
     Check(*this, "List::Draw");
     if (!Has_Size(*this)) return;
-    Canvas canvas(*this);
+    const Canvas for_all_parts(*this, Inside(*this));
     Last_Current = Current;
     Frame.Draw();
     if (Has_Flag(*this, FLAG_NO_BODY)) return;
@@ -411,7 +410,8 @@ void Lists::Update() {
     } else if (first != Within_16(Origin)) {
         Origin = first;  // the application has moved the items
     }
-    Canvas canvas(*this);
+    Canvas canvas(*this, {{inner.left, inner.right - 1, inner.bottom + 1, inner.top},
+                          Frame.Cur_Graph_Normal || !Has_Flag(*this, FLAG_NO_BODY)});
     if (Has_Flag(*this, FLAG_OUTLINE) || !Item) return Paint_Ground(canvas, *this, inner);
     Choose_Shown();
     Paint_Ground_Around(canvas, *this, inner, {Shown_First, Shown_Count});
@@ -454,7 +454,6 @@ int Lists::Select(int event) {
 
 /// Takes the value under the pointer from the scroll bar.
 void Lists::Follow_Bar() {
-    Canvas canvas(*this);
     Scroll_Bar.Val = Scroll_Bar.Read();
     Scroll_Bar.Adjust();
     if (Truncate(double{Scroll_Bar.Val}) != Origin) Update();
@@ -482,7 +481,6 @@ void Lists::Scroll(int amount) {
     Check(*this, "Lists::Scroll");
     if (!Has_Size(*this) || Has_Flag(*this, FLAG_PASSIVE) || !Pointer_Inside(*this) || !Has_Bar(*this))
         return;
-    Canvas canvas(*this);
     Scroll_Bar.Scroll(amount);
     if (Truncate(double{Scroll_Bar.Val}) != Origin) Update();
 }
@@ -508,7 +506,6 @@ void Lists::Mark(int index, short value) {
 void Lists::Adjust() {
     Check(*this, "List::Adjust");
     if (!Has_Size(*this) || Current == Last_Current || Has_Flag(*this, FLAG_PASSIVE)) return;
-    Canvas canvas(*this);  // for both items at once
     Mark(Last_Current, 0);
     Mark(Current, 1);
     Last_Current = Current;

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "tools/context.h"
+#include "tools/window.h"
 #include "tools/dimensions.h"
 
 namespace galdren {

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "tools/context.h"
+#include "tools/window.h"
 #include "tools/dimensions.h"
-#include "tools/font.h"
+#include "tools/font_cache.h"
 #include "tools/sharing.h"
 #include "widgets/items.h"
 
@@ -48,14 +48,13 @@ Area Room_Beside_Caption(const Selects& selector) {
         room.right -= margin;
         room.left = room.right - selector.Value_Width;
     } else if (selector.Name) {
-        const Canvas surface(selector);
-        const int width = Text_Width(selector.Font, selector.Name);
+        const int width = Width_Of(selector.Font, selector.Name);
         if (Has_Flag(selector, FLAG_TEXT_LEFT)) {
             room.left += width + margin;
         } else if (Has_Flag(selector, FLAG_TEXT_RIGHT)) {
             room.right -= width + margin;
         } else {
-            room.top -= Text_Height(selector.Font);
+            room.top -= Metrics_Of(selector.Font).tmHeight;
         }
     }
     return room;
@@ -228,7 +227,7 @@ void Selects::Draw() {
     if (!Has_Size(*this)) return;
     Settle(*this);
     Last_Current = Current;
-    Canvas canvas(*this);
+    Canvas canvas(*this, Inside(*this));
     if (Has_Flag(*this, FLAG_OUTLINE)) {
         Paint_Thin(canvas, *this);
     } else if (!Has_Flag(*this, FLAG_NO_BODY)) {
@@ -245,7 +244,7 @@ int Selects::Select(int event) {
     if (Has_Flag(*this, FLAG_PASSIVE)) return 0;
     if (inside && Event_Kind(event) == EVENT_PRESS) Press_Arrows(*this);
     if (Hover_Changes(*this, Hover, inside)) {
-        Canvas canvas(*this);
+        Canvas canvas(*this, Inside(*this));
         Paint_Inside(canvas, *this, inside);
         Update();
     }
@@ -281,7 +280,7 @@ void Selects::Deselect() {
         Hover = Hover_Unknown;
         return;
     }
-    Canvas canvas(*this);
+    Canvas canvas(*this, Inside(*this));
     Paint_Inside(canvas, *this, false);
     Update();
 }
@@ -289,7 +288,7 @@ void Selects::Deselect() {
 /// Paints caption, arrows and item.
 void Selects::Update() {
     Hold_In_Range(*this);
-    Canvas canvas(*this);
+    Canvas canvas(*this, Inside(*this));
     Paint_Name(canvas, *this);
     Paint_Arrows(canvas, *this);
     if (Nb_Item > 0) Shown_Item(*this).Draw();

@@ -119,7 +119,7 @@ void Sliders::Draw() {
     Check(*this, "Sliders::Draw");
     if (!Has_Size(*this)) return;
     Clamp_Value(*this);
-    Canvas canvas(*this);
+    Canvas canvas(*this, Inside(*this));
     if (Has_Flag(*this, FLAG_OUTLINE)) Paint_Outline(canvas, Area_Of(*this));
     if (!Has_Flag(*this, FLAG_NO_BODY)) {
         if (!Has_Flag(*this, FLAG_STATIC)) canvas.Box(Area_Of(*this), Color.get());
@@ -131,7 +131,7 @@ void Sliders::Draw() {
 void Sliders::Adjust() {
     Check(*this, "Sliders::Adjust");
     if (!Has_Size(*this)) return;
-    Canvas canvas(*this);
+    Canvas canvas(*this, Inside(*this));
     if (Has_Flag(*this, FLAG_OUTLINE)) Paint_Outline(canvas, Area_Of(*this));
     if (Has_Flag(*this, FLAG_NO_BODY)) return;
     Clamp_Value(*this);
@@ -158,7 +158,7 @@ float Sliders::Scroll(int n) {
 
 /// The inside and what stands on it, as the pointer has it look.
 void Sliders::Paint_State(bool highlighted) {
-    Canvas canvas(*this);
+    Canvas canvas(*this, Inside(*this));
     Paint_Inside(canvas, *this, highlighted, highlighted ? Cur_Graph_Select : Cur_Graph_Normal);
     Cursor();
 }
@@ -182,7 +182,7 @@ void Sliders::Paint_Thumb() {
 
 void Sliders::Cursor() {
     if (Has_Flag(*this, FLAG_NO_BODY)) return;
-    Canvas canvas(*this);
+    Canvas canvas(*this, Inside(*this));
     const Area area = Area_Of(*this);
     const int border = Frame_Width(*this);
     const bool vertical = Is_Vertical(*this);

@@ -165,9 +165,9 @@ void Paint_Look(Canvas& canvas, const TabItems& tab, bool highlighted) {
 }
 
 /// Whether a caption painted before the body would be painted over.
-bool Body_Hides_Name(Canvas& canvas, const TabItems& tab) {
+bool Body_Hides_Name(const TabItems& tab) {
     return !Has_Flag(tab, FLAG_STATIC) && !tab.Cur_Graph_Normal && !tab.Cur_Graph_Select &&
-           Caption_Stays_Inside(canvas, tab.Font, tab.Name, Caption_Flags(tab), Area_Of(tab), tab.Border,
+           Caption_Stays_Inside(tab.Font, tab.Name, Caption_Flags(tab), Area_Of(tab), tab.Border,
                                 Middle_Of(Top_Of(tab)));
 }
 
@@ -175,7 +175,7 @@ bool Body_Hides_Name(Canvas& canvas, const TabItems& tab) {
 void Paint_Whole(Canvas& canvas, TabItems& tab) {
     Paint_Edge(canvas, tab, Is_Front(tab), Area_Of(tab));
     if (!Has_Flag(tab, FLAG_STATIC)) Choose_Bodies(tab);
-    if (!Body_Hides_Name(canvas, tab)) Paint_Name(canvas, tab, Caption_Flags(tab));
+    if (!Body_Hides_Name(tab)) Paint_Name(canvas, tab, Caption_Flags(tab));
     if (Has_Flag(tab, FLAG_STATIC)) return;
     tab.Hover = Hover_Unknown;
     const bool passive = Has_Flag(tab, FLAG_PASSIVE);
@@ -255,7 +255,7 @@ void TabItems::Draw() {
     Check(*this, "TabItems::Draw");
     if (!Has_Size(*this)) return;
     Last_Value = Value;
-    Canvas canvas(*this);
+    Canvas canvas(*this, Around(*this));
     if (Has_Flag(*this, FLAG_OUTLINE)) {
         Paint_Flat(canvas, *this, Area_Of(*this));
         Paint_Name(canvas, *this, Flag);
@@ -268,14 +268,14 @@ int TabItems::Select(int) {
     Check(*this, "TabItems::Select");
     if (!Has_Size(*this)) return 0;
     return Select_By_Hover(*this, EVENT_MOVE, [this](bool highlighted) {
-        Canvas canvas(*this);
+        Canvas canvas(*this, Around(*this));
         Paint_Look(canvas, *this, highlighted);
     });
 }
 
 void TabItems::Deselect() {
     if (State == 0 || !Has_Size(*this) || Never_Highlights(*this)) return;
-    Canvas canvas(*this);
+    Canvas canvas(*this, Around(*this));
     Paint_Look(canvas, *this, false);
 }
 
@@ -284,7 +284,7 @@ void TabItems::Adjust() {
     if (!Has_Size(*this) || Has_Flag(*this, FLAG_NO_BODY)) return;
     if (!Has_Flag(*this, Adjusts_Always) && Value == Last_Value) return;
     Last_Value = Value;
-    Canvas canvas(*this);
+    Canvas canvas(*this, Around(*this));
     Paint_Whole(canvas, *this);
 }
 
@@ -294,18 +294,18 @@ int TabItems::Read() {
 }
 
 void TabItems::Cadre(long, short value, short, short x0, short x1, short y0, short y1) {
-    Canvas canvas(*this);
+    Canvas canvas(*this, Around(*this));
     Paint_Edge(canvas, *this, value != 0, {x0, x1, y0, y1});
 }
 
 void TabItems::Cadre_Outline(short x0, short x1, short y0, short y1) {
-    Canvas canvas(*this);
+    Canvas canvas(*this, Around(*this));
     Paint_Flat(canvas, *this, {x0, x1, y0, y1});
 }
 
 void TabItems::Fill_Select(short selected, const char* image, long flags, short border, short x0, short x1,
                            short y0, short y1) {
-    Canvas canvas(*this);
+    Canvas canvas(*this, Around(*this));
     Paint_Fill(canvas, *this, selected != 0, image, static_cast<unsigned long>(flags), border,
                {x0, x1, y0, y1});
 }

@@ -5,7 +5,7 @@
 #include <span>
 #include <utility>
 
-#include "tools/context.h"
+#include "tools/window.h"
 #include "tools/dimensions.h"
 #include "tools/sharing.h"
 #include "widgets/items.h"
@@ -15,6 +15,9 @@ using namespace galdren;
 namespace {
 
 constexpr Grow_Place Grow_In_Tabs{"tabs", 96, 93};
+
+/// What the row paints beyond the set, where it joins with the page.
+constexpr int Tab_Overhang = 3;
 
 /// Free on either side of the row.
 int Row_Margin() { return 4 * SPACE; }
@@ -155,7 +158,7 @@ void Tabs::Update() {
     if (!Has_Size(*this)) return;
     Choose_Ends(*this);
     if (Has_Flag(*this, FLAG_OUTLINE) || !Has_Room(*this)) return;
-    const Canvas canvas(Window);  // for all tabs at once
+    const Canvas for_all_tabs(*this, {Area_Of(*this).Inset(-Tab_Overhang)});
     From_Back_To_Front(*this, [](TabItems& tab) { tab.Draw(); });
 }
 
@@ -197,7 +200,7 @@ int Tabs::Select(int event) {
 
 void Tabs::Deselect() {
     if (State == 0 || !Has_Size(*this) || Never_Highlights(*this) || !Has_Room(*this)) return;
-    const Canvas canvas(Window);  // for all tabs at once
+    const Canvas for_all_tabs(*this, {Area_Of(*this).Inset(-Tab_Overhang)});
     From_Back_To_Front(*this, [](TabItems& tab) { tab.Deselect(); });
 }
 
@@ -222,7 +225,7 @@ void Tabs::Page(int height) {
     const int top = row.bottom;
     const int left = row.left + Row_Margin();
     const int right = row.right - Row_Margin();
-    Canvas canvas(*this);
+    Canvas canvas(*this, {Area{row.left, row.right, std::min(bottom, top), std::max(bottom, top)}.Inset(-2)});
     canvas.Polygon({{row.left, top - 2}, {row.left, bottom}, {row.right, bottom}, {row.right, top - 2}},
                    (front ? front->Color : Color).get());
     Paint_Page_Line(canvas, {row.left + 1, row.right - 1, bottom + 1, top}, left, right, White, Dark_Grey);

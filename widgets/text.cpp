@@ -9,7 +9,7 @@
 #include <new>
 #include <utility>
 
-#include "tools/context.h"
+#include "tools/window.h"
 #include "tools/dimensions.h"
 #include "tools/font.h"
 #include "tools/font_cache.h"
@@ -261,8 +261,8 @@ Texts& Texts::operator=(const Texts& other) { return Reassign(*this, other); }
 
 Texts::~Texts() {
     Release_Lines(*this);
-    Z_Delete_Font(Window, Bold_Font);
-    Z_Delete_Font(Window, Oblique_Font);
+    Release_Font(Bold_Font);
+    Release_Font(Oblique_Font);
 }
 
 void Texts::Init(HWND window) {
@@ -274,11 +274,10 @@ void Texts::Init(HWND window) {
     Renew(*this, Bold_Font, "bold", "r");
     Renew(*this, Oblique_Font, "medium", "o");
     {
-        Canvas canvas(*this);
-        Line_Height = canvas.Metrics(Font).tmHeight;
-        Char_Width = canvas.Width_Of(Font, "H");
-        Even_Lines = Line_Height > 0 && canvas.Metrics(Bold_Font).tmHeight <= Line_Height &&
-                     canvas.Metrics(Oblique_Font).tmHeight <= Line_Height;
+        Line_Height = Metrics_Of(Font).tmHeight;
+        Char_Width = Width_Of(Font, "H");
+        Even_Lines = Line_Height > 0 && Metrics_Of(Bold_Font).tmHeight <= Line_Height &&
+                     Metrics_Of(Oblique_Font).tmHeight <= Line_Height;
     }
     Picture = 0;
     Set_Input_Box(*this);
@@ -291,7 +290,7 @@ void Texts::Init(HWND window) {
 void Texts::Draw() {
     Check(*this, "Text::Draw");
     if (!Has_Size(*this)) return;
-    Canvas canvas(*this);
+    Canvas canvas(*this, Inside(*this));
     const Area all = Area_Of(*this);
     if (Has_Flag(*this, FLAG_OUTLINE)) Paint_Outline(canvas, all);
     if (Has_Flag(*this, FLAG_NO_BODY)) return;
@@ -307,7 +306,7 @@ void Texts::Draw() {
 void Texts::Paint_Contents() {
     Re_Write();
     if (!Is_Reading(*this)) return;
-    Canvas canvas(*this);
+    Canvas canvas(*this, Input_Reach(*this));
     Paint_Input_Frame(canvas, *this);
     Read_Echo(Line, Cursor_Pos);
 }
@@ -407,7 +406,6 @@ void Texts::Append(int new_lines, const char* format, va_list arguments) {
     Lines[0] = Duplicate(begin);
 
     Paint_Contents();
-    Canvas canvas(*this);
     Place_Bars(*this);
     For_Bars(*this, [](Sliders& bar) {
         bar.Val = 0.0F;
@@ -447,7 +445,7 @@ void Texts::Re_Write() {
     Area part = area;
     int low = 0;
     int high = 0;
-    if (canvas.Kept() && Move_Kept(view, area.top - area.bottom, low, high)) {
+    if (canvas.Kept() && Move_Kept(canvas, view, area.top - area.bottom, low, high)) {
         part.bottom = area.bottom + low;
         part.top = area.bottom + high;
     }
@@ -455,7 +453,7 @@ void Texts::Re_Write() {
     Appended = Renewed = 0;
 
     canvas.Box(part, view.look.color);
-    const Narrow_Clip clip = canvas.Narrow(part);
+    const Canvas::Narrow_Clip clip = canvas.Narrow(part);
     const int count = view.look.single ? 1 : Most_Lines;
     for (int k = First_Shown(view.scrolled, Line_Height); k < count; ++k) {
         const int rise = k * Line_Height - view.scrolled;
@@ -473,7 +471,7 @@ void Texts::Re_Write() {
 /// @param height     of the output
 /// @param low, high  receive between which heights the output has to be painted
 /// @return false, with nothing moved, when all of it has to be painted
-bool Texts::Move_Kept(const Output_View& view, int height, int& low, int& high) const {
+bool Texts::Move_Kept(galdren::Canvas& canvas, const Output_View& view, int height, int& low, int& high) const {
     const bool same_look =
         Even_Lines && view.x == Painted.x && view.look == Painted.look && !view.look.single;
     // A line that the bottom edge would cut is not painted at all, so only whole lines can be moved.
@@ -482,7 +480,7 @@ bool Texts::Move_Kept(const Output_View& view, int height, int& low, int& high) 
     const int rise = Appended * Line_Height + Painted.scrolled - view.scrolled;
     const int from_bottom = std::max(rise, Renewed * Line_Height - view.scrolled);
     if (std::abs(rise) >= height || (rise < 0 && from_bottom > 0)) return false;
-    Raise_Kept_Picture(rise);
+    canvas.Raise(rise);
     low = rise < 0 ? height + rise : 0;
     high = rise < 0 ? height : std::min(from_bottom, height);
     return true;

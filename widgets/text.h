@@ -6,6 +6,10 @@
 
 #include "slider.h"
 
+namespace galdren {
+class Canvas;
+}
+
 /// Bits of `Flag` that text fields add. `SLIDER_KEEP_GRAB` is handed on to the scroll bars.
 /// @{
 constexpr unsigned long TEXT_INPUT_ROOM = 0x200000;        ///< the input line keeps its room when not reading
@@ -152,7 +156,7 @@ class GALDREN_TOOLS_API Texts : public Tools, public Text_Fields {
         int scrolled;  ///< pixels that are below its bottom edge
         Output_Look look;
     };
-    bool Move_Kept(const Output_View& view, int height, int& low, int& high) const;
+    bool Move_Kept(galdren::Canvas& canvas, const Output_View& view, int height, int& low, int& high) const;
 
     unsigned Picture{};     // number of the output's kept picture, 0 when there is none
     Output_View Painted{};  // on that picture

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <string_view>
 
+#include "tools/font_cache.h"
 #include "tools/keyboard.h"
 #include "tools/sharing.h"
 #include "widgets/text_parts.h"
@@ -112,7 +113,7 @@ struct Visible_Input {
 };
 
 /// Begins as far left as the cursor allows.
-Visible_Input Fit_Input(Canvas& canvas, const Texts& field, const char* line, int cursor, int room) {
+Visible_Input Fit_Input(const Texts& field, const char* line, int cursor, int room) {
     Visible_Input all{};
     std::strncpy(all.text, line, sizeof all.text - 1);
     if (Has_Flag(field, TEXT_PASSWORD)) std::fill_n(all.text, std::strlen(all.text), '#');
@@ -120,7 +121,7 @@ Visible_Input Fit_Input(Canvas& canvas, const Texts& field, const char* line, in
     int first = 0;
     for (int beyond = cursor; first < beyond;) {
         const int middle = (first + beyond) / 2;
-        if (canvas.Width_Of(field.Bold_Font, all.before_caret + middle) <= room) {
+        if (Width_Of(field.Bold_Font, all.before_caret + middle) <= room) {
             beyond = middle;
         } else {
             first = middle + 1;
@@ -295,20 +296,20 @@ void Texts::Read_Echo(char* const text, short cursor) {
     const Area box = Input_Area(*this);
     const int border = Frame_Width(*this);
     if (box.right < box.left) return;
-    Canvas canvas(*this);
+    Canvas canvas(*this, Input_Reach(*this));
     Paint_Body(canvas, *this, Select_State == Hover_Highlighted, nullptr, Flag, border + 1, box);
 
-    const Narrow_Clip clip = canvas.Narrow(box.Inset(border));
+    const Canvas::Narrow_Clip clip = canvas.Narrow(box.Inset(border));
     const int length = static_cast<int>(strnlen(text, Line_Room - 1));
     const Visible_Input visible =
-        Fit_Input(canvas, *this, text, std::clamp<int>(cursor, 0, length), box.right - box.left - 4 * border);
+        Fit_Input(*this, text, std::clamp<int>(cursor, 0, length), box.right - box.left - 4 * border);
     const int left = box.left + border;
     if (Select_State == Hover_Highlighted) {
-        const int caret = left + canvas.Width_Of(Bold_Font, visible.before_caret) + Caret_Gap;
+        const int caret = left + Width_Of(Bold_Font, visible.before_caret) + Caret_Gap;
         canvas.Column(caret, box.bottom + border + 2, box.top - border - 2, Caret_Yellow);
         canvas.Column(caret + 1, box.bottom + border + 2, box.top - border - 2, Caret_Yellow);
     }
-    const int height = canvas.Metrics(Bold_Font).tmHeight;
+    const int height = Metrics_Of(Bold_Font).tmHeight;
     const int y = box.bottom + (box.top - box.bottom - height) / 2;
     canvas.Write_Run(Bold_Font, visible.text, left + Text_Gap, y, Black);
 }

@@ -14,6 +14,9 @@ inline Area Input_Area(const Texts& field) {
     return {field.Input_Box[0], field.Input_Box[1], field.Input_Box[3], field.Input_Box[2]};
 }
 
+/// What is painted of the input line.
+inline Reach Input_Reach(const Texts& field) { return {Common(Area_Of(field), Input_Area(field))}; }
+
 /// Formats into the room of one line and cuts what is too long.
 /// @return false when the format fails, with an empty text
 bool Format_Line(char (&text)[Texts::Line_Room], const char* format, va_list arguments);

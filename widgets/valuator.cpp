@@ -262,7 +262,7 @@ void Valuators::Draw() {
     if (!Has_Size(*this)) return;
     Check_Format(*this);
     Clamp_Value(*this);
-    Canvas canvas(*this);
+    Canvas canvas(*this, Inside(*this));
     if (Has_Flag(*this, FLAG_OUTLINE)) {
         Paint_Outline(canvas, Area_Of(*this));
         Paint_Name(canvas, *this);
@@ -281,7 +281,7 @@ void Valuators::Adjust() {
     Check(*this, "Valuator::Adjust");
     if (!Has_Size(*this)) return;
     Check_Format(*this);
-    Canvas canvas(*this);
+    Canvas canvas(*this, Inside(*this));
     if (Has_Flag(*this, FLAG_OUTLINE)) {
         Paint_Outline(canvas, Area_Of(*this));
         Paint_Name(canvas, *this);
@@ -321,7 +321,7 @@ float Valuators::Scroll(int n) {
 
 /// The inside and what stands on it, as the pointer has it look.
 void Valuators::Paint_State(bool highlighted) {
-    Canvas canvas(*this);
+    Canvas canvas(*this, Inside(*this));
     Paint_Inside(canvas, *this, highlighted, highlighted ? Cur_Graph_Select : Cur_Graph_Normal,
                  Trough_Area(*this));
     Cursor();
@@ -345,7 +345,7 @@ void Valuators::Paint_Thumb(bool grabbed) {
 
 void Valuators::Cursor() {
     if (Has_Flag(*this, FLAG_NO_BODY)) return;
-    Canvas canvas(*this);
+    Canvas canvas(*this, Inside(*this));
     const int inset = Trough_Inset(*this, Format != nullptr);
     const bool vertical = Is_Vertical(*this);
     Area thumb = Area_Of(*this).Inset(inset);

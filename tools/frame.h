@@ -1,0 +1,41 @@
+/// @file
+/// Frames and bodies.
+#pragma once
+
+#include "tools/canvas.h"
+
+namespace galdren {
+
+constexpr unsigned long Black = 0x000000;
+constexpr unsigned long White = 0xFFFFFF;
+constexpr unsigned long Light_Grey = 0xD8D8D8;    // the lit side of an edge
+constexpr unsigned long Dark_Grey = 0x6E6E6E;     // its side in the shade
+constexpr unsigned long Outline_Blue = 0xE64040;  // red 64, green 64, blue 230
+
+/// Colour of a highlighted body.
+inline Colors Highlight_Color() { return {230, 100, 100}; }
+
+/// Colours of one ring of a shaded frame.
+struct Ring_Shades {
+    Colors bottom_right;
+    Colors top_left;
+};
+
+/// @param ring  1 for the outermost of `width` rings
+Ring_Shades Shades_Of_Ring(Colors color, bool sunken, int width, int ring);
+
+/// The shaded frame; see `Tools::Cadre`.
+void Paint_Frame(Canvas& canvas, Colors color, unsigned long flags, bool sunken, int width, const Area& area);
+
+/// The blue outline; see `Tools::Cadre_Outline`.
+void Paint_Outline(Canvas& canvas, const Area& area);
+
+/// Whether `buffer` may be read at the control's present size: generated shading was made for another one
+/// when `Init` did not renew it, and an image for the size that `Init` saw.
+bool Fits_Size(const Tools_Fields& control, const void* buffer);
+
+/// The body; see `Tools::Fill_Select`.
+void Paint_Body(Canvas& canvas, const Tools_Fields& control, bool highlighted, const void* buffer,
+                unsigned long flags, int inset, const Area& area);
+
+}  // namespace galdren

@@ -1,0 +1,157 @@
+#include "tools/sheet.h"
+
+#include <algorithm>
+#include <cstring>
+#include <memory>
+#include <new>
+#include <utility>
+#include <vector>
+
+#include "tools/cleanup.h"
+#include "tools/lock.h"
+
+namespace galdren {
+
+void Sheet::Stand_For(HWND owner, const RECT& where) {
+    window = owner;
+    place = counts = where;
+    painted = {};
+    first_row = 0;
+}
+
+void Sheet::Read(HDC source, const RECT& area) {
+    const POINT origin = Origin();
+    const SIZE size = Size_Of(area);
+    BitBlt(For_GDI(), area.left - origin.x, area.top - origin.y, size.cx, size.cy, source, area.left, area.top,
+           SRCCOPY);
+}
+
+void Sheet::Copy_To(HDC target, const RECT& area) {
+    const POINT origin = Origin();
+    Put_Pixels(target, {area.left, area.top}, Pixels(), area.left - origin.x, area.top - origin.y,
+               Size_Of(area));
+}
+
+void Sheet::Show(HDC target) {
+    const RECT area = Common(painted, counts);
+    if (!Is_Empty(area)) Copy_To(target, area);
+    painted = {};
+}
+
+void Sheet::Show(Sheet& target) {
+    const RECT area = Common(painted, counts);
+    if (!Is_Empty(area)) {
+        const POINT from = Origin();
+        const POINT to = target.Origin();
+        const SIZE size = Size_Of(area);
+        Copy_Pixels(Pixels().At(area.left - from.x, area.top - from.y), Pixels().pitch,
+                    target.Pixels().At(area.left - to.x, area.top - to.y), target.Pixels().pitch, size.cx,
+                    size.cy);
+        target.Note(area);
+    }
+    painted = {};
+}
+
+void Sheet::Raise(int rows) {
+    const int height = static_cast<int>(place.bottom - place.top);
+    const int last_start = static_cast<int>(Room().cy) - height;
+    const Raster& raster = Pixels();
+    const auto copy = [&](int from, int to, int count) {
+        std::memmove(raster.At(0, to), raster.At(0, from),
+                     static_cast<std::size_t>(count) * static_cast<std::size_t>(raster.pitch) *
+                         sizeof *raster.first);
+    };
+    const int moved = first_row + rows;
+    if (moved < 0) {
+        copy(first_row, last_start - rows, height + rows);
+        first_row = last_start;
+    } else if (moved > last_start) {
+        copy(moved, 0, height - rows);
+        first_row = 0;
+    } else {
+        first_row = moved;
+    }
+}
+
+namespace {
+
+/// Large enough for most single controls.
+constexpr SIZE Small_Room{320, 64};
+
+/// Windows grow by pixels, and their sheets by steps.
+LONG Round_Up(LONG length) {
+    constexpr LONG Step = 64;
+    return (length + Step - 1) / Step * Step;
+}
+
+struct Sheets {
+    std::unique_ptr<Sheet> small_one;
+    std::unique_ptr<Sheet> large_one;
+    std::vector<std::unique_ptr<Sheet>> nested;  ///< for as long as they are used
+};
+
+Sheets& All_Sheets() {
+    static Immortal<Sheets> sheets;
+    return *sheets;
+}
+
+bool Is_Free(const std::unique_ptr<Sheet>& sheet) { return !sheet || sheet->users == 0; }
+
+/// Adds a sheet to those that go when nobody uses them any more; null when it is, or there is no memory.
+Sheet* Nest(std::unique_ptr<Sheet> sheet) try {
+    if (!sheet) return nullptr;
+    All_Sheets().nested.push_back(std::move(sheet));
+    return All_Sheets().nested.back().get();
+} catch (const std::bad_alloc&) {
+    return nullptr;
+}
+
+/// A free sheet with enough room, made if need be; null without memory.
+Sheet* Find_Sheet(SIZE size) {
+    Sheets& sheets = All_Sheets();
+    if (size.cx <= Small_Room.cx && size.cy <= Small_Room.cy && Is_Free(sheets.small_one)) {
+        if (!sheets.small_one) sheets.small_one = Make_Sheet(Small_Room);
+        return sheets.small_one.get();
+    }
+    if (!Is_Free(sheets.large_one)) return Nest(Make_Sheet(size));
+    if (sheets.large_one && sheets.large_one->Has_Room(size)) return sheets.large_one.get();
+    sheets.large_one.reset();
+    sheets.large_one = Make_Sheet(size);
+    return sheets.large_one.get();
+}
+
+void Free_Sheets() {
+    const Drawing_Lock lock;
+    Sheets& sheets = All_Sheets();
+    if (Is_Free(sheets.small_one)) sheets.small_one.reset();
+    if (Is_Free(sheets.large_one)) sheets.large_one.reset();
+}
+
+const Cleanup Sheets_Cleanup(Free_Sheets);
+
+}  // namespace
+
+std::unique_ptr<Sheet> Make_Sheet(SIZE size) {
+    std::unique_ptr<Sheet> sheet(new (std::nothrow) Sheet({Round_Up(size.cx), Round_Up(size.cy)}));
+    if (sheet && !sheet->Usable()) sheet.reset();
+    return sheet;
+}
+
+void Retire_Sheet(std::unique_ptr<Sheet> sheet) {
+    if (sheet && sheet->users > 0) Nest(std::move(sheet));
+}
+
+Sheet* Acquire_Sheet(HWND window, const RECT& place) {
+    Sheet* sheet = Find_Sheet(Size_Of(place));
+    if (!sheet) return nullptr;
+    sheet->Stand_For(window, place);
+    sheet->users = 1;
+    return sheet;
+}
+
+void Release_Sheet(Sheet* sheet) {
+    if (--sheet->users > 0) return;
+    std::erase_if(All_Sheets().nested, [](const auto& entry) { return !entry || entry->users == 0; });
+}
+
+}  // namespace galdren

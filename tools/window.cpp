@@ -1,0 +1,72 @@
+#include "tools/window.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "tools/input.h"
+
+namespace galdren {
+
+namespace {
+
+bool Is_Mirrored(HWND window) { return (GetWindowLongA(window, GWL_EXSTYLE) & WS_EX_LAYOUTRTL) != 0; }
+
+}  // namespace
+
+bool Has_Private_Context(HWND window) {
+    return (GetClassLongPtrA(window, GCL_STYLE) & (CS_OWNDC | CS_CLASSDC)) != 0;
+}
+
+SIZE Client_Size(HWND window) {
+    RECT client{};
+    if (window) GetClientRect(window, &client);
+    return {client.right, client.bottom};
+}
+
+void Map_Logical(HDC dc, SIZE client) {
+    const int width = std::max(static_cast<int>(client.cx), 1);
+    const int height = std::max(static_cast<int>(client.cy), 1);
+    SetLayout(dc, 0);
+    SetMapMode(dc, MM_ANISOTROPIC);
+    SetWindowExtEx(dc, width, height, nullptr);
+    SetViewportExtEx(dc, width, -height, nullptr);
+    SetViewportOrgEx(dc, 0, height - 1, nullptr);
+}
+
+Window_Context::Window_Context(HWND owner) : window(owner), dc(owner ? GetDC(owner) : nullptr), saved(0) {
+    if (!dc) return;
+    if (Has_Private_Context(owner)) {
+        saved = SaveDC(dc);
+        SetMapMode(dc, MM_TEXT);
+        SetWindowOrgEx(dc, 0, 0, nullptr);
+        SetViewportOrgEx(dc, 0, 0, nullptr);
+    }
+    if (Is_Mirrored(owner)) SetLayout(dc, 0);
+}
+
+Window_Context::~Window_Context() {
+    if (saved) RestoreDC(dc, saved);
+    if (dc) ReleaseDC(window, dc);
+}
+
+Window_Context::Window_Context(Window_Context&& other) noexcept
+    : window(other.window), dc(std::exchange(other.dc, nullptr)), saved(std::exchange(other.saved, 0)) {}
+
+Window_Context& Window_Context::operator=(Window_Context&& other) noexcept {
+    std::swap(window, other.window);
+    std::swap(dc, other.dc);
+    std::swap(saved, other.saved);
+    return *this;
+}
+
+bool Find_Pointer(HWND window, POINT& position) {
+    position = {ZCursor_X, ZCursor_Y};
+    if (!window) return false;
+    const SIZE client = Client_Size(window);
+    if (client.cx < 1 || client.cy < 1 || !ScreenToClient(window, &position)) return false;
+    if (Is_Mirrored(window)) position.x = client.cx - 1 - position.x;
+    position.y = client.cy - 1 - position.y;
+    return true;
+}
+
+}  // namespace galdren

@@ -1,0 +1,39 @@
+/// @file
+/// Windows as the surface sees them: their size, their contexts, and where the pointer is on them.
+#pragma once
+
+#include <windows.h>
+
+namespace galdren {
+
+SIZE Client_Size(HWND window);
+
+/// Logical (0, 0) becomes the bottom-left pixel, y grows upward, one unit is one pixel. An isotropic mapping
+/// would be off by a pixel at many sizes, for the display's millimetres are rounded.
+void Map_Logical(HDC dc, SIZE client);
+
+/// Whether the window or its class has a context of its own, which keeps what is selected when it is released.
+bool Has_Private_Context(HWND window);
+
+/// A context of a window, in pixels from the top left corner of its client area. Never mirrored: our
+/// coordinates run to the right in every window.
+class Window_Context {
+  public:
+    explicit Window_Context(HWND owner);
+    ~Window_Context();
+    Window_Context(Window_Context&& other) noexcept;
+    Window_Context& operator=(Window_Context&& other) noexcept;
+    /// Null when there is none to be had.
+    HDC Get() const { return dc; }
+
+  private:
+    HWND window;
+    HDC dc;
+    int saved;  // state of a context that belongs to its window or class, and is not ours to change
+};
+
+/// Pointer position in the logical coordinates of `window`.
+/// @return false when there is no such window or its client area is empty
+bool Find_Pointer(HWND window, POINT& position);
+
+}  // namespace galdren
