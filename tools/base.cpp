@@ -113,16 +113,27 @@ void Note_Size(Tools& control) {
     control.Last_Height = control.Height;
 }
 
+void Note_Images(Tools& control) {
+    control.Last_Graph_Normal = control.Graph_Normal;
+    control.Last_Graph_Select = control.Graph_Select;
+}
+
+void Forget_If_Withdrawn(const Tools& control, unsigned long*& body) {
+    const bool was_taken = body == control.Last_Graph_Normal || body == control.Last_Graph_Select;
+    if (was_taken && body != control.Graph_Normal && body != control.Graph_Select) body = nullptr;
+}
+
 Images Take_Images(Tools& control) {
     const bool resized = control.Width != control.Last_Width || control.Height != control.Last_Height;
     const bool recolored = control.Color.get() != control.Last_Color;
     const bool generate = !Has_Flag(control, FLAG_OWN_IMAGES);
 
     Images images{};
-    images.normal_taken =
-        (control.Graph_Normal && resized) || control.Graph_Normal != control.Last_Graph_Normal;
-    images.select_taken =
-        (control.Graph_Select && resized) || control.Graph_Select != control.Last_Graph_Select;
+    // A new image may stand where a forgotten one stood.
+    images.normal_taken = (control.Graph_Normal && (resized || !control.Cur_Graph_Normal)) ||
+                          control.Graph_Normal != control.Last_Graph_Normal;
+    images.select_taken = (control.Graph_Select && (resized || !control.Cur_Graph_Select)) ||
+                          control.Graph_Select != control.Last_Graph_Select;
     if (images.normal_taken) control.Cur_Graph_Normal = control.Graph_Normal;
     if (images.select_taken) control.Cur_Graph_Select = control.Graph_Select;
     // The highlight colour is fixed, so a new colour of the control leaves its shading alone.
@@ -130,8 +141,7 @@ Images Take_Images(Tools& control) {
     images.select_needed = generate && !control.Graph_Select && (resized || images.select_taken);
 
     Note_Size(control);
-    control.Last_Graph_Normal = control.Graph_Normal;
-    control.Last_Graph_Select = control.Graph_Select;
+    Note_Images(control);
     return images;
 }
 

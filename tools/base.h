@@ -91,6 +91,27 @@ void Remake_Font(Tools& control);
 /// Notes the size as that of the last generation of buffers.
 void Note_Size(Tools& control);
 
+/// Empties `body` when it is an image that the application has withdrawn since an `Init` took it: it may be
+/// freed by now.
+void Forget_If_Withdrawn(const Tools& control, unsigned long*& body);
+
+/// Forgets the images of the last `Init` that the application has withdrawn. At the head of every `Init` that
+/// takes images, for some ways through it take none.
+template <class Control>
+void Forget_Withdrawn_Images(Control& control) {
+    Forget_If_Withdrawn(control, control.Cur_Graph_Normal);
+    Forget_If_Withdrawn(control, control.Cur_Graph_Select);
+    if constexpr (requires { control.Normal_Up; }) {
+        Forget_If_Withdrawn(control, control.Normal_Up);
+        Forget_If_Withdrawn(control, control.Normal_Down);
+        Forget_If_Withdrawn(control, control.Select_Up);
+        Forget_If_Withdrawn(control, control.Select_Down);
+    }
+}
+
+/// Notes the application's images as those that this `Init` found.
+void Note_Images(Tools& control);
+
 /// What `Take_Images` found.
 struct Images {
     bool normal_taken;   ///< `Cur_Graph_Normal` became `Graph_Normal`

@@ -310,7 +310,7 @@ CheckLists& CheckLists::operator=(const CheckLists& other) { return Reassign(*th
 CheckLists::~CheckLists() { Release_Items(*this); }
 
 void CheckLists::Init(HWND window) {
-    if (!Begin_Init(*this, window, "CheckLists::Init")) return;
+    if (!Begin_Init(*this, window, "CheckLists::Init", Box)) return;
     Default_Grey(*this);
     Release_Items(*this);
     Bind(*this, window);

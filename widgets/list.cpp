@@ -332,7 +332,7 @@ int Lists::Grow(int count, int flags) {
 }
 
 void Lists::Init(HWND window) {
-    if (!Begin_Init(*this, window, "Lists::Init")) return;
+    if (!Begin_Init(*this, window, "Lists::Init", Frame, Item)) return;
     Last_Current = Current;
     Default_Grey(*this);
     Bind(*this, window);

@@ -136,7 +136,7 @@ int Tabs::Grow(int n, int flags) {
 }
 
 void Tabs::Init(HWND window) {
-    if (!Begin_Init(*this, window, "Tabs::Init")) return;
+    if (!Begin_Init(*this, window, "Tabs::Init", Box)) return;
     Last_Value = Value;
     Default_Grey(*this);
     Bind(*this, window);

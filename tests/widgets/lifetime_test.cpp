@@ -2,6 +2,10 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <type_traits>
+#include <typeinfo>
+#include <utility>
+#include <vector>
 
 #include "tests/support/painter.h"
 #include "tests/support/spy.h"
@@ -200,6 +204,78 @@ TEST(Copies, Share_And_Free_In_Any_Order) {
         do {
             std::unique_ptr<Control> copies[4];
             copies[0] = std::make_unique<Control>();
+TEST(Init, Forgets_Withdrawn_Images_Whatever_Way_It_Takes) {
+    Test_Window window(300, 200);
+    Report_Catcher reports;
+    enum Way { Static, No_Body, No_Width, No_Window, No_Number, Ways };
+    const auto set = [&](auto& control, int way) {
+        control.Flag = way == Static ? FLAG_STATIC : way == No_Body ? FLAG_NO_BODY : 0;
+        control.Width = way == No_Width ? 0 : 80;
+        if constexpr (requires { control.Num_Width; }) control.Num_Width = way == No_Number ? -1 : 0;
+        if (way == No_Window) control.Window = nullptr;
+        control.Init(way == No_Window ? nullptr : static_cast<HWND>(window));
+    };
+    const auto bodies = [](auto& control) {
+        std::vector<unsigned long*> all{control.Cur_Graph_Normal, control.Cur_Graph_Select};
+        if constexpr (requires { control.Normal_Up; }) {
+            all.insert(all.end(),
+                       {control.Normal_Up, control.Normal_Down, control.Select_Up, control.Select_Down});
+        }
+        return all;
+    };
+    const auto check = [&](auto control, int way) {
+        SCOPED_TRACE(testing::Message() << typeid(control).name() << ", " << way);
+        Fill_In(control);
+        control.Alloc_Graph_Normal(0x102030), control.Alloc_Graph_Select(0x405060);
+        set(control, Ways);
+        if constexpr (std::is_same_v<decltype(control), Sliders>) {  // takes images only from the application
+            control.Cur_Graph_Normal = control.Graph_Normal, control.Cur_Graph_Select = control.Graph_Select;
+        }
+        unsigned long* const normal = std::exchange(control.Graph_Normal, nullptr);
+        unsigned long* const select = std::exchange(control.Graph_Select, nullptr);
+        ASSERT_TRUE(control.Cur_Graph_Normal == normal && control.Cur_Graph_Select == select);
+        set(control, way);
+        for (const unsigned long* body : bodies(control))
+            EXPECT_TRUE(body != normal && body != select);
+        control.Draw(), control.Adjust();
+        // The next image may come to stand where the one before stood.
+        control.Graph_Normal = normal, control.Graph_Select = select;
+        if constexpr (std::is_same_v<decltype(control), Sliders>) return;
+        set(control, Ways);
+        EXPECT_TRUE(control.Cur_Graph_Normal == normal && control.Cur_Graph_Select == select);
+    };
+    for (int way = 0; way < Ways; ++way)
+        check(Boxs(), way), check(Buttons(), way), check(Valuators(), way), check(Sliders(), way);
+    // The parts of a control that stops too.
+    const auto check_part = [&](auto& control, auto& part) {
+        SCOPED_TRACE(typeid(control).name());
+        unsigned long* const image = part.Graph_Normal = new unsigned long[81 * 31];
+        control.Init(window);
+        ASSERT_EQ(part.Cur_Graph_Normal, image);
+        part.Graph_Normal = static_cast<unsigned long*>(part.Free(part.Graph_Normal));
+        control.Width = 0;
+        control.Init(window);
+        for (const unsigned long* body : bodies(part))
+            EXPECT_NE(body, image);
+        control.Width = 80;
+    };
+    Lists list;
+    Selects selector;
+    Tabs tabs;
+    CheckLists checks;
+    Hue_Edit hue;
+    Color_Edit color;
+    const char* const labels[] = {"one", nullptr};
+    Fill_In(list), Fill_In(selector), Fill_In(tabs), Fill_In(checks), Fill_In(hue), Fill_In(color);
+    list.Grow(1, FLAG_OWN_IMAGES), checks.List = labels;
+    selector.Grow(1, FLAG_OWN_IMAGES);
+    hue.Flag = tabs.Flag = checks.Flag = FLAG_OWN_IMAGES;
+    check_part(list, list.Frame), check_part(list, *list.Item[0]);
+    check_part(selector, selector.Frame), check_part(selector, *selector.Item[0]);
+    check_part(tabs, tabs.Box), check_part(checks, checks.Box);
+    check_part(hue, hue.Frame), check_part(color, color.Frame);
+}
+
             Fill_In(*copies[0]);
             copies[0]->Alloc_Graph_Select(0x00405060);
             copies[0]->Init(window);
