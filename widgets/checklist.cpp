@@ -46,11 +46,17 @@ void Set_Checks(CheckLists& list) {
         list.Check[item].Value = Is_Checked(list, item);
 }
 
+/// A label that there was no memory for is blank.
+const char* Label_Text(const CheckLists& list, int item) {
+    const char* text = list.Label[item].Name;
+    return text ? text : "";
+}
+
 /// Takes a canvas of its own, since a check box painted before has reset the text clip.
 void Paint_Label(const CheckLists& list, int item, unsigned long color) {
     const Buttons& box = list.Check[item];
     Canvas canvas(list);
-    canvas.Write_Tabbed(list.Font, list.Label[item].Name, box.X + box.Width + SPACE, box.Y - 1, color);
+    canvas.Write_Tabbed(list.Font, Label_Text(list, item), box.X + box.Width + SPACE, box.Y - 1, color);
 }
 
 bool Has_Mark(const Buttons& box) { return box.Value != 0 && box.Flag == 0; }
@@ -94,7 +100,7 @@ bool Overhangs(const CheckLists& list, int item) {
     const Buttons& box = list.Check[item];
     const Area room = Area_Of(list.Label[item]);
     Canvas canvas(list);
-    return box.X + box.Width + SPACE + canvas.Width_Of(list.Font, list.Label[item].Name) > room.right;
+    return box.X + box.Width + SPACE + canvas.Width_Of(list.Font, Label_Text(list, item)) > room.right;
 }
 
 /// @return whether the label reaches over a box of the next column
