@@ -43,6 +43,14 @@ bool Renew_Image(const Tools& control, unsigned long*& image, const unsigned lon
     return true;
 }
 
+/// Takes the text away that `Set_Name` made; a name that the application has put in its place stays.
+void Release_Owned_Name(Tools& control) {
+    if (control.Name == control.Owned_Name) control.Name = nullptr;
+    Release_Array(control.Owned_Name);
+    control.Owned_Name = nullptr;
+    control.State &= static_cast<unsigned char>(~STATE_OWNS_NAME);
+}
+
 void Fill_Rectangle(const Tools& control, const Colors& color, int extra_rows) {
     if (!Has_Size(control)) return;
     const Area area = Area_Of(control);
@@ -55,9 +63,7 @@ void Fill_Rectangle(const Tools& control, const Colors& color, int extra_rows) {
 namespace galdren {
 
 void Release_Name(Tools& control) {
-    Release_Array(control.Owned_Name);
-    control.Owned_Name = nullptr;
-    control.State &= static_cast<unsigned char>(~STATE_OWNS_NAME);
+    Release_Owned_Name(control);
     control.Name = nullptr;
 }
 
@@ -121,7 +127,7 @@ int Tools::Set_Name(const char* format, ...) {
     va_start(arguments, format);
     const int length = std::vsnprintf(text, sizeof text, format, arguments);
     va_end(arguments);
-    Release_Name(*this);
+    Release_Owned_Name(*this);
     if (length < 0) return 0;
     char* name = Duplicate(text);
     if (!name) {

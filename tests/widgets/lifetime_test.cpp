@@ -123,9 +123,16 @@ TEST(Images, Are_Allocated_And_Freed_Once) {
     spy.Fail_Allocation();
     EXPECT_EQ(t.Alloc_Graph_Select(1), 0);
     EXPECT_EQ(reports.Take(), "1:line 336  of .\\tools.cpp \nmemory error in new");
-    spy.Fail_Allocation();
-    EXPECT_EQ(t.Set_Name("name"), 0);
-    EXPECT_EQ(reports.Take(), "1:line 451  of .\\tools.cpp \nmemory error in new");
+    const char* const own = "the application's";
+    for (const char* const name : {own, static_cast<const char*>(nullptr)}) {
+        t.Name = own;
+        if (!name) t.Set_Name("%s", "the control's");
+        spy.Fail_Allocation();
+        EXPECT_EQ(t.Set_Name("name"), 0);
+        EXPECT_EQ(t.Name, name) << "only what the control owned is gone";
+        EXPECT_EQ(t.State, 0);
+        EXPECT_EQ(reports.Take(), "1:line 451  of .\\tools.cpp \nmemory error in new");
+    }
     EXPECT_EQ(t.Alloc_Graph_Normal(5), 1);
     t.Graph_Select = t.Graph_Normal;  // one image for both states is one image to free
 }
