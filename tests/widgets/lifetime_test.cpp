@@ -204,13 +204,6 @@ TEST(Init, Takes_The_Applications_Images) {
     check(Buttons());
 }
 
-TEST(Copies, Share_And_Free_In_Any_Order) {
-    Test_Window window(200, 80);
-    const auto run = [&]<class Control>(Control*) {
-        int order[] = {0, 1, 2, 3};
-        do {
-            std::unique_ptr<Control> copies[4];
-            copies[0] = std::make_unique<Control>();
 TEST(Init, Forgets_Withdrawn_Images_Whatever_Way_It_Takes) {
     Test_Window window(300, 200);
     Report_Catcher reports;
@@ -283,6 +276,41 @@ TEST(Init, Forgets_Withdrawn_Images_Whatever_Way_It_Takes) {
     check_part(hue, hue.Frame), check_part(color, color.Frame);
 }
 
+TEST(Copies, Lose_Nothing_When_An_Allocation_Fails) {
+    Test_Window window(200, 80);
+    const auto tour = [&](int failing) {
+        Boxs box;
+        Fill_In(box);
+        box.Flag = FLAG_OWN_IMAGES;
+        box.Alloc_Graph_Normal(0x102030);
+        box.Init(window);
+        auto spy = std::make_unique<Call_Spy>();
+        spy->Fail_Allocation(failing);
+        auto copy = std::make_unique<Boxs>(box);
+        spy.reset();
+        const auto other = std::make_unique<Boxs>(*copy);
+        box = Boxs(), copy.reset();
+        EXPECT_STREQ(other->Name, "Name");
+        EXPECT_EQ(window.After([&] { other->Draw(); }).At(30, 15), 0x102030U);
+    };
+    const auto held_after_tours = [&] {
+        for (int failing = 0; failing < 6; ++failing)
+            tour(failing);
+        Tools_Lib_Cleanup();
+        return std::pair(Live_Blocks(), Gdi_Objects());
+    };
+    held_after_tours();
+    const auto [blocks, objects] = held_after_tours();
+    EXPECT_EQ(held_after_tours(), std::pair(blocks, objects));
+}
+
+TEST(Copies, Share_And_Free_In_Any_Order) {
+    Test_Window window(200, 80);
+    const auto run = [&]<class Control>(Control*) {
+        int order[] = {0, 1, 2, 3};
+        do {
+            std::unique_ptr<Control> copies[4];
+            copies[0] = std::make_unique<Control>();
             Fill_In(*copies[0]);
             copies[0]->Alloc_Graph_Select(0x00405060);
             copies[0]->Init(window);
@@ -412,29 +440,6 @@ TEST(Failures, Of_The_Window_Are_Tolerated) {
     EXPECT_EQ(painted, Nothing);
 }
 
-TEST(Failures, Of_Memory_And_Handles_Are_Tolerated) {
-    Test_Window window(300, 200);
-    Report_Catcher reports;
-    const auto all = [&] {
-        for (const char* function :
-             {"", "GetDC", "CreateRectRgn", "CreateFontIndirectA", "CreateDIBSection"}) {
-            for (int passed = 0; passed < (*function ? 8 : 60); ++passed) {
-                Call_Spy spy;
-                *function ? spy.Fail(function, passed) : spy.Fail_Allocation(passed);
-                Begin_Batch(window);
-                Use_Everything(window);
-                End_Batch();
-                Use_Everything(window);
-                Tools_Lib_Cleanup();
-            }
-        }
-    };
-    all();
-    const int before = Gdi_Objects();
-    all();
-    EXPECT_EQ(Gdi_Objects(), before);
-}
-
 TEST(Failures, Of_A_Font_Are_Reported_Once) {
     Test_Window window(300, 200);
     Report_Catcher reports;
@@ -458,4 +463,53 @@ TEST(Failures, Of_A_Font_Are_Reported_Once) {
     EXPECT_TRUE(Same(got, wanted)) << "in the stock font";
     box.Init(window);
     EXPECT_NE(box.Font, nullptr);
+}
+
+TEST(Failures, Of_Memory_And_Handles_Are_Tolerated) {
+    Test_Window window(300, 200);
+    Report_Catcher reports;
+    const auto all = [&] {
+        for (const char* function :
+             {"", "GetDC", "CreateRectRgn", "CreateFontIndirectA", "CreateDIBSection"}) {
+            for (int passed = 0; passed < (*function ? 8 : 60); ++passed) {
+                Call_Spy spy;
+                *function ? spy.Fail(function, passed) : spy.Fail_Allocation(passed);
+                Begin_Batch(window);
+                Use_Everything(window);
+                End_Batch();
+                Use_Everything(window);
+                Tools_Lib_Cleanup();
+            }
+        }
+    };
+    all();
+    const int before = Gdi_Objects();
+    all();
+    EXPECT_EQ(Gdi_Objects(), before);
+}
+
+/// The last of this program: what it loses stays lost.
+TEST(Failures, Of_All_Memory_Leave_Copies_What_They_Share) {
+    constexpr int Many = 1200;
+    const auto run = [](bool starved) {
+        std::vector<Tools> sources(Many), copies;
+        for (Tools& source : sources)
+            source.Set_Name("%d", static_cast<int>(&source - sources.data()));
+        copies.reserve(Many);
+        {
+            Call_Spy spy;
+            if (starved) spy.Fail_Every_Allocation();
+            for (const Tools& source : sources)
+                copies.push_back(source);
+        }
+        sources = {};
+        for (int i = 0; i < Many; ++i)
+            EXPECT_EQ(copies[static_cast<std::size_t>(i)].Name, std::to_string(i));
+    };
+    const int blocks = Live_Blocks();
+    run(true);
+    EXPECT_LE(Live_Blocks(), blocks + Many / 5) << "those that there was no room for";
+    const int left = Live_Blocks();
+    run(false);
+    EXPECT_LE(Live_Blocks(), left + Many / 50);
 }
