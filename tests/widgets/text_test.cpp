@@ -303,6 +303,19 @@ TEST(Texts, Show_The_Caret_Where_The_Next_Character_Goes) {
     }
 }
 
+TEST(Texts, Show_The_Input_Line_Only_While_They_Read) {
+    Field field(FLAG_PASSIVE);
+    const auto told = [&](short x) {
+        field.window.Point_At(x, 50);
+        return field.window.Changed([&] { EXPECT_EQ(field.Select(EVENT_MOVE), 0); });
+    };
+    const short* const box = field.Input_Box;
+    EXPECT_EQ(told(90).right, box[1] - BORDER - 1) << "the line it was reading";
+    field.Mode = 0;
+    EXPECT_EQ(told(90), Nothing);
+    EXPECT_EQ(told(5), Nothing);
+}
+
 TEST(Texts, Paste_From_The_Clipboard) {
     Field field(TEXT_REPORT_CHANGES);
     ASSERT_TRUE(Set_Clipboard(CF_TEXT, "a\tb\x80"));
