@@ -39,6 +39,7 @@ constexpr unsigned long Level_Bar = SLIDER_KEEP_GRAB;
 void Place(Tools& part, const DirTrees& tree, int x, int y, int width, int height) {
     Set_Place(part, {x, x + std::max(width, 0), y, y + std::max(height, 0)});
     part.Color = tree.Color;
+    Copy_Clip(part, tree);
 }
 
 void Set_Font(Tools& part, const char* weight, short size) {
@@ -324,7 +325,8 @@ DirTrees& DirTrees::operator=(const DirTrees& other) { return Reassign(*this, ot
 DirTrees::~DirTrees() { Release_Tree(); }
 
 void DirTrees::Init(HWND window) {
-    if (!Begin_Init(*this, window, "DirTrees::Init")) return;
+    if (!Begin_Compound(*this, window, "DirTrees::Init", Frame, Tree_Box, List_Box, Refresh, Vertical_Bar, Horizontal_Bar))
+        return;
     Bind(*this, window);
     Init_Boxes(*this);
     Init_Bars(*this);

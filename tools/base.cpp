@@ -41,10 +41,15 @@ void Check(Tools_Fields& control, const char* label) {
     control.State = STATE_WARNED;
 }
 
-void Release_Name(Tools_Fields& control) {
+void Release_Owned_Name(Tools_Fields& control) {
+    if (control.Name == control.Owned_Name) control.Name = nullptr;
     Release_Array(control.Owned_Name);
     control.Owned_Name = nullptr;
     control.State &= static_cast<unsigned char>(~STATE_OWNS_NAME);
+}
+
+void Release_Name(Tools_Fields& control) {
+    Release_Owned_Name(control);
     control.Name = nullptr;
 }
 
@@ -97,16 +102,27 @@ void Note_Size(Tools_Fields& control) {
     control.Last_Height = control.Height;
 }
 
+void Note_Images(Tools_Fields& control) {
+    control.Last_Graph_Normal = control.Graph_Normal;
+    control.Last_Graph_Select = control.Graph_Select;
+}
+
+void Forget_If_Withdrawn(const Tools_Fields& control, unsigned long*& body) {
+    const bool was_taken = body == control.Last_Graph_Normal || body == control.Last_Graph_Select;
+    if (was_taken && body != control.Graph_Normal && body != control.Graph_Select) body = nullptr;
+}
+
 Images Take_Images(Tools_Fields& control) {
     const bool resized = control.Width != control.Last_Width || control.Height != control.Last_Height;
     const bool recolored = control.Color.get() != control.Last_Color;
     const bool generate = !Has_Flag(control, FLAG_OWN_IMAGES);
 
     Images images{};
-    images.normal_taken =
-        (control.Graph_Normal && resized) || control.Graph_Normal != control.Last_Graph_Normal;
-    images.select_taken =
-        (control.Graph_Select && resized) || control.Graph_Select != control.Last_Graph_Select;
+    // A new image may stand where a forgotten one stood.
+    images.normal_taken = (control.Graph_Normal && (resized || !control.Cur_Graph_Normal)) ||
+                          control.Graph_Normal != control.Last_Graph_Normal;
+    images.select_taken = (control.Graph_Select && (resized || !control.Cur_Graph_Select)) ||
+                          control.Graph_Select != control.Last_Graph_Select;
     if (images.normal_taken) control.Cur_Graph_Normal = control.Graph_Normal;
     if (images.select_taken) control.Cur_Graph_Select = control.Graph_Select;
     // The highlight colour is fixed, so a new colour of the control leaves its shading alone.
@@ -116,8 +132,7 @@ Images Take_Images(Tools_Fields& control) {
         images.normal_needed = images.select_needed = false;
 
     Note_Size(control);
-    control.Last_Graph_Normal = control.Graph_Normal;
-    control.Last_Graph_Select = control.Graph_Select;
+    Note_Images(control);
     return images;
 }
 

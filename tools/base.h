@@ -60,6 +60,9 @@ int Select_By_Hover(Control& control, int event, Paint paint) {
 /// The name of a control in reports; "(null)" when it has none.
 const char* Name_Of(const Tools_Fields& control);
 
+/// Takes the text away that `Set_Name` made; a name that the application has put in its place stays.
+void Release_Owned_Name(Tools_Fields& control);
+
 /// Takes the name of a control away.
 void Release_Name(Tools_Fields& control);
 
@@ -87,6 +90,27 @@ void Remake_Font(Tools_Fields& control);
 
 /// Notes the size as that of the last generation of buffers.
 void Note_Size(Tools_Fields& control);
+
+/// Empties `body` when it is an image that the application has withdrawn since an `Init` took it: it may be
+/// freed by now.
+void Forget_If_Withdrawn(const Tools_Fields& control, unsigned long*& body);
+
+/// Forgets the images of the last `Init` that the application has withdrawn. At the head of every `Init` that
+/// takes images, for some ways through it take none.
+template <class Control>
+void Forget_Withdrawn_Images(Control& control) {
+    Forget_If_Withdrawn(control, control.Cur_Graph_Normal);
+    Forget_If_Withdrawn(control, control.Cur_Graph_Select);
+    if constexpr (requires { control.Normal_Up; }) {
+        Forget_If_Withdrawn(control, control.Normal_Up);
+        Forget_If_Withdrawn(control, control.Normal_Down);
+        Forget_If_Withdrawn(control, control.Select_Up);
+        Forget_If_Withdrawn(control, control.Select_Down);
+    }
+}
+
+/// Notes the application's images as those that this `Init` found.
+void Note_Images(Tools_Fields& control);
 
 /// What `Take_Images` found.
 struct Images {

@@ -121,7 +121,7 @@ int Tools::Set_Name(const char* format, ...) {
     va_start(arguments, format);
     const int length = std::vsnprintf(text, sizeof text, format, arguments);
     va_end(arguments);
-    Release_Name(*this);
+    Release_Owned_Name(*this);
     if (length < 0) return 0;
     char* name = Duplicate(text);
     if (!name) {

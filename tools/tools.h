@@ -46,7 +46,8 @@ class GALDREN_TOOLS_API Tools : public Tools_Fields {
     /// Sets `Color`, with alpha 0.
     void Set_Color(unsigned char r, unsigned char g, unsigned char b);
 
-    /// Replaces `Name` by a formatted text that the control owns, cut at 1023 bytes.
+    /// Replaces `Name` by a formatted text that the control owns, cut at 1023 bytes. Where that fails, a name
+    /// that the application has put into `Name` itself stays, and one that the control owned is gone.
     /// @param format  a printf format with its arguments; null releases the name
     /// @return 1; 0 for a null format, a format that fails, or when the memory cannot be had (reported at
     ///         level 1)

@@ -12,6 +12,7 @@ namespace {
 
 constexpr int Default_Level = ERROR_LEVEL_WARNING;
 constexpr std::size_t Longest_Report = 2048;
+constexpr std::size_t Longest_Format = 2 * Longest_Report;
 
 int Level_From_Environment() {
     const char* text = std::getenv("GALDREN_ERROR_LEVEL");
@@ -21,21 +22,35 @@ int Level_From_Environment() {
 std::atomic<int> Level{Level_From_Environment()};
 std::atomic<Error_Handler> Handler{nullptr};
 
-/// Takes the style bytes out of `text`, in place.
-void Strip_Styles(char* text) {
+/// Ends a format before a conversion that is cut off.
+void Drop_Cut_Conversion(char* format) {
+    for (char* at = format; (at = std::strchr(at, '%')) != nullptr; ++at) {
+        char* const conversion = at++;
+        at += std::strspn(at, " -+#0123456789.*hlLjztqwI");
+        if (*at) continue;
+        *conversion = '\0';
+        return;
+    }
+}
+
+/// Copies a format without its style bytes, and cuts what is longer than any report. Names and paths are
+/// among the arguments: there the same bytes are letters.
+void Strip_Styles(const char* format, char (&plain)[Longest_Format]) {
     constexpr unsigned char Style = 0xF1;  // followed by the code of the style
     constexpr unsigned char Plain = 0x01;
     constexpr unsigned char Strong = 0x02;
-    char* out = text;
-    for (const char* in = text; *in; ++in) {
+    std::size_t length = 0;
+    const char* in = format;
+    for (; *in && length < Longest_Format - 1; ++in) {
         const auto byte = static_cast<unsigned char>(*in);
         if (byte == Style) {
             if (in[1]) ++in;
         } else if (byte != Plain && byte != Strong) {
-            *out++ = *in;
+            plain[length++] = *in;
         }
     }
-    *out = '\0';
+    plain[length] = '\0';
+    if (*in) Drop_Cut_Conversion(plain);
 }
 
 void Report_Standard(const char* text) {
@@ -53,13 +68,14 @@ void Report_Standard(const char* text) {
 
 void Error_Fct(HWND window, int level, const char* format, ...) {
     if (!format || level > Level.load()) return;
+    char plain[Longest_Format];
+    Strip_Styles(format, plain);
     char text[Longest_Report];
     va_list arguments;
     va_start(arguments, format);
-    const int length = std::vsnprintf(text, sizeof text, format, arguments);
+    const int length = std::vsnprintf(text, sizeof text, plain, arguments);
     va_end(arguments);
     if (length < 0) return;
-    Strip_Styles(text);
     if (const Error_Handler handler = Handler.load()) {
         handler(window, level, text);
     } else {

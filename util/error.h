@@ -23,13 +23,14 @@ extern "C" {
 /// wait for ever, and one that shows a window keeps others from painting.
 /// @param window  the window that `Error_Fct` was given
 /// @param level   level of the report
-/// @param text    the formatted text without style bytes, valid during the call
+/// @param text    the formatted text without the format's style bytes, valid during the call
 typedef void (*Error_Handler)(HWND window, int level, const char* text);
 
 /// Reports a text. Without a handler it goes to standard error and to the debugger, headed by `Prog_Name`.
 ///
-/// The text may carry style bytes, made for reports in colour: 0xF1 followed by a style code, and the bytes
-/// 0x01 and 0x02. They are taken out before the text is shown. A text of more than 2047 bytes is cut.
+/// The format may carry style bytes, made for reports in colour: 0xF1 followed by a style code, and the bytes
+/// 0x01 and 0x02. They are taken out of it; what the arguments hold is shown as it is. A text of more than
+/// 2047 bytes is cut.
 /// May be called on any thread.
 /// @param window  the application's main window, usually `hwnd`
 /// @param level   see `Error_Level`; the report is dropped when it is above the level that was set

@@ -61,6 +61,7 @@ Boxs::~Boxs() {
 }
 
 void Boxs::Init(HWND window) {
+    Forget_Withdrawn_Images(*this);
     if (!Begin_Init(*this, window, "Boxs::Init")) return;
     Hover = Hover_Unknown;
     Default_Grey(*this);

@@ -191,6 +191,7 @@ Buttons::~Buttons() {
 }
 
 void Buttons::Init(HWND window) {
+    Forget_Withdrawn_Images(*this);
     if (!Begin_Init(*this, window, "Buttons::Init")) return;
     Hover = Hover_Unknown;
     Last_Value = Value;

@@ -46,10 +46,15 @@ void Set_Checks(CheckLists& list) {
         list.Check[item].Value = Is_Checked(list, item);
 }
 
+/// A label that there was no memory for is blank.
+const char* Label_Text(const CheckLists& list, int item) {
+    const char* text = list.Label[item].Name;
+    return text ? text : "";
+}
+
 void Paint_Label(Canvas& canvas, const CheckLists& list, int item, unsigned long color) {
     const Buttons& box = list.Check[item];
-    const char* text = list.Label[item].Name;
-    if (text) canvas.Write_Run(list.Font, text, box.X + box.Width + SPACE, box.Y - 1, color);
+    canvas.Write_Run(list.Font, Label_Text(list, item), box.X + box.Width + SPACE, box.Y - 1, color);
 }
 
 bool Has_Mark(const Buttons& box) { return box.Value != 0 && box.Flag == 0; }
@@ -91,8 +96,7 @@ void Paint_Outlined_Item(Canvas& canvas, CheckLists& list, int item) {
 bool Overhangs(const CheckLists& list, int item) {
     const Buttons& box = list.Check[item];
     const Area room = Area_Of(list.Label[item]);
-    const char* text = list.Label[item].Name;
-    return text && box.X + box.Width + SPACE + Width_Of(list.Font, text) > room.right;
+    return box.X + box.Width + SPACE + Width_Of(list.Font, Label_Text(list, item)) > room.right;
 }
 
 /// @return whether the label reaches over a box of the next column
@@ -300,7 +304,7 @@ CheckLists& CheckLists::operator=(const CheckLists& other) { return Reassign(*th
 CheckLists::~CheckLists() { Release_Items(*this); }
 
 void CheckLists::Init(HWND window) {
-    if (!Begin_Init(*this, window, "CheckLists::Init")) return;
+    if (!Begin_Compound(*this, window, "CheckLists::Init", Box)) return;
     Default_Grey(*this);
     Release_Items(*this);
     Bind(*this, window);

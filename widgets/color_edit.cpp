@@ -165,7 +165,8 @@ Color_Edit& Color_Edit::operator=(const Color_Edit& other) { return Reassign(*th
 Color_Edit::~Color_Edit() = default;
 
 void Color_Edit::Init(HWND window) {
-    if (!Begin_Init(*this, window, "Color_Edit::Init")) return;
+    if (!Begin_Compound(*this, window, "Color_Edit::Init", Frame, Swatch, Mode_Button, Chan_1, Chan_2, Chan_3))
+        return;
     Last_Value = Value;
     Bind_Editor(*this, window);
     Init_Frame(*this);

@@ -74,7 +74,7 @@ Hue_Edit& Hue_Edit::operator=(const Hue_Edit& other) { return Reassign(*this, ot
 Hue_Edit::~Hue_Edit() = default;
 
 void Hue_Edit::Init(HWND window) {
-    if (!Begin_Init(*this, window, "Hue_Edit::Init")) return;
+    if (!Begin_Compound(*this, window, "Hue_Edit::Init", Frame, Swatch, Hue)) return;
     if (Value == 0) Value = From_HLS(Pure_Red);
     Last_Value = Value;
     Bind_Editor(*this, window);

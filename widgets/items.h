@@ -145,6 +145,20 @@ Item* Make_Item(const Tools& owner, unsigned long flag) {
     return item;
 }
 
+template <class Item>
+void Forget_Withdrawn_Images(Item**& items) {
+    for (int i = 0; items && items[i]; ++i)
+        Forget_Withdrawn_Images(*items[i]);
+}
+
+/// The head of `Init` of a control with parts, which forget withdrawn images also when it has to stop.
+template <class... Parts>
+bool Begin_Compound(Tools& control, HWND& window, const char* label, Parts&... parts) {
+    if (Begin_Init(control, window, label)) return true;
+    (Forget_Withdrawn_Images(parts), ...);
+    return false;
+}
+
 /// Sets the number of items. Those that stay are not touched; new ones are constructed. A negative count
 /// frees the array itself.
 /// @return 1; 0 when the memory cannot be had, which is reported at level 1. Without memory for the array

@@ -278,9 +278,16 @@ void Paint_Ground_Around(Canvas& canvas, const Lists& list, const Area& inner, c
 }
 
 /// Tells an item of the pointer. One that shows already what it would then show need not hear of it.
-int Tell(Buttons& item, int kind, const POINT& pointer) {
-    const bool plain = item.Hover == Hover_Normal && !Has_Flag(item, FLAG_PASSIVE);
-    return plain && !PtInRect(&item.Rect, pointer) ? 0 : item.Select(kind);
+///
+/// A passive button by itself is painted at every event and notes nothing. In a list it notes that it is
+/// plain, or one that became passive under the pointer would be painted at every event elsewhere.
+int Tell(Buttons& item, int kind, const POINT& pointer, bool in_list) {
+    const bool passive = Has_Flag(item, FLAG_PASSIVE);
+    const bool reached = passive ? in_list : PtInRect(&item.Rect, pointer) != 0;
+    if (item.Hover == Hover_Normal && !reached) return 0;
+    const int answer = item.Select(kind);
+    if (passive) item.Hover = Hover_Normal;
+    return answer;
 }
 
 /// Takes an item out of view. It keeps no region: thousands of items could each have been seen last at a
@@ -331,7 +338,7 @@ int Lists::Grow(int count, int flags) {
 }
 
 void Lists::Init(HWND window) {
-    if (!Begin_Init(*this, window, "Lists::Init")) return;
+    if (!Begin_Compound(*this, window, "Lists::Init", Frame, Item)) return;
     Last_Current = Current;
     Default_Grey(*this);
     Bind(*this, window);
@@ -436,14 +443,14 @@ int Lists::Select(int event) {
     for (int i = Shown_First; i < Shown_First + Shown_Count; ++i) {
         Place_Item(*this, Origin, i);
         Buttons& item = *Item[i];
-        if (item.Shown && Stands_In(item, inner) && Tell(item, kind, pointer)) result = 1;
+        if (item.Shown && Stands_In(item, inner) && Tell(item, kind, pointer, inside)) result = 1;
     }
     if (inside) {
         All_Left = false;
         return result;
     }
     for (int i = 0; i < Nb_Item && !All_Left; ++i) {
-        // Those in view have been told; a passive one notes nothing.
+        // Those in view have been told; a static one notes nothing.
         const bool told =
             i >= Shown_First && i < Shown_First + Shown_Count && Item[i]->Shown && Stands_In(*Item[i], inner);
         if (!told) Item[i]->Hover = Hover_Normal;

@@ -51,7 +51,8 @@ class GALDREN_TOOLS_API Lists : public Tools {
     int Select(int event);
     /// Index of the item under the pointer, passive ones excepted; -1 when there is none.
     int Read();
-    /// Scrolls by wheel steps, when the pointer is inside.
+    /// Scrolls by wheel steps, when the pointer is inside. A positive amount moves the items of a column up,
+    /// towards the end of the list, and those of a row to the right, towards its beginning.
     void Scroll(int amount);
     /// Takes the highlights away.
     void Deselect();

@@ -202,7 +202,7 @@ int Selects::Grow(int count, int flags) {
 }
 
 void Selects::Init(HWND window) {
-    if (!Begin_Init(*this, window, "Selects::Init")) return;
+    if (!Begin_Compound(*this, window, "Selects::Init", Frame, Value_Box, Item)) return;
     Default_Grey(*this);
     Bind(*this, window);
     Renew_Font(*this);

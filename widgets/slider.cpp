@@ -71,6 +71,7 @@ Sliders& Sliders::operator=(const Sliders& other) { return Reassign(*this, other
 Sliders::~Sliders() = default;
 
 void Sliders::Init(HWND window) {
+    Forget_Withdrawn_Images(*this);
     if (!Begin_Init(*this, window, "Sliders::Init")) return;
     Capture = 0;
     const int longest = Bar_Length(*this) / 2 - Bar_Thickness(*this);
@@ -82,6 +83,7 @@ void Sliders::Init(HWND window) {
     Fill_Table(*this);
     Clamp_Value(*this);
     Note_Size(*this);
+    Note_Images(*this);
 }
 
 void Sliders::Larg_Adjust(float larg, float total) {

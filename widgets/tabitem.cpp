@@ -243,10 +243,7 @@ void TabItems::Init(HWND window) {
     Renew_Font(*this);
     Flag |= FLAG_OWN_IMAGES;
     Renew_Images(*this);
-    if (!Has_Flag(*this, FLAG_STATIC)) {
-        Last_Graph_Normal = Graph_Normal;
-        Last_Graph_Select = Graph_Select;
-    }
+    if (!Has_Flag(*this, FLAG_STATIC)) Note_Images(*this);
     Note_Size(*this);
     Last_Color = Color.get();
 }

@@ -139,7 +139,7 @@ int Tabs::Grow(int n, int flags) {
 }
 
 void Tabs::Init(HWND window) {
-    if (!Begin_Init(*this, window, "Tabs::Init")) return;
+    if (!Begin_Compound(*this, window, "Tabs::Init", Box)) return;
     Last_Value = Value;
     Default_Grey(*this);
     Bind(*this, window);

@@ -327,7 +327,8 @@ int Texts::Select(int event) {
     if (Has_Flag(*this, FLAG_PASSIVE)) {
         if (!Never_Highlights(*this)) {
             if (V_Slider.Width != 0) V_Slider.Deselect();
-            Read_Echo(Line, Cursor_Pos);
+            // A console that never reads has no input line, and its box would stand on the output.
+            if (Is_Reading(*this)) Read_Echo(Line, Cursor_Pos);
         }
         return 0;
     }

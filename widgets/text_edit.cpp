@@ -276,8 +276,15 @@ bool Texts::Paste() {
     if (IsClipboardFormatAvailable(CF_TEXT)) {
         const Open_Clipboard clipboard(Window);
         const Locked_Memory text(clipboard.Text());
-        for (const char character : text)
-            changed = Take(static_cast<unsigned char>(character)) || changed;
+        bool full = false;
+        for (const char character : text) {
+            const auto key = static_cast<unsigned char>(character);
+            // There may be a megabyte of what has no room.
+            if (key >= ' ' && (full || !Accepts(*this, character))) continue;
+            changed = Take(key) || changed;
+            if (!Is_Reading(*this)) break;
+            full = Input_Length(*this) >= Longest_Input;
+        }
     }
     Note_Change();
     return changed && Is_Reading(*this);  // an Escape in the text has painted the field without its line

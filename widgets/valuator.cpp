@@ -164,6 +164,7 @@ void Fill_Table(Valuators& valuator) {
 void Take_Given_Images(Valuators& valuator) {
     valuator.Cur_Graph_Select = valuator.Graph_Select;
     valuator.Cur_Graph_Normal = valuator.Graph_Normal;
+    Note_Images(valuator);
 }
 
 void Paint_Free_Thumb(Canvas& canvas, const Area& thumb, bool vertical, int half) {
@@ -202,6 +203,7 @@ Valuators& Valuators::operator=(const Valuators& other) { return Reassign(*this,
 Valuators::~Valuators() = default;
 
 void Valuators::Init(HWND window) {
+    Forget_Withdrawn_Images(*this);
     if (Num_Width < 0) {
         State |= STATE_READY;
         return;

@@ -105,6 +105,14 @@ void Call_Spy::Fail_Allocation(int passed) {
     Fail(Plain_Allocator, passed);
 }
 
+void Call_Spy::Fail_Every_Allocation() {
+    void* (*const none)() = [] { return static_cast<void*>(nullptr); };
+    for (const auto& [name, entry] : entries_) {
+        if (name == Plain_Allocator || name == Guarded_Allocator)
+            Write_Slot(entry.slot, reinterpret_cast<ULONGLONG>(none));
+    }
+}
+
 int Gdi_Objects() {
     if (const DWORD count = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS))
         return static_cast<int>(count);

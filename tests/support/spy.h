@@ -25,6 +25,8 @@ class Call_Spy {
     void Fail(const char* function, int passed = 0);
     /// Makes the allocation that comes after `passed` more fail.
     void Fail_Allocation(int passed = 0);
+    /// Makes every allocation fail from now on, until the spy goes.
+    void Fail_Every_Allocation();
 
   private:
     /// Laid out for the machine code in front of each function.

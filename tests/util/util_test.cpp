@@ -11,16 +11,21 @@ using galdren_test::Report_Catcher;
 TEST(Error_Fct, Filters_Strips_And_Cuts) {
     Report_Catcher reports;
     Error_Set_Level(7);
-    Error_Fct(nullptr, 7, "%s %d", "\xF1\x42kept\xF1\xF1 \x02once\x01", 1);
+    Error_Fct(nullptr, 7, "\xF1\x42kept\xF1\xF1 \x02once\x01 %d", 1);
     Error_Fct(nullptr, 8, "dropped");
     Error_Fct(nullptr, -1, nullptr);
     EXPECT_EQ(reports.Take(), "7:kept once 1");
+    Error_Fct(nullptr, 7, "\xF1\x05%s:\x02 %s", "Espa\361a", "C:\\\001\002\\\361");
+    EXPECT_EQ(reports.Take(), "7:Espa\361a: C:\\\001\002\\\361") << "names and paths stay as they are";
     EXPECT_EQ(Error_Set_Level(11), 7);
     Error_Fct(nullptr, 1, "its code is missing\xF1");
     EXPECT_EQ(reports.Take(), "1:its code is missing");
     const std::string longest(2047, 'x');
     for (const std::size_t length : {2047U, 2048U, 100000U}) {
         Error_Fct(nullptr, 1, "%s", std::string(length, 'x').c_str());
+        EXPECT_EQ(reports.Take().substr(2), longest);
+        const std::string format = "\xF1\x05%s" + std::string(length - 1, 'x') + "%5d";
+        Error_Fct(nullptr, 1, format.c_str(), "x", 1);
         EXPECT_EQ(reports.Take().substr(2), longest);
     }
 }

@@ -2,6 +2,10 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <type_traits>
+#include <typeinfo>
+#include <utility>
+#include <vector>
 
 #include "tests/support/painter.h"
 #include "tests/support/spy.h"
@@ -119,9 +123,16 @@ TEST(Images, Are_Allocated_And_Freed_Once) {
     spy.Fail_Allocation();
     EXPECT_EQ(t.Alloc_Graph_Select(1), 0);
     EXPECT_EQ(reports.Take(), "1:line 336  of .\\tools.cpp \nmemory error in new");
-    spy.Fail_Allocation();
-    EXPECT_EQ(t.Set_Name("name"), 0);
-    EXPECT_EQ(reports.Take(), "1:line 451  of .\\tools.cpp \nmemory error in new");
+    const char* const own = "the application's";
+    for (const char* const name : {own, static_cast<const char*>(nullptr)}) {
+        t.Name = own;
+        if (!name) t.Set_Name("%s", "the control's");
+        spy.Fail_Allocation();
+        EXPECT_EQ(t.Set_Name("name"), 0);
+        EXPECT_EQ(t.Name, name) << "only what the control owned is gone";
+        EXPECT_EQ(t.State, 0);
+        EXPECT_EQ(reports.Take(), "1:line 451  of .\\tools.cpp \nmemory error in new");
+    }
     EXPECT_EQ(t.Alloc_Graph_Normal(5), 1);
     t.Graph_Select = t.Graph_Normal;  // one image for both states is one image to free
 }
@@ -191,6 +202,106 @@ TEST(Init, Takes_The_Applications_Images) {
     };
     check(Boxs());
     check(Buttons());
+}
+
+TEST(Init, Forgets_Withdrawn_Images_Whatever_Way_It_Takes) {
+    Test_Window window(300, 200);
+    Report_Catcher reports;
+    enum Way { Static, No_Body, No_Width, No_Window, No_Number, Ways };
+    const auto set = [&](auto& control, int way) {
+        control.Flag = way == Static ? FLAG_STATIC : way == No_Body ? FLAG_NO_BODY : 0;
+        control.Width = way == No_Width ? 0 : 80;
+        if constexpr (requires { control.Num_Width; }) control.Num_Width = way == No_Number ? -1 : 0;
+        if (way == No_Window) control.Window = nullptr;
+        control.Init(way == No_Window ? nullptr : static_cast<HWND>(window));
+    };
+    const auto bodies = [](auto& control) {
+        std::vector<unsigned long*> all{control.Cur_Graph_Normal, control.Cur_Graph_Select};
+        if constexpr (requires { control.Normal_Up; }) {
+            all.insert(all.end(),
+                       {control.Normal_Up, control.Normal_Down, control.Select_Up, control.Select_Down});
+        }
+        return all;
+    };
+    const auto check = [&](auto control, int way) {
+        SCOPED_TRACE(testing::Message() << typeid(control).name() << ", " << way);
+        Fill_In(control);
+        control.Alloc_Graph_Normal(0x102030), control.Alloc_Graph_Select(0x405060);
+        set(control, Ways);
+        if constexpr (std::is_same_v<decltype(control), Sliders>) {  // takes images only from the application
+            control.Cur_Graph_Normal = control.Graph_Normal, control.Cur_Graph_Select = control.Graph_Select;
+        }
+        unsigned long* const normal = std::exchange(control.Graph_Normal, nullptr);
+        unsigned long* const select = std::exchange(control.Graph_Select, nullptr);
+        ASSERT_TRUE(control.Cur_Graph_Normal == normal && control.Cur_Graph_Select == select);
+        set(control, way);
+        for (const unsigned long* body : bodies(control))
+            EXPECT_TRUE(body != normal && body != select);
+        control.Draw(), control.Adjust();
+        // The next image may come to stand where the one before stood.
+        control.Graph_Normal = normal, control.Graph_Select = select;
+        if constexpr (std::is_same_v<decltype(control), Sliders>) return;
+        set(control, Ways);
+        EXPECT_TRUE(control.Cur_Graph_Normal == normal && control.Cur_Graph_Select == select);
+    };
+    for (int way = 0; way < Ways; ++way)
+        check(Boxs(), way), check(Buttons(), way), check(Valuators(), way), check(Sliders(), way);
+    // The parts of a control that stops too.
+    const auto check_part = [&](auto& control, auto& part) {
+        SCOPED_TRACE(typeid(control).name());
+        unsigned long* const image = part.Graph_Normal = new unsigned long[81 * 31];
+        control.Init(window);
+        ASSERT_EQ(part.Cur_Graph_Normal, image);
+        part.Graph_Normal = static_cast<unsigned long*>(part.Free(part.Graph_Normal));
+        control.Width = 0;
+        control.Init(window);
+        for (const unsigned long* body : bodies(part))
+            EXPECT_NE(body, image);
+        control.Width = 80;
+    };
+    Lists list;
+    Selects selector;
+    Tabs tabs;
+    CheckLists checks;
+    Hue_Edit hue;
+    Color_Edit color;
+    const char* const labels[] = {"one", nullptr};
+    Fill_In(list), Fill_In(selector), Fill_In(tabs), Fill_In(checks), Fill_In(hue), Fill_In(color);
+    list.Grow(1, FLAG_OWN_IMAGES), checks.List = labels;
+    selector.Grow(1, FLAG_OWN_IMAGES);
+    hue.Flag = tabs.Flag = checks.Flag = FLAG_OWN_IMAGES;
+    check_part(list, list.Frame), check_part(list, *list.Item[0]);
+    check_part(selector, selector.Frame), check_part(selector, *selector.Item[0]);
+    check_part(tabs, tabs.Box), check_part(checks, checks.Box);
+    check_part(hue, hue.Frame), check_part(color, color.Frame);
+}
+
+TEST(Copies, Lose_Nothing_When_An_Allocation_Fails) {
+    Test_Window window(200, 80);
+    const auto tour = [&](int failing) {
+        Boxs box;
+        Fill_In(box);
+        box.Flag = FLAG_OWN_IMAGES;
+        box.Alloc_Graph_Normal(0x102030);
+        box.Init(window);
+        auto spy = std::make_unique<Call_Spy>();
+        spy->Fail_Allocation(failing);
+        auto copy = std::make_unique<Boxs>(box);
+        spy.reset();
+        const auto other = std::make_unique<Boxs>(*copy);
+        box = Boxs(), copy.reset();
+        EXPECT_STREQ(other->Name, "Name");
+        EXPECT_EQ(window.After([&] { other->Draw(); }).At(30, 15), 0x102030U);
+    };
+    const auto held_after_tours = [&] {
+        for (int failing = 0; failing < 6; ++failing)
+            tour(failing);
+        Tools_Lib_Cleanup();
+        return std::pair(Live_Blocks(), Gdi_Objects());
+    };
+    held_after_tours();
+    const auto [blocks, objects] = held_after_tours();
+    EXPECT_EQ(held_after_tours(), std::pair(blocks, objects));
 }
 
 TEST(Copies, Share_And_Free_In_Any_Order) {
@@ -329,29 +440,6 @@ TEST(Failures, Of_The_Window_Are_Tolerated) {
     EXPECT_EQ(painted, Nothing);
 }
 
-TEST(Failures, Of_Memory_And_Handles_Are_Tolerated) {
-    Test_Window window(300, 200);
-    Report_Catcher reports;
-    const auto all = [&] {
-        for (const char* function :
-             {"", "GetDC", "CreateRectRgn", "CreateFontIndirectA", "CreateDIBSection"}) {
-            for (int passed = 0; passed < (*function ? 8 : 60); ++passed) {
-                Call_Spy spy;
-                *function ? spy.Fail(function, passed) : spy.Fail_Allocation(passed);
-                Begin_Batch(window);
-                Use_Everything(window);
-                End_Batch();
-                Use_Everything(window);
-                Tools_Lib_Cleanup();
-            }
-        }
-    };
-    all();
-    const int before = Gdi_Objects();
-    all();
-    EXPECT_EQ(Gdi_Objects(), before);
-}
-
 TEST(Failures, Of_A_Font_Are_Reported_Once) {
     Test_Window window(300, 200);
     Report_Catcher reports;
@@ -375,4 +463,53 @@ TEST(Failures, Of_A_Font_Are_Reported_Once) {
     EXPECT_TRUE(Same(got, wanted)) << "in the stock font";
     box.Init(window);
     EXPECT_NE(box.Font, nullptr);
+}
+
+TEST(Failures, Of_Memory_And_Handles_Are_Tolerated) {
+    Test_Window window(300, 200);
+    Report_Catcher reports;
+    const auto all = [&] {
+        for (const char* function :
+             {"", "GetDC", "CreateRectRgn", "CreateFontIndirectA", "CreateDIBSection"}) {
+            for (int passed = 0; passed < (*function ? 8 : 60); ++passed) {
+                Call_Spy spy;
+                *function ? spy.Fail(function, passed) : spy.Fail_Allocation(passed);
+                Begin_Batch(window);
+                Use_Everything(window);
+                End_Batch();
+                Use_Everything(window);
+                Tools_Lib_Cleanup();
+            }
+        }
+    };
+    all();
+    const int before = Gdi_Objects();
+    all();
+    EXPECT_EQ(Gdi_Objects(), before);
+}
+
+/// The last of this program: what it loses stays lost.
+TEST(Failures, Of_All_Memory_Leave_Copies_What_They_Share) {
+    constexpr int Many = 1200;
+    const auto run = [](bool starved) {
+        std::vector<Tools> sources(Many), copies;
+        for (Tools& source : sources)
+            source.Set_Name("%d", static_cast<int>(&source - sources.data()));
+        copies.reserve(Many);
+        {
+            Call_Spy spy;
+            if (starved) spy.Fail_Every_Allocation();
+            for (const Tools& source : sources)
+                copies.push_back(source);
+        }
+        sources = {};
+        for (int i = 0; i < Many; ++i)
+            EXPECT_EQ(copies[static_cast<std::size_t>(i)].Name, std::to_string(i));
+    };
+    const int blocks = Live_Blocks();
+    run(true);
+    EXPECT_LE(Live_Blocks(), blocks + Many / 5) << "those that there was no room for";
+    const int left = Live_Blocks();
+    run(false);
+    EXPECT_LE(Live_Blocks(), left + Many / 50);
 }

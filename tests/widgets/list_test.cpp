@@ -243,7 +243,7 @@ TEST(Lists, Follow_The_Pointer_And_Tell_The_Item) {
     list.Item[2]->Flag |= FLAG_PASSIVE;
     list.Draw();
     const Buttons& passive = *list.Item[2];
-    const int inset = BORDER + 1;  // its body is painted every time
+    const int inset = BORDER + 1;  // its body is painted every time, while the pointer is on the list
     const Area passive_body{passive.X + inset, passive.X + passive.Width - inset, passive.Y + inset,
                             passive.Y + passive.Height - inset};
     for (const Row& row : table) {
@@ -261,10 +261,18 @@ TEST(Lists, Follow_The_Pointer_And_Tell_The_Item) {
             // The bar takes presses and drags for itself.
             const bool taken = row.x == 10 && event != 0;
             EXPECT_EQ(window.Changed([&] { EXPECT_EQ(list.Select(event), row.select); }),
-                      taken ? Nothing : passive_body);
+                      taken || !row.inside ? Nothing : passive_body);
         }
         EXPECT_EQ(list.Read(), row.read);
     }
+    // The item under the pointer becomes passive: it is shown plain once the pointer has left.
+    list.Item[0]->Flag |= FLAG_PASSIVE;
+    window.Point_At(0, 0);
+    EXPECT_NE(window.Changed([&] { list.Select(EVENT_MOVE); }), Nothing);
+    EXPECT_EQ(window.Changed([&] { list.Select(EVENT_MOVE); }), Nothing);
+    list.Item[0]->Flag &= ~FLAG_PASSIVE;
+    window.Point_At(Left + 100, Bottom + 130);
+    EXPECT_NE(window.Changed([&] { list.Select(EVENT_MOVE); }), Nothing) << "it lights up again";
     // An item that reaches the outermost row is painted, and known to `Read`, but takes no clicks.
     list.Scroll_Bar.Start_Val += 1, list.Scroll_Bar.Val += 1;
     list.Draw();

@@ -1,3 +1,5 @@
+#include <algorithm>
+#include <climits>
 #include <cstring>
 #include <random>
 #include <string>
@@ -303,8 +305,56 @@ TEST(Texts, Show_The_Caret_Where_The_Next_Character_Goes) {
     }
 }
 
+TEST(Texts, Show_The_Input_Line_Only_While_They_Read) {
+    Field field(FLAG_PASSIVE);
+    const auto told = [&](short x) {
+        field.window.Point_At(x, 50);
+        return field.window.Changed([&] { EXPECT_EQ(field.Select(EVENT_MOVE), 0); });
+    };
+    const short* const box = field.Input_Box;
+    EXPECT_EQ(told(90).right, box[1] - BORDER - 1) << "the line it was reading";
+    field.Mode = 0;
+    EXPECT_EQ(told(90), Nothing);
+    EXPECT_EQ(told(5), Nothing);
+}
+
+/// How long the paste of a text takes, in ticks.
+long long Time_To_Paste(const std::string& text) {
+    long long shortest = LLONG_MAX;
+    for (int round = 0; round < 3; ++round) {
+        Field field;
+        field.Read("%s", std::string(254, 'm').c_str());
+        EXPECT_TRUE(Set_Clipboard(CF_TEXT, text));
+        LARGE_INTEGER begin, end;
+        QueryPerformanceCounter(&begin);
+        field.Input(Paste);
+        QueryPerformanceCounter(&end);
+        shortest = std::min(shortest, end.QuadPart - begin.QuadPart);
+    }
+    return shortest;
+}
+
+TEST(Texts, Pass_Over_What_A_Full_Line_Has_No_Room_For) {
+    Field field;
+    field.Read("%s", std::string(254, 'm').c_str());
+    ASSERT_TRUE(Set_Clipboard(CF_TEXT,
+                              "no\bxno\r\b\bzz\x1B"
+                              "a"));
+    field.Input(Paste);
+    EXPECT_EQ(field.Newest(), std::string(253, 'm') + 'x');
+    EXPECT_EQ(field.Line, std::string(252, 'm') + "zz");
+    EXPECT_EQ(field.Mode, 0);
+    const std::string much(1 << 20, 'p');
+    EXPECT_LT(Time_To_Paste(much), 5 * Time_To_Paste("\x1B" + much)) << "as fast as when nothing is read";
+}
+
 TEST(Texts, Paste_From_The_Clipboard) {
     Field field(TEXT_REPORT_CHANGES);
+    ASSERT_TRUE(Set_Clipboard(CF_TEXT, "one\r\ntwo"));
+    field.Input(Paste);
+    EXPECT_EQ(field.Newest(), "one");
+    EXPECT_STREQ(field.Update(), "onetwo") << "the line that was entered stays in the input line";
+    field.Read(nullptr);
     ASSERT_TRUE(Set_Clipboard(CF_TEXT, "a\tb\x80"));
     field.Input(Paste);
     EXPECT_STREQ(field.Line, "ab\x80");
