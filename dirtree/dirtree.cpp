@@ -11,11 +11,11 @@
 #include "dirtree/tree.h"
 #include "tools/arithmetic.h"
 #include "tools/base.h"
-#include "tools/window.h"
 #include "tools/dimensions.h"
 #include "tools/font_cache.h"
 #include "tools/sharing.h"
 #include "tools/surface.h"
+#include "tools/window.h"
 #include "util/directory.h"
 #include "util/program.h"
 #include "widgets/items.h"
@@ -325,7 +325,8 @@ DirTrees& DirTrees::operator=(const DirTrees& other) { return Reassign(*this, ot
 DirTrees::~DirTrees() { Release_Tree(); }
 
 void DirTrees::Init(HWND window) {
-    if (!Begin_Compound(*this, window, "DirTrees::Init", Frame, Tree_Box, List_Box, Refresh, Vertical_Bar, Horizontal_Bar))
+    if (!Begin_Compound(*this, window, "DirTrees::Init", Frame, Tree_Box, List_Box, Refresh, Vertical_Bar,
+                        Horizontal_Bar))
         return;
     Bind(*this, window);
     Init_Boxes(*this);

@@ -4,8 +4,8 @@
 #include <span>
 
 #include "tools/base.h"
-#include "tools/window.h"
 #include "tools/surface.h"
+#include "tools/window.h"
 
 namespace galdren {
 

@@ -11,9 +11,9 @@
 #include "dirtree/icon_file.h"
 #include "tools/base.h"
 #include "tools/cleanup.h"
-#include "tools/window.h"
 #include "tools/sharing.h"
 #include "tools/surface.h"
+#include "tools/window.h"
 #include "util/error.h"
 #include "util/program.h"
 

@@ -32,8 +32,8 @@ RECT Device_Of(const Area& area, LONG client_height);
 /// The pixels of a rectangle as the controls keep their `Rect`, as an area.
 Area Area_Of(const RECT& rect);
 
-/// Rectangles in pixels, y downward, right and bottom not included. Cheaper than calls of the system, of which a
-/// paint would make dozens.
+/// Rectangles in pixels, y downward, right and bottom not included. Cheaper than calls of the system, of
+/// which a paint would make dozens.
 /// @{
 inline bool Is_Empty(const RECT& box) { return box.left >= box.right || box.top >= box.bottom; }
 

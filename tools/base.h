@@ -22,7 +22,9 @@ int Frame_Width(const Tools_Fields& control);
 inline bool Has_Flag(const Tools_Fields& control, unsigned long bits) { return (control.Flag & bits) != 0; }
 
 /// Neither painted nor highlighted when the pointer moves.
-inline bool Never_Highlights(const Tools_Fields& control) { return Has_Flag(control, FLAG_NO_BODY | FLAG_STATIC); }
+inline bool Never_Highlights(const Tools_Fields& control) {
+    return Has_Flag(control, FLAG_NO_BODY | FLAG_STATIC);
+}
 
 /// All that a control without parts may paint: frames of small ones turn inside out, and stacked text may be
 /// longer than the control is high.

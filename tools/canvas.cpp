@@ -4,8 +4,8 @@
 #include <cstring>
 
 #include "tools/font.h"
-#include "tools/surface.h"
 #include "tools/font_cache.h"
+#include "tools/surface.h"
 
 namespace galdren {
 
@@ -230,8 +230,7 @@ void Canvas::Polygon_By_GDI(std::span<const POINT> corners, unsigned long color)
 void Canvas::Write(HFONT font, const char* text, const Area& area, Place across, Place down,
                    unsigned long color) {
     if (area.left >= area.right || area.bottom >= area.top) return;
-    if (!Write_Plain(font, text, area, across, down, color))
-        Write_Any(font, text, area, across, down, color);
+    if (!Write_Plain(font, text, area, across, down, color)) Write_Any(font, text, area, across, down, color);
 }
 
 /// The glyphs of a text that is short and of characters that the font has.
@@ -310,11 +309,10 @@ int Canvas::Write_Run(HFONT font, const char* text, int x, int y, unsigned long 
         return Width_Of(font, text);
     }
     // Slanted letters reach beyond their place, by less than they are high.
-    Write_Clipped(font, {x - height, top, x + run.width + height, top + height}, color,
-                  [&](HDC dc, const RECT& clip) {
-                      run.Write(dc, x - static_cast<int>(view.origin.x), top - static_cast<int>(view.origin.y),
-                                clip);
-                  });
+    Write_Clipped(
+        font, {x - height, top, x + run.width + height, top + height}, color, [&](HDC dc, const RECT& clip) {
+            run.Write(dc, x - static_cast<int>(view.origin.x), top - static_cast<int>(view.origin.y), clip);
+        });
     return run.width;
 }
 

@@ -8,8 +8,8 @@
 #include <span>
 
 #include "tools/area.h"
-#include "tools/shape.h"
 #include "tools/fields.h"
+#include "tools/shape.h"
 #include "tools/view.h"
 
 namespace galdren {

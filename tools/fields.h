@@ -83,6 +83,6 @@ struct Tools_Fields {
     unsigned long* Last_Graph_Select{};  ///< `Graph_Select` at the last `Init`
     unsigned long* Last_Graph_Normal{};  ///< `Graph_Normal` at the last `Init`
     const char* Owned_Name{};            ///< text made by `Set_Name`, whatever `Name` is now; owned
-    RECT Room{};  ///< `Rect` of the control that this one is a part of, beyond which nothing of it is painted;
-                  ///< empty for one that stands alone
+    RECT Room{};  ///< `Rect` of the control that this one is a part of, beyond which nothing of it is
+                  ///< painted; empty for one that stands alone
 };

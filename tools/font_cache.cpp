@@ -202,7 +202,8 @@ const Font_Facts* Facts_Of(HFONT font) {
     if (!Fonts().Key_Of(font)) return nullptr;
     auto found = cache.facts.find(font);
     try {
-        if (found == cache.facts.end()) found = cache.facts.emplace(font, Ask_Facts(Measure_With(font))).first;
+        if (found == cache.facts.end())
+            found = cache.facts.emplace(font, Ask_Facts(Measure_With(font))).first;
     } catch (const std::bad_alloc&) {
         return nullptr;
     }

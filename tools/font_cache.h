@@ -9,8 +9,8 @@ namespace galdren {
 /// The font that `Z_Create_Font` would make, shared with every other holder.
 HFONT Acquire_Font(HWND window, const char* face, const char* weight, const char* style, short points);
 
-/// A font for its caller alone; null when all words are null and points is 0, or when it cannot be made, which
-/// is reported once at level 7.
+/// A font for its caller alone; null when all words are null and points is 0, or when it cannot be made,
+/// which is reported once at level 7.
 HFONT Make_Font(HWND window, const char* face, const char* weight, const char* style, short points);
 
 /// Notes one more holder of a font, made by either function.

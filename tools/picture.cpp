@@ -12,7 +12,8 @@ Picture* First_Picture = nullptr;
 
 }  // namespace
 
-Picture::Picture(SIZE room_wanted) : room(room_wanted), dc(CreateCompatibleDC(nullptr)), font(Stock_Font()), next(First_Picture) {
+Picture::Picture(SIZE room_wanted)
+    : room(room_wanted), dc(CreateCompatibleDC(nullptr)), font(Stock_Font()), next(First_Picture) {
     if (next) next->before = this;
     First_Picture = this;
     const BITMAPINFO info = Top_Down_Info(room.cx, room.cy);

@@ -8,8 +8,8 @@
 
 namespace galdren {
 
-/// Loops paint on its pixels and GDI writes text through its context, each when it is its turn. Made, used and
-/// destroyed under the lock.
+/// Loops paint on its pixels and GDI writes text through its context, each when it is its turn. Made, used
+/// and destroyed under the lock.
 class Picture {
   public:
     /// Without memory it is not `Usable`.

@@ -13,8 +13,8 @@ bool May_Generate(const Tools_Fields& control);
 /// Makes the report anew for the next control.
 void Expect_Other_Control();
 
-/// A diagonal ramp of a colour inside the border of a control, for the caller alone; outside it is black. Null
-/// when the memory cannot be had, or for more pixels than may be generated.
+/// A diagonal ramp of a colour inside the border of a control, for the caller alone; outside it is black.
+/// Null when the memory cannot be had, or for more pixels than may be generated.
 unsigned long* Make_Shading(const Tools_Fields& control, const Colors& color);
 
 /// Replaces generated shading by that of `color` at the control's present size. The ramp goes on outside the

@@ -22,8 +22,8 @@ void Sheet::Stand_For(HWND owner, const RECT& where) {
 void Sheet::Read(HDC source, const RECT& area) {
     const POINT origin = Origin();
     const SIZE size = Size_Of(area);
-    BitBlt(For_GDI(), area.left - origin.x, area.top - origin.y, size.cx, size.cy, source, area.left, area.top,
-           SRCCOPY);
+    BitBlt(For_GDI(), area.left - origin.x, area.top - origin.y, size.cx, size.cy, source, area.left,
+           area.top, SRCCOPY);
 }
 
 void Sheet::Copy_To(HDC target, const RECT& area) {
@@ -57,9 +57,9 @@ void Sheet::Raise(int rows) {
     const int last_start = static_cast<int>(Room().cy) - height;
     const Raster& raster = Pixels();
     const auto copy = [&](int from, int to, int count) {
-        std::memmove(raster.At(0, to), raster.At(0, from),
-                     static_cast<std::size_t>(count) * static_cast<std::size_t>(raster.pitch) *
-                         sizeof *raster.first);
+        std::memmove(
+            raster.At(0, to), raster.At(0, from),
+            static_cast<std::size_t>(count) * static_cast<std::size_t>(raster.pitch) * sizeof *raster.first);
     };
     const int moved = first_row + rows;
     if (moved < 0) {

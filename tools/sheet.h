@@ -51,8 +51,8 @@ class Sheet : public Picture {
     int first_row = 0;
 };
 
-/// A sheet for a rectangle, to be given back; null when there is no memory. The library keeps a small one, which
-/// stays in the processor's cache, and a large one; nested paints get others.
+/// A sheet for a rectangle, to be given back; null when there is no memory. The library keeps a small one,
+/// which stays in the processor's cache, and a large one; nested paints get others.
 Sheet* Acquire_Sheet(HWND window, const RECT& place);
 
 /// Takes one user away.

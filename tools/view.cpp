@@ -45,9 +45,9 @@ struct Hold {
 struct Painting {
     HWND window = nullptr;
     View view;
-    RECT nested_clip{};                     ///< see `Limit_Nested`
-    Sheet* under = nullptr;                 ///< what the sheet is part of: of a batch, or of a held window
-    HDC target = nullptr;                   ///< what the sheet is copied to at the end: the context of a pair,
+    RECT nested_clip{};      ///< see `Limit_Nested`
+    Sheet* under = nullptr;  ///< what the sheet is part of: of a batch, or of a held window
+    HDC target = nullptr;    ///< what the sheet is copied to at the end: the context of a pair,
     std::optional<Window_Context> context;  ///< or of the window
     int saved = 0;                          ///< state of a context that is painted on directly
 };

@@ -13,11 +13,11 @@ namespace galdren {
 /// What to paint on.
 struct View {
     Sheet* sheet = nullptr;  ///< pixels and a context for text; null without memory
-    HDC dc = nullptr;        ///< without a sheet, for everything, in pixels of the client area; null, for nothing
-    POINT origin{};          ///< where the sheet begins in the client area
-    RECT clip{};             ///< what may be painted of the client area, y downward
-    SIZE client{};           ///< size of the client area
-    bool kept = false;       ///< the sheet still holds what was painted on it
+    HDC dc = nullptr;   ///< without a sheet, for everything, in pixels of the client area; null, for nothing
+    POINT origin{};     ///< where the sheet begins in the client area
+    RECT clip{};        ///< what may be painted of the client area, y downward
+    SIZE client{};      ///< size of the client area
+    bool kept = false;  ///< the sheet still holds what was painted on it
 };
 
 /// What a member is about to paint.
@@ -54,7 +54,8 @@ void Open_Pair(HWND window);
 void Close_Pair();
 
 /// A batch.
-/// @param area  what it fills with `color`, and all that counts then; null, it starts with what the window shows
+/// @param area  what it fills with `color`, and all that counts then; null, it starts with what the window
+/// shows
 void Open_Batch(HWND window, const RECT* area, unsigned long color);
 void Close_Batch();
 

@@ -12,7 +12,8 @@ SIZE Client_Size(HWND window);
 /// would be off by a pixel at many sizes, for the display's millimetres are rounded.
 void Map_Logical(HDC dc, SIZE client);
 
-/// Whether the window or its class has a context of its own, which keeps what is selected when it is released.
+/// Whether the window or its class has a context of its own, which keeps what is selected when it is
+/// released.
 bool Has_Private_Context(HWND window);
 
 /// A context of a window, in pixels from the top left corner of its client area. Never mirrored: our

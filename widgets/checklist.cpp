@@ -7,11 +7,11 @@
 #include <optional>
 #include <utility>
 
-#include "tools/window.h"
 #include "tools/dimensions.h"
 #include "tools/font_cache.h"
 #include "tools/region.h"
 #include "tools/sharing.h"
+#include "tools/window.h"
 #include "util/error.h"
 #include "util/program.h"
 #include "widgets/items.h"
@@ -103,8 +103,9 @@ bool Overhangs(const CheckLists& list, int item) {
 bool Paint_Hover(const CheckLists& list, int item, bool highlighted) {
     const Buttons& box = list.Check[item];
     const Area row = Area_Of(list.Label[item]);
-    Canvas canvas(list, {Common(Area_Of(list), {row.left, list.X + list.Width, row.bottom - 2 * list.Font_Height,
-                                                row.top + 2 * list.Font_Height})});
+    Canvas canvas(list,
+                  {Common(Area_Of(list), {row.left, list.X + list.Width, row.bottom - 2 * list.Font_Height,
+                                          row.top + 2 * list.Font_Height})});
     Paint_Label(canvas, list, item, highlighted ? Highlight_Color().get() : Black);
     if (!highlighted && Has_Mark(box)) {
         Paint_Mark(canvas, box);

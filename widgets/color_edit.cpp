@@ -2,8 +2,8 @@
 
 #include "tools/dimensions.h"
 #include "tools/font_cache.h"
-#include "tools/surface.h"
 #include "tools/sharing.h"
+#include "tools/surface.h"
 #include "widgets/color_value.h"
 #include "widgets/editor.h"
 #include "widgets/gradient.h"
@@ -49,9 +49,7 @@ unsigned long Value_Of(const Color_Edit& editor, const Channels& channels) {
     return Is_HLS(editor) ? From_HLS(channels) : From_RGB(channels);
 }
 
-int Font_Height(const Color_Edit& editor) {
-    return Metrics_Of(editor.Font).tmHeight;
-}
+int Font_Height(const Color_Edit& editor) { return Metrics_Of(editor.Font).tmHeight; }
 
 /// What frame, caption, swatch and mode button leave for the troughs.
 Area Channel_Area(const Color_Edit& editor) {
@@ -165,7 +163,8 @@ Color_Edit& Color_Edit::operator=(const Color_Edit& other) { return Reassign(*th
 Color_Edit::~Color_Edit() = default;
 
 void Color_Edit::Init(HWND window) {
-    if (!Begin_Compound(*this, window, "Color_Edit::Init", Frame, Swatch, Mode_Button, Chan_1, Chan_2, Chan_3))
+    if (!Begin_Compound(*this, window, "Color_Edit::Init", Frame, Swatch, Mode_Button, Chan_1, Chan_2,
+                        Chan_3))
         return;
     Last_Value = Value;
     Bind_Editor(*this, window);

@@ -75,8 +75,8 @@ inline void Copy_Clip(Tools& part, const Tools& owner) {
     part.Clip_Height = owner.Clip_Height;
 }
 
-/// Initialises an item of which there may be thousands. Nobody reads its region, and Windows gives a process no
-/// more than 10,000 handles.
+/// Initialises an item of which there may be thousands. Nobody reads its region, and Windows gives a process
+/// no more than 10,000 handles.
 template <class Item>
 void Init_Without_Region(Item& item, HWND window) {
     item.Init(window);

@@ -4,12 +4,12 @@
 #include <climits>
 
 #include "tools/arithmetic.h"
-#include "tools/window.h"
 #include "tools/dimensions.h"
 #include "tools/font_cache.h"
 #include "tools/input.h"
 #include "tools/region.h"
 #include "tools/sharing.h"
+#include "tools/window.h"
 #include "widgets/items.h"
 #include "widgets/range.h"
 

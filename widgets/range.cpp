@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "tools/window.h"
 #include "tools/dimensions.h"
+#include "tools/window.h"
 
 namespace galdren {
 

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
-#include "tools/window.h"
 #include "tools/dimensions.h"
 #include "tools/font_cache.h"
 #include "tools/sharing.h"
+#include "tools/window.h"
 #include "widgets/items.h"
 
 using namespace galdren;

@@ -5,9 +5,9 @@
 #include <span>
 #include <utility>
 
-#include "tools/window.h"
 #include "tools/dimensions.h"
 #include "tools/sharing.h"
+#include "tools/window.h"
 #include "widgets/items.h"
 
 using namespace galdren;

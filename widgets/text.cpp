@@ -9,12 +9,12 @@
 #include <new>
 #include <utility>
 
-#include "tools/window.h"
 #include "tools/dimensions.h"
 #include "tools/font.h"
 #include "tools/font_cache.h"
 #include "tools/input.h"
 #include "tools/sharing.h"
+#include "tools/window.h"
 #include "util/error.h"
 #include "util/program.h"
 #include "widgets/items.h"
@@ -472,7 +472,8 @@ void Texts::Re_Write() {
 /// @param height     of the output
 /// @param low, high  receive between which heights the output has to be painted
 /// @return false, with nothing moved, when all of it has to be painted
-bool Texts::Move_Kept(galdren::Canvas& canvas, const Output_View& view, int height, int& low, int& high) const {
+bool Texts::Move_Kept(galdren::Canvas& canvas, const Output_View& view, int height, int& low,
+                      int& high) const {
     const bool same_look =
         Even_Lines && view.x == Painted.x && view.look == Painted.look && !view.look.single;
     // A line that the bottom edge would cut is not painted at all, so only whole lines can be moved.

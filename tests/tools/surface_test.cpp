@@ -293,3 +293,159 @@ TEST(Batch, Follows_The_Window_And_Survives_It) {
     EXPECT_EQ(painted, Nothing);
     Expect_Nothing_Taken();
 }
+
+/// What an open pair paints is not lost when the batch ends around it, at another size or not.
+TEST(Batch, May_End_Before_A_Pair_That_It_Began_With) {
+    for (const bool resized : {false, true}) {
+        Test_Window window(100, 80);
+        const Area painted = window.Changed([&] {
+            Begin_Batch(window);
+            Begin_Draw(window, nullptr);
+            Current_Color = 0xFF;
+            Draw_Box(10, 20, 20, 10);
+            End_Batch();
+            if (resized) window.Resize(90, 100), window.Refill();
+            Begin_Batch(window);
+            Paint(window, {40, 49, 11, 20});
+            End_Batch();
+            Draw_Box(60, 20, 70, 10);
+            End_Draw();
+        });
+        const int raised = resized ? 20 : 0;  // the pair counts from the bottom that the window had
+        EXPECT_EQ(painted, (Area{resized ? 40 : 10, 69, 11, 20 + raised})) << resized;
+        Expect_Nothing_Taken();
+    }
+}
+
+/// A member leaves the application's context as it is, whatever it has to clip for itself.
+TEST(Surface, Comes_Back_From_Members_As_It_Was) {
+    Test_Window window(300, 120);
+    Controls controls(window);
+    controls.box.Clip_X = 20, controls.box.Clip_Y = 20, controls.box.Clip_Width = 30,
+    controls.box.Clip_Height = 40;
+    const Area painted = window.Changed([&] {
+        Begin_Draw(window, nullptr);
+        Clip_Rect(10, 10, 60, 50);
+        SetTextColor(Z_DC, 0x123456), SetBkMode(Z_DC, OPAQUE);
+        controls.Draw();
+        EXPECT_EQ(GetTextColor(Z_DC), 0x123456u);
+        EXPECT_EQ(GetBkMode(Z_DC), OPAQUE);
+        Current_Color = 0xFF;
+        Draw_Box(0, 119, 300, 0);
+        End_Draw();
+    });
+    EXPECT_EQ(painted, (Area{10, 69, 11, 60}));
+}
+
+/// In a window that runs from right to left, controls stand and react as in any other.
+TEST(Surface, Is_Never_Mirrored) {
+    Test_Window plain(300, 120), mirrored(300, 120);
+    SetWindowLongA(mirrored, GWL_EXSTYLE, GetWindowLongA(mirrored, GWL_EXSTYLE) | WS_EX_LAYOUTRTL);
+    const auto shows = [](Test_Window& window, bool in_pair) {
+        Controls controls(window);
+        return window.After([&] {
+            if (in_pair) Begin_Draw(window, nullptr);
+            controls.Draw();
+            if (in_pair) End_Draw();
+        });
+    };
+    for (const bool in_pair : {false, true}) {
+        const Area wanted = shows(plain, in_pair).Painted();
+        // A picture of this window is read from the right.
+        EXPECT_EQ(shows(mirrored, in_pair).Painted(),
+                  (Area{299 - wanted.right, 299 - wanted.left, wanted.bottom, wanted.top}))
+            << in_pair;
+    }
+    Controls controls(mirrored);
+    POINT screen{150 + 10, 120 - 1 - 30};
+    // The system counts the columns of this window from the right.
+    screen.x = 299 - screen.x;
+    ClientToScreen(mirrored, &screen);
+    ZCursor_X = screen.x, ZCursor_Y = screen.y;
+    EXPECT_EQ(controls.button.Select(EVENT_TEST), 1);
+    EXPECT_EQ(controls.box.Select(EVENT_TEST), 0);
+}
+
+/// A held window paints as any other, follows its size, and shows its picture again on demand.
+TEST(Hold, Shows_What_Members_And_Pairs_Paint) {
+    Test_Window plain(300, 120), held(300, 120);
+    Controls wanted(plain), controls(held);
+    const auto use = [](Controls& c, HWND window) {
+        c.Draw();
+        c.button.Value = 1, c.button.Adjust();
+        Begin_Draw(window, nullptr);
+        Current_Color = 0xFF;
+        Draw_Box(260, 90, 290, 60);
+        c.button.Value = 0, c.button.Adjust();
+        End_Draw();
+    };
+    plain.Point_At(0, 0);
+    const Picture picture = plain.After([&] { use(wanted, plain); });
+    held.Refill();
+    Begin_Hold(held);
+    held.Point_At(0, 0);
+    use(controls, held);
+    EXPECT_TRUE(Same(Picture(held), picture));
+    held.Refill();
+    const HDC dc = GetDC(held);
+    EXPECT_EQ(Show_Hold(held, dc, {0, 0, 300, 120}), 1);
+    EXPECT_TRUE(Same(Picture(held), picture));
+    held.Resize(200, 150);
+    EXPECT_EQ(Show_Hold(held, dc, {0, 0, 200, 150}), 0);
+    ReleaseDC(held, dc);
+    held.Refill();
+    Paint(held, {190, 199, 140, 149});
+    EXPECT_EQ(Picture(held).Painted(), (Area{190, 199, 140, 149}));
+    Begin_Hold(held), End_Hold(held), End_Hold(held), End_Hold(held);
+    Expect_Nothing_Taken();
+    EXPECT_EQ(Show_Hold(held, nullptr, {0, 0, 9, 9}), 0);
+}
+
+/// The picture of a held window goes with it, also when nobody ends the hold.
+TEST(Hold, Ends_With_The_Window) {
+    Test_Window other(60, 60);
+    const auto hold_and_go = [&] {
+        Test_Window window(300, 120);
+        Begin_Hold(window);
+        Controls controls(window);
+        controls.Draw();
+        Begin_Draw(window, nullptr);
+        window.Close();
+        Paint(window, {0, 9, 0, 9});
+        End_Draw();
+    };
+    hold_and_go(), Paint(other, {0, 9, 0, 9});
+    Begin_Batch(other), End_Batch();
+    const int objects = Gdi_Objects();
+    for (int i = 0; i < 20; ++i)
+        hold_and_go();
+    Begin_Batch(other), End_Batch();
+    EXPECT_EQ(Gdi_Objects(), objects);
+    Expect_Nothing_Taken();
+}
+
+/// Without memory for pictures the window itself is painted on, pixel for pixel the same.
+TEST(Surface, Needs_No_Memory) {
+    Test_Window window(300, 120);
+    Controls controls(window);
+    const Picture picture = window.After([&] { controls.Draw(); });
+    for (const bool held : {false, true}) {
+        for (const bool in_pair : {false, true}) {
+            Tools_Lib_Cleanup();
+            const Picture without = window.After([&] {
+                Call_Spy spy;
+                if (held) Begin_Hold(window);
+                if (in_pair) Begin_Draw(window, nullptr);
+                for (Tools* control :
+                     {static_cast<Tools*>(&controls.box), static_cast<Tools*>(&controls.button)}) {
+                    spy.Fail("CreateDIBSection");
+                    control == &controls.box ? controls.box.Draw() : controls.button.Draw();
+                }
+                if (in_pair) End_Draw();
+                if (held) End_Hold(window);
+            });
+            EXPECT_TRUE(Same(without, picture)) << held << in_pair;
+        }
+    }
+    Expect_Nothing_Taken();
+}
