@@ -6,6 +6,7 @@
 #include <windows.h>
 
 #include <cstdint>
+#include <utility>
 #include <vector>
 
 namespace galdren_test {
@@ -25,6 +26,13 @@ class Picture {
   public:
     /// Reads what `window` shows.
     explicit Picture(HWND window);
+    /// Takes rows from the top down.
+    Picture(int width, int height, std::vector<std::uint32_t> pixels)
+        : width_(width), height_(height), pixels_(std::move(pixels)) {}
+    int Width() const { return width_; }
+    int Height() const { return height_; }
+    /// Rows from the top down.
+    const std::vector<std::uint32_t>& Pixels() const { return pixels_; }
     /// The pixel at logical (x, y): y is 0 in the bottom row.
     std::uint32_t At(int x, int y) const;
     /// Smallest area that holds every pixel that is not loud.

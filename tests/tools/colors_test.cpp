@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <memory>
+
 #include "Galdren_Tools.h"
 
 namespace {
@@ -57,4 +59,12 @@ TEST(Colors, Arithmetic_Wraps_And_Truncates) {
     Expect_Channels(Colors(start) += 0.5F, 137, 147, 157, 40);
     Expect_Channels(Colors(start) += -0.5F, -117, -107, -97, 40);
     Expect_Channels(Colors(start) *= -0.19F, -1, -3, -5, 40);
+}
+
+TEST(Shading, Keeps_The_Alpha_Of_Its_Colour) {
+    Tools control;
+    control.Width = control.Height = 10, control.Border = 2;
+    const std::unique_ptr<unsigned long[]> pixels(control.Inside_3D(Colors(230, -40, 300, 77)));
+    ASSERT_TRUE(pixels);
+    EXPECT_EQ(pixels[22], 0x4D82009BUL) << "the darkest, at the top left within the border";
 }

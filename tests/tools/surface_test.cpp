@@ -170,16 +170,6 @@ TEST(Surface, Clips_To_A_Rectangle_Until_Reset) {
     }
 }
 
-TEST(Surface, May_Keep_Its_Context) {
-    Test_Window plain(300, 120), own(300, 120, CS_OWNDC);
-    Controls wanted(plain);
-    const Picture picture = plain.After([&] { wanted.Draw(); });
-    Controls controls(own);
-    EXPECT_TRUE(Same(own.After([&] { controls.Draw(); }), picture));
-    Paint(own, {0, 9, 0, 9});
-    EXPECT_TRUE(Same(own.After([&] { controls.Draw(); }), picture)) << "after the application drew";
-}
-
 TEST(Batch, Reaches_The_Window_At_Its_End_And_Equals_Plain_Painting) {
     Test_Window window(300, 120), other(60, 60);
     Controls controls(window);

@@ -6,15 +6,13 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/painter.h"
+#include "Galdren_Tools.h"
 #include "tests/support/spy.h"
 #include "tests/support/window.h"
 
 using namespace galdren_test;
 
 namespace {
-
-constexpr COLORREF Black = 0, Blue = RGB(64, 64, 230), Red = RGB(230, 100, 100), Yellow = RGB(255, 255, 0);
 
 /// "item 1", "item 2", ..., every fourth with a tab, ended by null or by an empty text.
 const char* const* Names(int count) {
@@ -37,78 +35,7 @@ void Point_At(const Test_Window& window, const CheckLists& list, int item, int x
     window.Point_At(list.Label[item].X + x, list.Label[item].Y + 7);
 }
 
-void Paint_Label(Painter& painter, const CheckLists& list, int item, COLORREF color) {
-    const Buttons& box = list.Check[item];
-    painter.Tabbed(list.Font, color, box.X + box.Width + SPACE, box.Y - 1, list.List[item]);
-}
-
-/// What `Draw` gives, followed by `Select` on the item `lit` if that is not negative.
-Picture Reference(Test_Window& window, const CheckLists& list, int lit = -1) {
-    return window.After([&] {
-        Painter painter(window);
-        painter.Clip(list);
-        if (!(list.Flag & 0x10)) painter.Box(list.Box, false);
-        for (int k = 0; k < list.Count; ++k) {
-            Buttons box = list.Check[k];
-            const bool blue = list.Flag & 0x20 || (list.Enabled && !list.Enabled[k]);
-            const int x0 = box.X, x1 = box.X + box.Width, y0 = box.Y, y1 = box.Y + box.Height;
-            box.Flag = blue ? 0x20 : 0;
-            Paint_Label(painter, list, k, blue ? Blue : Black);
-            painter.Button(box, false);
-            if (box.Value && !blue) painter.Fill(Yellow, x0 + 3, x1 - 2, y0 + 2, y1 - 3);
-            if (k != lit || blue) continue;
-            Paint_Label(painter, list, k, Red);
-            painter.Body(box, true, box.Cur_Graph_Select, 3, x0, x1, y0, y1);
-        }
-    });
-}
-
 }  // namespace
-
-TEST(Check_Lists, Lay_Items_Out_In_Columns) {
-    struct Row {
-        int count, height, border, line;
-        unsigned long flag;
-        int rows, column_width, x, y;  // of the first item
-    };
-    const Row table[] = {{10, 93, 0, 20, 0, 4, 100, 25, 116},  // 4, 4 and 2
-                         {10, 93, 0, -20, CHECKLIST_ONE_COLUMN, 10, 300, 25, 177},
-                         {10, 49, 0, 20, 0, 1, 30, 25, 64},
-                         {4, 10, 0, 20, 0, 1, 75, 25, 45},
-                         {500, 93, 0, 20, 0, 4, 2, 25, 116},
-                         {8, 93, -6, 20, 0, 3, 98, 28, 106}};
-    Test_Window window(400, 200);
-    CheckLists list;
-    for (const Row& row : table) {
-        Fill_In(list, row.count, row.flag);
-        list.Height = static_cast<short>(row.height), list.Border = static_cast<short>(row.border);
-        list.Line_Height = static_cast<short>(row.line);
-        list.Init(window);
-        ASSERT_EQ(list.Count, row.count);
-        const int side = list.Font_Height - 2;
-        for (int k = 0; k < row.count; ++k) {
-            const int x = row.x + k / row.rows * row.column_width, y = row.y - k % row.rows * 20;
-            const RECT label{x, y, x + row.column_width + 1, y + 21};
-            const RECT box{x + 1, y + 1, x + side + 2, y + side + 2};
-            EXPECT_TRUE(EqualRect(&list.Label[k].Rect, &label) && EqualRect(&list.Check[k].Rect, &box)) << k;
-        }
-    }
-    // A name takes a row of its own and, at the left, its width and a space.
-    Fill_In(list, 10);
-    list.Border = 0;
-    list.Init(window);
-    const POINT unnamed{list.Label[0].X, list.Label[0].Y};
-    Begin_Draw(window, nullptr);
-    const int shift = Text_Width(list.Font, "Name") + SPACE;
-    End_Draw();
-    list.Name = "Name", list.Height = static_cast<short>(list.Height + list.Font_Height + 6);
-    for (const unsigned long flag : {0UL, CHECKLIST_NAME_LEFT, CHECKLIST_NO_TITLE_ROW}) {
-        list.Flag = flag;
-        list.Init(window);
-        EXPECT_EQ(list.Label[0].X - unnamed.x, flag == CHECKLIST_NAME_LEFT ? shift : 0);
-        EXPECT_EQ(list.Label[0].Y == unnamed.y, flag != CHECKLIST_NO_TITLE_ROW);
-    }
-}
 
 TEST(Check_Lists, Show_Their_Value) {
     Test_Window window(400, 200);
@@ -143,55 +70,6 @@ TEST(Check_Lists, Show_Their_Value) {
         EXPECT_EQ(window.Changed([&] { list.Adjust(); }) != Nothing, row.drawn != row.after);
         EXPECT_EQ(checked(), row.after);
         EXPECT_EQ(list.Last_Value, row.drawn == row.after ? row.value : row.adjusted);
-    }
-}
-
-TEST(Check_Lists, Paint_What_Plain_Calls_Paint) {
-    constexpr unsigned char Enabled[] = {1, 1, 0, 1, 1, 1, 0, 1, 1, 1};
-    for (const int variant : {0, 1, 2, 3, 4, 5, 6, 7}) {
-        Test_Window window(variant & 1 ? 800 : 340, 200);
-        for (const unsigned long flag : {0x0UL, 0x4UL, 0x10UL, 0x20UL, 0x2100UL, CHECKLIST_SINGLE}) {
-            SCOPED_TRACE(testing::Message() << std::hex << flag << ", variant " << variant);
-            CheckLists list;
-            Fill_In(list, 10, flag);
-            list.Value = flag == CHECKLIST_SINGLE ? 4 : 0x1A5;
-            if (variant & 1) list.Enabled = Enabled, list.Name = "Name";
-            if (variant & 2) list.Clip_X = 60, list.Clip_Y = 40, list.Clip_Width = 90, list.Clip_Height = 60;
-            if (variant & 2) list.Font_Size = 0, list.Line_Height = 0;
-            list.Init(window);
-            const auto draw = [&] {
-                if (variant & 4) Begin_Batch(window);
-                list.Draw();
-                if (variant & 4) End_Batch();
-            };
-            for (const int item : {-1, 5, -1, 6, -1}) {
-                if (flag == 0x20 && item >= 0) continue;
-                item < 0 ? window.Point_At(0, 0) : Point_At(window, list, item);
-                const Picture drawn = window.After([&] { draw(), list.Select(EVENT_MOVE); });
-                EXPECT_TRUE(Same(drawn, Reference(window, list, item)));
-            }
-            if (flag == 0x20) {  // every box gets a full frame, whatever it was before
-                const Buttons& box = list.Check[5];
-                list.Flag = 0, list.Draw(), list.Flag = flag, draw();
-                list.Value ^= 3, list.Adjust();
-                EXPECT_TRUE(box.Flag == 0 && (variant & 2 || Picture(window).At(box.X, box.Y) == 0));
-                continue;
-            }
-            // The box of an item under the pointer becomes plain when another one changes.
-            Point_At(window, list, 5, 30);
-            const Picture adjusted = window.After([&] {
-                draw(), list.Select(EVENT_MOVE);
-                list.Value ^= 3;
-                list.Adjust();
-            });
-            const Picture wanted = window.After([&] {
-                draw();
-                Painter painter(window);
-                painter.Clip(list);
-                Paint_Label(painter, list, 5, Red);
-            });
-            EXPECT_TRUE(Same(adjusted, wanted));
-        }
     }
 }
 
@@ -275,7 +153,7 @@ TEST(Check_Lists, Without_Items_Are_Boxes) {
     list.Init(window);
     list.Set_Name("%s", "Another");  // shown after the next Init
     EXPECT_STREQ(list.Box.Name, "Name");
-    EXPECT_TRUE(Same(window.After([&] { list.Draw(); }), Reference(window, list)));
+    EXPECT_TRUE(Same(window.After([&] { list.Draw(); }), window.After([&] { list.Box.Draw(); })));
     list.List = nullptr;
     list.Init(window);
     EXPECT_EQ(reports.Take(),

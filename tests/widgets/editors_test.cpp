@@ -1,11 +1,10 @@
 #include <array>
 #include <limits>
 #include <memory>
-#include <sstream>
 #include <string>
 
+#include "Galdren_Tools.h"
 #include "Galdren_Util.h"
-#include "tests/support/painter.h"
 #include "tests/support/spy.h"
 #include "tests/support/window.h"
 
@@ -41,43 +40,6 @@ unsigned long Pack(int high, int middle, int low) {
     return 0xFF000000UL | static_cast<unsigned long>(high << 16 | middle << 8 | low);
 }
 
-/// Column `c` of a gradient over `w`: 0 rainbow, 1 to 3 red, green, blue, 4 grey, 5 white to red.
-unsigned long Gradient(int kind, int c, int w) {
-    const float k = 1.0F / static_cast<float>(w), at = static_cast<float>(c);
-    const int up = static_cast<int>(255 * at * k), down = static_cast<int>(255 - 255 * at * k);
-    float rgb[3];
-    HLS_to_RGB(at * k, 0.5F, 1, &rgb[0], &rgb[1], &rgb[2]);
-    if (kind == 5) return Pack(255, down, down);
-    if (kind) return Pack(kind % 3 == 1 ? up : 0, kind % 2 ? 0 : up, kind > 2 ? up : 0);
-    return Pack(static_cast<int>(rgb[0] * 255.0), static_cast<int>(rgb[1] * 255.0),
-                static_cast<int>(rgb[2] * 255.0));
-}
-
-template <class Editor>
-void Expect_Gradients(Editor& e) {
-    int channel = 0;
-    for (const Valuators* trough : Troughs(e)) {
-        const int kind = Is_Hue<Editor> ? 0 : e.Flag & HLS ? channel + (channel ? 3 : 0) : channel + 1;
-        for (int i = 0, w = trough->Width; i < w * trough->Height; ++i)
-            ASSERT_EQ(trough->Graph_Normal[i], Gradient(kind, i % w, w)) << trough->Name << ' ' << i;
-        ++channel;
-    }
-}
-
-/// Draws a control of its own in the place and the look of a part.
-template <class Control>
-void Draw_Alike(const Control& part, HWND window, float value = 0) {
-    Control alone;
-    alone.Flag = part.Flag, alone.Name = part.Name, alone.Color = part.Color, alone.Border = part.Border;
-    alone.X = part.X, alone.Y = part.Y, alone.Width = part.Width, alone.Height = part.Height;
-    alone.Font_Name = part.Font_Name, alone.Font_Size = part.Font_Size;
-    if (part.Graph_Normal) alone.Alloc_Graph_Normal(0);
-    if (part.Graph_Normal) std::copy_n(part.Graph_Normal, part.Width * part.Height, alone.Graph_Normal);
-    if constexpr (std::is_same_v<Control, Valuators>)
-        alone.Graph_Select = alone.Graph_Normal, alone.End_Val = 0.99F, alone.Val = value;
-    alone.Init(window), alone.Draw();
-}
-
 using Both = testing::Types<Hue_Edit, Color_Edit>;
 template <class Editor>
 class Any_Editor : public testing::Test {
@@ -99,85 +61,6 @@ TYPED_TEST(Any_Editor, Brings_Every_Channel_Value_Back) {
             const int all[] = {i / 64 % 256, Others[i % 8], Others[i / 8 % 8]}, at = i / (256 * 64);
             e.Value = Pack(all[at], all[(at + 1) % 3], all[(at + 2) % 3]);
             ASSERT_EQ(e.Read(), e.Value) << std::hex << e.Value;
-        }
-    }
-}
-
-TEST(Editors, Lay_Their_Parts_Out) {
-    Test_Window window(500, 200);
-    const auto places = [](std::initializer_list<const Tools*> parts) {
-        std::ostringstream text;
-        for (const Tools* t : parts)
-            text << t->X - Left << ' ' << t->Y - Bottom << ' ' << t->Width << 'x' << t->Height << ", ";
-        return text.str();
-    };
-    struct Row {
-        unsigned long flag;
-        int height, border;
-        const char* places;  // of the channels from the top down and the swatch; or of rainbow and swatch
-        int part_border;
-    };
-    const Row colors[] = {{0, 120, 3, "5 79 338x36, 5 42 338x35, 5 5 338x35, 345 5 50x110, ", 3},
-                          {Mode, 74, 0, "0 50 327x24, 0 25 327x23, 0 0 327x23, 329 0 50x74, ", 3},
-                          {Mode, 75, 3, "5 49 317x21, 5 27 317x20, 5 5 317x20, 324 5 50x65, ", 3},
-                          {0, 12, -9, "0 8 348x4, 0 4 348x2, 0 0 348x2, 350 0 50x12, ", 9}};
-    for (const Row& row : colors) {
-        Sample<Color_Edit> e(row.flag, 400, row.height, row.border);
-        e.Init(window);
-        EXPECT_EQ(places({&e.Chan_1, &e.Chan_2, &e.Chan_3, &e.Swatch}), row.places);
-        EXPECT_EQ(e.Chan_2.Border * 100 + e.Mode_Button.Width, row.part_border * 100 + (row.flag ? 19 : 0));
-        EXPECT_EQ(e.Mode_Button.X, row.flag ? e.Swatch.X + 52 : 0);
-        const int height = e.Swatch.Height;
-        e.Name = "name", e.Init(window);
-        Begin_Draw(window, nullptr);
-        EXPECT_EQ(e.Swatch.Height, height - (row.border > 0 ? 3 + Text_Height(e.Font) : 0));
-        End_Draw();
-    }
-    const Row hues[] = {{0, 40, 5, "4 4 340x32, 346 4 50x32, ", 2},
-                        {0, 40, 0, "0 0 344x40, 346 0 50x40, ", 2},
-                        {0, 4, -1, "0 0 344x4, 346 0 50x4, ", 1}};
-    for (const Row& row : hues) {
-        Sample<Hue_Edit> e(row.flag, 400, row.height, row.border);
-        e.Value = 0, e.Init(window);
-        EXPECT_EQ(e.Value, 0xFF0000FF);
-        EXPECT_EQ(places({&e.Hue, &e.Swatch}), row.places);
-        EXPECT_EQ(e.Swatch.Border * 100 + e.Hue.Border, row.part_border * 101);
-    }
-}
-
-TYPED_TEST(Any_Editor, Is_Painted_As_Its_Parts_Are) {
-    Test_Window& window = this->window;
-    window.Point_At(0, 0);
-    for (const unsigned long flag : {0x0UL, HLS | Mode, 0x20UL, 0x30UL | Mode, 0x21UL, 0x2UL}) {
-        for (const int border : {0, 1, 4}) {
-            SCOPED_TRACE(testing::Message() << std::hex << flag << ", " << border);
-            Sample<TypeParam> e(flag, 320, 90, border);
-            e.Name = "Some colour", e.Color = Colors(90, 200, 120);
-            for (const int other : {80, 0}) {
-                e.Width = static_cast<short>(320 - other), e.Flag = other ? flag ^ HLS : flag;
-                e.Init(window);
-                if (!(flag & FLAG_NO_BODY)) Expect_Gradients(e);
-            }
-            e.Value = 0xFF20C0E0;
-            const Picture ours = window.After([&] { e.Draw(); });
-            const Picture plain = window.After([&] {
-                for (const bool at_start : {true, false}) {
-                    constexpr bool hue = Is_Hue<TypeParam>;
-                    if (at_start ? hue || !(flag & FLAG_OUTLINE) : !hue && flag & FLAG_NO_BODY) continue;
-                    hue && !border ? e.Frame.Clear() : Draw_Alike(e.Frame, window);
-                    for (const Valuators* trough : Troughs(e))
-                        Draw_Alike(*trough, window, at_start ? 0 : trough->Val);
-                    Draw_Alike(e.Swatch, window);
-                    if constexpr (!hue)
-                        if (flag & Mode) Draw_Alike(e.Mode_Button, window);
-                }
-            });
-            EXPECT_TRUE(Same(ours, plain));
-            const bool swatch = !(flag & 0x11) && (Is_Hue<TypeParam> || border);
-            EXPECT_EQ(ours.At(e.Swatch.X + 25, e.Swatch.Y + 9) == 0xE0C020, swatch);
-            if (flag & (FLAG_STATIC | FLAG_PASSIVE | FLAG_OUTLINE)) continue;
-            const Picture adjusted = window.After([&] { e.Draw(), e.Value = 0xFFFF8040, e.Adjust(); });
-            EXPECT_TRUE(Same(adjusted, window.After([&] { e.Draw(); })));
         }
     }
 }

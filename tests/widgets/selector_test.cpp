@@ -1,7 +1,7 @@
 #include <memory>
 #include <string>
 
-#include "tests/support/painter.h"
+#include "Galdren_Tools.h"
 #include "tests/support/spy.h"
 #include "tests/support/window.h"
 
@@ -28,32 +28,6 @@ struct Five : Selects {
             Item[i]->Flag = (Item[i]->Flag & ~FLAG_PASSIVE) | (skipped >> i & 1 ? FLAG_PASSIVE : 0);
     }
 };
-
-void Paint_Plain(Painter& painter, const Selects& s, bool lit) {
-    const Tools& value = s.Value_Box;
-    const int b = s.Border ? s.Border : BORDER;
-    const bool outline = s.Flag & FLAG_OUTLINE;
-    painter.Clip(s);
-    if (outline) {
-        painter.Frame(RGB(64, 64, 230), s.X + 1, s.Y + s.Height - 1, s.X + s.Width - 1, s.Y + 1);
-        painter.Text(s.Font, s.Name, s.Flag, {s.X, s.Y, value.Width - 2 * b - 2, s.Height}, s.Border);
-    } else {
-        if (!(s.Flag & SELECTOR_NO_FRAME)) painter.Box(s.Frame, false);
-        if (lit)
-            painter.Body(s, true, s.Frame.Cur_Graph_Select, b + 1, s.X, s.X + s.Width, s.Y, s.Y + s.Height);
-        const int width = s.Width - (s.Flag & 0x4000 ? value.Width + 2 * b + 2 : 0);
-        const unsigned long flags = (s.Flag & ~0x4UL) | (s.Flag & 0x500 ? 0 : 0x200);
-        painter.Text(s.Font, s.Name, flags, {s.X, s.Y, width, s.Height}, s.Border);
-        const int first = s.Flag & 0x4 ? 2 : 0;
-        for (const int direction : {first, first + 1})
-            painter.Arrow(direction, 0, s.Arrow_Size, value.X, value.Width, value.Y, value.Height);
-    }
-    if (s.Nb_Item == 0) return;
-    Buttons& item = *s.Item[s.Current];
-    const unsigned long flags = std::exchange(item.Flag, item.Flag | (outline ? FLAG_OUTLINE : 0));
-    painter.Button(item, lit);
-    item.Flag = flags;
-}
 
 }  // namespace
 
@@ -106,81 +80,6 @@ TEST(Selectors, Scroll_Past_An_End_To_The_Other) {
     EXPECT_EQ(window.Changed([&] { s.Adjust(), s.Draw(); }), Nothing);
     s.Grow(0, 0);
     EXPECT_EQ(s.Scroll(1), 0);
-}
-
-TEST(Selectors, Lay_Out_Value_And_Item_Beside_The_Caption) {
-    Test_Window window(300, 200);
-    Five measured(0, 10, 10);
-    measured.Init(window);
-    Begin_Draw(window, nullptr);
-    const int tw = Text_Width(measured.Font, "Caption"), th = Text_Height(measured.Font);
-    End_Draw();
-    struct Row {
-        unsigned long flag;
-        const char* name;
-        short value_width, border, width, height, arrow;
-        Area value, item;  // from the selector's corner
-    };
-    const Row table[] = {
-        {0, nullptr, 0, 0, 60, 20, 14, {5, 55, 5, 15}, {24, 36, 5, 15}},
-        {FLAG_VERTICAL, nullptr, 0, 0, 60, 90, 29, {5, 55, 5, 85}, {5, 55, 39, 51}},
-        {0, "Caption", 0, 1, 160, 40, 40, {4, 156, 4, 36 - th}, {48, 112, 4, 36 - th}},
-        {0x2000, "Caption", 0, 6, 160, 30, 30, {tw + 16, 152, 8, 22}, {tw + 54, 114, 8, 22}},
-        {0x4000, "Caption", 0, -7, 160, 30, 30, {4, 152 - tw, 4, 26}, {38, 118 - tw, 4, 26}},
-        {0x4000, "Caption", 90, 0, 160, 30, 30, {60, 150, 5, 25}, {95, 115, 5, 25}},
-        {0, nullptr, -9, 0, 60, 20, 14, {59, 59, 5, 15}, {78, 78, 5, 15}},
-        {0, nullptr, 0, 0, 8, 8, -12, {5, 5, 5, 5}, {-2, 12, 5, 5}},
-    };
-    for (const Row& row : table) {
-        SCOPED_TRACE(&row - table);
-        Five s(row.flag, row.width, row.height, row.name);
-        s.Value_Width = row.value_width, s.Border = row.border, s.Current = 5;
-        s.Init(window);
-        const auto from_corner = [](const Tools& t) {
-            return Area{t.X - Left, t.X - Left + t.Width, t.Y - Bottom, t.Y - Bottom + t.Height};
-        };
-        EXPECT_EQ(s.Arrow_Size, row.arrow);
-        EXPECT_EQ(from_corner(s.Value_Box), row.value);
-        EXPECT_EQ(from_corner(*s.Item[4]), row.item);
-        EXPECT_EQ(s.Current, 0);
-    }
-}
-
-TEST(Selectors, Look_As_Their_Bits_Say) {
-    Test_Window window(300, 140);
-    for (const unsigned long flag : {0x0UL, 0x4UL, 0x8UL, 0x10UL, 0x20UL, 0x24UL, 0x30UL, 0x100UL, 0x2100UL,
-                                     0x4400UL, 0x4020UL, 0x6UL, 0x48UL}) {
-        for (const int variant : {0, 1, 2, 3}) {
-            SCOPED_TRACE(testing::Message() << std::hex << flag << ", " << variant);
-            Five s(flag, 210, 90, variant == 1 ? nullptr : "Some & caption");
-            s.Current = static_cast<short>(variant), s.Arrow_Size = 20;
-            if (variant == 1) s.Border = 6, s.Color = Colors(90, 200, 120);
-            if (variant == 2) s.Clip_X = 60, s.Clip_Y = 40, s.Clip_Width = 120, s.Clip_Height = 70;
-            if (variant == 3) s.Value_Width = 120, s.Grow(0, 0);
-            s.Init(window);
-            const auto shows = [&](bool lit, auto&& paint) {
-                return Same(window.After(paint), window.After([&] {
-                    Painter painter(window);
-                    Paint_Plain(painter, s, lit);
-                }));
-            };
-            EXPECT_TRUE(shows(false, [&] { s.Draw(); }));
-            if (s.Nb_Item) {
-                EXPECT_FALSE(s.Item[s.Current]->Flag & FLAG_OUTLINE);
-            }
-            if (flag & (FLAG_OUTLINE | FLAG_STATIC | FLAG_PASSIVE | SELECTOR_NO_FRAME)) continue;
-            window.Point_At(s.Value_Box.X + s.Value_Box.Width / 2, s.Value_Box.Y + s.Value_Box.Height / 2);
-            EXPECT_TRUE(shows(true, [&] { s.Draw(), s.Select(EVENT_MOVE); }));
-            window.Point_At(0, 0);
-            EXPECT_TRUE(shows(false, [&] { s.Draw(), s.Deselect(); }));
-        }
-    }
-    // An outline leaves its caption no room where the width equals the placement bit.
-    Five wide(FLAG_OUTLINE | FLAG_STATIC | FLAG_TEXT_RIGHT, 0x4000, 60, "Caption");
-    wide.Init(window);
-    const Picture captioned = window.After([&] { wide.Draw(); });
-    wide.Name = nullptr;
-    EXPECT_TRUE(Same(captioned, window.After([&] { wide.Draw(); })));
 }
 
 TEST(Selectors, Repaint_When_The_Highlight_Changes) {

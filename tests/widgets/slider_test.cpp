@@ -2,7 +2,7 @@
 #include <limits>
 #include <string>
 
-#include "tests/support/painter.h"
+#include "Galdren_Tools.h"
 #include "tests/support/spy.h"
 #include "tests/support/window.h"
 
@@ -10,7 +10,6 @@ using namespace galdren_test;
 
 namespace {
 
-constexpr COLORREF Grey = RGB(110, 110, 110), Light = RGB(216, 216, 216), Black = 0, Blue = RGB(64, 64, 230);
 constexpr short Left = 30, Bottom = 20;
 
 /// A bar from 0 to 100, or back when it is reversed, ready but for `Init`.
@@ -33,157 +32,7 @@ void Point_Along(const Test_Window& window, const Tools& bar, int distance) {
     window.Point_At(bar.X + (upright ? 3 : distance), bar.Y + (upright ? distance : 3));
 }
 
-template <class Bar>
-int Offset(const Bar& bar, int track) {
-    const float part = (bar.Val - bar.Start_Val) / (bar.End_Val - bar.Start_Val);
-    return static_cast<int>(std::floor(part * static_cast<float>(track) + 0.5F));
-}
-
-void Bend(Painter& p, COLORREF color, POINT a, POINT b, POINT c) {
-    p.Line(color, a.x, a.y, b.x, b.y);
-    p.Line(color, b.x, b.y, c.x, c.y);
-}
-
-/// A thumb between two corners, without the padlock of a locked one. The groove of a scroll bar lies on the
-/// edges, that of a valuator under them.
-template <class Bar>
-void Thumb(Painter& p, const Bar& bar, int x0, int y0, int x1, int y1) {
-    constexpr bool scroll_bar = std::is_same_v<Bar, Sliders>;
-    const bool upright = bar.Flag & FLAG_VERTICAL, locked = !scroll_bar && bar.Flag & VALUATOR_LOCKED;
-    const int half = bar.Curs_Half;
-    const auto groove = [&](COLORREF color, int shift, int less) {
-        const int at = half + (upright ? -shift : shift);
-        upright ? p.Line(color, x0 + 1, y0 + at, x1 - less, y0 + at)
-                : p.Line(color, x0 + at, y0 + 1, x0 + at, y1 - less);
-    };
-    const auto shadow = [&] { Bend(p, Black, {x0 + 2, y0 + 1}, {x1 - 1, y0 + 1}, {x1 - 1, y1 - 1}); };
-    p.Fill(locked ? Light : Grey, x0 + 1, x1, y0, upright && !locked ? y1 : y1 - 1);
-    if (locked) p.Frame(Blue, x0 + 1, y1 - 1, x1 - 1, y0 + 1);
-    if (!locked) groove(Light, upright, upright);
-    if (!locked && !scroll_bar) groove(Black, upright ? 0 : -1, 0), shadow();
-    Bend(p, Light, {x0, y0}, {x0, y1}, {upright || scroll_bar ? x1 - 1 : x1, y1});
-    Bend(p, Black, {x0 + 1, y0}, {x1, y0}, {x1, y1});
-    if (scroll_bar) shadow(), groove(Black, upright ? 0 : -1, !upright);
-}
-
-void Paint_Plain(Painter& p, const Sliders& s, bool adjusted) {
-    const int x = s.X, y = s.Y, w = s.Width, h = s.Height, b = s.Border;
-    const bool upright = s.Flag & FLAG_VERTICAL;
-    const int length = upright ? h : w, thick = upright ? w : h;
-    const int arrow = s.Arrow_Dim ? s.Arrow_Dim : std::min(thick, length / 2 - 16);
-    const bool lit = s.Select_State == 1;
-    if (adjusted) p.Body(s, lit, s.Cur_Graph_Select, b + 2, x, x + w, y, y + h);
-    if (!adjusted) p.Fill(s.Color.get(), x, x + w, y, y + h);
-    p.Cadre(s, true, true, b <= 1 ? 1 : 2, x, x + w, y, y + h);
-    for (const int end : {0, 1})
-        p.Arrow((upright ? 2 : 0) + end, b + 2, arrow, x, w, y, h);
-    if (length < 2 * thick) return;
-    const int at = b + thick + Offset(s, length - 2 * (s.Curs_Half + b + thick)), size = 2 * s.Curs_Half - 1;
-    if (upright) return Thumb(p, s, x + b + 2, y + at + 1, x + w - b - 2, y + at + 1 + size);
-    Thumb(p, s, x + at, y + b + 2, x + at + size, y + h - b - 2);
-}
-
-void Paint_Plain(Painter& p, const Valuators& v, bool adjusted) {
-    const int x = v.X, y = v.Y, w = v.Width, h = v.Height, n = v.Num_Width, half = v.Curs_Half;
-    const int b = v.Border ? v.Border : BORDER, i = b + (v.Format ? 2 : 0);
-    const bool upright = v.Flag & FLAG_VERTICAL, framed = v.Format && v.Border;
-    if (!adjusted) p.Fill(v.Color.get(), x, x + w, y, y + h);
-    if (!adjusted || !v.Format) p.Cadre(v, true, true, adjusted ? v.Border : b, x, x + w, y, y + h);
-    if (v.Format) {
-        char text[64];
-        std::snprintf(text, sizeof text, v.Format, double{v.Val});
-        if (adjusted) p.Fill(v.Color.get(), x + w - n - b - 1, x + w - b - 1, y + b + 1, y + h - b - 1);
-        p.Text(v.Font, text, 0, {x + w - n - b - 1, y, n, h}, v.Border);
-        if (adjusted && !framed) p.Cadre(v, true, true, b, x, x + w, y, y + h);
-    }
-    if (framed) p.Cadre(v, true, true, 1, x + b + 1, x + w - n - b - 1, y + b + 1, y + h - b - 1);
-    const int inset = b + (framed ? 3 : 1);
-    if (adjusted) p.Body(v, v.Select_State == 1, v.Cur_Graph_Select, inset, x, x + w - n, y, y + h);
-    p.Text(v.Font, v.Name, v.Flag, {x, y, w - n, h}, v.Border);
-    const int at = i + Offset(v, (upright ? h : w - n) - 2 * half - 2 * b), size = 2 * half - 1;
-    if (upright) return Thumb(p, v, x + i, y + at, x + w - i, y + at + size);
-    Thumb(p, v, x + at, y + i, x + at + size, y + h - i);
-}
-
-/// Initialises and draws a bar, adjusts it, lights it up and adjusts it again, and compares each picture
-/// with the plain one, after `mask` has covered what the plain one lacks.
-template <class Bar, class Mask>
-void Expect_Plain(Test_Window& window, Bar& bar, Mask mask) {
-    window.Point_At(0, 0);
-    bar.Init(window);
-    for (const int pass : {0, 1, 2}) {
-        SCOPED_TRACE(pass);
-        if (pass == 2) Point_Along(window, bar, 3), bar.Select(EVENT_MOVE);
-        const auto reference = [&] {
-            Painter painter(window);
-            painter.Clip(bar);
-            Paint_Plain(painter, bar, pass > 0);
-            mask();
-        };
-        const Picture ours = window.After([&] { pass ? bar.Adjust() : bar.Draw(), mask(); });
-        EXPECT_TRUE(Same(ours, window.After(reference)));
-    }
-}
-
 }  // namespace
-
-TEST(Sliders, Look_As_Plain_Lines_Do) {
-    Test_Window window(300, 260);
-    for (const unsigned long flag : {0UL, FLAG_VERTICAL, 0UL | SLIDER_REVERSED}) {
-        for (const int variant : {0, 1, 2, 3}) {
-            SCOPED_TRACE(testing::Message() << std::hex << flag << ", " << variant);
-            Sample<Sliders> s(flag, variant == 3 ? 36 : 201, variant == 2 ? 31 : 19,
-                              variant == 1 ? 0 : 37.5F);
-            if (variant == 1) s.Border = 3, s.Curs_Half = 25, s.Color = Colors(240, 90, 10);
-            if (variant == 2) s.Arrow_Dim = 12, s.Clip_X = 35, s.Clip_Width = 140, s.Clip_Height = 90;
-            Expect_Plain(window, s, [] {});
-        }
-    }
-}
-
-TEST(Valuators, Look_As_Plain_Lines_Do) {
-    Test_Window window(300, 260);
-    for (const unsigned long flag : {0UL, FLAG_VERTICAL, FLAG_TEXT_LEFT | SLIDER_REVERSED}) {
-        for (short variant = 0; variant < 5; ++variant) {
-            SCOPED_TRACE(testing::Message() << std::hex << flag << ", " << variant);
-            Sample<Valuators> v(flag, 203, 16 + 4 * variant);
-            v.Name = variant == 3 ? nullptr : "Trough";
-            v.Border = variant % 3, v.Curs_Half = static_cast<short>(10 * variant);
-            if (variant != 1) v.Format = "%.1f m", v.Num_Width = 48;
-            if (variant == 2) v.Clip_X = 35, v.Clip_Y = 24, v.Clip_Width = 240, v.Clip_Height = 120;
-            Expect_Plain(window, v, [] {});
-        }
-    }
-}
-
-TEST(Valuators, Show_The_Padlock_That_Fits) {
-    Test_Window window(300, 260);
-    // Upright, thickness, size of the padlock.
-    const int table[][3] = {{0, 19, 16}, {0, 18, 10}, {0, 13, 10}, {0, 12, 8},
-                            {0, 11, 8},  {0, 10, 0},  {1, 40, 16}};
-    for (const auto& [upright, thickness, size] : table) {
-        SCOPED_TRACE(thickness);
-        Sample<Valuators> v(upright ? FLAG_VERTICAL : 0, 203, thickness);
-        v.Border = 1;
-        v.Lock(5);
-        v.Init(window);
-        const int at = 1 + Offset(v, 169), k = size / 2;
-        const int left = Left + (upright ? 1 : at) + 16 - k;
-        const int top = Bottom + (upright ? at + 15 : thickness / 2) + k - 1;
-        // The frame of the thumb may cover the outermost rows.
-        const Picture shown = window.After([&] { v.Draw(); });
-        int sum = 0;
-        for (int row = 2; row < size - 2; ++row) {
-            for (int column = 0; column < size; ++column)
-                sum += static_cast<int>(shown.At(left + column, top - row) & 0xFF) * (row + 1) * (column + 1);
-        }
-        EXPECT_EQ(sum, size == 16 ? 1319438 : size == 10 ? 171221 : size == 8 ? 66465 : 0);
-        Expect_Plain(window, v, [&, side = size] {
-            Painter painter(window);
-            painter.Fill(Light, left, left + side, top - side, top);
-        });
-    }
-}
 
 TEST(Sliders, Know_The_Value_Of_Every_Position) {
     Test_Window window(300, 260);

@@ -2,7 +2,7 @@
 #include <random>
 #include <string>
 
-#include "tests/support/painter.h"
+#include "Galdren_Tools.h"
 #include "tests/support/spy.h"
 #include "tests/support/window.h"
 
@@ -10,8 +10,6 @@ using namespace galdren_test;
 
 namespace {
 
-constexpr COLORREF White = RGB(255, 255, 255), Light = RGB(216, 216, 216), Dark = RGB(110, 110, 110);
-constexpr COLORREF Blue = RGB(64, 64, 230), Grey = RGB(170, 170, 170), Black = 0;
 constexpr short Left = 30, Bottom = 25;
 
 void Place(Tools& control, int width, int height, unsigned long flag) {
@@ -31,100 +29,7 @@ struct Row : Tabs {
     void Turn(int front) { Value = static_cast<short>(front); }
 };
 
-void Connect(Painter& p, COLORREF color, std::initializer_list<POINT> points) {
-    for (auto to = points.begin() + 1; to != points.end(); ++to)
-        p.Line(color, to[-1].x, to[-1].y, to->x, to->y);
-}
-
-COLORREF Body_Color(const TabItems& t, bool lit) {
-    Colors color = t.Color;
-    color -= t.Value && !(t.Flag & 0x20) ? Colors() : Colors(20, 20, 20);
-    return lit ? RGB(t.Value ? 230 : 210, 100, 100) : color.get() & 0xFFFFFF;
-}
-
-void Paint_Body(Painter& p, const TabItems& t, bool lit) {
-    const int s = t.Slant, x0 = t.X + s, x1 = t.X + t.Width - s, y0 = t.Y, y1 = t.Y + t.Height;
-    const int ym = (y0 + y1) / 2, right = t.Shape & 0xF, left = t.Shape & 0xF0;
-    const COLORREF color = Body_Color(t, lit), page = t.Color.get() & 0xFFFFFF;
-    const POINT right_wing{right ? x1 + s - 2 : x1 + s / 2 - 2, right ? y0 + 2 : ym};
-    const POINT left_wing{left ? x0 - s + 2 : x0 - s / 2 + 2, left ? y0 + 2 : ym};
-    const POINT a{left ? x0 - s : x0 - s + s / 2, left_wing.y};
-    const POINT b{right ? x1 + s : x1 + s - s / 2, right_wing.y};
-    p.Fill(color, x0 + 1, x1 - 1, y0 + 1, y1 - 2);
-    p.Polygon_Of(color, {{x1 - 1, y1 - 2}, right_wing, {x1 - 1, y0 + 2}});
-    p.Polygon_Of(color, {{x0, y0 + 2}, left_wing, {x0 + 1, y1 - 2}});
-    p.Line(White, x0 + 1, y1 - 2, x1 - 1, y1 - 2);
-    p.Line(Light, x0 + 1, y1 - 3, x1 - 1, y1 - 3);
-    p.Polygon_Of(White, {a, {a.x + 2, left ? y0 + 1 : ym}, {x0 + 2, left ? y1 - 3 : y1 - 2}, {x0, y1 - 2}});
-    p.Line(Black, a.x, a.y, x0, y1 - 1);
-    p.Polygon_Of(Dark, {{x1, y1 - 2}, {x1 - 2, right ? y1 - 3 : y1 - 2}, {b.x - 2, right ? y0 + 1 : ym}, b});
-    p.Line(Black, x1, y1 - 1, b.x, b.y);
-    if (!t.Value) return;
-    p.Line(page, x0 - s + 1, y0 + 1, x1 + s + 1, y0 + 1);
-    p.Line(page, x0 - s + 1, y0, x1 + s + 2, y0);
-    p.Line(page, x0 - s, y0 - 1, x1 + s + 3, y0 - 1);
-    p.Line(White, x0 - s + 1, y0 + 1, x0 - s + 1, y0 - 1);
-}
-
-/// @param edged  else the body alone
-void Paint_Plain(Painter& p, const TabItems& t, bool lit, bool edged = true) {
-    const int s = t.Slant, x0 = t.X, x1 = t.X + t.Width, y0 = t.Y, y1 = t.Y + t.Height;
-    const POINT a{x0, y0 + 1}, b{x0 + s, y1 - 1}, c{x1 - s, y1 - 1}, d{x1, y0 + 1};
-    const bool outline = t.Flag & 0x20, front = t.Value && !outline;
-    p.Clip(t);
-    if (outline) p.Polygon_Of(Body_Color(t, false), {a, b, c, d});
-    if (edged) Connect(p, outline ? Blue : Black, {a, b, c, d});
-    if (edged && !front) p.Line(Black, d.x, d.y, a.x, a.y);
-    if (edged) p.Line(front ? Grey : White, x1, y0, x0, y0);
-    if (edged) p.Line(front ? Grey : Light, x1, y0 - 1, x0, y0 - 1);
-    if (!(t.Flag & 0x30)) Paint_Body(p, t, lit && !(t.Flag & 0x2));
-    const unsigned long flags = outline ? t.Flag : (t.Flag & ~0x40000UL) | (t.Value ? 0x40000 : 0);
-    p.Text(t.Font, t.Name, flags, {t.X, t.Y, t.Width, t.Height}, t.Border);
-}
-
 }  // namespace
-
-TEST(Tab_Items, Look_As_Plain_Lines_Do) {
-    Test_Window window(180, 90);
-    constexpr short slants[] = {7, 8, 30, 0, 3, 47};
-    for (const unsigned long flag : {0x0UL, 0x2UL, 0x10UL, 0x20UL, 0x40200UL}) {
-        for (int i = 0; i < 30; ++i) {
-            SCOPED_TRACE(testing::Message() << std::hex << flag << ' ' << i);
-            const int variant = i % 6;
-            TabItems t;
-            Place(t, 100 - variant, 40 - 4 * variant, flag);
-            t.Shape = std::initializer_list<short>{0x00, 0x01, 0x10, 0x11, 0x2F0}.begin()[i / 6];
-            t.Value = static_cast<short>(variant % 2), t.Slant = slants[variant];
-            if (variant == 1) t.Clip_X = 40, t.Clip_Width = 60, t.Clip_Height = 50;
-            if (variant == 2) t.Color = Colors(250, 9, 90), t.Name = nullptr;
-            if (flag & FLAG_OUTLINE) t.Color = Colors(15, 25, 300);
-            t.Init(window);
-            for (const bool lit : {false, true}) {
-                const auto plain = [&](bool as_lit, bool edged = true) {
-                    return window.After([&] {
-                        Painter painter(window);
-                        Paint_Plain(painter, t, as_lit, edged);
-                    });
-                };
-                window.Point_At(lit ? t.X : t.X - 1, t.Y);
-                EXPECT_TRUE(Same(window.After([&] { t.Draw(), t.Adjust(); }), plain(lit)));
-                if (flag & 0x30) continue;
-                const short hover = flag & FLAG_PASSIVE ? 0 : lit ? 1 : 2;
-                EXPECT_TRUE(Same(window.After([&] { t.Last_Value = 99, t.Adjust(); }), plain(lit)));
-                EXPECT_TRUE(Same(window.After([&] { t.Deselect(); }), plain(false, false)));
-                EXPECT_EQ(t.Hover, hover);
-                // Hover before; the event does not count.
-                for (const short before : {short{0}, short{1}, short{2}}) {
-                    t.Hover = before;
-                    const Picture got =
-                        window.After([&] { EXPECT_EQ(t.Select(EVENT_TEST), lit && !(flag & FLAG_PASSIVE)); });
-                    EXPECT_TRUE(
-                        Same(got, before == hover && hover ? window.After([] {}) : plain(lit, false)));
-                }
-            }
-        }
-    }
-}
 
 TEST(Tab_Items, Show_Images_Of_The_Size_That_Init_Saw) {
     Test_Window window(260, 90);
@@ -151,59 +56,6 @@ TEST(Tab_Items, Show_Images_Of_The_Size_That_Init_Saw) {
     t.Flag |= FLAG_STATIC, t.Init(window), t.Flag &= ~FLAG_STATIC, t.Init(window), t.Draw();
     t.Width = 100, t.Init(window), expect(t, 0x200000);
     expect(copy, 0x100000);
-}
-
-TEST(Tab_Sets, Lay_Out_Their_Tabs) {
-    // Tabs, width, height; slant, width of a tab, width and distance of the last.
-    const int table[][7] = {{3, 300, 40, 10, 90, 92, 184}, {1, 300, 43, 10, 252, 252, 24},
-                            {20, 800, 26, 6, 43, 49, 727}, {2, 60, 40, 10, 11, 11, 25},
-                            {9, 48, 40, 10, 8, 16, 8},     {400, 300, 40, 10, 10, 252, 24}};
-    Test_Window window(900, 90);
-    for (const auto& [count, width, height, slant, tab_width, last_width, distance] : table) {
-        SCOPED_TRACE(count);
-        Row s(count, width, height, FLAG_STATIC);
-        const TabItems& last = *s.Item[count - 1];
-        s.Turn(count - 1), s.Item[0]->Color = Colors(1, 2, 3), s.Init(window);
-        EXPECT_EQ(s.Slant * 1000 + s.Tab_Width, slant * 1000 + tab_width);
-        EXPECT_EQ(last.Width * 1000 + last.X - Left, last_width * 1000 + distance);
-        EXPECT_EQ(last.Value * 1000 + last.Slant, 1000 + slant);
-        EXPECT_EQ(s.Item[0]->Color.get() + last.Flag + s.Box.Flag, 0x030201u + 0x50 + 0x12);
-    }
-}
-
-TEST(Tab_Sets, Look_As_Plain_Lines_Do) {
-    Test_Window window(420, 120);
-    for (const int count : {1, 3, 7}) {
-        for (int i = 0; i < 3 * (count + 2); ++i) {
-            const int front = i / 3 - 1, lit = i % 3 == 2 ? -1 : i % 3 * (count / 2);
-            SCOPED_TRACE(testing::Message() << count << ' ' << front << ' ' << lit);
-            Row s(count, 350, 30);
-            s.Clip_Width = 5;  // of the page alone
-            s.Item[count - 1]->Color = Colors(10, 200, 90);
-            s.Turn(front), s.Init(window);
-            window.Point_At(lit < 0 ? 0 : s.Item[lit]->X + s.Tab_Width / 2, s.Y + 9);
-            const Picture drawn = window.After([&] { s.Draw(); });
-            const Picture plain = window.After([&] {
-                Painter p(window);
-                for (int k = count - 1; k >= 0; --k) {
-                    const bool to_left = front < count && k == front - 1;
-                    EXPECT_EQ(s.Item[k]->Shape, k == front ? 17 : (k == 0 ? 16 : 0) | (to_left ? 0 : 1));
-                    EXPECT_EQ(s.Item[k]->Value, k == front);
-                    EXPECT_EQ(s.Item[k]->Hover, k == front ? 0 : k == lit ? 1 : 2);
-                    if (k != front) Paint_Plain(p, *s.Item[k], k == lit);
-                }
-                if (front >= 0 && front < count) Paint_Plain(p, *s.Item[front], front == lit);
-            });
-            EXPECT_TRUE(Same(drawn, plain));
-            // Any other front from here: the same picture as if all were painted.
-            for (int next = -1; next < count; ++next) {
-                const Picture adjusted =
-                    window.After([&] { s.Turn(front), s.Draw(), s.Turn(next), s.Adjust(); });
-                const Picture all = window.After([&] { s.Turn(front), s.Draw(), s.Turn(next), s.Draw(); });
-                EXPECT_TRUE(Same(adjusted, all)) << next;
-            }
-        }
-    }
 }
 
 /// A tab that lights up paints over the end of its neighbour.
@@ -255,29 +107,6 @@ TEST(Tab_Sets, Follow_The_Pointer) {
         EXPECT_EQ(window.Changed([&] { s.Select(EVENT_MOVE); }), passive);
         window.Point_At(0, 0);
         EXPECT_EQ(window.Changed([&] { EXPECT_EQ(s.Select(EVENT_MOVE), 0); }) != passive, lit != 0);
-    }
-}
-
-TEST(Tab_Sets, Paint_The_Page_Below) {
-    Test_Window window(420, 160);
-    Row s(3, 300, 40);
-    s.Y = 90, s.Tab_Height = 110, s.Item[1]->Color = Colors(90, 300, -4), s.Init(window);
-    for (const int height : {0, 70}) {
-        s.Turn(height ? 7 : 1), s.Clip_X = 100, s.Clip_Width = height ? 0 : 200, s.Clip_Height = 140;
-        const int x = s.X, y = s.Y, right = x + 300, top = y + 40 - (height ? height : 110), c = 24;
-        const Picture wanted = window.After([&] {
-            Painter p(window);
-            p.Clip(s);
-            p.Polygon_Of(height ? Grey : RGB(90, 255, 0),
-                         {{x, y - 2}, {x, top}, {right, top}, {right, y - 2}});
-            for (const int i : {1, 2, 0}) {
-                const COLORREF side = i == 0 ? Black : i == 1 ? White : Light;
-                Connect(p, side, {{x + c, y + 1 - i}, {x + i, y + 1 - i}, {x + i, top + i}});
-                Connect(p, i ? Dark : Black, {{x + i, top + i}, {right - i, top + i}});
-                Connect(p, side, {{right - i, top + i}, {right - i, y + 1 - i}, {right - c, y + 1 - i}});
-            }
-        });
-        EXPECT_TRUE(Same(window.After([&] { s.Page(height); }), wanted));
     }
 }
 

@@ -4,7 +4,7 @@
 #include <random>
 #include <string>
 
-#include "tests/support/painter.h"
+#include "Galdren_Tools.h"
 #include "tests/support/spy.h"
 #include "tests/support/window.h"
 
@@ -237,72 +237,6 @@ TEST(Texts, Go_On_With_A_Drag_After_A_Repaint) {
     field.Draw();
     field.window.Point_At(5, 235);
     EXPECT_EQ(field.Select(EVENT_DRAG | EVENT_LEFT), 1) << "the bar has kept the pointer";
-}
-
-TEST(Texts, Write_Runs_In_Their_Colours_And_Fonts) {
-    Field field;
-    field.Input(Escape_Key);
-    field.Write("one");
-    field.Write(
-        "n\x01"
-        "b\xF1"
-        "old\t\x04r\xF2i\xF0\x05y\x06g\x03w");
-    const Picture shown = field.window.After([&] { field.Draw(); });
-    const Picture wanted = field.window.After([&] {
-        Painter painter(field.window);
-        painter.Fill(field.Color.get(), 30, 230, 40, 160);
-        painter.Cadre(field, true, true, BORDER, 30, 230, 40, 160);
-        const int x = 30 + BORDER + 3, y = 40 + BORDER;
-        painter.Tabbed(field.Font, 0, x, y + field.Line_Height, "one");
-        struct Run {
-            HFONT font;
-            COLORREF color;
-            const char* text;
-        };
-        int at = x;
-        for (const Run& run :
-             {Run{field.Font, 0, "n"}, Run{field.Font, RGB(0, 0, 255), "b"},
-              Run{field.Bold_Font, RGB(0, 0, 255), "old\t"}, Run{field.Bold_Font, RGB(255, 0, 0), "r"},
-              Run{field.Oblique_Font, RGB(255, 0, 0), "i"}, Run{field.Font, RGB(255, 255, 0), "y"},
-              Run{field.Font, RGB(0, 160, 0), "g"}, Run{field.Font, RGB(255, 255, 255), "w"}}) {
-            painter.Tabbed(run.font, run.color, at, y, run.text);
-            Begin_Draw(field.window, nullptr);
-            at += Text_Width(run.font, run.text);
-            End_Draw();
-        }
-        EXPECT_EQ(field.Line_Width[0], at - x);
-    });
-    EXPECT_TRUE(Same(shown, wanted));
-}
-
-TEST(Texts, Show_The_Caret_Where_The_Next_Character_Goes) {
-    for (const unsigned long flag : {0UL, TEXT_PASSWORD}) {
-        Field field(TEXT_SINGLE_LINE | flag, 120, 24);
-        field.window.Point_At(90, 50);
-        field.Select(EVENT_MOVE);
-        const auto caret = [&] {
-            const Picture picture(field.window);
-            int x = 0;
-            while (x < 300 && picture.At(x, 40 + BORDER + 2) != 0xFFFF00)
-                ++x;
-            return x;
-        };
-        const auto expected = [&](const char* shown) {
-            Begin_Draw(field.window, nullptr);
-            const int width = Text_Width(field.Bold_Font, shown);
-            End_Draw();
-            return 30 + BORDER + width + 3;
-        };
-        field.Type("abc");
-        EXPECT_EQ(caret(), expected(flag ? "###" : "abc"));
-        field.Input(Left_Key);
-        EXPECT_EQ(caret(), expected(flag ? "##" : "ab"));
-        field.Type(std::string(200, 'w'));
-        EXPECT_LT(caret(), 150 - BORDER) << "the end of a long line";
-        field.window.Point_At(5, 5);
-        EXPECT_EQ(field.Select(EVENT_MOVE), 0);
-        EXPECT_EQ(caret(), 300) << "the pointer has left";
-    }
 }
 
 TEST(Texts, Show_The_Input_Line_Only_While_They_Read) {
