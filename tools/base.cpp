@@ -1,11 +1,13 @@
 #include "tools/base.h"
 
+#include <atomic>
 #include <tuple>
 
 #include "tools/context.h"
 #include "tools/dimensions.h"
 #include "tools/font.h"
 #include "tools/font_cache.h"
+#include "tools/placements.h"
 #include "tools/region.h"
 #include "tools/sharing.h"
 #include "util/error.h"
@@ -31,6 +33,8 @@ Region_Pool& Regions() {
     return *regions;
 }
 
+std::atomic<unsigned> Placements{0};
+
 void Renew_Region(Tools& control) {
     const Area area = Area_Of(control);
     const Corners wanted{area.left, area.bottom, area.right, area.top};
@@ -47,7 +51,10 @@ void Renew_Region(Tools& control) {
 
 const char* Name_Of(const Tools& control) { return control.Name ? control.Name : "(null)"; }
 
-void Share_Region(HRGN region) { Share(Thing::Region, region); }
+void Share_Region(HRGN region) {
+    Share(Thing::Region, region);
+    ++Placements;  // a copy has its rectangle without `Bind`
+}
 
 void Release_Region(HRGN region) {
     if (Regions().Release(region)) DeleteObject(region);
@@ -86,7 +93,9 @@ void Bind(Tools& control, HWND window) {
     control.Window = window;
     Renew_Region(control);
     const Area area = Area_Of(control);
+    const RECT before = control.Rect;
     control.Rect = {area.left, area.bottom, area.right + 1, area.top + 1};
+    if (!EqualRect(&control.Rect, &before)) ++Placements;
 }
 
 void Renew_Font(Tools& control) {
@@ -141,3 +150,5 @@ bool Pointer_Inside(const Tools& control) {
 }
 
 }  // namespace galdren
+
+unsigned Tools_Placements() { return galdren::Placements; }
