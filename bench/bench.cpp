@@ -111,6 +111,8 @@ std::string Format_Target(const Row& row) {
             return "<= " + limit;
         case Target::Kind::At_Least:
             return ">= " + limit;
+        case Target::Kind::Beyond_Native:
+            return "native + " + limit;
         case Target::Kind::Of_Native:
             break;
     }
@@ -128,6 +130,8 @@ bool Reaches(const Result& result, Target::Kind kind, double limit) {
             return result.ours.median <= limit;
         case Target::Kind::At_Least:
             return result.ours.median >= limit;
+        case Target::Kind::Beyond_Native:
+            return result.native && result.ours.median - result.native->median <= limit;
         case Target::Kind::Of_Native:
             break;
     }

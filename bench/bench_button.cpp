@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "footprint.h"
-#include "host/host.h"
 #include "scene.h"
 #include "support/call_counter.h"
 
@@ -253,73 +252,6 @@ Result Calls_By_Select() {
     return {bench::Repeat(count_one_move), {}};
 }
 
-/// Our side driven by a host.
-class Hosted_Side {
-  public:
-    Hosted_Side()
-        : stage([this](UINT message, WPARAM wparam, LPARAM lparam, LRESULT& result) {
-              return host && host->Message(message, wparam, lparam, result);
-          }) {
-        host = std::make_unique<Host>(stage.Get());
-        Put_Pointer(stage, Gap);
-        for (Buttons& button : buttons.Get())
-            host->Add(button);
-        host->Init_All();
-        stage.Raise();
-        stage.Repaint();
-        Move(0);
-        Require(buttons.Get()[Middle_Button].Hover == 1, "the pointer is not in the button");
-    }
-    const Stage& Window() const { return stage; }
-
-    void Move(int step) {
-        const POINT client = In_Middle_Button(step);
-        LRESULT result = 0;
-        Require(host->Message(WM_MOUSEMOVE, 0, MAKELPARAM(client.x, client.y), result),
-                "the host leaves the message to others");
-    }
-
-  private:
-    Button_Set buttons;
-    std::unique_ptr<Host> host;
-    Stage stage;  // the last, so that its messages end before the host does
-};
-
-constexpr int Host_Moves = 200;
-
-Result Pointer_Move_By_Host() {
-    Hosted_Side ours;
-    return {bench::Time({[&] {
-                             for (int i = 0; i < Host_Moves; ++i)
-                                 ours.Move(i);
-                         },
-                         Host_Moves}),
-            {}};
-}
-
-/// The message takes the road through the queue of the thread.
-void Post_Move(HWND window, POINT client) {
-    PostMessageA(window, WM_MOUSEMOVE, 0, MAKELPARAM(client.x, client.y));
-    MSG message;
-    Require(PeekMessageA(&message, window, WM_MOUSEMOVE, WM_MOUSEMOVE, PM_REMOVE), "the message is lost");
-    DispatchMessageA(&message);
-}
-
-Result Pointer_Move_Posted() {
-    Hosted_Side ours;
-    Native_Side native;
-    return Compare({[&] {
-                        for (int i = 0; i < Host_Moves; ++i)
-                            Post_Move(ours.Window().Get(), In_Middle_Button(i));
-                    },
-                    Host_Moves},
-                   {[&] {
-                        for (int i = 0; i < Host_Moves; ++i)
-                            Post_Move(native.Get()[Middle_Button], {40 + i % 2, 12});
-                    },
-                    Host_Moves});
-}
-
 Result First_Init() {
     Stage stage;
     std::unique_ptr<Button_Set> ours;
@@ -415,8 +347,6 @@ const bench::Register rows[] = {
     bench::Register({"button: value changed, calls alone", "us", No_Target(), Change_Of_Value<Until::Drawn>}),
     bench::Register({"button: pointer move, Select of one", "us", At_Most(0.5), Pointer_Move_By_Select}),
     bench::Register({"button: pointer move, paint calls of 200", "calls", At_Most(0), Calls_By_Select}),
-    bench::Register({"button: pointer move in a host of 200", "us", At_Most(2), Pointer_Move_By_Host}),
-    bench::Register({"button: the same, as a posted message", "us", No_Target(), Pointer_Move_Posted}),
     bench::Register({"button: first Init of 200", "us", Of_Native(0.05), First_Init}),
     bench::Register({"button: Init with nothing changed", "us", At_Most(1), Init_Again}),
     bench::Register({"button: GDI objects, each", "objects", At_Most(1), Objects_Each}),
