@@ -155,8 +155,9 @@ void Require_All_Painted(const Stage& stage) {
     }
 }
 
-/// Where a repetition ends: when the calls have returned, or when the display has what they drew.
-enum class Until { Drawn, On_Display };
+/// Where a repetition ends: when the calls have returned, or when the display has what they drew, of all
+/// steps together or of each.
+enum class Until { Drawn, On_Display, Each_On_Display };
 
 /// Paints `count` buttons of a stage.
 Work Paint_All(const Stage& stage, Until until, int count, std::function<void()> paint) {
@@ -177,16 +178,23 @@ Result Repaint() {
                    Paint_All(native.Window(), until, Count, [&] { native.Window().Repaint(); }));
 }
 
-void Set_Values(Button_Set& set, bool down) {
+void Follow(Until until) {
+    if (until == Until::Each_On_Display) bench::Flush();
+}
+
+void Set_Values(Button_Set& set, bool down, Until until) {
     for (Buttons& button : set.Get()) {
         button.Value = down;
         button.Adjust();
+        Follow(until);
     }
 }
 
-void Set_Values(const std::vector<HWND>& windows, bool down) {
-    for (HWND window : windows)
+void Set_Values(const std::vector<HWND>& windows, bool down, Until until) {
+    for (HWND window : windows) {
         SendMessageA(window, BM_SETSTATE, down, 0);
+        Follow(until);
+    }
 }
 
 /// Going down and coming up must change the frame of the last button.
@@ -196,18 +204,17 @@ void Require_Visible(const Stage& stage, Side& side) {
     const POINT corner = Place(Count - 1);
     for (bool down : {true, false}) {
         const COLORREF before = stage.Pixel(corner.x + 1, corner.y + 1);
-        Set_Values(side, down);
+        Set_Values(side, down, Until::Drawn);
         Require(stage.Pixel(corner.x + 1, corner.y + 1) != before, "the changed value does not show");
     }
 }
 
-/// One button after the other goes down, and then up; the display follows once at the end, as after a
-/// message.
+/// One button after the other goes down, and then up.
 template <class Side>
 Work Change_All(const Stage& stage, Until until, Side& side) {
-    return Paint_All(stage, until, 2 * Count, [&side] {
-        Set_Values(side, true);
-        Set_Values(side, false);
+    return Paint_All(stage, until, 2 * Count, [&side, until] {
+        Set_Values(side, true, until);
+        Set_Values(side, false, until);
     });
 }
 
@@ -344,6 +351,8 @@ const bench::Register rows[] = {
                      Repaint<Painting::One_By_One, Until::Drawn>}),
     bench::Register(
         {"button: value changed, on display", "us", Of_Native(0.3), Change_Of_Value<Until::On_Display>}),
+    bench::Register({"button: value changed, each on display", "us", No_Target(),
+                     Change_Of_Value<Until::Each_On_Display>}),
     bench::Register({"button: value changed, calls alone", "us", No_Target(), Change_Of_Value<Until::Drawn>}),
     bench::Register({"button: pointer move, Select of one", "us", At_Most(0.5), Pointer_Move_By_Select}),
     bench::Register({"button: pointer move, paint calls of 200", "calls", At_Most(0), Calls_By_Select}),

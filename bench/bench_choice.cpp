@@ -151,11 +151,12 @@ Result Step_By_Press() {
                          4 * Months_In_Year, shown);
 }
 
+template <Shown shown>
 Result Step_By_Wheel() {
     Our_Side<Selects> ours(Fill_Selector);
     Native_Name native;
     return Compare_Steps({ours.Window(), Selector_Place, Name_Pixels, [&](int) { ours.Get().Scroll(-1); }},
-                         native.Change(), 4 * Months_In_Year, Shown::Together);
+                         native.Change(), 4 * Months_In_Year, shown);
 }
 
 using bench::No_Target;
@@ -173,7 +174,10 @@ const bench::Register rows[] = {
         {"selector: step by a press, on display", "us", Of_Native(0.5), Step_By_Press<Shown::Together>}),
     bench::Register(
         {"selector: step by a press, each on display", "us", No_Target(), Step_By_Press<Shown::One_By_One>}),
-    bench::Register({"selector: step by the wheel, on display", "us", Of_Native(0.5), Step_By_Wheel}),
+    bench::Register(
+        {"selector: step by the wheel, on display", "us", Of_Native(0.5), Step_By_Wheel<Shown::Together>}),
+    bench::Register({"selector: step by the wheel, each on display", "us", No_Target(),
+                     Step_By_Wheel<Shown::One_By_One>}),
 };
 
 }  // namespace
