@@ -13,6 +13,7 @@ using bench::Back_And_Forth;
 using bench::Compare_Steps;
 using bench::Native_Side;
 using bench::Our_Side;
+using bench::Painting;
 using bench::Require;
 using bench::Result;
 using bench::Shown;
@@ -89,9 +90,9 @@ class Native_Scroll_Bar : public Native_Side {
     void Move_To(int distance) const { SetScrollPos(Get().Get(), SB_CTL, Nearest + distance, TRUE); }
 };
 
-template <Shown shown>
+template <Shown shown, Painting painting = Painting::In_Batch>
 Result Slider_Drag() {
-    Our_Side<Sliders> ours(Fill_Slider);
+    Our_Side<Sliders> ours(Fill_Slider, painting);
     Native_Scroll_Bar native;
     return Compare_Steps(Drag_Ours(ours, Slider_Place),
                          {native.Window(), Slider_Place, Thumb_Edges,
@@ -99,9 +100,9 @@ Result Slider_Drag() {
                          2 * Way, shown);
 }
 
-template <Shown shown>
+template <Shown shown, Painting painting = Painting::In_Batch>
 Result Valuator_Drag() {
-    Our_Side<Valuators> ours(Fill_Valuator);
+    Our_Side<Valuators> ours(Fill_Valuator, painting);
     bench::Native_Trackbar native(Valuator_Place);
     native.Move_To(Nearest);
     return Compare_Steps(Drag_Ours(ours, Valuator_Place),
@@ -175,12 +176,16 @@ using bench::Of_Native;
 const bench::Register rows[] = {
     bench::Register(
         {"slider: step of a drag, on display", "us", Of_Native(0.6), Slider_Drag<Shown::Together>}),
+    bench::Register({"slider: step of a drag, held, on display", "us", Of_Native(0.6),
+                     Slider_Drag<Shown::Together, Painting::Held>}),
     bench::Register(
         {"slider: step of a drag, each on display", "us", No_Target(), Slider_Drag<Shown::One_By_One>}),
     bench::Register({"slider: memory, each", "bytes", No_Target(), Memory_Each<Sliders, Fill_Slider>}),
     bench::Register({"slider: Read", "us", At_Most(1), Read_Value<Sliders, Fill_Slider>}),
     bench::Register(
         {"valuator: step of a drag, on display", "us", Of_Native(0.2), Valuator_Drag<Shown::Together>}),
+    bench::Register({"valuator: step of a drag, held, on display", "us", Of_Native(0.2),
+                     Valuator_Drag<Shown::Together, Painting::Held>}),
     bench::Register(
         {"valuator: step of a drag, each on display", "us", No_Target(), Valuator_Drag<Shown::One_By_One>}),
     bench::Register(

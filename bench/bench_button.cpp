@@ -89,7 +89,8 @@ class Our_Side {
   public:
     explicit Our_Side(Painting painting)
         : way(painting),
-          stage([this](UINT message, WPARAM, LPARAM, LRESULT& result) { return Handle(message, result); }) {
+          stage([this](UINT message, WPARAM, LPARAM, LRESULT& result) { return Handle(message, result); }),
+          held(stage, painting) {
         Put_Pointer(stage, Gap);
         buttons.Init(stage.Get());
         stage.Raise();
@@ -108,6 +109,7 @@ class Our_Side {
     Painting way;
     Button_Set buttons;
     Stage stage;
+    bench::Held_Window held;
 };
 
 std::vector<HWND> Create_Native_Buttons(HWND parent) {
@@ -218,9 +220,9 @@ Work Change_All(const Stage& stage, Until until, Side& side) {
     });
 }
 
-template <Until until>
+template <Until until, Painting way = Painting::In_Batch>
 Result Change_Of_Value() {
-    Our_Side ours(Painting::In_Batch);
+    Our_Side ours(way);
     Native_Side native;
     Require_Visible(ours.Window(), ours.Set());
     Require_Visible(native.Window(), native.Get());
@@ -351,6 +353,8 @@ const bench::Register rows[] = {
                      Repaint<Painting::One_By_One, Until::Drawn>}),
     bench::Register(
         {"button: value changed, on display", "us", Of_Native(0.3), Change_Of_Value<Until::On_Display>}),
+    bench::Register({"button: value changed, held, on display", "us", Of_Native(0.3),
+                     Change_Of_Value<Until::On_Display, Painting::Held>}),
     bench::Register({"button: value changed, each on display", "us", No_Target(),
                      Change_Of_Value<Until::Each_On_Display>}),
     bench::Register({"button: value changed, calls alone", "us", No_Target(), Change_Of_Value<Until::Drawn>}),

@@ -91,6 +91,7 @@ class Our_Side {
         Require(host->Message(WM_MOUSEMOVE, 0, MAKELPARAM(client.x, client.y), result),
                 "the host leaves the message to others");
     }
+    void Hold() { host->Hold(); }
     /// Has each button go a pixel up, or back.
     void Shift(bool up) {
         for (Buttons& button : buttons)
@@ -266,6 +267,51 @@ Result Small_Repaint() {
     return Compare(Repaint_Part(ours.Window(), area), Repaint_Part(native.Window(), area));
 }
 
+/// A picture of a window with buttons, painted by its WM_PAINT in one copy.
+class Native_Picture {
+  public:
+    explicit Native_Picture(const Stage& shown) : dc(CreateCompatibleDC(nullptr)) {
+        const HDC source = GetDC(shown.Get());
+        bitmap = CreateCompatibleBitmap(source, Stage::Width, Stage::Height);
+        before = SelectObject(dc, bitmap);
+        BitBlt(dc, 0, 0, Stage::Width, Stage::Height, source, 0, 0, SRCCOPY);
+        ReleaseDC(shown.Get(), source);
+    }
+    ~Native_Picture() {
+        SelectObject(dc, before);
+        DeleteObject(bitmap);
+        DeleteDC(dc);
+    }
+    Native_Picture(const Native_Picture&) = delete;
+    Native_Picture& operator=(const Native_Picture&) = delete;
+
+    void Show(HDC target) const { BitBlt(target, 0, 0, Stage::Width, Stage::Height, dc, 0, 0, SRCCOPY); }
+
+  private:
+    HDC dc;
+    HBITMAP bitmap;
+    HGDIOBJ before;
+};
+
+/// Beside a window whose WM_PAINT is one copy.
+Result Held_Repaint() {
+    Our_Side ours(Hundreds);
+    ours.Hold();
+    const Native_Picture picture(ours.Window());
+    Painted_Stage native([&](HDC target) { picture.Show(target); });
+    const RECT all{0, 0, Stage::Width, Stage::Height};
+    bench::Require_Repainted(ours.Window(), &all, 1);
+    bench::Require_Repainted(native.Window(), &all, 1);
+    const auto repaint = [](const Stage& stage) {
+        return Work{[&stage] {
+                        stage.Repaint();
+                        bench::Flush();
+                    },
+                    1, [&stage] { stage.Raise(); }};
+    };
+    return Compare(repaint(ours.Window()), repaint(native.Window()));
+}
+
 /// Makes the window a pixel higher or as it was, and has it painted.
 void Resize(const Stage& stage, bool higher) {
     SetWindowPos(stage.Get(), nullptr, 0, 0, Stage::Width, Stage::Height + higher,
@@ -343,6 +389,7 @@ const Register rows[] = {
     Register({"host: pointer move, as a posted message", "us", No_Target(), Pointer_Moves_Posted}),
     Register({"host: 2 x 2 repainted among 20,000", "us", Beyond_Native(20), Small_Repaint<Ten_Thousands>}),
     Register({"host: 2 x 2 repainted in a chain of 640", "us", At_Most(1000), Small_Repaint<Chain>}),
+    Register({"host: 200 repainted, held, on display", "us", Of_Native(1.3), Held_Repaint}),
     Register({"host: resized by a pixel, on display", "us", Of_Native(1.3), Resized}),
     Register({"host: a button made, added, Init", "us", At_Most(0.6), Made_And_Added}),
 };

@@ -50,6 +50,7 @@ class Paint_Scope {
     ~Paint_Scope() { EndPaint(window, &paint); }
     Paint_Scope(const Paint_Scope&) = delete;
     Paint_Scope& operator=(const Paint_Scope&) = delete;
+    HDC Context() const { return paint.hdc; }
     const RECT& Area() const { return paint.rcPaint; }
 
   private:
@@ -158,11 +159,22 @@ int Typed(UINT message, WPARAM wparam, int code) {
 
 }  // namespace
 
-Host::~Host() = default;
+Host::~Host() {
+    if (holds) End_Hold(window);
+}
 
-void Host::Set_Background(Colors color) { background = color; }
+void Host::Hold() {
+    if (!std::exchange(holds, true)) Begin_Hold(window);
+    stale = true;
+}
+
+void Host::Set_Background(Colors color) {
+    background = color;
+    stale = true;
+}
 
 void Host::Set_On_Paint(std::function<void()> draw) {
+    stale = true;
     on_paint = std::make_shared<const std::function<void()>>(std::move(draw));
 }
 
@@ -172,14 +184,15 @@ void Host::Set_On_Key(std::function<bool(int)> take) {
 
 /// Has all that is known of the entries worked out anew.
 void Host::Forget_Entries() {
+    stale = true;
     numbers.clear();
     numbered = 0;
     noted.clear();
 }
 
 void Host::Remove(const Tools& control) {
-    std::erase_if(entries, [&](const Entry& entry) { return entry.control == &control; });
-    Forget_Entries();
+    const auto is_wanted = [&](const Entry& entry) { return entry.control == &control; };
+    if (std::erase_if(entries, is_wanted) > 0) Forget_Entries();
     if (current == &control) current = nullptr;
     if (focused == &control) focused = nullptr;
     if (wheel_control == &control) wheel_control = nullptr;
@@ -194,13 +207,32 @@ void Host::Clear() {
 }
 
 void Host::Init_All() {
+    stale = true;
     for (const Entry& entry : entries)
         entry.calls->init(*entry.control, window);
 }
 
-void Host::Refresh(const Tools& control) const {
+void Host::Refresh(const Tools& control) {
     const RECT area = Flip(control.Rect, Client_Area(window).bottom);
     InvalidateRect(window, &area, FALSE);
+    if (holds && !Is_Empty(control.Rect)) Mark(control.Rect);
+}
+
+void Host::Refresh() {
+    stale = true;
+    InvalidateRect(window, nullptr, FALSE);
+}
+
+/// Notes a part that is to be painted anew. Those that meet are painted as one, and so are many.
+void Host::Mark(const RECT& area) {
+    constexpr std::size_t Most_Marks = 16;
+    for (RECT& mark : marked) {
+        if (!Meet(mark, area) && marked.size() < Most_Marks) continue;
+        const RECT before = mark;
+        UnionRect(&mark, &before, &area);
+        return;
+    }
+    marked.push_back(area);
 }
 
 bool Host::Message(UINT message, WPARAM wparam, LPARAM lparam, LRESULT& result) {
@@ -220,7 +252,14 @@ bool Host::Message(UINT message, WPARAM wparam, LPARAM lparam, LRESULT& result) 
             return true;
         case WM_SIZE:
             // The origin is at the bottom: a new height moves everything.
-            InvalidateRect(window, nullptr, FALSE);
+            Refresh();
+            return false;
+        case WM_DISPLAYCHANGE:
+        case WM_SETTINGCHANGE:
+            stale = true;  // text may look otherwise from now on
+            return false;
+        case WM_NCDESTROY:
+            if (std::exchange(holds, false)) End_Hold(window);
             return false;
         case WM_MOUSEMOVE:
             return On_Move(wparam, Position_Of(lparam)) && taken(0);
@@ -524,8 +563,44 @@ bool Host::On_Key(UINT message, WPARAM wparam, LPARAM lparam) {
 
 void Host::Paint() {
     const Paint_Scope paint(window);
-    const RECT area = Flip(paint.Area(), Client_Area(window).bottom);
-    if (!IsRectEmpty(&area)) Paint_Area(area);
+    if (IsRectEmpty(&paint.Area())) return;
+    if (holds) {
+        Paint_Held(paint.Context(), paint.Area());
+    } else {
+        Paint_Area(Flip(paint.Area(), Client_Area(window).bottom));
+    }
+}
+
+/// Paints what has changed, and shows a part of the picture, in pixels of the client area with y downward.
+/// The callbacks that paint may resize the window or change the host, which is then painted again.
+void Host::Paint_Held(HDC target, const RECT& area) {
+    const RECT client = Client_Area(window);
+    const bool resized = !Same(std::exchange(held_client, client), client);
+    if (std::exchange(stale, false) || resized) {
+        marked.clear();
+        Paint_Area(client);
+        // Without a picture all of this is on the window, but nowhere else.
+        if (!Show_Hold(window, target, RECT{})) stale = true;
+        return;
+    }
+    const RECT wanted = Flip(area, client.bottom);
+    const RECT painted = Paint_Marked();
+    RECT both{};
+    UnionRect(&both, &painted, &wanted);
+    if (Same(both, painted) || Show_Hold(window, target, area)) return;
+    stale = true;
+    Paint_Area(wanted);
+}
+
+/// Paints what is marked.
+/// @return an area that was painted
+RECT Host::Paint_Marked() {
+    if (marked.empty()) return {};
+    const Batch_Scope batch(window);
+    RECT painted{};
+    for (const RECT& area : std::exchange(marked, {}))
+        painted = Paint_Area(area);
+    return painted;
 }
 
 /// Paints a part of the client area anew, in logical pixels with the lower y in `top`. What is painted twice
@@ -533,19 +608,21 @@ void Host::Paint() {
 /// may be painted over those above it. So controls that reach out of the area are painted whole, with all
 /// that they meet; or if these go on and on, each as far as it is in the area, which takes longer for one
 /// control.
-void Host::Paint_Area(RECT area) {
+/// @return what has been painted
+RECT Host::Paint_Area(RECT area) {
     const bool clips = !Grow_To_Controls(area);
     const Batch_Scope batch(window, Flip(area, Client_Area(window).bottom), background);
     Paint_Ground(area);
     std::optional<Clip_Scope> clip;
     if (clips) clip.emplace(window, area);
     for (const std::size_t number : Painted_In(area)) {
-        if (number >= entries.size()) return;  // a control removed some
+        if (number >= entries.size()) break;  // a control removed some
         Tools& control = *entries[number].control;
         // Only the control that has the pointer may light up, whatever lies above or beside it.
         const Pointer_Scope shown(&control == current ? pointer : Nowhere);
         entries[number].calls->draw(control);
     }
+    return area;
 }
 
 /// Grows an area until it holds the controls that meet it.

@@ -41,6 +41,14 @@ class Host {
     Host(const Host&) = delete;
     Host& operator=(const Host&) = delete;
 
+    /// Has the library keep a picture of the window, until the host goes: from then on WM_PAINT is one copy,
+    /// and only what changed is painted before. The application promises that the window changes in no other
+    /// way than by members of controls, which paint into the picture, and by this host: what somebody else
+    /// paints is lost, and what the application's own drawing would show otherwise now has to be told with
+    /// `Refresh`. A new size, and every change of the host (another control, background or drawing), has the
+    /// next WM_PAINT paint everything. Without memory for the picture the window is painted as before.
+    void Hold();
+
     /// Colour behind the controls; grey (170, 170, 170) until it is set. Takes effect with the next paint.
     void Set_Background(Colors color);
 
@@ -61,6 +69,7 @@ class Host {
         if (on_press || on_change)
             handlers = std::make_shared<Handlers_For<Control>>(std::move(on_press), std::move(on_change));
         entries.push_back({&control, &class_calls<Control>, std::move(handlers)});
+        stale = true;
     }
 
     /// Forgets a control; one that was never added is ignored. What it painted stays until the next paint.
@@ -73,7 +82,9 @@ class Host {
 
     /// Has the rectangle of `control` painted anew with the next WM_PAINT: background, and every control
     /// that meets it. For changes that the control cannot show alone, such as another text of a label.
-    void Refresh(const Tools& control) const;
+    void Refresh(const Tools& control);
+    /// Has the whole window painted anew with the next WM_PAINT.
+    void Refresh();
 
     /// The control that has the pointer: the topmost one under it, or the one pressed while a button is held;
     /// null when there is none.
@@ -195,6 +206,7 @@ class Host {
     static inline constexpr Class_Calls class_calls = Make_Calls<Control>();
 
     void Forget_Entries();
+    void Mark(const RECT& area);
     const Entry* Find(const Tools* control) const;
     std::size_t Number_Of(const Entry& entry) const {
         return static_cast<std::size_t>(&entry - entries.data());
@@ -227,13 +239,19 @@ class Host {
     bool On_Key(UINT message, WPARAM wparam, LPARAM lparam);
 
     void Paint();
-    void Paint_Area(RECT area);
+    void Paint_Held(HDC target, const RECT& area);
+    RECT Paint_Marked();
+    RECT Paint_Area(RECT area);
     bool Grow_To_Controls(RECT& area) const;
     std::vector<std::size_t> Painted_In(const RECT& area) const;
     void Paint_Ground(const RECT& area) const;
 
     HWND window;
     Colors background{170, 170, 170};
+    bool holds = false;        // see `Hold`
+    bool stale = true;         // the picture held is to be painted anew
+    RECT held_client{};        // the client area of which it is
+    std::vector<RECT> marked;  // parts of it that are to be painted anew, in logical pixels
     std::shared_ptr<const std::function<void()>> on_paint;
     std::shared_ptr<const std::function<bool(int)>> on_key;
     std::vector<Entry> entries;

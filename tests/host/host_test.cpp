@@ -570,16 +570,80 @@ TEST(Host_Paint_Test, A_Part_Painted_Anew_Looks_As_Before) {
     };
     paint({0, 0, side, side});
     const Picture whole(window);
-    for (const bool in_batch : {false, true}) {
+    for (const char* where : {"window", "batch", "picture held"}) {
+        const bool in_batch = where[0] == 'b';
+        if (where[0] == 'p') host.Hold();
         for (int i = 0; i < 100; ++i) {
             const int left = Random(side), top = Random(side);
-            // In a batch all counts that anybody paints.
+            // In a batch and in a picture that is held all counts that anybody paints.
             if (in_batch) Begin_Batch(window);
+            host.Refresh(buttons[static_cast<std::size_t>(Random(60))]);
             paint({left, top, left + 1 + Random(30), top + 1 + Random(30)});
             if (in_batch) End_Batch();
         }
-        EXPECT_TRUE(Same(Picture(window), whole)) << in_batch;
+        EXPECT_TRUE(Same(Picture(window), whole)) << where;
     }
+}
+
+TEST_F(Host_Test, A_Picture_Held_Is_Painted_Where_It_Changed) {
+    constexpr std::uint32_t other_ground = 0x204060;
+    const std::string all = "a draw b draw";
+    const auto paint_all = [this] { return Paint(0, 0, client_width - 1, client_height - 1); };
+    paint_all();
+    host->Hold();
+    EXPECT_EQ(Paint(0, 0, 1, 1), all) << "the first picture";
+    window.Refill();
+    EXPECT_EQ(Paint(0, 0, 70, 70), "");
+    const Area copied{0, 70, 0, 70};
+    EXPECT_EQ(Picture(window).Painted(), copied) << "copied, as far as it was to be painted";
+    host->Refresh(a);
+    EXPECT_EQ(Paint(150, 80, 151, 81), "a draw") << "wherever the update rectangle is";
+    EXPECT_EQ(Paint(150, 80, 151, 81), "");
+    host->Refresh(a), host->Refresh(b), host->Refresh(a);
+    EXPECT_EQ(paint_all(), all);
+    EXPECT_EQ(Send(WM_MOUSEMOVE, 0, 20, 20) + Paint(0, 0, 9, 9), "a0+") << "members paint into the picture";
+
+    Recorder c{log, 'c', 10, 50, 50, 30};
+    const auto remove_c = [&] { host->Remove(c); };
+    const std::function<void()> changes[] = {
+        [&] { host->Refresh(a), host->Refresh(); },
+        [&] { host->Set_Background(Colors(0x20, 0x40, 0x60)); },
+        [&] { host->Set_On_Paint({}); },
+        [&] { host->Add(c), host->Init_All(), Paint(0, 0, 1, 1), remove_c(); },
+        [&] { host->Message(WM_SIZE, 0, 0, result); },
+        [&] { window.Resize(client_width + 10, client_height); },
+        [&] { host->Set_On_Paint([this] { host->Set_On_Paint({}); }), Paint(0, 0, 1, 1); }};
+    for (const auto& change : changes) {
+        change();
+        EXPECT_EQ(Paint(0, 0, 1, 1), all) << &change - changes;
+        EXPECT_EQ(Paint(0, 0, 1, 1), "") << &change - changes;
+    }
+    EXPECT_EQ(Picture(window).At(150, 90), other_ground);
+    host->Remove(c);
+    EXPECT_EQ(Paint(0, 0, 1, 1), "") << "it was gone before";
+
+    host.reset();
+    EXPECT_EQ(Show_Hold(window, nullptr, {}), 0) << "nobody holds it any more";
+}
+
+// A window without memory for its picture is painted all the same, until there is some.
+TEST_F(Host_Test, No_Memory_For_The_Picture_Held) {
+    Buttons button;
+    button.X = 150, button.Y = 50, button.Width = 40, button.Height = 40;
+    host->Add(button);
+    host->Init_All();
+    Paint(0, 0, client_width - 1, client_height - 1);
+    const Picture whole(window);
+    host->Hold();
+    Tools_Lib_Cleanup();
+    Call_Spy spy;
+    spy.Fail("CreateDIBSection");
+    for (const char* told : {"a draw b draw", "a draw b draw", ""}) {
+        window.Refill();
+        EXPECT_EQ(Paint(0, 0, client_width - 1, client_height - 1), told);
+        EXPECT_TRUE(Same(Picture(window), whole)) << told;
+    }
+    EXPECT_GT(spy.Count("CreateDIBSection"), 1);
 }
 
 TEST_F(Host_Test, Move_Without_Change_Of_Hover_Paints_Nothing) {
