@@ -111,6 +111,8 @@ std::string Format_Target(const Row& row) {
             return "<= " + limit;
         case Target::Kind::At_Least:
             return ">= " + limit;
+        case Target::Kind::Beyond_Native:
+            return "native + " + limit;
         case Target::Kind::Of_Native:
             break;
     }
@@ -128,6 +130,8 @@ bool Reaches(const Result& result, Target::Kind kind, double limit) {
             return result.ours.median <= limit;
         case Target::Kind::At_Least:
             return result.ours.median >= limit;
+        case Target::Kind::Beyond_Native:
+            return result.native && result.ours.median - result.native->median <= limit;
         case Target::Kind::Of_Native:
             break;
     }
@@ -143,7 +147,7 @@ std::string Judge(const Row& row, const Result& result) {
 
 /// One line of the table, which is also a table where Markdown is shown.
 void Print_Cells(const std::array<std::string, 7>& cells) {
-    constexpr std::array<int, 7> Widths{43, 7, 22, 18, 6, 20, 16};
+    constexpr std::array<int, 7> Widths{45, 7, 22, 18, 6, 20, 16};
     for (std::size_t i = 0; i < cells.size(); ++i)
         std::printf("| %-*s ", Widths[i], cells[i].c_str());
     std::puts("|");

@@ -20,7 +20,7 @@ struct Summary {
 
 /// What a row has to reach.
 struct Target {
-    enum class Kind { None, At_Most, At_Least, Of_Native };
+    enum class Kind { None, At_Most, At_Least, Of_Native, Beyond_Native };
     Kind kind = Kind::None;
     double limit = 0;
     double aim = 0;  ///< the better figure that is hoped for; 0 when there is none
@@ -34,6 +34,8 @@ constexpr Target At_Most(double limit) { return {Target::Kind::At_Most, limit, 0
 constexpr Target At_Least(double limit) { return {Target::Kind::At_Least, limit, 0}; }
 /// Ours is to be at most the fraction `limit` of the native control, and better `aim`.
 constexpr Target Of_Native(double limit, double aim = 0) { return {Target::Kind::Of_Native, limit, aim}; }
+/// Ours is to be at most `limit` more than the native side.
+constexpr Target Beyond_Native(double limit) { return {Target::Kind::Beyond_Native, limit, 0}; }
 
 /// What a row measured.
 struct Result {

@@ -1,8 +1,10 @@
 // Sliders and valuators, beside the native scroll bar and trackbar: a step of a drag, a step of the wheel,
-// `Read`.
+// `Read`, what they hold.
 
 #include <cmath>
+#include <memory>
 
+#include "footprint.h"
 #include "scene.h"
 
 namespace {
@@ -11,6 +13,7 @@ using bench::Back_And_Forth;
 using bench::Compare_Steps;
 using bench::Native_Side;
 using bench::Our_Side;
+using bench::Painting;
 using bench::Require;
 using bench::Result;
 using bench::Shown;
@@ -87,9 +90,9 @@ class Native_Scroll_Bar : public Native_Side {
     void Move_To(int distance) const { SetScrollPos(Get().Get(), SB_CTL, Nearest + distance, TRUE); }
 };
 
-template <Shown shown>
+template <Shown shown, Painting painting = Painting::In_Batch>
 Result Slider_Drag() {
-    Our_Side<Sliders> ours(Fill_Slider);
+    Our_Side<Sliders> ours(Fill_Slider, painting);
     Native_Scroll_Bar native;
     return Compare_Steps(Drag_Ours(ours, Slider_Place),
                          {native.Window(), Slider_Place, Thumb_Edges,
@@ -97,9 +100,9 @@ Result Slider_Drag() {
                          2 * Way, shown);
 }
 
-template <Shown shown>
+template <Shown shown, Painting painting = Painting::In_Batch>
 Result Valuator_Drag() {
-    Our_Side<Valuators> ours(Fill_Valuator);
+    Our_Side<Valuators> ours(Fill_Valuator, painting);
     bench::Native_Trackbar native(Valuator_Place);
     native.Move_To(Nearest);
     return Compare_Steps(Drag_Ours(ours, Valuator_Place),
@@ -109,6 +112,7 @@ Result Valuator_Drag() {
 }
 
 /// The wheel moves a valuator with a logarithmic scale, and the trackbar by as much.
+template <Shown shown>
 Result Valuator_Wheel() {
     constexpr int Notches = 20;
     constexpr int Notches_In_Range = 50;
@@ -122,7 +126,7 @@ Result Valuator_Wheel() {
                           [&](int step) { ours.Get().Scroll(step % (2 * Notches) < Notches ? -1 : 1); }},
                          {native.Window(), Valuator_Place, Thumb_Edges,
                           [&](int step) { native.Move_To(notch * (1 + Back_And_Forth(step + 1, Notches))); }},
-                         2 * Notches, Shown::Together);
+                         2 * Notches, shown);
 }
 
 /// The pointer is on another pixel for every `Read`.
@@ -148,6 +152,23 @@ Result Read_Value() {
     return {time, {}};
 }
 
+/// What one more bar holds, itself included.
+template <class Bar, void (*fill)(Bar&)>
+Result Memory_Each() {
+    constexpr int Count = 100;
+    const Stage stage;
+    const auto bytes_of = [&](int count) {
+        const double before = bench::Heap_Bytes();
+        const auto bars = std::make_unique<Bar[]>(static_cast<std::size_t>(count));
+        for (int i = 0; i < count; ++i) {
+            fill(bars[static_cast<std::size_t>(i)]);
+            bars[static_cast<std::size_t>(i)].Init(stage.Get());
+        }
+        return bench::Heap_Bytes() - before;
+    };
+    return {bench::Repeat([&] { return (bytes_of(Count) - bytes_of(1)) / (Count - 1); }), {}};
+}
+
 using bench::At_Most;
 using bench::No_Target;
 using bench::Of_Native;
@@ -155,14 +176,23 @@ using bench::Of_Native;
 const bench::Register rows[] = {
     bench::Register(
         {"slider: step of a drag, on display", "us", Of_Native(0.6), Slider_Drag<Shown::Together>}),
+    bench::Register({"slider: step of a drag, held, on display", "us", Of_Native(0.6),
+                     Slider_Drag<Shown::Together, Painting::Held>}),
     bench::Register(
         {"slider: step of a drag, each on display", "us", No_Target(), Slider_Drag<Shown::One_By_One>}),
+    bench::Register({"slider: memory, each", "bytes", No_Target(), Memory_Each<Sliders, Fill_Slider>}),
     bench::Register({"slider: Read", "us", At_Most(1), Read_Value<Sliders, Fill_Slider>}),
     bench::Register(
         {"valuator: step of a drag, on display", "us", Of_Native(0.2), Valuator_Drag<Shown::Together>}),
+    bench::Register({"valuator: step of a drag, held, on display", "us", Of_Native(0.2),
+                     Valuator_Drag<Shown::Together, Painting::Held>}),
     bench::Register(
         {"valuator: step of a drag, each on display", "us", No_Target(), Valuator_Drag<Shown::One_By_One>}),
-    bench::Register({"valuator: wheel, logarithmic, on display", "us", Of_Native(0.2), Valuator_Wheel}),
+    bench::Register(
+        {"valuator: wheel, logarithmic, on display", "us", Of_Native(0.2), Valuator_Wheel<Shown::Together>}),
+    bench::Register({"valuator: wheel, logarithmic, each on display", "us", No_Target(),
+                     Valuator_Wheel<Shown::One_By_One>}),
+    bench::Register({"valuator: memory, each", "bytes", No_Target(), Memory_Each<Valuators, Fill_Valuator>}),
     bench::Register({"valuator: Read", "us", At_Most(1), Read_Value<Valuators, Fill_Valuator>}),
 };
 

@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "footprint.h"
-#include "host/host.h"
 #include "scene.h"
 #include "support/call_counter.h"
 
@@ -90,7 +89,8 @@ class Our_Side {
   public:
     explicit Our_Side(Painting painting)
         : way(painting),
-          stage([this](UINT message, WPARAM, LPARAM, LRESULT& result) { return Handle(message, result); }) {
+          stage([this](UINT message, WPARAM, LPARAM, LRESULT& result) { return Handle(message, result); }),
+          held(stage, painting) {
         Put_Pointer(stage, Gap);
         buttons.Init(stage.Get());
         stage.Raise();
@@ -109,6 +109,7 @@ class Our_Side {
     Painting way;
     Button_Set buttons;
     Stage stage;
+    bench::Held_Window held;
 };
 
 std::vector<HWND> Create_Native_Buttons(HWND parent) {
@@ -156,8 +157,9 @@ void Require_All_Painted(const Stage& stage) {
     }
 }
 
-/// Where a repetition ends: when the calls have returned, or when the display has what they drew.
-enum class Until { Drawn, On_Display };
+/// Where a repetition ends: when the calls have returned, or when the display has what they drew, of all
+/// steps together or of each.
+enum class Until { Drawn, On_Display, Each_On_Display };
 
 /// Paints `count` buttons of a stage.
 Work Paint_All(const Stage& stage, Until until, int count, std::function<void()> paint) {
@@ -178,16 +180,23 @@ Result Repaint() {
                    Paint_All(native.Window(), until, Count, [&] { native.Window().Repaint(); }));
 }
 
-void Set_Values(Button_Set& set, bool down) {
+void Follow(Until until) {
+    if (until == Until::Each_On_Display) bench::Flush();
+}
+
+void Set_Values(Button_Set& set, bool down, Until until) {
     for (Buttons& button : set.Get()) {
         button.Value = down;
         button.Adjust();
+        Follow(until);
     }
 }
 
-void Set_Values(const std::vector<HWND>& windows, bool down) {
-    for (HWND window : windows)
+void Set_Values(const std::vector<HWND>& windows, bool down, Until until) {
+    for (HWND window : windows) {
         SendMessageA(window, BM_SETSTATE, down, 0);
+        Follow(until);
+    }
 }
 
 /// Going down and coming up must change the frame of the last button.
@@ -197,24 +206,23 @@ void Require_Visible(const Stage& stage, Side& side) {
     const POINT corner = Place(Count - 1);
     for (bool down : {true, false}) {
         const COLORREF before = stage.Pixel(corner.x + 1, corner.y + 1);
-        Set_Values(side, down);
+        Set_Values(side, down, Until::Drawn);
         Require(stage.Pixel(corner.x + 1, corner.y + 1) != before, "the changed value does not show");
     }
 }
 
-/// One button after the other goes down, and then up; the display follows once at the end, as after a
-/// message.
+/// One button after the other goes down, and then up.
 template <class Side>
 Work Change_All(const Stage& stage, Until until, Side& side) {
-    return Paint_All(stage, until, 2 * Count, [&side] {
-        Set_Values(side, true);
-        Set_Values(side, false);
+    return Paint_All(stage, until, 2 * Count, [&side, until] {
+        Set_Values(side, true, until);
+        Set_Values(side, false, until);
     });
 }
 
-template <Until until>
+template <Until until, Painting way = Painting::In_Batch>
 Result Change_Of_Value() {
-    Our_Side ours(Painting::In_Batch);
+    Our_Side ours(way);
     Native_Side native;
     Require_Visible(ours.Window(), ours.Set());
     Require_Visible(native.Window(), native.Get());
@@ -251,73 +259,6 @@ Result Calls_By_Select() {
         return static_cast<double>(counter.Calls());
     };
     return {bench::Repeat(count_one_move), {}};
-}
-
-/// Our side driven by a host.
-class Hosted_Side {
-  public:
-    Hosted_Side()
-        : stage([this](UINT message, WPARAM wparam, LPARAM lparam, LRESULT& result) {
-              return host && host->Message(message, wparam, lparam, result);
-          }) {
-        host = std::make_unique<Host>(stage.Get());
-        Put_Pointer(stage, Gap);
-        for (Buttons& button : buttons.Get())
-            host->Add(button);
-        host->Init_All();
-        stage.Raise();
-        stage.Repaint();
-        Move(0);
-        Require(buttons.Get()[Middle_Button].Hover == 1, "the pointer is not in the button");
-    }
-    const Stage& Window() const { return stage; }
-
-    void Move(int step) {
-        const POINT client = In_Middle_Button(step);
-        LRESULT result = 0;
-        Require(host->Message(WM_MOUSEMOVE, 0, MAKELPARAM(client.x, client.y), result),
-                "the host leaves the message to others");
-    }
-
-  private:
-    Button_Set buttons;
-    std::unique_ptr<Host> host;
-    Stage stage;  // the last, so that its messages end before the host does
-};
-
-constexpr int Host_Moves = 200;
-
-Result Pointer_Move_By_Host() {
-    Hosted_Side ours;
-    return {bench::Time({[&] {
-                             for (int i = 0; i < Host_Moves; ++i)
-                                 ours.Move(i);
-                         },
-                         Host_Moves}),
-            {}};
-}
-
-/// The message takes the road through the queue of the thread.
-void Post_Move(HWND window, POINT client) {
-    PostMessageA(window, WM_MOUSEMOVE, 0, MAKELPARAM(client.x, client.y));
-    MSG message;
-    Require(PeekMessageA(&message, window, WM_MOUSEMOVE, WM_MOUSEMOVE, PM_REMOVE), "the message is lost");
-    DispatchMessageA(&message);
-}
-
-Result Pointer_Move_Posted() {
-    Hosted_Side ours;
-    Native_Side native;
-    return Compare({[&] {
-                        for (int i = 0; i < Host_Moves; ++i)
-                            Post_Move(ours.Window().Get(), In_Middle_Button(i));
-                    },
-                    Host_Moves},
-                   {[&] {
-                        for (int i = 0; i < Host_Moves; ++i)
-                            Post_Move(native.Get()[Middle_Button], {40 + i % 2, 12});
-                    },
-                    Host_Moves});
 }
 
 Result First_Init() {
@@ -412,11 +353,13 @@ const bench::Register rows[] = {
                      Repaint<Painting::One_By_One, Until::Drawn>}),
     bench::Register(
         {"button: value changed, on display", "us", Of_Native(0.3), Change_Of_Value<Until::On_Display>}),
+    bench::Register({"button: value changed, held, on display", "us", Of_Native(0.3),
+                     Change_Of_Value<Until::On_Display, Painting::Held>}),
+    bench::Register({"button: value changed, each on display", "us", No_Target(),
+                     Change_Of_Value<Until::Each_On_Display>}),
     bench::Register({"button: value changed, calls alone", "us", No_Target(), Change_Of_Value<Until::Drawn>}),
     bench::Register({"button: pointer move, Select of one", "us", At_Most(0.5), Pointer_Move_By_Select}),
     bench::Register({"button: pointer move, paint calls of 200", "calls", At_Most(0), Calls_By_Select}),
-    bench::Register({"button: pointer move in a host of 200", "us", At_Most(2), Pointer_Move_By_Host}),
-    bench::Register({"button: the same, as a posted message", "us", No_Target(), Pointer_Move_Posted}),
     bench::Register({"button: first Init of 200", "us", Of_Native(0.05), First_Init}),
     bench::Register({"button: Init with nothing changed", "us", At_Most(1), Init_Again}),
     bench::Register({"button: GDI objects, each", "objects", At_Most(1), Objects_Each}),

@@ -98,10 +98,10 @@ Result Repaint() {
     return Compare(Repaint_Items(ours.Window()), Repaint_Items(native.Window()));
 }
 
-template <Shown shown>
+template <Shown shown, Painting painting = Painting::In_Batch>
 Result Toggle() {
     constexpr int Mark_Pixels = 10;
-    Our_Side<CheckLists> ours(Fill_List);
+    Our_Side<CheckLists> ours(Fill_List, painting);
     Native_Boxes native(Item_Places(ours.Get()));
     CheckLists& list = ours.Get();
     const auto toggle_ours = [&](int step) {
@@ -137,9 +137,9 @@ class Native_Name : public Native_Side {
     }
 };
 
-template <Shown shown>
+template <Shown shown, Painting painting = Painting::In_Batch>
 Result Step_By_Press() {
-    Our_Side<Selects> ours(Fill_Selector);
+    Our_Side<Selects> ours(Fill_Selector, painting);
     Native_Name native;
     bench::Put_Pointer(ours.Window(), {Selector_Place.right - 15, Selector_Place.top + 16});
     ours.Get().Select(EVENT_MOVE);
@@ -151,11 +151,12 @@ Result Step_By_Press() {
                          4 * Months_In_Year, shown);
 }
 
+template <Shown shown>
 Result Step_By_Wheel() {
     Our_Side<Selects> ours(Fill_Selector);
     Native_Name native;
     return Compare_Steps({ours.Window(), Selector_Place, Name_Pixels, [&](int) { ours.Get().Scroll(-1); }},
-                         native.Change(), 4 * Months_In_Year, Shown::Together);
+                         native.Change(), 4 * Months_In_Year, shown);
 }
 
 using bench::No_Target;
@@ -167,13 +168,20 @@ const bench::Register rows[] = {
     bench::Register(
         {"check list: repaint without batch, an item", "us", Of_Native(0.15), Repaint<Painting::One_By_One>}),
     bench::Register({"check list: item toggled, on display", "us", Of_Native(0.3), Toggle<Shown::Together>}),
+    bench::Register({"check list: item toggled, held, on display", "us", Of_Native(0.3),
+                     Toggle<Shown::Together, Painting::Held>}),
     bench::Register(
         {"check list: item toggled, each on display", "us", No_Target(), Toggle<Shown::One_By_One>}),
     bench::Register(
         {"selector: step by a press, on display", "us", Of_Native(0.5), Step_By_Press<Shown::Together>}),
+    bench::Register({"selector: step by a press, held, on display", "us", Of_Native(0.5),
+                     Step_By_Press<Shown::Together, Painting::Held>}),
     bench::Register(
         {"selector: step by a press, each on display", "us", No_Target(), Step_By_Press<Shown::One_By_One>}),
-    bench::Register({"selector: step by the wheel, on display", "us", Of_Native(0.5), Step_By_Wheel}),
+    bench::Register(
+        {"selector: step by the wheel, on display", "us", Of_Native(0.5), Step_By_Wheel<Shown::Together>}),
+    bench::Register({"selector: step by the wheel, each on display", "us", No_Target(),
+                     Step_By_Wheel<Shown::One_By_One>}),
 };
 
 }  // namespace

@@ -10,6 +10,7 @@ namespace {
 using bench::Back_And_Forth;
 using bench::Compare_Steps;
 using bench::Our_Side;
+using bench::Painting;
 using bench::Require;
 using bench::Result;
 using bench::Shown;
@@ -68,9 +69,9 @@ void Drag_To(const Stage& stage, Editor& editor, int distance) {
     editor.Adjust();
 }
 
-template <class Editor, void (*fill)(Editor&), Shown shown>
+template <class Editor, void (*fill)(Editor&), Shown shown, Painting painting = Painting::In_Batch>
 Result Drag() {
-    Our_Side<Editor> ours(fill);
+    Our_Side<Editor> ours(fill, painting);
     bench::Native_Trackbar native(Trackbar_Place);
     native.Move_To(Nearest);
     Drag_To(ours.Window(), ours.Get(), Nearest);
@@ -124,15 +125,21 @@ using bench::Register;
 constexpr auto Drag_Hue = Drag<Hue_Edit, Fill_Hue, Shown::Together>;
 constexpr auto Drag_RGB = Drag<Color_Edit, Fill_Color<0>, Shown::Together>;
 constexpr auto Drag_HLS = Drag<Color_Edit, Fill_Color<COLOR_EDIT_HLS>, Shown::Together>;
+constexpr auto Drag_Hue_Held = Drag<Hue_Edit, Fill_Hue, Shown::Together, Painting::Held>;
+constexpr auto Drag_RGB_Held = Drag<Color_Edit, Fill_Color<0>, Shown::Together, Painting::Held>;
 constexpr auto Drag_Hue_Slowly = Drag<Hue_Edit, Fill_Hue, Shown::One_By_One>;
 constexpr auto Drag_RGB_Slowly = Drag<Color_Edit, Fill_Color<0>, Shown::One_By_One>;
+constexpr auto Drag_HLS_Slowly = Drag<Color_Edit, Fill_Color<COLOR_EDIT_HLS>, Shown::One_By_One>;
 
 const Register rows[] = {
     Register({"colour editor: drag of red, on display", "us", Of_Native(0.6), Drag_RGB}),
+    Register({"colour editor: drag of red, held, on display", "us", Of_Native(0.6), Drag_RGB_Held}),
     Register({"colour editor: drag of hue, on display", "us", Of_Native(0.6), Drag_HLS}),
-    Register({"colour editor: drag, each on display", "us", No_Target(), Drag_RGB_Slowly}),
+    Register({"colour editor: drag of red, each on display", "us", No_Target(), Drag_RGB_Slowly}),
+    Register({"colour editor: drag of hue, each on display", "us", No_Target(), Drag_HLS_Slowly}),
     Register({"colour editor: Init in the other mode", "us", At_Most(1000), Init_Other_Mode}),
     Register({"hue editor: drag, on display", "us", Of_Native(0.4), Drag_Hue}),
+    Register({"hue editor: drag, held, on display", "us", Of_Native(0.4), Drag_Hue_Held}),
     Register({"hue editor: drag, each on display", "us", No_Target(), Drag_Hue_Slowly}),
     Register({"hue editor: rainbow of 1000 x 30 written", "MB/s", At_Least(300), Write_Rainbow}),
 };

@@ -247,6 +247,8 @@ const bench::Register rows[] = {
     bench::Register(
         {"list: scroll 200 by one, on display", "us", Of_Native(0.6, 0.3), Scroll<Few, Shown::Together>}),
     bench::Register(
+        {"list: scroll 200 by one, each on display", "us", No_Target(), Scroll<Few, Shown::One_By_One>}),
+    bench::Register(
         {"list: scroll 20,000 by one, on display", "us", Of_Native(0.6, 0.3), Scroll<Many, Shown::Together>}),
     bench::Register(
         {"list: scroll 20,000 by one, each on display", "us", No_Target(), Scroll<Many, Shown::One_By_One>}),

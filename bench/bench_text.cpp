@@ -94,15 +94,17 @@ class Native_Console : public Native_Side {
 constexpr int Steps_Of_A_Run = 20;
 
 template <class Side>
-std::function<void()> Run(Side& side) {
-    return [&side] {
-        for (int i = 0; i < Steps_Of_A_Run; ++i)
+std::function<void()> Run(Side& side, Shown shown = Shown::Together) {
+    return [&side, shown] {
+        for (int i = 0; i < Steps_Of_A_Run; ++i) {
             side.Append(i);
-        bench::Flush();
+            if (shown == Shown::One_By_One || i + 1 == Steps_Of_A_Run) bench::Flush();
+        }
     };
 }
 
 /// Both begin every run with the same lines, so that the native text does not grow over the runs.
+template <Shown shown>
 Result Append() {
     Our_Console ours(Full);
     Native_Console native(Full);
@@ -113,8 +115,8 @@ Result Append() {
         native.Reset();
         native.Window().Raise();
     };
-    return Compare({Run(ours), Steps_Of_A_Run, [&] { ours.Window().Raise(); }},
-                   {Run(native), Steps_Of_A_Run, reset_native});
+    return Compare({Run(ours, shown), Steps_Of_A_Run, [&] { ours.Window().Raise(); }},
+                   {Run(native, shown), Steps_Of_A_Run, reset_native});
 }
 
 Result Append_Few_And_Many() {
@@ -140,6 +142,7 @@ Result Growth() {
 }
 
 /// By one line, up and down again.
+template <Shown shown>
 Result Scroll() {
     constexpr int Way = 50;
     Our_Console ours(Full);
@@ -148,10 +151,11 @@ Result Scroll() {
     return Compare_Steps(
         {ours.Window(), Lines_Place, Lines_Pixels, [&](int step) { ours.Get().Scroll(direction(step)); }},
         {native.Window(), Lines_Place, Lines_Pixels, [&](int step) { native.Scroll(direction(step)); }},
-        2 * Way, Shown::Together);
+        2 * Way, shown);
 }
 
 /// Letters, and Backspace to take them away again.
+template <Shown shown>
 Result Type() {
     constexpr int Letters = 20;
     constexpr int Backspace = 8;
@@ -167,17 +171,24 @@ Result Type() {
         {ours.Window(), Entry_Place, Letter_Pixels, [&](int step) { ours.Get().Input(key(step)); }},
         {native.Window(), Entry_Place, Letter_Pixels,
          [&](int step) { native.Get().Send(WM_CHAR, static_cast<WPARAM>(key(step)), 1); }},
-        2 * Letters, Shown::Together);
+        2 * Letters, shown);
 }
 
 const bench::Register rows[] = {
+    bench::Register({"text: append a line to 4096, 620 x 400, repaint", "us", bench::Of_Native(0.1, 0.04),
+                     Append<Shown::Together>}),
     bench::Register(
-        {"text: append a line to 4096, 620 x 400, repaint", "us", bench::Of_Native(0.1, 0.04), Append}),
+        {"text: append a line, each on display", "us", bench::No_Target(), Append<Shown::One_By_One>}),
     bench::Register(
         {"text: append to 40, beside our 4096", "us", bench::Of_Native(1.15), Append_Few_And_Many}),
     bench::Register({"text: growth by lines 4097 to 100,000", "bytes", bench::At_Most(0), Growth}),
-    bench::Register({"text: scroll by one line, repaint", "us", bench::Of_Native(0.15), Scroll}),
-    bench::Register({"text: a character typed, echo", "us", bench::Of_Native(0.2), Type}),
+    bench::Register(
+        {"text: scroll by one line, repaint", "us", bench::Of_Native(0.15), Scroll<Shown::Together>}),
+    bench::Register(
+        {"text: scroll by one line, each on display", "us", bench::No_Target(), Scroll<Shown::One_By_One>}),
+    bench::Register({"text: a character typed, echo", "us", bench::Of_Native(0.2), Type<Shown::Together>}),
+    bench::Register(
+        {"text: a character typed, each on display", "us", bench::No_Target(), Type<Shown::One_By_One>}),
 };
 
 }  // namespace

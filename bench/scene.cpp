@@ -98,7 +98,7 @@ void Paint(const Stage& stage, Painting painting, const std::function<void()>& d
     PAINTSTRUCT paint;
     BeginPaint(stage.Get(), &paint);
     const RECT& area = paint.rcPaint;
-    if (painting == Painting::In_Batch) {
+    if (painting != Painting::One_By_One) {
         Begin_Batch(stage.Get(), area, Stage::Background);
         draw();
         End_Batch();

@@ -19,7 +19,25 @@ namespace bench {
 /// or after every step.
 enum class Shown { Together, One_By_One };
 
-enum class Painting { In_Batch, One_By_One };
+/// How our side paints: in a batch, control by control, or in a batch in a window whose picture is held.
+enum class Painting { In_Batch, One_By_One, Held };
+
+/// Holds the picture of a window for a scope, if it is to be held.
+class Held_Window {
+  public:
+    Held_Window(const Stage& stage, Painting painting)
+        : window(painting == Painting::Held ? stage.Get() : nullptr) {
+        if (window) Begin_Hold(window);
+    }
+    ~Held_Window() {
+        if (window) End_Hold(window);
+    }
+    Held_Window(const Held_Window&) = delete;
+    Held_Window& operator=(const Held_Window&) = delete;
+
+  private:
+    HWND window;
+};
 
 /// Client coordinates of a point where no scene has a control.
 constexpr POINT Gap{0, 0};
@@ -49,7 +67,8 @@ class Our_Side {
     explicit Our_Side(const std::function<void(Control&)>& fill, Painting painting = Painting::In_Batch)
         : way(painting),
           control(std::make_unique<Control>()),
-          stage([this](UINT message, WPARAM, LPARAM, LRESULT& result) { return Handle(message, result); }) {
+          stage([this](UINT message, WPARAM, LPARAM, LRESULT& result) { return Handle(message, result); }),
+          held(stage, painting) {
         Put_Pointer(stage, Gap);
         fill(*control);
         control->Init(stage.Get());
@@ -68,7 +87,8 @@ class Our_Side {
 
     Painting way;
     std::unique_ptr<Control> control;
-    Stage stage;  // the last, so that its messages end before the control does
+    Stage stage;  // after the control, so that its messages end before the control does
+    Held_Window held;
 };
 
 /// A native control in its fastest mode: not themed, and with the font that it has from the start.

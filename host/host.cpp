@@ -3,6 +3,9 @@
 #include <windowsx.h>
 
 #include <algorithm>
+#include <optional>
+
+using galdren::Meet;
 
 namespace {
 
@@ -47,6 +50,7 @@ class Paint_Scope {
     ~Paint_Scope() { EndPaint(window, &paint); }
     Paint_Scope(const Paint_Scope&) = delete;
     Paint_Scope& operator=(const Paint_Scope&) = delete;
+    HDC Context() const { return paint.hdc; }
     const RECT& Area() const { return paint.rcPaint; }
 
   private:
@@ -65,12 +69,28 @@ class Batch_Scope {
     Batch_Scope& operator=(const Batch_Scope&) = delete;
 };
 
-class Draw_Scope {
+/// The surface of a window for a scope, with painting limited to a rectangle in logical pixels. What is
+/// painted may set and reset clips of its own, which are narrowed to it.
+class Clip_Scope {
   public:
-    explicit Draw_Scope(HWND window) { Begin_Draw(window, nullptr); }
-    ~Draw_Scope() { End_Draw(); }
-    Draw_Scope(const Draw_Scope&) = delete;
-    Draw_Scope& operator=(const Draw_Scope&) = delete;
+    Clip_Scope(HWND window, const RECT& area) {
+        Begin_Draw(window, nullptr);
+        dc = Z_DC;
+        saved = SaveDC(dc);
+        Clip_Rect(area.left, area.top - 1, area.right - area.left, area.bottom - area.top);
+        SetMetaRgn(dc);
+    }
+    ~Clip_Scope() {
+        RestoreDC(dc, saved);
+        End_Draw();
+    }
+    Clip_Scope(const Clip_Scope&) = delete;
+    Clip_Scope& operator=(const Clip_Scope&) = delete;
+    explicit operator bool() const { return dc != nullptr; }
+
+  private:
+    HDC dc;
+    int saved;
 };
 
 RECT Client_Area(HWND window) {
@@ -86,8 +106,14 @@ RECT Flip(const RECT& area, LONG height) {
 
 POINT To_Logical(HWND window, POINT client) { return {client.x, Client_Area(window).bottom - 1 - client.y}; }
 
-bool Meet(const RECT& a, const RECT& b) {
-    return a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom;
+bool Is_Empty(const RECT& area) { return area.left >= area.right || area.top >= area.bottom; }
+
+long long Pixels(const RECT& area) {
+    return static_cast<long long>(area.right - area.left) * (area.bottom - area.top);
+}
+
+bool Same(const RECT& a, const RECT& b) {
+    return a.left == b.left && a.top == b.top && a.right == b.right && a.bottom == b.bottom;
 }
 
 bool Is_Shown(const Tools& control) { return control.Width > 0 && control.Height > 0; }
@@ -133,11 +159,22 @@ int Typed(UINT message, WPARAM wparam, int code) {
 
 }  // namespace
 
-Host::~Host() = default;
+Host::~Host() {
+    if (holds) End_Hold(window);
+}
 
-void Host::Set_Background(Colors color) { background = color; }
+void Host::Hold() {
+    if (!std::exchange(holds, true)) Begin_Hold(window);
+    stale = true;
+}
+
+void Host::Set_Background(Colors color) {
+    background = color;
+    stale = true;
+}
 
 void Host::Set_On_Paint(std::function<void()> draw) {
+    stale = true;
     on_paint = std::make_shared<const std::function<void()>>(std::move(draw));
 }
 
@@ -145,8 +182,17 @@ void Host::Set_On_Key(std::function<bool(int)> take) {
     on_key = take ? std::make_shared<const std::function<bool(int)>>(std::move(take)) : nullptr;
 }
 
+/// Has all that is known of the entries worked out anew.
+void Host::Forget_Entries() {
+    stale = true;
+    numbers.clear();
+    numbered = 0;
+    noted.clear();
+}
+
 void Host::Remove(const Tools& control) {
-    std::erase_if(entries, [&](const Entry& entry) { return entry.control == &control; });
+    const auto is_wanted = [&](const Entry& entry) { return entry.control == &control; };
+    if (std::erase_if(entries, is_wanted) > 0) Forget_Entries();
     if (current == &control) current = nullptr;
     if (focused == &control) focused = nullptr;
     if (wheel_control == &control) wheel_control = nullptr;
@@ -154,19 +200,39 @@ void Host::Remove(const Tools& control) {
 
 void Host::Clear() {
     entries.clear();
+    Forget_Entries();
     current = nullptr;
     focused = nullptr;
     wheel_control = nullptr;
 }
 
 void Host::Init_All() {
+    stale = true;
     for (const Entry& entry : entries)
         entry.calls->init(*entry.control, window);
 }
 
-void Host::Refresh(const Tools& control) const {
+void Host::Refresh(const Tools& control) {
     const RECT area = Flip(control.Rect, Client_Area(window).bottom);
     InvalidateRect(window, &area, FALSE);
+    if (holds && !Is_Empty(control.Rect)) Mark(control.Rect);
+}
+
+void Host::Refresh() {
+    stale = true;
+    InvalidateRect(window, nullptr, FALSE);
+}
+
+/// Notes a part that is to be painted anew. Those that meet are painted as one, and so are many.
+void Host::Mark(const RECT& area) {
+    constexpr std::size_t Most_Marks = 16;
+    for (RECT& mark : marked) {
+        if (!Meet(mark, area) && marked.size() < Most_Marks) continue;
+        const RECT before = mark;
+        UnionRect(&mark, &before, &area);
+        return;
+    }
+    marked.push_back(area);
 }
 
 bool Host::Message(UINT message, WPARAM wparam, LPARAM lparam, LRESULT& result) {
@@ -186,7 +252,14 @@ bool Host::Message(UINT message, WPARAM wparam, LPARAM lparam, LRESULT& result) 
             return true;
         case WM_SIZE:
             // The origin is at the bottom: a new height moves everything.
-            InvalidateRect(window, nullptr, FALSE);
+            Refresh();
+            return false;
+        case WM_DISPLAYCHANGE:
+        case WM_SETTINGCHANGE:
+            stale = true;  // text may look otherwise from now on
+            return false;
+        case WM_NCDESTROY:
+            if (std::exchange(holds, false)) End_Hold(window);
             return false;
         case WM_MOUSEMOVE:
             return On_Move(wparam, Position_Of(lparam)) && taken(0);
@@ -223,20 +296,67 @@ bool Host::Message(UINT message, WPARAM wparam, LPARAM lparam, LRESULT& result) 
 }
 
 const Host::Entry* Host::Find(const Tools* control) const {
-    const auto found =
-        std::find_if(entries.begin(), entries.end(), [&](const Entry& e) { return e.control == control; });
-    return found == entries.end() ? nullptr : &*found;
+    for (; numbered < entries.size(); ++numbered)
+        numbers.try_emplace(entries[numbered].control, numbered);
+    const auto found = numbers.find(control);
+    return found == numbers.end() ? nullptr : &entries[found->second];
+}
+
+bool Host::Is_As_Noted(std::size_t number) const {
+    return Same(noted[number], entries[number].control->Rect);
+}
+
+/// Whether each control is where it was when the index was made.
+bool Host::Are_Places_Noted() const {
+    if (noted.size() != entries.size()) return false;
+    const auto is_as_noted = [this](std::size_t number) { return Is_As_Noted(number); };
+    const unsigned now = Tools_Placements();
+    if (now == placements) return std::all_of(untold.begin(), untold.end(), is_as_noted);
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        if (!Is_As_Noted(i)) return false;
+    }
+    placements = now;
+    return true;
+}
+
+/// The index of the hit rectangles as they are now.
+const galdren::Place_Index& Host::Places() const {
+    if (Are_Places_Noted()) return index;
+    placements = Tools_Placements();
+    // Nothing is noted until all is done, for memory may run out on the way.
+    std::vector<RECT> places = std::exchange(noted, {});
+    places.clear();
+    places.reserve(entries.size());
+    untold.clear();
+    unplaced.clear();
+    alone = entries.size();
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        places.push_back(entries[i].control->Rect);
+        if (!entries[i].calls->tells_of_moves) untold.push_back(i);
+        if (Is_Empty(places[i])) unplaced.push_back(i);
+    }
+    index.Make(places);
+    noted = std::move(places);
+    return index;
 }
 
 /// The topmost control at a place that gets events; null over bare ground and over a passive control.
-const Host::Entry* Host::At(POINT client) const {
-    const POINT logical = To_Logical(window, client);
-    for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry) {
-        const Tools& control = *entry->control;
-        if (!entry->calls->select || !Is_Inside(control, logical)) continue;
-        return control.Flag & FLAG_PASSIVE ? nullptr : &*entry;
+const Host::Entry* Host::At(POINT logical) const {
+    const galdren::Place_Index& places = Places();
+    const Entry* top = nullptr;
+    if (alone < entries.size() && Is_Inside(*entries[alone].control, logical)) {
+        top = &entries[alone];
+    } else {
+        std::size_t least = 0;
+        places.Search({logical.x, logical.y, logical.x + 1, logical.y + 1}, least, [&](std::size_t number) {
+            const Entry& entry = entries[number];
+            if (!entry.calls->select || !Is_Inside(*entry.control, logical)) return;
+            top = &entry;
+            least = number + 1;
+        });
+        alone = top && !Is_Below(*top, true) ? Number_Of(*top) : entries.size();
     }
-    return nullptr;
+    return top && !(top->control->Flag & FLAG_PASSIVE) ? top : nullptr;
 }
 
 /// The rectangle of a control with what it may paint around it.
@@ -246,21 +366,26 @@ RECT Host::Painted_Area(const Entry& entry) {
     return area;
 }
 
-bool Host::Is_Covered(const Tools& control) const {
-    const auto above = [&](const Entry& entry) {
-        return Is_Shown(*entry.control) && Meet(entry.control->Rect, control.Rect);
-    };
-    const Entry* own = Find(&control);
-    return own && std::any_of(entries.begin() + (own - entries.data() + 1), entries.end(), above);
+/// Whether a control lies above another.
+/// @param hidden  counts those that have no size now
+bool Host::Is_Below(const Entry& entry, bool hidden) const {
+    bool found = false;
+    std::size_t least = Number_Of(entry) + 1;
+    Places().Search(entry.control->Rect, least, [&](std::size_t number) {
+        if (!hidden && !Is_Shown(*entries[number].control)) return;
+        found = true;
+        least = entries.size();
+    });
+    return found;
 }
 
 /// One call of `Select`. When it may have painted over controls above, these are brought back before
 /// anything reaches the screen.
 int Host::Tell(const Entry& entry, int event, bool repaints) {
-    if (!repaints || !Is_Covered(*entry.control)) return answer = entry.calls->select(*entry.control, event);
+    if (!repaints || !Is_Below(entry, false)) return answer = entry.calls->select(*entry.control, event);
     const Batch_Scope batch(window);
     answer = entry.calls->select(*entry.control, event);
-    Paint_Area(entry.control->Rect);
+    Paint_Area(Painted_Area(entry));
     return answer;
 }
 
@@ -275,9 +400,9 @@ void Host::Leave() {
 
 /// Hands the pointer to the control under it. While a button is held it stays with the control pressed.
 /// @return true when the control is another one than before
-bool Host::Hand_Over(POINT client) {
+bool Host::Hand_Over(POINT logical) {
     if (held) return false;
-    const Entry* under = At(client);
+    const Entry* under = At(logical);
     Tools* const next = under ? under->control : nullptr;
     if (next == current) return false;
     Leave();
@@ -291,18 +416,18 @@ int Host::Point(POINT client, int event) {
     pointer = client;
     ClientToScreen(window, &pointer);
     Set_Pointer(pointer);
-    const bool entered = Hand_Over(client);
+    const POINT logical = To_Logical(window, client);
+    const bool entered = Hand_Over(logical);
     const Entry* entry = Find(current);
     if (!entry) return 0;
-    const bool was_inside = std::exchange(inside, Is_Inside(*current, To_Logical(window, client)));
+    const bool was_inside = std::exchange(inside, Is_Inside(*current, logical));
     return Tell(*entry, event, entered || inside != was_inside);
 }
 
-void Host::Notify(const Entry& entry, Callback Handlers::*callback) {
-    Tools& control = *entry.control;
+void Host::Notify(const Entry& entry, void (Handlers::*callback)(Tools&) const) {
     // The entry may be gone before the callback returns, and the callback with it.
     const std::shared_ptr<const Handlers> handlers = entry.handlers;
-    if ((*handlers).*callback) ((*handlers).*callback)(control);
+    if (handlers) ((*handlers).*callback)(*entry.control);
 }
 
 bool Host::On_Move(WPARAM keys, POINT client) {
@@ -314,7 +439,7 @@ bool Host::On_Move(WPARAM keys, POINT client) {
     const int answer = Point(client, buttons ? EVENT_DRAG | buttons : EVENT_MOVE);
     const Entry* entry = Find(current);
     if (!entry) return false;
-    if (answer && held && (keys & MK_LBUTTON)) Notify(*entry, &Handlers::on_change);
+    if (answer && held && (keys & MK_LBUTTON)) Notify(*entry, &Handlers::Change);
     return true;
 }
 
@@ -336,7 +461,7 @@ bool Host::On_Press(int button, WPARAM keys, POINT client) {
     const Entry* entry = Find(current);
     if (!entry) return false;
     if (button == 1 && Takes_Keys(*entry)) focused = current;
-    if (answer && button == 1) Notify(*entry, &Handlers::on_press);
+    if (answer && button == 1) Notify(*entry, &Handlers::Press);
     return true;
 }
 
@@ -364,7 +489,7 @@ bool Host::On_Wheel(WPARAM wparam, POINT screen) {
     POINT client = screen;
     ScreenToClient(window, &client);
     const RECT area = Client_Area(window);
-    const Entry* entry = PtInRect(&area, client) ? At(client) : nullptr;
+    const Entry* entry = PtInRect(&area, client) ? At(To_Logical(window, client)) : nullptr;
     if (!entry || !entry->calls->scroll) return false;
     Set_Pointer(screen);
     if (std::exchange(wheel_control, entry->control) != entry->control) wheel_rest = 0;
@@ -373,7 +498,7 @@ bool Host::On_Wheel(WPARAM wparam, POINT screen) {
     wheel_rest %= WHEEL_DELTA;
     if (steps == 0) return true;
     entry->calls->scroll(*entry->control, steps);
-    Notify(*entry, &Handlers::on_change);
+    Notify(*entry, &Handlers::Change);
     return true;
 }
 
@@ -431,55 +556,113 @@ bool Host::On_Key(UINT message, WPARAM wparam, LPARAM lparam) {
     const int key = taker ? Typed(message, wparam, code) : 0;
     if (!key) return false;
     taker->calls->input(*taker->control, key);
-    Notify(*taker, &Handlers::on_change);
+    Notify(*taker, &Handlers::Change);
     // What the system does with Alt and a key, such as closing the window, it does whoever has the focus.
     return message != WM_SYSKEYDOWN;
 }
 
 void Host::Paint() {
     const Paint_Scope paint(window);
-    const RECT area = Flip(paint.Area(), Client_Area(window).bottom);
-    if (!IsRectEmpty(&area)) Paint_Area(area);
+    if (IsRectEmpty(&paint.Area())) return;
+    if (holds) {
+        Paint_Held(paint.Context(), paint.Area());
+    } else {
+        Paint_Area(Flip(paint.Area(), Client_Area(window).bottom));
+    }
 }
 
-/// Paints a part of the client area anew, in logical pixels with the lower y in `top`.
-void Host::Paint_Area(RECT area) {
-    area = Grow_To_Controls(area);
+/// Paints what has changed, and shows a part of the picture, in pixels of the client area with y downward.
+/// The callbacks that paint may resize the window or change the host, which is then painted again.
+void Host::Paint_Held(HDC target, const RECT& area) {
+    const RECT client = Client_Area(window);
+    const bool resized = !Same(std::exchange(held_client, client), client);
+    if (std::exchange(stale, false) || resized) {
+        marked.clear();
+        Paint_Area(client);
+        // Without a picture all of this is on the window, but nowhere else.
+        if (!Show_Hold(window, target, RECT{})) stale = true;
+        return;
+    }
+    const RECT wanted = Flip(area, client.bottom);
+    const RECT painted = Paint_Marked();
+    RECT both{};
+    UnionRect(&both, &painted, &wanted);
+    if (Same(both, painted) || Show_Hold(window, target, area)) return;
+    stale = true;
+    Paint_Area(wanted);
+}
+
+/// Paints what is marked.
+/// @return an area that was painted
+RECT Host::Paint_Marked() {
+    if (marked.empty()) return {};
+    const Batch_Scope batch(window);
+    RECT painted{};
+    for (const RECT& area : std::exchange(marked, {}))
+        painted = Paint_Area(area);
+    return painted;
+}
+
+/// Paints a part of the client area anew, in logical pixels with the lower y in `top`. What is painted twice
+/// must be painted from the ground up, since smoothed text written over itself grows bolder, and a control
+/// may be painted over those above it. So controls that reach out of the area are painted whole, with all
+/// that they meet; or if these go on and on, each as far as it is in the area, which takes longer for one
+/// control.
+/// @return what has been painted
+RECT Host::Paint_Area(RECT area) {
+    const bool clips = !Grow_To_Controls(area);
     const Batch_Scope batch(window, Flip(area, Client_Area(window).bottom), background);
     Paint_Ground(area);
-    for (std::size_t i = 0; i < entries.size(); ++i) {
-        Tools& control = *entries[i].control;
-        // One that was never initialised has no area yet, and reports that.
-        const bool placed = !IsRectEmpty(&control.Rect);
-        if (placed && !Meet(Painted_Area(entries[i]), area)) continue;
+    std::optional<Clip_Scope> clip;
+    if (clips) clip.emplace(window, area);
+    for (const std::size_t number : Painted_In(area)) {
+        if (number >= entries.size()) break;  // a control removed some
+        Tools& control = *entries[number].control;
         // Only the control that has the pointer may light up, whatever lies above or beside it.
         const Pointer_Scope shown(&control == current ? pointer : Nowhere);
-        entries[i].calls->draw(control);
-    }
-}
-
-/// The area with all controls that meet it. What is painted twice must be painted from the ground up, since
-/// smoothed text written over itself grows bolder, and a control may be painted over those above it.
-RECT Host::Grow_To_Controls(RECT area) const {
-    for (bool grown = true; grown;) {
-        grown = false;
-        for (const Entry& entry : entries) {
-            const RECT control = Painted_Area(entry);
-            if (!Is_Shown(*entry.control) || !Meet(control, area)) continue;
-            const RECT before = area;
-            UnionRect(&area, &before, &control);
-            grown = grown || !EqualRect(&before, &area);
-        }
+        entries[number].calls->draw(control);
     }
     return area;
+}
+
+/// Grows an area until it holds the controls that meet it.
+/// @return false, with the area as it was, when it would become much larger
+bool Host::Grow_To_Controls(RECT& area) const {
+    constexpr long long Worth_Clipping = 20'000;  // pixels
+    const RECT client = Client_Area(window);
+    RECT grown = area;
+    for (;;) {
+        const RECT before = grown;
+        for (const std::size_t number : Painted_In(grown)) {
+            if (!Is_Shown(*entries[number].control)) continue;
+            const RECT control = Painted_Area(entries[number]);
+            RECT visible{};
+            if (IntersectRect(&visible, &control, &client)) UnionRect(&grown, &grown, &visible);
+        }
+        if (Same(grown, before)) break;
+        if (Pixels(grown) > 2 * Pixels(area) + Worth_Clipping) return false;
+    }
+    area = grown;
+    return true;
+}
+
+/// The numbers of the controls that may paint in an area, in the order in which they paint.
+std::vector<std::size_t> Host::Painted_In(const RECT& area) const {
+    RECT around = area;
+    InflateRect(&around, Most_Overhang, Most_Overhang);
+    std::vector<std::size_t> found;
+    std::size_t least = 0;
+    Places().Search(around, least, [&](std::size_t number) {
+        if (!Is_Empty(noted[number]) && Meet(Painted_Area(entries[number]), area)) found.push_back(number);
+    });
+    // One that was never initialised has no area yet, and reports that.
+    found.insert(found.end(), unplaced.begin(), unplaced.end());
+    std::sort(found.begin(), found.end());
+    return found;
 }
 
 void Host::Paint_Ground(const RECT& area) const {
     const std::shared_ptr<const std::function<void()>> own_drawing = on_paint;
     if (!own_drawing || !*own_drawing) return;
-    const Draw_Scope draw(window);
-    if (!Z_DC) return;
-    Clip_Rect(area.left, area.top - 1, area.right - area.left, area.bottom - area.top);
-    (*own_drawing)();
-    Clip_Reset();
+    if (const Clip_Scope clip(window, area); clip) (*own_drawing)();
 }

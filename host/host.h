@@ -16,10 +16,12 @@
 #include <functional>
 #include <memory>
 #include <type_traits>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
 #include "../Galdren_Tools.h"
+#include "place_index.h"
 
 /// Draws the controls of one window and tells them of the pointer and the keys.
 ///
@@ -39,6 +41,14 @@ class Host {
     Host(const Host&) = delete;
     Host& operator=(const Host&) = delete;
 
+    /// Has the library keep a picture of the window, until the host goes: from then on WM_PAINT is one copy,
+    /// and only what changed is painted before. The application promises that the window changes in no other
+    /// way than by members of controls, which paint into the picture, and by this host: what somebody else
+    /// paints is lost, and what the application's own drawing would show otherwise now has to be told with
+    /// `Refresh`. A new size, and every change of the host (another control, background or drawing), has the
+    /// next WM_PAINT paint everything. Without memory for the picture the window is painted as before.
+    void Hold();
+
     /// Colour behind the controls; grey (170, 170, 170) until it is set. Takes effect with the next paint.
     void Set_Background(Colors color);
 
@@ -55,10 +65,11 @@ class Host {
     template <std::derived_from<Tools> Control>
     void Add(Control& control, std::type_identity_t<std::function<void(Control&)>> on_press = {},
              std::type_identity_t<std::function<void(Control&)>> on_change = {}) {
-        auto handlers = std::make_shared<Handlers>();
-        handlers->on_press = Erase_Type<Control>(std::move(on_press));
-        handlers->on_change = Erase_Type<Control>(std::move(on_change));
+        std::shared_ptr<const Handlers> handlers;
+        if (on_press || on_change)
+            handlers = std::make_shared<Handlers_For<Control>>(std::move(on_press), std::move(on_change));
         entries.push_back({&control, &class_calls<Control>, std::move(handlers)});
+        stale = true;
     }
 
     /// Forgets a control; one that was never added is ignored. What it painted stays until the next paint.
@@ -71,7 +82,9 @@ class Host {
 
     /// Has the rectangle of `control` painted anew with the next WM_PAINT: background, and every control
     /// that meets it. For changes that the control cannot show alone, such as another text of a label.
-    void Refresh(const Tools& control) const;
+    void Refresh(const Tools& control);
+    /// Has the whole window painted anew with the next WM_PAINT.
+    void Refresh();
 
     /// The control that has the pointer: the topmost one under it, or the one pressed while a button is held;
     /// null when there is none.
@@ -97,8 +110,6 @@ class Host {
     bool Message(UINT message, WPARAM wparam, LPARAM lparam, LRESULT& result);
 
   private:
-    using Callback = std::function<void(Tools&)>;
-
     /// What a class of controls can do; null where the class has no such member.
     struct Class_Calls {
         void (*init)(Tools& control, HWND window);
@@ -106,10 +117,26 @@ class Host {
         int (*select)(Tools& control, int event);
         void (*scroll)(Tools& control, int steps);
         void (*input)(Tools& control, int key);
-        int overhang;  // that it may paint beyond its rectangle, in pixels
+        int overhang;         // that it may paint beyond its rectangle, in pixels
+        bool tells_of_moves;  // its `Init` is the library's, which counts the rectangles that it changes
     };
 
     struct Handlers {
+        virtual ~Handlers() = default;
+        virtual void Press(Tools& control) const = 0;
+        virtual void Change(Tools& control) const = 0;
+    };
+
+    template <class Control>
+    struct Handlers_For final : Handlers {
+        using Callback = std::function<void(Control&)>;
+        Handlers_For(Callback press, Callback change)
+            : on_press(std::move(press)), on_change(std::move(change)) {}
+        void Press(Tools& control) const override { Call(on_press, control); }
+        void Change(Tools& control) const override { Call(on_change, control); }
+        static void Call(const Callback& callback, Tools& control) {
+            if (callback) callback(static_cast<Control&>(control));
+        }
         Callback on_press;
         Callback on_change;
     };
@@ -117,8 +144,19 @@ class Host {
     struct Entry {
         Tools* control;
         const Class_Calls* calls;
-        std::shared_ptr<const Handlers> handlers;  // kept alive by the call while a callback runs
+        std::shared_ptr<const Handlers> handlers;  // null without; kept alive by the call while one runs
     };
+
+    static constexpr int Most_Overhang = 2;
+
+    template <class Result, class Class, class... Arguments>
+    static std::type_identity<Class> Class_Of(Result (Class::*)(Arguments...));
+    template <class Class, class... Classes>
+    static constexpr bool Is_One_Of = (std::same_as<Class, std::type_identity<Classes>> || ...);
+    template <class Class>
+    static constexpr bool Is_Of_Library =
+        Is_One_Of<Class, Boxs, Buttons, CheckLists, Color_Edit, DirTrees, Hue_Edit, Labels, Lists, Selects,
+                  Sliders, TabItems, Tabs, Texts, Valuators>;
 
     template <class Control>
     static constexpr Class_Calls Make_Calls() {
@@ -127,7 +165,9 @@ class Host {
         calls.draw = [](Tools& control) { static_cast<Control&>(control).Draw(); };
         // A tab joins with the page below and beside it.
         constexpr bool is_tab = std::derived_from<Control, Tabs> || std::derived_from<Control, TabItems>;
-        calls.overhang = is_tab ? 2 : 0;
+        calls.overhang = is_tab ? Most_Overhang : 0;
+        if constexpr (requires { Class_Of(&Control::Init); })
+            calls.tells_of_moves = Is_Of_Library<decltype(Class_Of(&Control::Init))>;
         if constexpr (requires(Control & c) { c.Select(0); }) {
             calls.select = [](Tools& control, int event) {
                 return static_cast<int>(static_cast<Control&>(control).Select(event));
@@ -165,22 +205,24 @@ class Host {
     template <class Control>
     static inline constexpr Class_Calls class_calls = Make_Calls<Control>();
 
-    template <class Control>
-    static Callback Erase_Type(std::function<void(Control&)> callback) {
-        if (!callback) return {};
-        return [callback = std::move(callback)](Tools& control) { callback(static_cast<Control&>(control)); };
-    }
-
+    void Forget_Entries();
+    void Mark(const RECT& area);
     const Entry* Find(const Tools* control) const;
-    const Entry* At(POINT client) const;
+    std::size_t Number_Of(const Entry& entry) const {
+        return static_cast<std::size_t>(&entry - entries.data());
+    }
+    bool Is_As_Noted(std::size_t number) const;
+    bool Are_Places_Noted() const;
+    const galdren::Place_Index& Places() const;
+    const Entry* At(POINT logical) const;
     static RECT Painted_Area(const Entry& entry);
-    bool Is_Covered(const Tools& control) const;
+    bool Is_Below(const Entry& entry, bool hidden) const;
 
     int Tell(const Entry& entry, int event, bool repaints);
     void Leave();
-    bool Hand_Over(POINT client);
+    bool Hand_Over(POINT logical);
     int Point(POINT client, int event);
-    static void Notify(const Entry& entry, Callback Handlers::*callback);
+    static void Notify(const Entry& entry, void (Handlers::*callback)(Tools&) const);
 
     bool On_Move(WPARAM keys, POINT client);
     void On_Leave();
@@ -197,19 +239,37 @@ class Host {
     bool On_Key(UINT message, WPARAM wparam, LPARAM lparam);
 
     void Paint();
-    void Paint_Area(RECT area);
-    RECT Grow_To_Controls(RECT area) const;
+    void Paint_Held(HDC target, const RECT& area);
+    RECT Paint_Marked();
+    RECT Paint_Area(RECT area);
+    bool Grow_To_Controls(RECT& area) const;
+    std::vector<std::size_t> Painted_In(const RECT& area) const;
     void Paint_Ground(const RECT& area) const;
 
     HWND window;
     Colors background{170, 170, 170};
+    bool holds = false;        // see `Hold`
+    bool stale = true;         // the picture held is to be painted anew
+    RECT held_client{};        // the client area of which it is
+    std::vector<RECT> marked;  // parts of it that are to be painted anew, in logical pixels
     std::shared_ptr<const std::function<void()>> on_paint;
     std::shared_ptr<const std::function<bool(int)>> on_key;
     std::vector<Entry> entries;
-    POINT pointer{};           // where the pointer was seen last, on the screen
-    Tools* current = nullptr;  // the control that gets the pointer's events
-    int answer = 0;            // of the last `Select`
-    bool inside = false;       // whether the pointer was inside it then; while a button is held it may leave
+    // What is known of them is worked out when it is asked for: adding many should cost no more than to note
+    // them.
+    mutable std::unordered_map<const Tools*, std::size_t>
+        numbers;                       // of the entries, the first of each control
+    mutable std::size_t numbered = 0;  // entries that `numbers` has
+    mutable std::vector<RECT> noted;   // the hit rectangles that `index` has
+    mutable unsigned placements = 0;   // `Tools_Placements` then
+    mutable galdren::Place_Index index;
+    mutable std::size_t alone = 0;              // that the pointer was in last, when nothing lies above
+    mutable std::vector<std::size_t> untold;    // entries of applications' classes, which move unnoticed
+    mutable std::vector<std::size_t> unplaced;  // entries without an area yet
+    POINT pointer{};                            // where the pointer was seen last, on the screen
+    Tools* current = nullptr;                   // the control that gets the pointer's events
+    int answer = 0;                             // of the last `Select`
+    bool inside = false;    // whether the pointer was inside it then; while a button is held it may leave
     unsigned held = 0;      // one bit for each button that went down here; the mouse is captured while not 0
     bool tracking = false;  // WM_MOUSELEAVE has been asked for
     const Tools* focused = nullptr;

@@ -22,15 +22,23 @@ Reach Limited(const Tools_Fields& control, Reach reach) {
     return reach;
 }
 
+/// Part of a picture is not kept.
+Reach Kept_Reach(const Tools_Fields& control, const Area& covered, unsigned& picture) {
+    const Reach limited = Limited(control, Covering(covered));
+    if (limited.area.Holds(covered)) return {covered, covered, &picture};
+    picture = 0;
+    return limited;
+}
+
 }  // namespace
 
 Canvas::Canvas(const Tools_Fields& control, const Reach& reach)
     : view(Take_View(control.Window, Limited(control, reach))) {}
 
 Canvas::Canvas(const Tools_Fields& control, const Area& covered, unsigned& picture)
-    : Canvas(control, Reach{covered, true, &picture}) {}
+    : Canvas(control, Kept_Reach(control, covered, picture)) {}
 
-Canvas::Canvas(HWND window, const Area& area) : view(Take_View(window, {area, false, nullptr, true})) {}
+Canvas::Canvas(HWND window, const Area& area) : view(Take_View(window, {.area = area, .is_part = true})) {}
 
 void Canvas::Raise(int rows) {
     view.sheet->Raise(rows);

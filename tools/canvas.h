@@ -23,7 +23,7 @@ inline Area Area_Of(const Tools_Fields& control) {
 inline Reach Inside(const Tools_Fields& control) { return {Area_Of(control)}; }
 
 /// An area, edges included, of which the paint leaves nothing that was there before.
-inline Reach Covering(const Area& area) { return {area, true}; }
+inline Reach Covering(const Area& area) { return {area, area}; }
 
 /// Takes the surface for a paint and gives it back. Nothing is painted outside its reach, the text clip
 /// rectangle of the control, and the control that it is a part of. Every call carries its colour, so there is

@@ -254,7 +254,7 @@ bool Join(Painting& painting, const Painting& outer, const Reach& reach) {
 Sheet* Open_Sheet(Surface& surface, const Painting& painting, const Reach& reach) {
     if (const Batch* const batch = Batch_Of(surface, painting.window)) return batch->sheet;
     return Held_Sheet(surface, painting.window, painting.view.client,
-                      reach.covered ? painting.view.clip : RECT{});
+                      Device_Of(reach.covered, painting.view.client.cy));
 }
 
 /// The kept sheet for a rectangle: with what is on it when it is the one asked for, else with a new number;
@@ -286,13 +286,27 @@ bool Keep(Surface& surface, Painting& painting, unsigned& picture) {
     return sheet != nullptr;
 }
 
+/// Has a sheet show what the window does, except where it is covered.
+void Read_Around(Sheet& sheet, HDC source, const RECT& covered) {
+    const RECT& all = sheet.place;
+    const RECT inner = Common(all, covered);
+    if (Is_Empty(inner)) return sheet.Read(source, all);
+    for (const RECT& strip :
+         {RECT{all.left, all.top, all.right, inner.top}, RECT{all.left, inner.bottom, all.right, all.bottom},
+          RECT{all.left, inner.top, inner.left, inner.bottom},
+          RECT{inner.right, inner.top, all.right, inner.bottom}}) {
+        if (!Is_Empty(strip)) sheet.Read(source, strip);
+    }
+}
+
 /// Composes on a sheet of its own. Without memory it paints on the context itself.
-void Compose(Painting& painting, bool covered) {
+void Compose(Painting& painting, const RECT& covered) {
     Sheet* const sheet = Acquire_Sheet(painting.window, painting.view.clip);
     if (sheet) {
         painting.view.sheet = sheet;
         painting.view.origin = sheet->Origin();
-        if (!covered) With_Target(painting, [&](HDC source) { sheet->Read(source, painting.view.clip); });
+        if (!Is_Inside(sheet->place, covered))
+            With_Target(painting, [&](HDC source) { Read_Around(*sheet, source, covered); });
         return;
     }
     painting.view.dc = painting.context ? painting.context->Get() : painting.target;
@@ -324,7 +338,7 @@ void Begin(Surface& surface, Painting& painting, const Reach& reach) {
     }
     if (may_keep && Keep(surface, painting, *reach.picture)) return;
     if (painting.under) return Paint_On(painting, *painting.under);
-    Compose(painting, reach.covered);
+    Compose(painting, Device_Of(reach.covered, view.client.cy));
 }
 
 /// Brings what was painted to where it goes.
@@ -440,10 +454,9 @@ void Fill(HWND window, const RECT& area, unsigned long color) {
     const SIZE client = Client_Size(window);
     const RECT box = Common(area, Whole(client));
     if (Is_Empty(box)) return;
-    const View view = Take_View(
-        window, {{static_cast<int>(box.left), static_cast<int>(box.right) - 1,
-                  static_cast<int>(client.cy - box.bottom), static_cast<int>(client.cy - 1 - box.top)},
-                 true});
+    const Area filled{static_cast<int>(box.left), static_cast<int>(box.right) - 1,
+                      static_cast<int>(client.cy - box.bottom), static_cast<int>(client.cy - 1 - box.top)};
+    const View view = Take_View(window, {filled, filled});
     if (view.sheet) {
         Sheet& sheet = *view.sheet;
         const POINT origin = sheet.Origin();

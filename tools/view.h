@@ -23,14 +23,14 @@ struct View {
 /// What a member is about to paint.
 struct Reach {
     Area area;                    ///< all that it may paint, edges included
-    bool covered = false;         ///< it leaves nothing to be seen of what is there
+    Area covered{0, -1, 0, -1};   ///< where it leaves nothing to be seen of what is there
     unsigned* picture = nullptr;  ///< see `Take_View`
     bool is_part = false;         ///< of whatever is being painted
 };
 
 /// Takes the surface for a member. It paints where the control that it is a part of paints, in the batch that
 /// is open or the picture that is held, or else on a sheet of its own, which starts with what the window
-/// shows unless that is covered.
+/// shows, where that is not covered.
 ///
 /// A member that repaints only what changed gives the number of the picture that it painted last. The library
 /// keeps that of the last one that asked. The number becomes that of the picture in use; 0, none is kept.

@@ -63,9 +63,13 @@ bool Find_Pointer(HWND window, POINT& position) {
     position = {ZCursor_X, ZCursor_Y};
     if (!window) return false;
     const SIZE client = Client_Size(window);
-    if (client.cx < 1 || client.cy < 1 || !ScreenToClient(window, &position)) return false;
-    if (Is_Mirrored(window)) position.x = client.cx - 1 - position.x;
-    position.y = client.cy - 1 - position.y;
+    if (client.cx < 1 || client.cy < 1) return false;
+    // In a mirrored window columns are counted from the right: a pixel further, they are fewer. Three points,
+    // for two would be taken for a rectangle.
+    POINT points[] = {position, {position.x + 1, position.y}, position};
+    MapWindowPoints(nullptr, window, points, 3);
+    const bool mirrored = points[1].x < points[0].x;
+    position = {mirrored ? client.cx - 1 - points[0].x : points[0].x, client.cy - 1 - points[0].y};
     return true;
 }
 

@@ -417,8 +417,11 @@ void Lists::Update() {
     } else if (first != Within_16(Origin)) {
         Origin = first;  // the application has moved the items
     }
-    Canvas canvas(*this, {{inner.left, inner.right - 1, inner.bottom + 1, inner.top},
-                          Frame.Cur_Graph_Normal || !Has_Flag(*this, FLAG_NO_BODY)});
+    // Items without room turn their frames inside out, beyond the inner area.
+    Reach reach = Inside(*this);
+    if (!Has_Flag(*this, FLAG_NO_BODY))
+        reach.covered = {inner.left, inner.right - 1, inner.bottom + 1, inner.top};
+    Canvas canvas(*this, reach);
     if (Has_Flag(*this, FLAG_OUTLINE) || !Item) return Paint_Ground(canvas, *this, inner);
     Choose_Shown();
     Paint_Ground_Around(canvas, *this, inner, {Shown_First, Shown_Count});

@@ -2,7 +2,9 @@
 #include "host/host.h"
 
 #include <array>
+#include <deque>
 #include <memory>
+#include <random>
 #include <string>
 
 #include "tests/support/keys.h"
@@ -196,6 +198,98 @@ TEST_F(Host_Test, Controls_Above_Take_The_Pointer) {
     label.Init(window);
     host->Add(label);
     EXPECT_EQ(Send(WM_MOUSEMOVE, 0, 110, 20), "b0+ b draw") << "a label is seen through";
+}
+
+int Random(int below) {
+    static std::minstd_rand numbers;
+    return static_cast<int>(numbers() % static_cast<unsigned>(below));
+}
+
+TEST(Place_Index_Test, Finds_What_A_Search_Of_All_Finds) {
+    // Some are empty or turned inside out.
+    const auto random_rectangle = [] {
+        const int left = Random(200) - 50, top = Random(200) - 50;
+        return RECT{left, top, left + Random(40) - 3, top + Random(40) - 3};
+    };
+    galdren::Place_Index index;
+    for (const std::size_t count : {0, 1, 8, 9, 65, 300, 300, 64}) {
+        std::vector<RECT> all(count);
+        std::generate(all.begin(), all.end(), random_rectangle);
+        index.Make(all);
+        for (int i = 0; i < 200; ++i) {
+            const RECT area = random_rectangle();
+            std::size_t least = count ? static_cast<std::size_t>(Random(static_cast<int>(count))) : 0;
+            std::vector<std::size_t> wanted, found;
+            for (std::size_t number = least; number < count; ++number) {
+                if (galdren::Meet(all[number], area)) wanted.push_back(number);
+            }
+            index.Search(area, least, [&](std::size_t number) { found.push_back(number); });
+            std::sort(found.begin(), found.end());
+            ASSERT_EQ(found, wanted);
+        }
+    }
+}
+
+// Fields are public: a control may be elsewhere, passive or hidden without the host being told.
+TEST_F(Host_Test, Controls_May_Change_Behind_Its_Back) {
+    constexpr int count = 20;
+    std::deque<Boxs> boxes(count);
+    std::deque<Recorder> own(count, a);
+    std::vector<Tools*> all;
+    const auto place = [](Tools& control) {
+        control.X = static_cast<short>(Random(client_width) - 20);
+        control.Y = static_cast<short>(Random(client_height) - 20);
+        control.Width = static_cast<short>(Random(40));
+        control.Height = static_cast<short>(Random(40));
+        control.Flag = Random(10) ? 0 : FLAG_PASSIVE;
+    };
+    const auto topmost = [&](POINT at) {
+        const auto under = std::find_if(all.rbegin(), all.rend(), [&](const Tools* control) {
+            return control->Width > 0 && control->Height > 0 && PtInRect(&control->Rect, at);
+        });
+        return under == all.rend() || (*under)->Flag & FLAG_PASSIVE ? nullptr : *under;
+    };
+    host->Clear();
+    for (std::size_t i = 0; i < count; ++i) {
+        for (Tools* control : {static_cast<Tools*>(&boxes[i]), static_cast<Tools*>(&own[i])}) {
+            place(*control);
+            all.push_back(control);
+        }
+        host->Add(boxes[i]);
+        host->Add(own[i]);
+    }
+    host->Init_All();
+    for (int i = 0; i < 4000; ++i) {
+        Boxs& box = boxes[static_cast<std::size_t>(Random(count))];
+        Recorder& control = own[static_cast<std::size_t>(Random(count))];
+        Tools* changed = &box;
+        switch (Random(6)) {
+            case 0:
+                place(box);
+                box.Init(window);
+                break;
+            case 1:
+                place(control);
+                control.Init(window);
+                changed = &control;
+                break;
+            case 2:  // not initialised: only what is read anew counts
+                place(box);
+                break;
+            case 3:
+                box = boxes[0];
+                break;
+            case 4:
+                host->Remove(box);
+                std::erase(all, &box);
+                host->Add(box);
+                all.push_back(&box);
+                break;
+        }
+        const POINT at{changed->Rect.left + Random(10), changed->Rect.top + Random(10)};
+        Send(WM_MOUSEMOVE, 0, at.x, at.y);
+        ASSERT_EQ(host->Current(), topmost(at)) << "step " << i;
+    }
 }
 
 TEST_F(Host_Test, Callbacks_May_Change_The_Host) {
@@ -436,6 +530,120 @@ TEST_F(Host_Test, Panel_Below_A_Button) {
     EXPECT_NE(Picture(window).At(45, 45), plain.At(45, 45)) << "a repaint keeps the highlight";
     Send(WM_MOUSELEAVE, 0, 0, 0);
     EXPECT_TRUE(Same(Picture(window), plain));
+}
+
+// What is painted twice, or over others, would show.
+TEST(Host_Paint_Test, A_Part_Painted_Anew_Looks_As_Before) {
+    constexpr int side = 400;
+    Test_Window window(side, side);
+    Host host(window);
+    const auto place = [](Tools& control, int x, int y, int width, int height) {
+        control.X = static_cast<short>(x);
+        control.Y = static_cast<short>(y);
+        control.Width = static_cast<short>(width);
+        control.Height = static_cast<short>(height);
+        control.Font_Name = "Arial";
+        control.Font_Size = 20;
+        control.Name = "Text";
+    };
+    Boxs panel;
+    place(panel, 0, 0, side - 1, side - 1);
+    host.Add(panel);
+    std::deque<Buttons> buttons(60);
+    for (std::size_t i = 0; i < buttons.size(); ++i) {
+        place(buttons[i], 10 + static_cast<int>(i % 6) * 55, 10 + static_cast<int>(i / 6) * 30, 60, 40);
+        host.Add(buttons[i]);
+    }
+    buttons[20].Clip_X = buttons[20].X, buttons[20].Clip_Y = buttons[20].Y;
+    buttons[20].Clip_Width = buttons[20].Clip_Height = 50;
+    Lists list;
+    place(list, 300, 200, 90, 150);
+    list.Flag = FLAG_VERTICAL;
+    list.Grow(20, 0);
+    host.Add(list);
+    host.Init_All();
+    const auto paint = [&](const RECT& area) {
+        LRESULT result = 0;
+        ValidateRect(window, nullptr);
+        InvalidateRect(window, &area, FALSE);
+        host.Message(WM_PAINT, 0, 0, result);
+    };
+    paint({0, 0, side, side});
+    const Picture whole(window);
+    for (const char* where : {"window", "batch", "picture held"}) {
+        const bool in_batch = where[0] == 'b';
+        if (where[0] == 'p') host.Hold();
+        for (int i = 0; i < 100; ++i) {
+            const int left = Random(side), top = Random(side);
+            // In a batch and in a picture that is held all counts that anybody paints.
+            if (in_batch) Begin_Batch(window);
+            host.Refresh(buttons[static_cast<std::size_t>(Random(60))]);
+            paint({left, top, left + 1 + Random(30), top + 1 + Random(30)});
+            if (in_batch) End_Batch();
+        }
+        EXPECT_TRUE(Same(Picture(window), whole)) << where;
+    }
+}
+
+TEST_F(Host_Test, A_Picture_Held_Is_Painted_Where_It_Changed) {
+    constexpr std::uint32_t other_ground = 0x204060;
+    const std::string all = "a draw b draw";
+    const auto paint_all = [this] { return Paint(0, 0, client_width - 1, client_height - 1); };
+    paint_all();
+    host->Hold();
+    EXPECT_EQ(Paint(0, 0, 1, 1), all) << "the first picture";
+    window.Refill();
+    EXPECT_EQ(Paint(0, 0, 70, 70), "");
+    const Area copied{0, 70, 0, 70};
+    EXPECT_EQ(Picture(window).Painted(), copied) << "copied, as far as it was to be painted";
+    host->Refresh(a);
+    EXPECT_EQ(Paint(150, 80, 151, 81), "a draw") << "wherever the update rectangle is";
+    EXPECT_EQ(Paint(150, 80, 151, 81), "");
+    host->Refresh(a), host->Refresh(b), host->Refresh(a);
+    EXPECT_EQ(paint_all(), all);
+    EXPECT_EQ(Send(WM_MOUSEMOVE, 0, 20, 20) + Paint(0, 0, 9, 9), "a0+") << "members paint into the picture";
+
+    Recorder c{log, 'c', 10, 50, 50, 30};
+    const auto remove_c = [&] { host->Remove(c); };
+    const std::function<void()> changes[] = {
+        [&] { host->Refresh(a), host->Refresh(); },
+        [&] { host->Set_Background(Colors(0x20, 0x40, 0x60)); },
+        [&] { host->Set_On_Paint({}); },
+        [&] { host->Add(c), host->Init_All(), Paint(0, 0, 1, 1), remove_c(); },
+        [&] { host->Message(WM_SIZE, 0, 0, result); },
+        [&] { window.Resize(client_width + 10, client_height); },
+        [&] { host->Set_On_Paint([this] { host->Set_On_Paint({}); }), Paint(0, 0, 1, 1); }};
+    for (const auto& change : changes) {
+        change();
+        EXPECT_EQ(Paint(0, 0, 1, 1), all) << &change - changes;
+        EXPECT_EQ(Paint(0, 0, 1, 1), "") << &change - changes;
+    }
+    EXPECT_EQ(Picture(window).At(150, 90), other_ground);
+    host->Remove(c);
+    EXPECT_EQ(Paint(0, 0, 1, 1), "") << "it was gone before";
+
+    host.reset();
+    EXPECT_EQ(Show_Hold(window, nullptr, {}), 0) << "nobody holds it any more";
+}
+
+// A window without memory for its picture is painted all the same, until there is some.
+TEST_F(Host_Test, No_Memory_For_The_Picture_Held) {
+    Buttons button;
+    button.X = 150, button.Y = 50, button.Width = 40, button.Height = 40;
+    host->Add(button);
+    host->Init_All();
+    Paint(0, 0, client_width - 1, client_height - 1);
+    const Picture whole(window);
+    host->Hold();
+    Tools_Lib_Cleanup();
+    Call_Spy spy;
+    spy.Fail("CreateDIBSection");
+    for (const char* told : {"a draw b draw", "a draw b draw", ""}) {
+        window.Refill();
+        EXPECT_EQ(Paint(0, 0, client_width - 1, client_height - 1), told);
+        EXPECT_TRUE(Same(Picture(window), whole)) << told;
+    }
+    EXPECT_GT(spy.Count("CreateDIBSection"), 1);
 }
 
 TEST_F(Host_Test, Move_Without_Change_Of_Hover_Paints_Nothing) {
