@@ -129,4 +129,13 @@ class Canvas {
     RECT painted{};
 };
 
+/// Has paints beside each other in one window share its context for a scope.
+class Shared_Context {
+  public:
+    explicit Shared_Context(HWND window) { Take_Context(window); }
+    ~Shared_Context() { Give_Back_View({}); }
+    Shared_Context(const Shared_Context&) = delete;
+    Shared_Context& operator=(const Shared_Context&) = delete;
+};
+
 }  // namespace galdren

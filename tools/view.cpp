@@ -45,10 +45,11 @@ struct Hold {
 struct Painting {
     HWND window = nullptr;
     View view;
-    RECT nested_clip{};      ///< see `Limit_Nested`
-    Sheet* under = nullptr;  ///< what the sheet is part of: of a batch, or of a held window
-    HDC target = nullptr;    ///< what the sheet is copied to at the end: the context of a pair,
-    std::optional<Window_Context> context;  ///< or of the window
+    RECT nested_clip{};                     ///< see `Limit_Nested`
+    Sheet* under = nullptr;                 ///< what the sheet is part of: of a batch, or of a held window
+    HDC target = nullptr;                   ///< what the sheet is copied to at the end
+    bool is_pair = false;                   ///< `target` is an application's
+    std::optional<Window_Context> context;  ///< taken for this painting, and for those inside it
     int saved = 0;                          ///< state of a context that is painted on directly
 };
 
@@ -222,7 +223,7 @@ void Count_Pixels(HDC dc, LONG client_height) {
 /// Calls `act` with the context that a painting goes to, which counts in pixels.
 template <class Act>
 void With_Target(const Painting& painting, Act act) {
-    if (painting.context) return act(painting.context->Get());
+    if (!painting.is_pair) return act(painting.target);
     const int saved = SaveDC(painting.target);
     Count_Pixels(painting.target, painting.view.client.cy);
     act(painting.target);
@@ -309,9 +310,27 @@ void Compose(Painting& painting, const RECT& covered) {
             With_Target(painting, [&](HDC source) { Read_Around(*sheet, source, covered); });
         return;
     }
-    painting.view.dc = painting.context ? painting.context->Get() : painting.target;
+    painting.view.dc = painting.target;
     painting.saved = SaveDC(painting.view.dc);
-    if (painting.target) Count_Pixels(painting.view.dc, painting.view.client.cy);
+    if (painting.is_pair) Count_Pixels(painting.view.dc, painting.view.client.cy);
+}
+
+/// Finds out where what is painted goes to: the context of a pair, an open sheet, or a context of the window.
+void Find_Target(Surface& surface, Painting& painting, const Reach& reach) {
+    const Pair* const pair = Pair_Of(surface, painting.window);
+    painting.is_pair = pair != nullptr;
+    if (pair) {
+        painting.target = pair->dc;
+        return;
+    }
+    painting.under = Open_Sheet(surface, painting, reach);
+    if (painting.under) return;
+    const Painting* const outer = Last_Of(surface.paintings, painting.window);
+    if (!outer || !outer->context) {
+        Forget_Dead_Windows(surface);
+        painting.context.emplace(painting.window);
+    }
+    painting.target = (outer && outer->context ? outer : &painting)->context->Get();
 }
 
 /// Finds what a member that is not part of another paints on.
@@ -321,21 +340,11 @@ void Begin(Surface& surface, Painting& painting, const Reach& reach) {
     const RECT all = Device_Of(reach.area, view.client.cy);
     view.clip = Common(all, Whole(view.client));
     if (Is_Empty(view.clip)) return;
-    const Pair* const pair = Pair_Of(surface, painting.window);
-    if (pair && !pair->dc) return;
-    if (pair) {
-        painting.target = pair->dc;
-    } else {
-        painting.under = Open_Sheet(surface, painting, reach);
-    }
+    Find_Target(surface, painting, reach);
+    if (!painting.under && !painting.target) return;
     // Part of a picture is not kept: what is outside the client area may come into view.
     const bool may_keep = reach.picture && EqualRect(&view.clip, &all);
     if (painting.under && !may_keep) return Paint_On(painting, *painting.under);
-    if (!painting.under && !pair) {
-        Forget_Dead_Windows(surface);
-        painting.context.emplace(painting.window);
-        if (!painting.context->Get()) return;
-    }
     if (may_keep && Keep(surface, painting, *reach.picture)) return;
     if (painting.under) return Paint_On(painting, *painting.under);
     Compose(painting, Device_Of(reach.covered, view.client.cy));
@@ -347,7 +356,7 @@ void End(Surface& surface, Painting& painting, const RECT& painted) {
     if (painting.saved) RestoreDC(painting.view.dc, painting.saved);
     if (!sheet) return;
     sheet->Note(painted);
-    if (painting.target || painting.context) {
+    if (painting.target) {
         With_Target(painting, [&](HDC target) { sheet->Show(target); });
     } else if (painting.under) {
         if (painting.under != sheet) sheet->Show(*painting.under);
@@ -379,6 +388,17 @@ View Take_View(HWND window, const Reach& reach) {
     painting.nested_clip = painting.view.clip;
     surface.paintings.push_back(std::move(painting));
     return surface.paintings.back().view;
+}
+
+void Take_Context(HWND window) {
+    Enter_Lock();
+    Surface& surface = The_Surface();
+    Painting painting;
+    painting.window = window;
+    const bool needed = !Last_Of(surface.paintings, window) && !Pair_Of(surface, window) &&
+                        !Batch_Of(surface, window) && !Last_Of(surface.holds, window);
+    if (needed) painting.context.emplace(window);
+    surface.paintings.push_back(std::move(painting));
 }
 
 void Give_Back_View(const RECT& painted) {

@@ -36,6 +36,10 @@ struct Reach {
 /// keeps that of the last one that asked. The number becomes that of the picture in use; 0, none is kept.
 View Take_View(HWND window, const Reach& reach);
 
+/// Takes a context of the window for several paints beside each other, which then need not take one each.
+/// Given back like a view.
+void Take_Context(HWND window);
+
 /// Gives back what `Take_View` took.
 /// @param painted  what was painted of the client area
 void Give_Back_View(const RECT& painted);

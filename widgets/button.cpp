@@ -2,10 +2,13 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <functional>
+#include <string_view>
 
 #include "tools/base.h"
 #include "tools/dimensions.h"
 #include "tools/sharing.h"
+#include "widgets/items.h"
 
 using namespace galdren;
 
@@ -139,6 +142,16 @@ Reach Whole(const Buttons& button) {
     return complete ? Covering(covered) : Around(button);
 }
 
+/// Has a button follow value and pointer.
+/// @return whether it is highlighted
+bool Settle(Buttons& button, bool inside) {
+    Choose_Bodies(button);
+    button.Hover = Hover_Unknown;
+    if (Has_Flag(button, FLAG_PASSIVE)) return false;
+    Hover_Changes(button, button.Hover, inside);
+    return inside;
+}
+
 /// The whole button, highlighted when the pointer is inside. A passive one shows no lamp.
 void Paint_Whole(Canvas& canvas, Buttons& button) {
     if (Has_Flag(button, FLAG_STATIC)) {
@@ -148,17 +161,33 @@ void Paint_Whole(Canvas& canvas, Buttons& button) {
         Paint_Name(canvas, button);
         return;
     }
-    Choose_Bodies(button);
-    button.Hover = Hover_Unknown;
-    const bool passive = Has_Flag(button, FLAG_PASSIVE);
-    const bool inside = !passive && Pointer_Inside(button);
-    if (!passive) Hover_Changes(button, button.Hover, inside);
+    const bool inside = Settle(button, Pointer_Inside(button));
     Paint_Body_In_Frame(canvas, button, inside);
-    if (!passive) Paint_Lamp(canvas, button);
+    if (!Has_Flag(button, FLAG_PASSIVE)) Paint_Lamp(canvas, button);
     Paint_Name(canvas, button);
 }
 
 }  // namespace
+
+namespace galdren {
+
+Look_Of_Button Settle_Look(Buttons& button, bool inside) {
+    button.Last_Value = button.Value;
+    const bool highlighted = Settle(button, inside);
+    return {highlighted ? button.Cur_Graph_Select : button.Cur_Graph_Normal,
+            button.Font,
+            button.Name ? std::hash<std::string_view>()(button.Name) : 0,
+            button.Flag,
+            button.Color.get(),
+            button.Width,
+            button.Height,
+            Button_Border(button),
+            button.Value,
+            button.Lamp,
+            highlighted};
+}
+
+}  // namespace galdren
 
 Buttons::Buttons() = default;
 

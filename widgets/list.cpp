@@ -229,52 +229,77 @@ void Paint_Ground(Canvas& canvas, const Lists& list, const Area& area) {
     }
 }
 
+/// What the ground fills of the inner area, edges included.
+Area Filled_By(const Area& inner) { return {inner.left, inner.right - 1, inner.bottom + 1, inner.top}; }
+
 /// Whether painting an item leaves nothing to be seen of what was there, from one pixel inside its edges.
 bool Covers_Its_Place(const Buttons& item) {
     return !Has_Flag(item, FLAG_NO_BODY | FLAG_STATIC | FLAG_OUTLINE) && item.Clip_Width == 0 &&
            2 * std::abs(Frame_Width(item)) + 2 <= std::min(item.Width, item.Height);
 }
 
-/// The ground in the gaps around items that cover their places. What the items are painted on next is left
-/// alone, so that nothing flickers when they scroll.
-void Paint_Gaps(Canvas& canvas, const Lists& list, const Area& inner, const Run& run) {
-    const Buttons& any = *list.Item[run.first];
-    const bool row = list.Item_DX != 0;
-    const Area across{row ? inner.left : any.X + 1, row ? inner.right : any.X + any.Width,
-                      row ? any.Y : inner.bottom, row ? any.Y + any.Height - 1 : inner.top};
-    const auto gap = [&](int from, int to) {
-        Area area = across;
-        (row ? area.left : area.bottom) = from;
-        (row ? area.right : area.top) = to;
-        Paint_Ground(canvas, list, area);
-    };
-    Paint_Ground(canvas, list, {inner.left, across.left, inner.bottom, inner.top});
-    Paint_Ground(canvas, list, {across.right, inner.right, inner.bottom, inner.top});
-    Paint_Ground(canvas, list, {across.left, across.right, inner.bottom, across.bottom});
-    Paint_Ground(canvas, list, {across.left, across.right, across.top, inner.top});
-    int from = row ? inner.left : inner.bottom;
-    for (int i = 0; i < run.count; ++i) {
-        // In the direction of growing coordinates.
-        const Buttons& item = *list.Item[Step_Of(list) > 0 ? run.first + i : run.first + run.count - 1 - i];
-        gap(from, row ? item.X + 1 : item.Y);
-        from = row ? item.X + item.Width : item.Y + item.Height - 1;
-    }
-    gap(from, row ? inner.right : inner.top);
+/// What the kept picture shows of the list that painted it last. There is one such picture.
+struct Kept_Items {
+    static constexpr int Most = 128;
+    int origin;
+    Run run;
+    Look_Of_Button looks[Most];
+};
+Kept_Items The_Kept_Items;
+
+/// The rows that items take, from the lower edge of the lowest to the upper edge of the highest.
+Area Rows_Of(const Lists& list, const Area& inner, const Run& run) {
+    const Buttons& first = *list.Item[run.first];
+    const Buttons& last = *list.Item[run.first + run.count - 1];
+    return {inner.left, inner.right, std::min(first.Y, last.Y) - 1, std::max(first.Y, last.Y) + first.Height};
 }
 
-/// The ground of the inner area, as far as items do not cover it.
-void Paint_Ground_Around(Canvas& canvas, const Lists& list, const Area& inner, const Run& run) {
-    const auto fits = [&](const Buttons* item) {
-        const Buttons& first = *list.Item[run.first];
-        return item->Shown && Covers_Its_Place(*item) && item->Width == first.Width &&
-               item->Height == first.Height;
-    };
-    Buttons** const items = list.Item + run.first;
-    if (run.count > 0 && std::all_of(items, items + run.count, fits)) {
-        Paint_Gaps(canvas, list, inner, run);
-    } else {
-        Paint_Ground(canvas, list, inner);
+/// The items in view, without those at the ends that do not stand wholly in the inner area.
+Run Shown_Run(const Lists& list, Run run) {
+    while (run.count > 0 && !list.Item[run.first]->Shown)
+        ++run.first, --run.count;
+    while (run.count > 0 && !list.Item[run.first + run.count - 1]->Shown)
+        --run.count;
+    return run;
+}
+
+/// Whether items can be moved as pixels: they and a flat ground leave nothing else to be seen.
+bool Scroll_As_Pixels(const Lists& list, const Area& inner, const Run& run) {
+    if (!Is_Column(list) || !Has_Bar(list) || run.count < 1 || run.count > Kept_Items::Most) return false;
+    if (list.Frame.Cur_Graph_Normal || Has_Flag(list, FLAG_NO_BODY)) return false;
+    return std::all_of(list.Item + run.first, list.Item + run.first + run.count, [&](const Buttons* item) {
+        return item->Shown && Covers_Its_Place(*item) && item->Y > inner.bottom &&
+               item->X + item->Width < inner.right;
+    });
+}
+
+/// Moves the items that are in view already and look as they did, and paints the others.
+void Move_Items(Canvas& canvas, const Lists& list, const Area& inner, const Run& run, int origin) {
+    Kept_Items& kept = The_Kept_Items;
+    const int rise = origin - kept.origin;
+    const bool moves = canvas.Kept() && std::abs(rise) < inner.top - inner.bottom;
+    const Run before = moves ? kept.run : Run{0, 0};
+    Area open = inner;
+    if (moves) {
+        canvas.Raise(rise);
+        const Area rows = Rows_Of(list, inner, run);
+        Paint_Ground(canvas, list,
+                     {inner.left, inner.right, std::min(rows.top, inner.top + rise), inner.top});
+        open.top = std::max(rows.bottom, inner.bottom + rise);
     }
+    Paint_Ground(canvas, list, open);
+    POINT pointer{};
+    const bool pointed = Find_Pointer(list.Window, pointer);
+    Look_Of_Button looks[Kept_Items::Most];
+    for (int i = 0; i < run.count; ++i) {
+        Buttons& item = *list.Item[run.first + i];
+        looks[i] = Settle_Look(item, pointed && PtInRect(&item.Rect, pointer));
+        const int place = run.first + i - before.first;
+        if (place < 0 || place >= before.count || !(kept.looks[place] == looks[i])) item.Draw();
+    }
+    std::copy_n(looks, run.count, kept.looks);
+    kept.origin = origin;
+    kept.run = run;
 }
 
 /// Tells an item of the pointer. One that shows already what it would then show need not hear of it.
@@ -367,6 +392,7 @@ void Lists::Draw() {
     Check(*this, "List::Draw");
     if (!Has_Size(*this)) return;
     const Canvas for_all_parts(*this, Inside(*this));
+    Picture = 0;
     Last_Current = Current;
     Frame.Draw();
     if (Has_Flag(*this, FLAG_NO_BODY)) return;
@@ -417,14 +443,21 @@ void Lists::Update() {
     } else if (first != Within_16(Origin)) {
         Origin = first;  // the application has moved the items
     }
+    if (Has_Flag(*this, FLAG_OUTLINE) || !Item) {
+        Canvas canvas(*this, Inside(*this));
+        return Paint_Ground(canvas, *this, inner);
+    }
+    Choose_Shown();
+    const Run run = Shown_Run(*this, {Shown_First, Shown_Count});
+    if (Scroll_As_Pixels(*this, inner, run)) {
+        Canvas canvas(*this, Filled_By(inner), Picture);
+        return Move_Items(canvas, *this, inner, run, Origin);
+    }
     // Items without room turn their frames inside out, beyond the inner area.
     Reach reach = Inside(*this);
-    if (!Has_Flag(*this, FLAG_NO_BODY))
-        reach.covered = {inner.left, inner.right - 1, inner.bottom + 1, inner.top};
+    if (!Has_Flag(*this, FLAG_NO_BODY)) reach.covered = Filled_By(inner);
     Canvas canvas(*this, reach);
-    if (Has_Flag(*this, FLAG_OUTLINE) || !Item) return Paint_Ground(canvas, *this, inner);
-    Choose_Shown();
-    Paint_Ground_Around(canvas, *this, inner, {Shown_First, Shown_Count});
+    Paint_Ground(canvas, *this, inner);
     for (int i = Shown_First; i < Shown_First + Shown_Count; ++i) {
         if (Item[i]->Shown) Item[i]->Draw();
     }
@@ -464,6 +497,7 @@ int Lists::Select(int event) {
 
 /// Takes the value under the pointer from the scroll bar.
 void Lists::Follow_Bar() {
+    const Shared_Context context(Window);
     Scroll_Bar.Val = Scroll_Bar.Read();
     Scroll_Bar.Adjust();
     if (Truncate(double{Scroll_Bar.Val}) != Origin) Update();
@@ -491,6 +525,7 @@ void Lists::Scroll(int amount) {
     Check(*this, "Lists::Scroll");
     if (!Has_Size(*this) || Has_Flag(*this, FLAG_PASSIVE) || !Pointer_Inside(*this) || !Has_Bar(*this))
         return;
+    const Shared_Context context(Window);
     Scroll_Bar.Scroll(amount);
     if (Truncate(double{Scroll_Bar.Val}) != Origin) Update();
 }
@@ -516,6 +551,7 @@ void Lists::Mark(int index, short value) {
 void Lists::Adjust() {
     Check(*this, "List::Adjust");
     if (!Has_Size(*this) || Current == Last_Current || Has_Flag(*this, FLAG_PASSIVE)) return;
+    const Shared_Context context(Window);
     Mark(Last_Current, 0);
     Mark(Current, 1);
     Last_Current = Current;

@@ -71,5 +71,6 @@ class GALDREN_TOOLS_API Lists : public Tools {
     int Title_Height{};  // what a name takes at the top
     int Shown_First{};   // the items that the last `Update` looked at: the only ones that take part in events
     int Shown_Count{};
-    bool All_Left{};  // every item has been told that the pointer left
+    unsigned Picture{};  // number of the kept picture of the inner area; 0 when there is none
+    bool All_Left{};     // every item has been told that the pointer left
 };

@@ -369,6 +369,7 @@ void Texts::Scroll(int n) {
     const bool across = Has_H_Bar(*this) && H_Slider.Select(EVENT_TEST);
     if (!across && !Has_V_Bar(*this)) return;
     Sliders& bar = across ? H_Slider : V_Slider;
+    const Shared_Context context(Window);
     bar.Scroll(n);
     if (Has_Flag(bar, FLAG_PASSIVE)) bar.Adjust();  // else it has painted itself
     Re_Write();
@@ -406,6 +407,7 @@ void Texts::Append(int new_lines, const char* format, va_list arguments) {
     }
     Lines[0] = Duplicate(begin);
 
+    const Shared_Context context(Window);
     Paint_Contents();
     Place_Bars(*this);
     For_Bars(*this, [](Sliders& bar) {
