@@ -113,9 +113,10 @@ HDC Context_Of(Hold& hold) {
     return hold.context->Get();
 }
 
-/// A context that belongs to its window or class is given back each time, for the application has it too.
+/// A context that belongs to its window or class is given back each time, for the application has it too; one
+/// that could not be had is asked for again.
 void Put_Away_Context(Hold& hold) {
-    if (hold.context && Has_Private_Context(hold.window)) hold.context.reset();
+    if (hold.context && (!hold.context->Get() || Has_Private_Context(hold.window))) hold.context.reset();
 }
 
 bool Has_Size(const Sheet& sheet, SIZE client) {
@@ -342,6 +343,9 @@ void Begin(Surface& surface, Painting& painting, const Reach& reach) {
     if (Is_Empty(view.clip)) return;
     Find_Target(surface, painting, reach);
     if (!painting.under && !painting.target) return;
+    // The window may have grown since the batch began.
+    if (painting.under) view.clip = Common(view.clip, painting.under->place);
+    if (Is_Empty(view.clip)) return;
     // Part of a picture is not kept: what is outside the client area may come into view.
     const bool may_keep = reach.picture && EqualRect(&view.clip, &all);
     if (painting.under && !may_keep) return Paint_On(painting, *painting.under);
@@ -540,7 +544,7 @@ void Close_Hold(HWND window) {
     Hold* const hold = Last_Of(surface.holds, window);
     if (!hold || --hold->count > 0) return;
     Retire_Sheet(std::move(hold->sheet));
-    std::erase_if(surface.holds, [&](const Hold& entry) { return &entry == hold; });
+    std::erase_if(surface.holds, [&](const Hold& entry) { return entry.window == window; });
 }
 
 bool Show_Held(HWND window, HDC target, const RECT& area) {

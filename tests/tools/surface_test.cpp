@@ -1,5 +1,7 @@
 #include <atomic>
+#include <memory>
 #include <thread>
+#include <vector>
 
 #include "Galdren_Tools.h"
 #include "tests/support/spy.h"
@@ -438,4 +440,77 @@ TEST(Surface, Needs_No_Memory) {
         }
     }
     Expect_Nothing_Taken();
+}
+
+/// Held or not, windows of any kind show what a plain one does, whatever happens to them meanwhile.
+TEST(Hold, Is_For_Windows_Of_Any_Kind) {
+    Test_Window plain(300, 120);
+    Controls wanted(plain);
+    plain.Point_At(0, 0);
+    const Picture picture = plain.After([&] { wanted.Draw(); });
+    for (const bool held : {false, true}) {
+        for (const LONG extended : {0L, LONG{WS_EX_LAYERED}, LONG{WS_EX_COMPOSITED}}) {
+            for (const UINT class_style : {0U, UINT{CS_OWNDC}, UINT{CS_HREDRAW | CS_VREDRAW}}) {
+                Test_Window window(300, 120, class_style);
+                if (extended)
+                    SetWindowLongA(window, GWL_EXSTYLE, GetWindowLongA(window, GWL_EXSTYLE) | extended);
+                if (extended == WS_EX_LAYERED) SetLayeredWindowAttributes(window, 0, 255, LWA_ALPHA);
+                Controls controls(window);
+                window.Point_At(0, 0);
+                if (held) Begin_Hold(window);
+                ShowWindow(window, SW_HIDE);
+                controls.Draw();
+                ShowWindow(window, SW_SHOWNA);
+                window.Resize(3000, 2200), controls.Draw();
+                Begin_Batch(window);
+                window.Resize(3400, 2600), controls.Draw();
+                window.Resize(200, 60), controls.Draw();
+                window.Resize(300, 120), controls.Draw();
+                End_Batch();
+                EXPECT_TRUE(Same(window.After([&] { controls.Draw(); }), picture))
+                    << held << ' ' << extended << ' ' << class_style;
+                if (held) End_Hold(window);
+            }
+        }
+    }
+    Expect_Nothing_Taken();
+}
+
+/// Two threads paint in windows of their own; many windows are held at once.
+TEST(Hold, Serves_Many_Windows_And_Two_Threads) {
+    const auto use = [](int rounds) {
+        std::vector<std::unique_ptr<Test_Window>> windows;
+        for (int i = 0; i < 50; ++i) {
+            windows.push_back(std::make_unique<Test_Window>(60, 40));
+            Begin_Hold(*windows.back());
+        }
+        for (int i = 0; i < rounds; ++i)
+            Paint(*windows[static_cast<std::size_t>(i) % windows.size()], {10, 29, 11, 20});
+        for (const auto& window : windows) {
+            EXPECT_EQ(Picture(*window).Painted(), (Area{10, 29, 11, 20}));
+            End_Hold(*window);
+        }
+    };
+    std::thread other(use, 300);
+    use(300);
+    other.join();
+    Expect_Nothing_Taken();
+}
+
+/// A process has 10,000 GDI handles. Controls beyond that have no region; all else works.
+TEST(Surface, Does_Without_Regions) {
+    Test_Window window(300, 120);
+    Controls controls(window);
+    const Picture picture = window.After([&] { controls.Draw(); });
+    Call_Spy spy;
+    Boxs box;
+    box.X = 10, box.Y = 10, box.Width = 120, box.Height = 80, box.Name = "Box", box.Flag = FLAG_VERTICAL,
+    box.Font_Size = 10;
+    spy.Fail("CreateRectRgn");
+    box.Init(window);
+    EXPECT_EQ(box.Region, nullptr);
+    EXPECT_EQ(box.Clip_Region, nullptr);
+    EXPECT_TRUE(Same(window.After([&] { box.Draw(), controls.button.Draw(); }), picture));
+    box.Init(window);
+    EXPECT_NE(box.Region, nullptr);
 }
