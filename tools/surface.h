@@ -61,7 +61,9 @@ GALDREN_TOOLS_API void End_Batch();
 /// What is painted in its scope reaches the window in one copy, so that nothing flickers.
 class Paint_Batch {
   public:
+    /// See `Begin_Batch(window)`.
     explicit Paint_Batch(HWND window) { Begin_Batch(window); }
+    /// See `Begin_Batch(window, area, color)`.
     Paint_Batch(HWND window, const RECT& area, unsigned long color) { Begin_Batch(window, area, color); }
     ~Paint_Batch() { End_Batch(); }
     Paint_Batch(const Paint_Batch&) = delete;
