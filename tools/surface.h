@@ -22,6 +22,8 @@ extern GALDREN_TOOLS_API HWND Z_Window;
 extern GALDREN_TOOLS_API unsigned long Current_Color;
 
 /// Takes the lock and the surface of `window`; `Z_DC` and `Z_Window` are set until the matching `End_Draw`.
+/// The context is one of the picture that a batch or a hold of the window paints on, else of the window.
+/// Members called in between heed its clip and leave it as it was.
 ///
 /// Pairs nest: an inner pair for the window that is being drawn keeps its context as it stands; for another
 /// window the outer context is put aside and comes back. Without a window, or when its context cannot be
@@ -39,11 +41,11 @@ GALDREN_TOOLS_API void Clip_Rect(int x, int y, int w, int h);
 /// Limits painting on `Z_DC` to the whole client area of `Z_Window`.
 GALDREN_TOOLS_API void Clip_Reset();
 
-/// Begins a paint batch: until the matching `End_Batch` every `Begin_Draw` of `window` on this thread gives
-/// one off-screen context with the same coordinates, which starts with what the window shows.
+/// Begins a paint batch: until the matching `End_Batch` members on this thread, and every `Begin_Draw`, paint
+/// on one picture of `window`, which starts with what the window shows.
 ///
-/// The lock is held for the whole batch. Batches nest; those of one window share the context, and the
-/// outermost brings the picture to the window.
+/// The lock is held for the whole batch. Batches nest; those of one window share the picture, and the
+/// outermost brings what was painted to the window.
 /// @param window  the window to paint in
 GALDREN_TOOLS_API void Begin_Batch(HWND window);
 
@@ -61,7 +63,9 @@ GALDREN_TOOLS_API void End_Batch();
 /// What is painted in its scope reaches the window in one copy, so that nothing flickers.
 class Paint_Batch {
   public:
+    /// See `Begin_Batch(window)`.
     explicit Paint_Batch(HWND window) { Begin_Batch(window); }
+    /// See `Begin_Batch(window, area, color)`.
     Paint_Batch(HWND window, const RECT& area, unsigned long color) { Begin_Batch(window, area, color); }
     ~Paint_Batch() { End_Batch(); }
     Paint_Batch(const Paint_Batch&) = delete;

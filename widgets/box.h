@@ -11,8 +11,8 @@ class GALDREN_TOOLS_API Boxs : public Tools {
     short Hover{};                      ///< 0 unknown, 1 painted highlighted, 2 painted normal
     void* Reserved_1{};                 ///< copied with the box; not used
     void* Reserved_2{};                 ///< copied with the box; not used
-    unsigned long* Own_Graph_Normal{};  ///< shading generated from `Color`; owned
-    unsigned long* Own_Graph_Select{};  ///< shading generated from the highlight colour; owned
+    unsigned long* Own_Graph_Normal{};  ///< shading generated from `Color`; shared by equal controls
+    unsigned long* Own_Graph_Select{};  ///< shading generated from the highlight colour; shared likewise
 
     /// Every field zero.
     Boxs();
