@@ -44,31 +44,6 @@ class Pointer_Scope {
     POINT before;
 };
 
-class Paint_Scope {
-  public:
-    explicit Paint_Scope(HWND painted) : window(painted) { BeginPaint(window, &paint); }
-    ~Paint_Scope() { EndPaint(window, &paint); }
-    Paint_Scope(const Paint_Scope&) = delete;
-    Paint_Scope& operator=(const Paint_Scope&) = delete;
-    HDC Context() const { return paint.hdc; }
-    const RECT& Area() const { return paint.rcPaint; }
-
-  private:
-    HWND window;
-    PAINTSTRUCT paint{};
-};
-
-class Batch_Scope {
-  public:
-    explicit Batch_Scope(HWND window) { Begin_Batch(window); }
-    Batch_Scope(HWND window, const RECT& area, const Colors& ground) {
-        Begin_Batch(window, area, ground.get());
-    }
-    ~Batch_Scope() { End_Batch(); }
-    Batch_Scope(const Batch_Scope&) = delete;
-    Batch_Scope& operator=(const Batch_Scope&) = delete;
-};
-
 /// The surface of a window for a scope, with painting limited to a rectangle in logical pixels. What is
 /// painted may set and reset clips of its own, which are narrowed to it.
 class Clip_Scope {
@@ -104,7 +79,39 @@ RECT Flip(const RECT& area, LONG height) {
     return {area.left, height - area.bottom, area.right, height - area.top};
 }
 
-POINT To_Logical(HWND window, POINT client) { return {client.x, Client_Area(window).bottom - 1 - client.y}; }
+/// The controls count columns from the left in every window; the system counts from the right in one whose
+/// layout runs from right to left.
+bool Is_Mirrored(HWND window) { return (GetWindowLongA(window, GWL_EXSTYLE) & WS_EX_LAYOUTRTL) != 0; }
+
+POINT To_Logical(HWND window, POINT client) {
+    const RECT all = Client_Area(window);
+    return {Is_Mirrored(window) ? all.right - 1 - client.x : client.x, all.bottom - 1 - client.y};
+}
+
+/// Turns an area of a client area from columns counted by us to columns counted by the system, or back.
+RECT Mirror(HWND window, const RECT& area) {
+    const LONG width = Client_Area(window).right;
+    return Is_Mirrored(window) ? RECT{width - area.right, area.top, width - area.left, area.bottom} : area;
+}
+
+class Paint_Scope {
+  public:
+    explicit Paint_Scope(HWND painted) : window(painted) {
+        BeginPaint(window, &paint);
+        area = Mirror(window, paint.rcPaint);
+        if (Is_Mirrored(window)) SetLayout(paint.hdc, 0);
+    }
+    ~Paint_Scope() { EndPaint(window, &paint); }
+    Paint_Scope(const Paint_Scope&) = delete;
+    Paint_Scope& operator=(const Paint_Scope&) = delete;
+    HDC Context() const { return paint.hdc; }
+    const RECT& Area() const { return area; }
+
+  private:
+    HWND window;
+    PAINTSTRUCT paint{};
+    RECT area{};
+};
 
 bool Is_Empty(const RECT& area) { return area.left >= area.right || area.top >= area.bottom; }
 
@@ -213,7 +220,7 @@ void Host::Init_All() {
 }
 
 void Host::Refresh(const Tools& control) {
-    const RECT area = Flip(control.Rect, Client_Area(window).bottom);
+    const RECT area = Mirror(window, Flip(control.Rect, Client_Area(window).bottom));
     InvalidateRect(window, &area, FALSE);
     if (holds && !Is_Empty(control.Rect)) Mark(control.Rect);
 }
@@ -383,7 +390,7 @@ bool Host::Is_Below(const Entry& entry, bool hidden) const {
 /// anything reaches the screen.
 int Host::Tell(const Entry& entry, int event, bool repaints) {
     if (!repaints || !Is_Below(entry, false)) return answer = entry.calls->select(*entry.control, event);
-    const Batch_Scope batch(window);
+    const Paint_Batch batch(window);
     answer = entry.calls->select(*entry.control, event);
     Paint_Area(Painted_Area(entry));
     return answer;
@@ -596,7 +603,7 @@ void Host::Paint_Held(HDC target, const RECT& area) {
 /// @return an area that was painted
 RECT Host::Paint_Marked() {
     if (marked.empty()) return {};
-    const Batch_Scope batch(window);
+    const Paint_Batch batch(window);
     RECT painted{};
     for (const RECT& area : std::exchange(marked, {}))
         painted = Paint_Area(area);
@@ -611,7 +618,7 @@ RECT Host::Paint_Marked() {
 /// @return what has been painted
 RECT Host::Paint_Area(RECT area) {
     const bool clips = !Grow_To_Controls(area);
-    const Batch_Scope batch(window, Flip(area, Client_Area(window).bottom), background);
+    const Paint_Batch batch(window, Flip(area, Client_Area(window).bottom), background.get());
     Paint_Ground(area);
     std::optional<Clip_Scope> clip;
     if (clips) clip.emplace(window, area);

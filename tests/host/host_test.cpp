@@ -646,6 +646,35 @@ TEST_F(Host_Test, No_Memory_For_The_Picture_Held) {
     EXPECT_GT(spy.Count("CreateDIBSection"), 1);
 }
 
+/// In a window that runs from right to left, the control that is seen is the one that is pressed and painted.
+TEST(Host_Paint_Test, Is_Never_Mirrored) {
+    for (const bool held : {false, true}) {
+        Test_Window window(200, 100);
+        SetWindowLongA(window, GWL_EXSTYLE, GetWindowLongA(window, GWL_EXSTYLE) | WS_EX_LAYOUTRTL);
+        Buttons left, right;
+        int pressed = 0;
+        Host host(window);
+        if (held) host.Hold();
+        for (Buttons* button : {&left, &right}) {
+            button->X = button == &left ? 10 : 110, button->Y = 20, button->Width = 60, button->Height = 25;
+            host.Add(*button, [&](Buttons& hit) { pressed = hit.X; });
+        }
+        host.Init_All();
+        LRESULT result = 0;
+        // The system counts the columns of this window from the right.
+        host.Message(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(199 - 20, 99 - 30), result);
+        EXPECT_EQ(pressed, 10);
+        host.Message(WM_LBUTTONUP, 0, MAKELPARAM(199 - 20, 99 - 30), result);
+        InvalidateRect(window, nullptr, FALSE);
+        host.Message(WM_PAINT, 0, 0, result);
+        window.Refill();
+        host.Refresh(left);
+        host.Message(WM_PAINT, 0, 0, result);
+        // A picture of this window is read from the right, too.
+        EXPECT_EQ(Picture(window).Painted(), (Area{199 - 70, 199 - 10, 20, 45})) << held;
+    }
+}
+
 TEST_F(Host_Test, Move_Without_Change_Of_Hover_Paints_Nothing) {
     std::array<Buttons, 200> buttons;
     host->Clear();
