@@ -158,37 +158,23 @@ void Paint_Whole(Canvas& canvas, Buttons& button) {
     Paint_Name(canvas, button);
 }
 
+/// Calls `act` with every body that a button owns.
+template <class Act>
+void For_Owned(const Buttons& button, Act act) {
+    for (const unsigned long* array :
+         {button.Own_Normal_Up, button.Own_Normal_Down, button.Own_Select_Up, button.Own_Select_Down})
+        act(array);
+}
+
 }  // namespace
 
 Buttons::Buttons() = default;
 
-Buttons::Buttons(const Buttons& other)
-    : Tools(other),
-      Value(other.Value),
-      Lamp(other.Lamp),
-      Shown(other.Shown),
-      Hover(other.Hover),
-      Normal_Up(other.Normal_Up),
-      Normal_Down(other.Normal_Down),
-      Select_Up(other.Select_Up),
-      Select_Down(other.Select_Down),
-      Own_Normal_Up(other.Own_Normal_Up),
-      Own_Normal_Down(other.Own_Normal_Down),
-      Own_Select_Up(other.Own_Select_Up),
-      Own_Select_Down(other.Own_Select_Down),
-      Last_Value(other.Last_Value) {
-    for (const unsigned long* body : {Own_Normal_Up, Own_Normal_Down, Own_Select_Up, Own_Select_Down}) {
-        Share_Array(body);
-    }
-}
+Buttons::Buttons(const Buttons& other) : Tools(other), Button_Fields(other) { For_Owned(*this, Share_Array); }
 
 Buttons& Buttons::operator=(const Buttons& other) { return Reassign(*this, other); }
 
-Buttons::~Buttons() {
-    for (const unsigned long* body : {Own_Normal_Up, Own_Normal_Down, Own_Select_Up, Own_Select_Down}) {
-        Release_Array(body);
-    }
-}
+Buttons::~Buttons() { For_Owned(*this, Release_Array); }
 
 void Buttons::Init(HWND window) {
     Forget_Withdrawn_Images(*this);

@@ -151,17 +151,20 @@ bool Is_Up_To_Date(const CheckLists& list, int item, const POINT* pointer) {
     return plain && box.Value == box.Last_Value && !(pointer && PtInRect(&box.Rect, *pointer));
 }
 
-template <class Element>
-void Release(Element*& array) {
-    if (Let_Go(Thing::Array, array)) delete[] array;
-    array = nullptr;
+/// Calls `act` with every array that a list owns.
+template <class Act>
+void For_Owned(CheckLists& list, Act act) {
+    act(list.Hover_List);
+    act(list.Check);
+    act(list.Label);
 }
 
 /// A copy that shares the items keeps them.
 void Release_Items(CheckLists& list) {
-    Release(list.Hover_List);
-    Release(list.Check);
-    Release(list.Label);
+    For_Owned(list, [](auto*& array) {
+        if (Let_Go(Thing::Array, array)) delete[] array;
+        array = nullptr;
+    });
     list.Count = 0;
 }
 
@@ -281,23 +284,8 @@ void Report_No_List(const CheckLists& list) {
 CheckLists::CheckLists() = default;
 
 CheckLists::CheckLists(const CheckLists& other)
-    : Tools(other),
-      List(other.List),
-      Enabled(other.Enabled),
-      Line_Height(other.Line_Height),
-      Value(other.Value),
-      Hover_List(other.Hover_List),
-      Count(other.Count),
-      Last_Value(other.Last_Value),
-      H_Width(other.H_Width),
-      Font_Height(other.Font_Height),
-      Check(other.Check),
-      Label(other.Label),
-      Box(other.Box),
-      Boxes_Covered(other.Boxes_Covered) {
-    Share(Thing::Array, Hover_List);
-    Share(Thing::Array, Check);
-    Share(Thing::Array, Label);
+    : Tools(other), Check_List_Fields(other), Boxes_Covered(other.Boxes_Covered) {
+    For_Owned(*this, [](const auto* array) { Share(Thing::Array, array); });
 }
 
 CheckLists& CheckLists::operator=(const CheckLists& other) { return Reassign(*this, other); }

@@ -303,27 +303,7 @@ constexpr Grow_Place Grow_In_List{".\\list.cpp", 158, 155};
 
 Lists::Lists() = default;
 
-Lists::Lists(const Lists& other)
-    : Tools(other),
-      Current(other.Current),
-      Item_Height(other.Item_Height),
-      Slider_Width(other.Slider_Width),
-      Item(other.Item),
-      Last_Current(other.Last_Current),
-      Nb_Item(other.Nb_Item),
-      Item_X(other.Item_X),
-      Item_Y(other.Item_Y),
-      Item_DX(other.Item_DX),
-      Item_DY(other.Item_DY),
-      Frame(other.Frame),
-      Scroll_Bar(other.Scroll_Bar),
-      Origin(other.Origin),
-      Title_Height(other.Title_Height),
-      Shown_First(other.Shown_First),
-      Shown_Count(other.Shown_Count),
-      All_Left(other.All_Left) {
-    Share(Thing::Array, Item);
-}
+Lists::Lists(const Lists& other) : Tools(other), List_Fields(other), List_State(other) { Share_Array(Item); }
 
 Lists& Lists::operator=(const Lists& other) { return Reassign(*this, other); }
 

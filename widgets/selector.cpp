@@ -177,19 +177,7 @@ void Paint_Thin(Canvas& canvas, const Selects& selector) {
 
 Selects::Selects() = default;
 
-Selects::Selects(const Selects& other)
-    : Tools(other),
-      Current(other.Current),
-      Arrow_Size(other.Arrow_Size),
-      Value_Width(other.Value_Width),
-      Item(other.Item),
-      Nb_Item(other.Nb_Item),
-      Hover(other.Hover),
-      Last_Current(other.Last_Current),
-      Frame(other.Frame),
-      Value_Box(other.Value_Box) {
-    Share(Thing::Array, Item);
-}
+Selects::Selects(const Selects& other) : Tools(other), Selector_Fields(other) { Share_Array(Item); }
 
 Selects& Selects::operator=(const Selects& other) { return Reassign(*this, other); }
 
