@@ -19,7 +19,7 @@
 #include "util/directory.h"
 #include "util/program.h"
 #include "widgets/items.h"
-#include "widgets/range.h"
+#include "widgets/scroll.h"
 
 using namespace galdren;
 

@@ -11,7 +11,7 @@
 #include "tools/sharing.h"
 #include "tools/window.h"
 #include "widgets/items.h"
-#include "widgets/range.h"
+#include "widgets/scroll.h"
 
 using namespace galdren;
 
