@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <climits>
-#include <cstdlib>
 #include <new>
 #include <optional>
 #include <utility>
@@ -199,9 +198,7 @@ void Measure(CheckLists& list) {
 int Name_Width(const CheckLists& list) { return Width_Of(list.Font, list.Name); }
 
 void Take_Look(Tools& part, const CheckLists& list) {
-    part.Font_Size = list.Font_Size;
-    part.Font_Name = list.Font_Name;
-    part.Font_Weight = list.Font_Weight;
+    Copy_Face(part, list);
     Copy_Clip(part, list);
 }
 
@@ -225,7 +222,7 @@ struct Grid {
 
 /// @pre the list has items
 Grid Make_Grid(const CheckLists& list) {
-    const int border = std::abs(Frame_Width(list));
+    const int border = Frame_Thickness(list);
     const int row_height = list.Line_Height ? Magnitude(list.Line_Height) : list.Font_Height + 2;
     int room = list.Height - 2 * border - 4;
     if (list.Name && !Has_Flag(list, CHECKLIST_NO_TITLE_ROW)) room -= list.Font_Height + 2 * border;
@@ -245,10 +242,9 @@ void Init_Label(const CheckLists& list, int item, const Grid& grid) {
     Take_Look(label, list);
     label.Flag = Label_Flags;
     label.Set_Name("%s", list.List[item]);
-    label.X = Within_16(grid.left + item / grid.rows * grid.column_width);
-    label.Y = Within_16(grid.bottom - item % grid.rows * grid.row_height);
-    label.Width = Within_16(grid.column_width);
-    label.Height = Within_16(grid.row_height);
+    const int left = grid.left + item / grid.rows * grid.column_width;
+    const int bottom = grid.bottom - item % grid.rows * grid.row_height;
+    Set_Place(label, {left, left + grid.column_width, bottom, bottom + grid.row_height}, Within_16);
     Init_Without_Region(label, list.Window);
 }
 

@@ -20,10 +20,8 @@ namespace {
 /// Space between frame and contents.
 constexpr int Gap = 2;
 
-int Border_Of(const Lists& list) { return list.Border ? Magnitude(list.Border) : BORDER; }
-
 /// Frame and gap together.
-int Margin_Of(const Lists& list) { return Border_Of(list) + Gap; }
+int Margin_Of(const Lists& list) { return Frame_Thickness(list) + Gap; }
 
 bool Is_Column(const Lists& list) { return Has_Flag(list, FLAG_VERTICAL); }
 
@@ -114,7 +112,7 @@ Item_Size Lay_Out_Row(Lists& list, const Area& area, int title) {
         list.Item_Y = Low_16(area.bottom + margin);
         list.Item_DX = Low_16(pitch);
         list.Scroll_Bar = Sliders();
-        return {pitch - 1, height - 2 * Border_Of(list) - 5 - title};
+        return {pitch - 1, height - 2 * Frame_Thickness(list) - 5 - title};
     }
     const int bar_width = Bar_Width(list);
     const int column = SPACE + needed;
@@ -153,7 +151,7 @@ enum class Purpose { Painting, Events };
 
 Area Inner_Area(const Lists& list, Purpose purpose, int title) {
     const int margin = Margin_Of(list);
-    const int outer = Border_Of(list) + (purpose == Purpose::Painting ? 1 : 2);
+    const int outer = Frame_Thickness(list) + (purpose == Purpose::Painting ? 1 : 2);
     const Area all = Area_Of(list);
     Area inner{all.left + margin, all.right - outer, all.bottom + margin, all.top - outer - title};
     if (!Has_Bar(list)) return inner;
@@ -232,7 +230,7 @@ void Paint_Ground(Canvas& canvas, const Lists& list, const Area& area) {
 /// Whether painting an item leaves nothing to be seen of what was there, from one pixel inside its edges.
 bool Covers_Its_Place(const Buttons& item) {
     return !Has_Flag(item, FLAG_NO_BODY | FLAG_STATIC | FLAG_OUTLINE) && item.Clip_Width == 0 &&
-           2 * std::abs(Frame_Width(item)) + 2 <= std::min(item.Width, item.Height);
+           2 * Frame_Thickness(item) + 2 <= std::min(item.Width, item.Height);
 }
 
 /// The ground in the gaps around items that cover their places. What the items are painted on next is left
