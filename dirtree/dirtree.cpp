@@ -19,7 +19,7 @@
 #include "util/directory.h"
 #include "util/program.h"
 #include "widgets/items.h"
-#include "widgets/range.h"
+#include "widgets/scroll.h"
 
 using namespace galdren;
 
@@ -37,7 +37,7 @@ constexpr unsigned long Upright_Bar = FLAG_VERTICAL | SLIDER_REVERSED | SLIDER_K
 constexpr unsigned long Level_Bar = SLIDER_KEEP_GRAB;
 
 void Place(Tools& part, const DirTrees& tree, int x, int y, int width, int height) {
-    Set_Place(part, {x, x + std::max(width, 0), y, y + std::max(height, 0)});
+    Set_Place(part, Not_Turned({x, x + width, y, y + height}));
     part.Color = tree.Color;
     Copy_Clip(part, tree);
 }

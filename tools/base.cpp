@@ -17,10 +17,12 @@ const char* Name_Of(const Tools_Fields& control) { return control.Name ? control
 
 int Frame_Width(const Tools_Fields& control) { return control.Border ? control.Border : BORDER; }
 
+int Frame_Thickness(const Tools_Fields& control) { return std::abs(Frame_Width(control)); }
+
 Reach Around(const Tools_Fields& control) {
     constexpr int Overhang = 3;     // a tab joins with the page beside and below it
     constexpr int Inner_Frame = 8;  // where that of a box begins, at most
-    const int frames = 2 * (std::abs(Frame_Width(control)) + Inner_Frame);
+    const int frames = 2 * (Frame_Thickness(control) + Inner_Frame);
     const int across = Overhang + std::max(frames - control.Width, 0);
     const int upward = Overhang + std::max(frames - control.Height, 0);
     const Area area = Area_Of(control);

@@ -18,6 +18,9 @@ inline bool Has_Size(const Tools_Fields& control) { return control.Width >= 1 &&
 /// `Border`, or the common `BORDER` when it is 0.
 int Frame_Width(const Tools_Fields& control);
 
+/// The same without its sign.
+int Frame_Thickness(const Tools_Fields& control);
+
 /// Whether any of the bits is set.
 inline bool Has_Flag(const Tools_Fields& control, unsigned long bits) { return (control.Flag & bits) != 0; }
 

@@ -26,6 +26,12 @@ constexpr unsigned long FLAG_RAISED = 0x80000;       ///< raised frame instead o
 constexpr unsigned long FLAG_NO_RIM = 0x400000;      ///< no black rim around the frame
 /// @}
 
+/// Bits of `Tools::Flag` that sliders and valuators share.
+/// @{
+constexpr unsigned long SLIDER_REVERSED = 0x4000000;   ///< `Start_Val` is greater than `End_Val`
+constexpr unsigned long SLIDER_KEEP_GRAB = 0x8000000;  ///< a press keeps it until the release
+/// @}
+
 /// Bits of `Tools::State`.
 enum Tools_State : unsigned char {
     STATE_READY = 1,      ///< `Init` ran

@@ -38,27 +38,22 @@ void Paint_Frames(Canvas& canvas, const Boxs& box) {
     Paint_Frame(canvas, box.Color, 0, false, Frame_Width(box), inner);
 }
 
+/// Calls `act` with every array of shading that a box owns.
+template <class Act>
+void For_Owned(const Boxs& box, Act act) {
+    for (const unsigned long* array : {box.Own_Graph_Normal, box.Own_Graph_Select})
+        act(array);
+}
+
 }  // namespace
 
 Boxs::Boxs() = default;
 
-Boxs::Boxs(const Boxs& other)
-    : Tools(other),
-      Hover(other.Hover),
-      Reserved_1(other.Reserved_1),
-      Reserved_2(other.Reserved_2),
-      Own_Graph_Normal(other.Own_Graph_Normal),
-      Own_Graph_Select(other.Own_Graph_Select) {
-    Share_Array(Own_Graph_Normal);
-    Share_Array(Own_Graph_Select);
-}
+Boxs::Boxs(const Boxs& other) : Tools(other), Box_Fields(other) { For_Owned(*this, Share_Array); }
 
 Boxs& Boxs::operator=(const Boxs& other) { return Reassign(*this, other); }
 
-Boxs::~Boxs() {
-    Release_Array(Own_Graph_Normal);
-    Release_Array(Own_Graph_Select);
-}
+Boxs::~Boxs() { For_Owned(*this, Release_Array); }
 
 void Boxs::Init(HWND window) {
     Forget_Withdrawn_Images(*this);

@@ -4,16 +4,19 @@
 
 #include "../tools/tools.h"
 
-/// A framed rectangle with an optional caption: panel, caption plate, backdrop, and the body of compound
-/// controls. A box whose colour is black becomes grey (170, 170, 170) at `Init`.
-class GALDREN_TOOLS_API Boxs : public Tools {
-  public:
+/// The fields of a box, all zero at first.
+struct Box_Fields {
     short Hover{};                      ///< 0 unknown, 1 painted highlighted, 2 painted normal
     void* Reserved_1{};                 ///< copied with the box; not used
     void* Reserved_2{};                 ///< copied with the box; not used
     unsigned long* Own_Graph_Normal{};  ///< shading generated from `Color`; shared by equal controls
     unsigned long* Own_Graph_Select{};  ///< shading generated from the highlight colour; shared likewise
+};
 
+/// A framed rectangle with an optional caption: panel, caption plate, backdrop, and the body of compound
+/// controls. A box whose colour is black becomes grey (170, 170, 170) at `Init`.
+class GALDREN_TOOLS_API Boxs : public Tools, public Box_Fields {
+  public:
     /// Every field zero.
     Boxs();
     /// Copies every field; what the source owns is shared.

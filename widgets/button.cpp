@@ -1,7 +1,6 @@
 #include "widgets/button.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <functional>
 #include <string_view>
 
@@ -15,8 +14,6 @@ using namespace galdren;
 namespace {
 
 constexpr int Lamp_Width = 8;
-
-int Button_Border(const Buttons& button) { return std::abs(Frame_Width(button)); }
 
 Colors Lamp_Color(const Buttons& button) {
     const Colors grey(170, 170, 170);
@@ -36,13 +33,13 @@ Colors Lamp_Color(const Buttons& button) {
 }
 
 /// Width of the frame around the lamp.
-int Lamp_Frame(const Buttons& button) { return std::max(Button_Border(button) - 1, 1); }
+int Lamp_Frame(const Buttons& button) { return std::max(Frame_Thickness(button) - 1, 1); }
 
 /// The lamp stands `SPACE` pixels from the left edge, centred, as high as the body but at most as that of a
 /// button of the common size.
 Area Lamp_Area(const Buttons& button) {
     const int height = std::min(button.Height, BUT_DIM);
-    const int margin = 2 * Button_Border(button) + 4;
+    const int margin = 2 * Frame_Thickness(button) + 4;
     const int left = button.X + SPACE;
     return {left, left + Lamp_Width, button.Y + ((button.Height - height + margin) >> 1),
             button.Y + ((height - margin + button.Height) >> 1)};
@@ -82,7 +79,7 @@ void Paint_Name(Canvas& canvas, const Buttons& button) { Paint_Name(canvas, butt
 
 void Paint_Fill(Canvas& canvas, const Buttons& button, bool highlighted) {
     const unsigned long* body = highlighted ? button.Cur_Graph_Select : button.Cur_Graph_Normal;
-    Paint_Body(canvas, button, highlighted, body, button.Flag, Button_Border(button) + 1, Area_Of(button));
+    Paint_Body(canvas, button, highlighted, body, button.Flag, Frame_Thickness(button) + 1, Area_Of(button));
 }
 
 /// Body, lamp and caption.
@@ -115,7 +112,7 @@ void Renew_Bodies(Buttons& button) {
 
 /// Whether lamp and caption lie on the body alone, so that painting the body leaves nothing of them.
 bool Body_Hides_Rest(const Buttons& button) {
-    const Area body = Area_Of(button).Inset(Button_Border(button) + 1);
+    const Area body = Area_Of(button).Inset(Frame_Thickness(button) + 1);
     return (!Has_Flag(button, BUTTON_LAMP) || body.Holds(Lamp_Reach(button))) &&
            Caption_Stays_Inside(button.Font, button.Name, Caption_Flags(button), Caption_Area(button),
                                 button.Border, body);
@@ -123,7 +120,8 @@ bool Body_Hides_Rest(const Buttons& button) {
 
 /// Frame and body. What the body does not hide of lamp and caption is painted between the two.
 void Paint_Body_In_Frame(Canvas& canvas, const Buttons& button, bool highlighted) {
-    Paint_Frame(canvas, button.Color, button.Flag, button.Value != 0, Button_Border(button), Area_Of(button));
+    Paint_Frame(canvas, button.Color, button.Flag, button.Value != 0, Frame_Thickness(button),
+                Area_Of(button));
     if (!Body_Hides_Rest(button)) {
         Paint_Lamp(canvas, button);
         Paint_Name(canvas, button);
@@ -137,7 +135,7 @@ Reach Whole(const Buttons& button) {
     const Area covered = Area_Of(button).Inset(Has_Flag(button, FLAG_NO_RIM) ? 1 : 0);
     // Stacked text may be longer than the button is high.
     const bool complete = !Has_Flag(button, FLAG_STATIC | FLAG_OUTLINE | FLAG_NO_BODY | FLAG_VERTICAL) &&
-                          2 * Button_Border(button) + 2 <= std::min(button.Width, button.Height) &&
+                          2 * Frame_Thickness(button) + 2 <= std::min(button.Width, button.Height) &&
                           (!Has_Flag(button, BUTTON_LAMP) || covered.Holds(Lamp_Reach(button)));
     return complete ? Covering(covered) : Around(button);
 }
@@ -155,7 +153,7 @@ bool Settle(Buttons& button, bool inside) {
 /// The whole button, highlighted when the pointer is inside. A passive one shows no lamp.
 void Paint_Whole(Canvas& canvas, Buttons& button) {
     if (Has_Flag(button, FLAG_STATIC)) {
-        Paint_Frame(canvas, button.Color, button.Flag, button.Value != 0, Button_Border(button),
+        Paint_Frame(canvas, button.Color, button.Flag, button.Value != 0, Frame_Thickness(button),
                     Area_Of(button));
         Paint_Lamp(canvas, button);
         Paint_Name(canvas, button);
@@ -165,6 +163,14 @@ void Paint_Whole(Canvas& canvas, Buttons& button) {
     Paint_Body_In_Frame(canvas, button, inside);
     if (!Has_Flag(button, FLAG_PASSIVE)) Paint_Lamp(canvas, button);
     Paint_Name(canvas, button);
+}
+
+/// Calls `act` with every body that a button owns.
+template <class Act>
+void For_Owned(const Buttons& button, Act act) {
+    for (const unsigned long* array :
+         {button.Own_Normal_Up, button.Own_Normal_Down, button.Own_Select_Up, button.Own_Select_Down})
+        act(array);
 }
 
 }  // namespace
@@ -181,7 +187,7 @@ Look_Of_Button Settle_Look(Buttons& button, bool inside) {
             button.Color.get(),
             button.Width,
             button.Height,
-            Button_Border(button),
+            Frame_Thickness(button),
             button.Value,
             button.Lamp,
             highlighted};
@@ -191,33 +197,11 @@ Look_Of_Button Settle_Look(Buttons& button, bool inside) {
 
 Buttons::Buttons() = default;
 
-Buttons::Buttons(const Buttons& other)
-    : Tools(other),
-      Value(other.Value),
-      Lamp(other.Lamp),
-      Shown(other.Shown),
-      Hover(other.Hover),
-      Normal_Up(other.Normal_Up),
-      Normal_Down(other.Normal_Down),
-      Select_Up(other.Select_Up),
-      Select_Down(other.Select_Down),
-      Own_Normal_Up(other.Own_Normal_Up),
-      Own_Normal_Down(other.Own_Normal_Down),
-      Own_Select_Up(other.Own_Select_Up),
-      Own_Select_Down(other.Own_Select_Down),
-      Last_Value(other.Last_Value) {
-    for (const unsigned long* body : {Own_Normal_Up, Own_Normal_Down, Own_Select_Up, Own_Select_Down}) {
-        Share_Array(body);
-    }
-}
+Buttons::Buttons(const Buttons& other) : Tools(other), Button_Fields(other) { For_Owned(*this, Share_Array); }
 
 Buttons& Buttons::operator=(const Buttons& other) { return Reassign(*this, other); }
 
-Buttons::~Buttons() {
-    for (const unsigned long* body : {Own_Normal_Up, Own_Normal_Down, Own_Select_Up, Own_Select_Down}) {
-        Release_Array(body);
-    }
-}
+Buttons::~Buttons() { For_Owned(*this, Release_Array); }
 
 void Buttons::Init(HWND window) {
     Forget_Withdrawn_Images(*this);

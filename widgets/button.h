@@ -10,12 +10,8 @@ constexpr unsigned long BUTTON_LAMP = 0x100000;  ///< the button has a lamp; the
 constexpr unsigned long BUTTON_LAMP_COLORS = 0x200000;  ///< the lamp knows several colours
 /// @}
 
-/// A push button: frame, shaded body, caption and lamp.
-///
-/// The button never changes its own value: on a click the application sets `Value` (and `Lamp`) and calls
-/// `Adjust`. A button whose colour is black becomes grey (170, 170, 170) at `Init`.
-class GALDREN_TOOLS_API Buttons : public Tools {
-  public:
+/// The fields of a button, all zero at first.
+struct Button_Fields {
     short Value{};                 ///< 0 up, any other value down; set by the application
     short Lamp{};                  ///< 0 off; with `BUTTON_LAMP_COLORS` 1 green, 2 blue, 3 yellow, else red;
                                    ///< without, any other value is yellow
@@ -30,7 +26,14 @@ class GALDREN_TOOLS_API Buttons : public Tools {
     unsigned long* Own_Select_Up{};    ///< generated body; owned
     unsigned long* Own_Select_Down{};  ///< generated body; owned
     short Last_Value{};                ///< `Value` at the last `Init`, `Draw` or `Adjust`
+};
 
+/// A push button: frame, shaded body, caption and lamp.
+///
+/// The button never changes its own value: on a click the application sets `Value` (and `Lamp`) and calls
+/// `Adjust`. A button whose colour is black becomes grey (170, 170, 170) at `Init`.
+class GALDREN_TOOLS_API Buttons : public Tools, public Button_Fields {
+  public:
     /// Every field zero.
     Buttons();
     /// Copies every field; what the source owns is shared.

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <climits>
-#include <cstdlib>
 #include <new>
 #include <optional>
 #include <utility>
@@ -151,17 +150,20 @@ bool Is_Up_To_Date(const CheckLists& list, int item, const POINT* pointer) {
     return plain && box.Value == box.Last_Value && !(pointer && PtInRect(&box.Rect, *pointer));
 }
 
-template <class Element>
-void Release(Element*& array) {
-    if (Let_Go(Thing::Array, array)) delete[] array;
-    array = nullptr;
+/// Calls `act` with every array that a list owns.
+template <class Act>
+void For_Owned(CheckLists& list, Act act) {
+    act(list.Hover_List);
+    act(list.Check);
+    act(list.Label);
 }
 
 /// A copy that shares the items keeps them.
 void Release_Items(CheckLists& list) {
-    Release(list.Hover_List);
-    Release(list.Check);
-    Release(list.Label);
+    For_Owned(list, [](auto*& array) {
+        if (Let_Go(Thing::Array, array)) delete[] array;
+        array = nullptr;
+    });
     list.Count = 0;
 }
 
@@ -196,9 +198,7 @@ void Measure(CheckLists& list) {
 int Name_Width(const CheckLists& list) { return Width_Of(list.Font, list.Name); }
 
 void Take_Look(Tools& part, const CheckLists& list) {
-    part.Font_Size = list.Font_Size;
-    part.Font_Name = list.Font_Name;
-    part.Font_Weight = list.Font_Weight;
+    Copy_Face(part, list);
     Copy_Clip(part, list);
 }
 
@@ -222,7 +222,7 @@ struct Grid {
 
 /// @pre the list has items
 Grid Make_Grid(const CheckLists& list) {
-    const int border = std::abs(Frame_Width(list));
+    const int border = Frame_Thickness(list);
     const int row_height = list.Line_Height ? Magnitude(list.Line_Height) : list.Font_Height + 2;
     int room = list.Height - 2 * border - 4;
     if (list.Name && !Has_Flag(list, CHECKLIST_NO_TITLE_ROW)) room -= list.Font_Height + 2 * border;
@@ -242,10 +242,9 @@ void Init_Label(const CheckLists& list, int item, const Grid& grid) {
     Take_Look(label, list);
     label.Flag = Label_Flags;
     label.Set_Name("%s", list.List[item]);
-    label.X = Within_16(grid.left + item / grid.rows * grid.column_width);
-    label.Y = Within_16(grid.bottom - item % grid.rows * grid.row_height);
-    label.Width = Within_16(grid.column_width);
-    label.Height = Within_16(grid.row_height);
+    const int left = grid.left + item / grid.rows * grid.column_width;
+    const int bottom = grid.bottom - item % grid.rows * grid.row_height;
+    Set_Place(label, {left, left + grid.column_width, bottom, bottom + grid.row_height}, Within_16);
     Init_Without_Region(label, list.Window);
 }
 
@@ -281,23 +280,8 @@ void Report_No_List(const CheckLists& list) {
 CheckLists::CheckLists() = default;
 
 CheckLists::CheckLists(const CheckLists& other)
-    : Tools(other),
-      List(other.List),
-      Enabled(other.Enabled),
-      Line_Height(other.Line_Height),
-      Value(other.Value),
-      Hover_List(other.Hover_List),
-      Count(other.Count),
-      Last_Value(other.Last_Value),
-      H_Width(other.H_Width),
-      Font_Height(other.Font_Height),
-      Check(other.Check),
-      Label(other.Label),
-      Box(other.Box),
-      Boxes_Covered(other.Boxes_Covered) {
-    Share(Thing::Array, Hover_List);
-    Share(Thing::Array, Check);
-    Share(Thing::Array, Label);
+    : Tools(other), Check_List_Fields(other), Boxes_Covered(other.Boxes_Covered) {
+    For_Owned(*this, [](const auto* array) { Share(Thing::Array, array); });
 }
 
 CheckLists& CheckLists::operator=(const CheckLists& other) { return Reassign(*this, other); }

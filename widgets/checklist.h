@@ -13,14 +13,8 @@ constexpr unsigned long CHECKLIST_NAME_LEFT = 0x2000;    ///< the columns start 
 constexpr unsigned long CHECKLIST_SINGLE = 0x40000000;   ///< one item is chosen, and `Value` is its index
 /// @}
 
-/// Labelled check boxes in a framing box, in columns from top to bottom and from left to right.
-///
-/// The list does not change its own value: when `Select` answers 1 to a press, the application stores what
-/// `Read` answers in `Value` and calls `Adjust`. Any number of items can be checked, of which the first 32
-/// have a bit in `Value`; with `CHECKLIST_SINGLE` one item is chosen. `Flag` 0x10 leaves out the framing box,
-/// and 0x20 makes the labels blue and every check box an outline, without its mark.
-class GALDREN_TOOLS_API CheckLists : public Tools {
-  public:
+/// The fields of a check list, all zero at first.
+struct Check_List_Fields {
     const char* const* List{};       ///< labels, ended by null or an empty text; read by `Init` only
     const unsigned char* Enabled{};  ///< a byte for each item, 0 for a disabled one; null enables all; read
                                      ///< by `Init` only. `Read` does not look at it.
@@ -34,7 +28,16 @@ class GALDREN_TOOLS_API CheckLists : public Tools {
     Buttons* Check{};                ///< the check boxes; owned
     Buttons* Label{};                ///< the labels' names and hit rectangles; owned
     Boxs Box;                        ///< the framing box
+};
 
+/// Labelled check boxes in a framing box, in columns from top to bottom and from left to right.
+///
+/// The list does not change its own value: when `Select` answers 1 to a press, the application stores what
+/// `Read` answers in `Value` and calls `Adjust`. Any number of items can be checked, of which the first 32
+/// have a bit in `Value`; with `CHECKLIST_SINGLE` one item is chosen. `Flag` 0x10 leaves out the framing box,
+/// and 0x20 makes the labels blue and every check box an outline, without its mark.
+class GALDREN_TOOLS_API CheckLists : public Tools, public Check_List_Fields {
+  public:
     /// Every field zero.
     CheckLists();
     /// Copies every field. The items are shared with the source until one of the two is initialised again.

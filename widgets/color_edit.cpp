@@ -56,7 +56,7 @@ Area Channel_Area(const Color_Edit& editor) {
     constexpr int Below_Caption = 3;
     Area area = Area_Of(editor);
     if (Has_Frame(editor)) {
-        area = Room_In_Frame(editor, Border_Of(editor));
+        area = Room_In_Frame(editor, Frame_Thickness(editor));
         if (editor.Name) area.top -= Below_Caption + Font_Height(editor);
     } else {
         area.right -= Part_Gap + 2 * BUT_DIM;
@@ -77,8 +77,8 @@ std::array<Area, Channel_Count> Split_In_Rows(const Area& area) {
 void Init_Frame(Color_Edit& editor) {
     constexpr unsigned long Kept_Flags = FLAG_NO_BODY | FLAG_STATIC | FLAG_OUTLINE;
     Boxs& frame = editor.Frame;
-    Place_Part(frame, Area_Of(editor));
-    Copy_Look(frame, editor, Border_Of(editor));
+    Set_Place(frame, Area_Of(editor), Within_16);
+    Copy_Look(frame, editor, Frame_Thickness(editor));
     frame.Font_Style = editor.Font_Style;
     Take_Name(frame, editor);
     frame.Flag = (editor.Flag & Kept_Flags) | FLAG_OWN_IMAGES | FLAG_PASSIVE;
@@ -88,7 +88,7 @@ void Init_Frame(Color_Edit& editor) {
 
 void Init_Swatch(Color_Edit& editor, const Area& area) {
     Boxs& swatch = editor.Swatch;
-    Place_Part(swatch, area);
+    Set_Place(swatch, area, Within_16);
     swatch.Flag = editor.Frame.Flag;
     swatch.Border = editor.Frame.Border;
     swatch.Color = editor.Color;
@@ -104,7 +104,7 @@ void Init_Swatch(Color_Edit& editor, const Area& area) {
 void Init_Mode_Button(Color_Edit& editor, const Area& swatch) {
     Buttons& button = editor.Mode_Button;
     const int left = swatch.right + Part_Gap;
-    Place_Part(button, {left, left + BUT_DIM - SPACE, swatch.bottom, swatch.top});
+    Set_Place(button, {left, left + BUT_DIM - SPACE, swatch.bottom, swatch.top}, Within_16);
     button.Flag = editor.Flag | FLAG_VERTICAL;
     button.Border = editor.Frame.Border;
     Copy_Font(button, editor);
@@ -114,8 +114,8 @@ void Init_Mode_Button(Color_Edit& editor, const Area& swatch) {
 }
 
 void Init_Channel(Color_Edit& editor, Valuators& trough, const Area& area, const Channel_Look& look) {
-    Place_Part(trough, area);
-    Copy_Look(trough, editor, Border_Of(editor));
+    Set_Place(trough, area, Within_16);
+    Copy_Look(trough, editor, Frame_Thickness(editor));
     trough.Font_Style = editor.Font_Style;
     trough.Flag = editor.Flag;
     trough.Start_Val = Trough_Start;

@@ -1,7 +1,5 @@
 #include "widgets/editor.h"
 
-#include <cstdlib>
-
 #include "tools/dimensions.h"
 #include "widgets/items.h"
 
@@ -12,8 +10,6 @@ void Bind_Editor(Tools& editor, HWND window) {
     Bind(editor, window);
     Remake_Font(editor);
 }
-
-int Border_Of(const Tools& editor) { return std::abs(Frame_Width(editor)); }
 
 Area Room_In_Frame(const Tools& editor, int border) {
     Area room = Area_Of(editor).Inset(border + Part_Gap);
@@ -26,19 +22,10 @@ Area Swatch_Area(const Area& room) {
     return {left, left + 2 * BUT_DIM, room.bottom, room.top};
 }
 
-void Place_Part(Tools& part, const Area& area) {
-    part.X = Within_16(area.left);
-    part.Y = Within_16(area.bottom);
-    part.Width = Within_16(area.right - area.left);
-    part.Height = Within_16(area.top - area.bottom);
-}
-
 void Copy_Look(Tools& part, const Tools& editor, int border) {
     part.Border = Within_16(border);
     part.Color = editor.Color;
-    part.Font_Name = editor.Font_Name;
-    part.Font_Weight = editor.Font_Weight;
-    part.Font_Size = editor.Font_Size;
+    Copy_Face(part, editor);
     Copy_Clip(part, editor);
 }
 

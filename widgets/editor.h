@@ -17,17 +17,11 @@ constexpr int Part_Gap = 2;
 /// Binds an editor to its window and gives it colour and font.
 void Bind_Editor(Tools& editor, HWND window);
 
-/// `Border` or `BORDER` without its sign.
-int Border_Of(const Tools& editor);
-
 /// What frame and swatch leave for the troughs inside a frame of this width. Its width may be negative.
 Area Room_In_Frame(const Tools& editor, int border);
 
 /// Place of the swatch, to the right of `room`.
 Area Swatch_Area(const Area& room);
-
-/// Puts a part at a place. What has no room for the part leaves it without size.
-void Place_Part(Tools& part, const Area& area);
 
 /// Gives a part frame, colour and font of its editor, but not the style of the font.
 void Copy_Look(Tools& part, const Tools& editor, int border);

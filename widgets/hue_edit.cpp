@@ -19,7 +19,7 @@ bool Has_Frame(const Hue_Edit& editor) { return editor.Border >= 1; }
 
 int Part_Border(const Hue_Edit& editor) {
     constexpr int Widest = 2;
-    return std::min(Border_Of(editor), Widest);
+    return std::min(Frame_Thickness(editor), Widest);
 }
 
 /// Where the rainbow goes.
@@ -32,7 +32,7 @@ Area Rainbow_Area(const Hue_Edit& editor) {
 
 void Init_Frame(Hue_Edit& editor) {
     Boxs& frame = editor.Frame;
-    Place_Part(frame, Area_Of(editor));
+    Set_Place(frame, Area_Of(editor), Within_16);
     Copy_Look(frame, editor, Part_Border(editor));
     frame.Flag = (editor.Flag & (FLAG_OUTLINE | FLAG_OWN_IMAGES)) | FLAG_PASSIVE;
     if (!Has_Frame(editor)) frame.Flag |= FLAG_NO_BODY;
@@ -41,7 +41,7 @@ void Init_Frame(Hue_Edit& editor) {
 
 void Init_Swatch(Hue_Edit& editor) {
     Boxs& swatch = editor.Swatch;
-    Place_Part(swatch, Swatch_Area(Rainbow_Area(editor)));
+    Set_Place(swatch, Swatch_Area(Rainbow_Area(editor)), Within_16);
     swatch.Flag = editor.Flag;
     swatch.Border = Within_16(Part_Border(editor));
     swatch.Color = editor.Color;
@@ -52,7 +52,7 @@ void Init_Swatch(Hue_Edit& editor) {
 
 void Init_Rainbow(Hue_Edit& editor) {
     Valuators& hue = editor.Hue;
-    Place_Part(hue, Rainbow_Area(editor));
+    Set_Place(hue, Rainbow_Area(editor), Within_16);
     Copy_Look(hue, editor, Part_Border(editor));
     hue.Flag = editor.Flag;
     Take_Name(hue, editor);

@@ -110,32 +110,38 @@ inline void Take_Name(Tools& part, const Tools& owner) {
     part.Owned_Name = owner.Owned_Name;
 }
 
-/// Gives an item the font words and size of its owner.
-inline void Copy_Font(Tools& item, const Tools& owner) {
-    item.Font_Name = owner.Font_Name;
-    item.Font_Weight = owner.Font_Weight;
-    item.Font_Style = owner.Font_Style;
-    item.Font_Size = owner.Font_Size;
+/// Gives a part the face, the weight and the size of its owner's font.
+inline void Copy_Face(Tools& part, const Tools& owner) {
+    part.Font_Name = owner.Font_Name;
+    part.Font_Weight = owner.Font_Weight;
+    part.Font_Size = owner.Font_Size;
 }
 
-/// Puts a part at a place.
-inline void Set_Place(Tools& part, const Area& place) {
-    part.X = Low_16(place.left);
-    part.Y = Low_16(place.bottom);
-    part.Width = Low_16(place.right - place.left);
-    part.Height = Low_16(place.top - place.bottom);
+/// Gives an item the font of its owner, style and all.
+inline void Copy_Font(Tools& item, const Tools& owner) {
+    Copy_Face(item, owner);
+    item.Font_Style = owner.Font_Style;
+}
+
+/// Puts a part at a place. What has no room for the part leaves it without size.
+/// @param fit  what becomes of a number beyond the range of the fields: `Low_16` or `Within_16`
+inline void Set_Place(Tools& part, const Area& place, short (*fit)(int) = Low_16) {
+    part.X = fit(place.left);
+    part.Y = fit(place.bottom);
+    part.Width = fit(place.right - place.left);
+    part.Height = fit(place.top - place.bottom);
+}
+
+/// `place`, or one of width or height 0 where it is turned round.
+inline Area Not_Turned(const Area& place) {
+    return {place.left, std::max(place.left, place.right), place.bottom, std::max(place.bottom, place.top)};
 }
 
 /// Gives a part the place, the colour and the font words of its owner.
 inline void Copy_Place(Tools& part, const Tools& owner) {
-    part.X = owner.X;
-    part.Y = owner.Y;
-    part.Width = owner.Width;
-    part.Height = owner.Height;
+    Set_Place(part, Area_Of(owner));
     part.Color = owner.Color;
-    part.Font_Name = owner.Font_Name;
-    part.Font_Weight = owner.Font_Weight;
-    part.Font_Size = owner.Font_Size;
+    Copy_Face(part, owner);
 }
 
 /// Gives the frame of a compound control the place and the look of its owner.

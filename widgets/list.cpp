@@ -11,7 +11,7 @@
 #include "tools/sharing.h"
 #include "tools/window.h"
 #include "widgets/items.h"
-#include "widgets/range.h"
+#include "widgets/scroll.h"
 
 using namespace galdren;
 
@@ -20,10 +20,8 @@ namespace {
 /// Space between frame and contents.
 constexpr int Gap = 2;
 
-int Border_Of(const Lists& list) { return list.Border ? Magnitude(list.Border) : BORDER; }
-
 /// Frame and gap together.
-int Margin_Of(const Lists& list) { return Border_Of(list) + Gap; }
+int Margin_Of(const Lists& list) { return Frame_Thickness(list) + Gap; }
 
 bool Is_Column(const Lists& list) { return Has_Flag(list, FLAG_VERTICAL); }
 
@@ -114,7 +112,7 @@ Item_Size Lay_Out_Row(Lists& list, const Area& area, int title) {
         list.Item_Y = Low_16(area.bottom + margin);
         list.Item_DX = Low_16(pitch);
         list.Scroll_Bar = Sliders();
-        return {pitch - 1, height - 2 * Border_Of(list) - 5 - title};
+        return {pitch - 1, height - 2 * Frame_Thickness(list) - 5 - title};
     }
     const int bar_width = Bar_Width(list);
     const int column = SPACE + needed;
@@ -153,7 +151,7 @@ enum class Purpose { Painting, Events };
 
 Area Inner_Area(const Lists& list, Purpose purpose, int title) {
     const int margin = Margin_Of(list);
-    const int outer = Border_Of(list) + (purpose == Purpose::Painting ? 1 : 2);
+    const int outer = Frame_Thickness(list) + (purpose == Purpose::Painting ? 1 : 2);
     const Area all = Area_Of(list);
     Area inner{all.left + margin, all.right - outer, all.bottom + margin, all.top - outer - title};
     if (!Has_Bar(list)) return inner;
@@ -235,7 +233,7 @@ Area Filled_By(const Area& inner) { return {inner.left, inner.right - 1, inner.b
 /// Whether painting an item leaves nothing to be seen of what was there, from one pixel inside its edges.
 bool Covers_Its_Place(const Buttons& item) {
     return !Has_Flag(item, FLAG_NO_BODY | FLAG_STATIC | FLAG_OUTLINE) && item.Clip_Width == 0 &&
-           2 * std::abs(Frame_Width(item)) + 2 <= std::min(item.Width, item.Height);
+           2 * Frame_Thickness(item) + 2 <= std::min(item.Width, item.Height);
 }
 
 /// What the kept picture shows of the list that painted it last. There is one such picture.
@@ -328,26 +326,9 @@ constexpr Grow_Place Grow_In_List{".\\list.cpp", 158, 155};
 
 Lists::Lists() = default;
 
-Lists::Lists(const Lists& other)
-    : Tools(other),
-      Current(other.Current),
-      Item_Height(other.Item_Height),
-      Slider_Width(other.Slider_Width),
-      Item(other.Item),
-      Last_Current(other.Last_Current),
-      Nb_Item(other.Nb_Item),
-      Item_X(other.Item_X),
-      Item_Y(other.Item_Y),
-      Item_DX(other.Item_DX),
-      Item_DY(other.Item_DY),
-      Frame(other.Frame),
-      Scroll_Bar(other.Scroll_Bar),
-      Origin(other.Origin),
-      Title_Height(other.Title_Height),
-      Shown_First(other.Shown_First),
-      Shown_Count(other.Shown_Count),
-      All_Left(other.All_Left) {
-    Share(Thing::Array, Item);
+Lists::Lists(const Lists& other) : Tools(other), List_Fields(other), List_State(other) {
+    Share_Array(Item);
+    Picture = 0;
 }
 
 Lists& Lists::operator=(const Lists& other) { return Reassign(*this, other); }

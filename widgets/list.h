@@ -6,13 +6,8 @@
 #include "button.h"
 #include "slider.h"
 
-/// A list of push buttons in a framed box, in a row or, with `Flag` 0x4, in a column from the top down.
-///
-/// The application sets the number of items with `Grow` and writes each item's `Name`, then calls `Init`.
-/// The list presses down the button of the current item. After a `Select` that answers 1, `Read` tells which
-/// item is under the pointer; to mark it, the application writes `Current` and calls `Adjust`.
-class GALDREN_TOOLS_API Lists : public Tools {
-  public:
+/// The fields of a list, all zero at first.
+struct List_Fields {
     short Current{};       ///< index of the item that is marked; any other value marks none
     short Item_Height{};   ///< height of an item in a column that scrolls, in pixels; 0 means `BUT_LIST`
     short Slider_Width{};  ///< thickness of the scroll bar in pixels; 0 means `CURSEUR`
@@ -25,7 +20,27 @@ class GALDREN_TOOLS_API Lists : public Tools {
     short Item_DY{};       ///< step to the next item in a column, else 0
     Boxs Frame;            ///< the framed background
     Sliders Scroll_Bar;    ///< the scroll bar; its `Width` is 0 when there is none
+};
 
+namespace galdren {
+/// What a list keeps for itself.
+struct List_State {
+    int Origin{};        ///< coordinate of item 0 along the list, in the range of a list of any length
+    int Title_Height{};  ///< what a name takes at the top
+    int Shown_First{};   ///< the items that the last `Update` looked at, the only ones that take events
+    int Shown_Count{};   ///< their number
+    unsigned Picture{};  ///< number of the kept picture of the inner area; 0 when there is none
+    bool All_Left{};     ///< every item has been told that the pointer left
+};
+}  // namespace galdren
+
+/// A list of push buttons in a framed box, in a row or, with `Flag` 0x4, in a column from the top down.
+///
+/// The application sets the number of items with `Grow` and writes each item's `Name`, then calls `Init`.
+/// The list presses down the button of the current item. After a `Select` that answers 1, `Read` tells which
+/// item is under the pointer; to mark it, the application writes `Current` and calls `Adjust`.
+class GALDREN_TOOLS_API Lists : public Tools, public List_Fields, private galdren::List_State {
+  public:
     /// Every field zero.
     Lists();
     /// Copies every field; the items are shared with the source until one of the two changes their number.
@@ -66,11 +81,4 @@ class GALDREN_TOOLS_API Lists : public Tools {
     void Update();
     void Follow_Bar();
     void Mark(int index, short value);
-
-    int Origin{};        // coordinate of item 0 along the list, in the range of a list of any length
-    int Title_Height{};  // what a name takes at the top
-    int Shown_First{};   // the items that the last `Update` looked at: the only ones that take part in events
-    int Shown_Count{};
-    unsigned Picture{};  // number of the kept picture of the inner area; 0 when there is none
-    bool All_Left{};     // every item has been told that the pointer left
 };

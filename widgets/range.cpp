@@ -33,7 +33,7 @@ short Thumb_For(float visible, float total, int room) {
     return Low_16(std::max(int{CURSEUR}, Truncate(part / whole * half_room)));
 }
 
-bool Pointer_Along(const Tools& bar, int& distance) {
+bool Pointer_Along(const Tools_Fields& bar, int& distance) {
     POINT position{};
     if (!Find_Pointer(bar.Window, position)) return false;
     distance = Is_Vertical(bar) ? position.y - bar.Y : position.x - bar.X;

@@ -3,20 +3,19 @@
 #pragma once
 
 #include "tools/base.h"
-#include "widgets/slider.h"
 
 namespace galdren {
 
 constexpr unsigned long Thumb_Grey = 0x6E6E6E;
 constexpr unsigned long Thumb_Light = 0xD8D8D8;
 
-inline bool Is_Vertical(const Tools& bar) { return Has_Flag(bar, FLAG_VERTICAL); }
+inline bool Is_Vertical(const Tools_Fields& bar) { return Has_Flag(bar, FLAG_VERTICAL); }
 
 /// Along the bar: its width, or its height when vertical.
-inline int Bar_Length(const Tools& bar) { return Is_Vertical(bar) ? bar.Height : bar.Width; }
+inline int Bar_Length(const Tools_Fields& bar) { return Is_Vertical(bar) ? bar.Height : bar.Width; }
 
 /// Across the bar.
-inline int Bar_Thickness(const Tools& bar) { return Is_Vertical(bar) ? bar.Width : bar.Height; }
+inline int Bar_Thickness(const Tools_Fields& bar) { return Is_Vertical(bar) ? bar.Width : bar.Height; }
 
 /// `value` held between the two ends. What is not a number stays as it is.
 float Clamp_Value(float value, float start, float end, bool reversed);
@@ -32,7 +31,7 @@ short Thumb_For(float visible, float total, int room);
 
 /// Distance of the pointer from the start end of a bar.
 /// @return false when there is no pointer to be had
-bool Pointer_Along(const Tools& bar, int& distance);
+bool Pointer_Along(const Tools_Fields& bar, int& distance);
 
 /// The value that the thumb has at a position of its track.
 template <class Bar>
@@ -96,11 +95,5 @@ void Paint_Thumb_Dark(Canvas& canvas, const Area& thumb);
 
 /// The shadow one pixel inside the dark edges.
 void Paint_Thumb_Shadow(Canvas& canvas, const Area& thumb);
-
-/// Number of pixels that a bar scrolls by.
-inline int Pixels_Scrolled(const Sliders& bar) {
-    constexpr int Farthest = 1 << 29;  // twice that has room in the arithmetic of its owners
-    return std::clamp(Truncate(double{bar.Val}), -Farthest, Farthest);
-}
 
 }  // namespace galdren

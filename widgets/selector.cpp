@@ -25,13 +25,6 @@ Buttons& Shown_Item(const Selects& selector) { return *selector.Item[selector.Cu
 
 bool Is_Skipped(const Selects& selector) { return Has_Flag(Shown_Item(selector), FLAG_PASSIVE); }
 
-void Place_In(Tools& part, const Area& area) {
-    part.X = Low_16(area.left);
-    part.Y = Low_16(area.bottom);
-    part.Width = Low_16(std::max(area.right - area.left, 0));
-    part.Height = Low_16(std::max(area.top - area.bottom, 0));
-}
-
 void Init_Frame(Selects& selector) {
     constexpr unsigned long Kept_Flags = 0x7771;
     Boxs& frame = selector.Frame;
@@ -75,7 +68,7 @@ Area Item_Area(const Selects& selector) {
 }
 
 void Init_Items(Selects& selector) {
-    const Area area = Item_Area(selector);
+    const Area area = Not_Turned(Item_Area(selector));
     const unsigned long flags =
         FLAG_NO_RIM | (Has_Flag(selector, FLAG_STATIC) ? Inherited_Flags(selector) : 0);
     for (int i = 0; i < selector.Nb_Item; ++i) {
@@ -83,7 +76,7 @@ void Init_Items(Selects& selector) {
         item.Flag |= flags;
         item.Border = 1;
         item.Value = 1;
-        Place_In(item, area);
+        Set_Place(item, area);
         Copy_Clip(item, selector);
         Copy_Font(item, selector);
         item.Init(selector.Window);
@@ -177,19 +170,7 @@ void Paint_Thin(Canvas& canvas, const Selects& selector) {
 
 Selects::Selects() = default;
 
-Selects::Selects(const Selects& other)
-    : Tools(other),
-      Current(other.Current),
-      Arrow_Size(other.Arrow_Size),
-      Value_Width(other.Value_Width),
-      Item(other.Item),
-      Nb_Item(other.Nb_Item),
-      Hover(other.Hover),
-      Last_Current(other.Last_Current),
-      Frame(other.Frame),
-      Value_Box(other.Value_Box) {
-    Share(Thing::Array, Item);
-}
+Selects::Selects(const Selects& other) : Tools(other), Selector_Fields(other) { Share_Array(Item); }
 
 Selects& Selects::operator=(const Selects& other) { return Reassign(*this, other); }
 
@@ -212,7 +193,7 @@ void Selects::Init(HWND window) {
         const int along = Is_Column(*this) ? Height : Width;
         Arrow_Size = Low_16(std::min(across, along / 2 - CURSEUR));
     }
-    Place_In(Value_Box, Room_Beside_Caption(*this));
+    Set_Place(Value_Box, Not_Turned(Room_Beside_Caption(*this)));
     Copy_Clip(Value_Box, *this);
     Note_Items(*this);
     Hold_In_Range(*this);

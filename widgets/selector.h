@@ -10,14 +10,8 @@
 constexpr unsigned long SELECTOR_NO_FRAME = 0x8;  ///< `Draw` leaves out frame and body
 /// @}
 
-/// Shows one of its items in a framed box, pressed down, between two arrows that step to its neighbours. It
-/// is a row, or with `Flag` 0x4 a column, whose lower arrow steps forwards. Both ends lead to each other.
-///
-/// The application sets the number of items with `Grow` and writes each item's `Name`, then calls `Init`. A
-/// press on an arrow steps `Current` at once and is shown by the `Adjust` that the application calls when
-/// `Select` answers 1. Stepping skips items whose own `Flag` has 0x2.
-class GALDREN_TOOLS_API Selects : public Tools {
-  public:
+/// The fields of a selector, all zero at first.
+struct Selector_Fields {
     short Current{};       ///< index of the item that is shown; one that does not exist becomes 0
     short Arrow_Size{};    ///< length of the zone at each end that is an arrow; 0 has `Init` work it out
     short Value_Width{};   ///< width of the value area beside the caption; 0 means as the caption leaves room
@@ -27,7 +21,16 @@ class GALDREN_TOOLS_API Selects : public Tools {
     short Last_Current{};  ///< `Current` at the last `Init`, `Draw` or `Adjust`
     Boxs Frame;            ///< the framed background
     Boxs Value_Box;        ///< place of arrows and item; never painted
+};
 
+/// Shows one of its items in a framed box, pressed down, between two arrows that step to its neighbours. It
+/// is a row, or with `Flag` 0x4 a column, whose lower arrow steps forwards. Both ends lead to each other.
+///
+/// The application sets the number of items with `Grow` and writes each item's `Name`, then calls `Init`. A
+/// press on an arrow steps `Current` at once and is shown by the `Adjust` that the application calls when
+/// `Select` answers 1. Stepping skips items whose own `Flag` has 0x2.
+class GALDREN_TOOLS_API Selects : public Tools, public Selector_Fields {
+  public:
     /// Every field zero.
     Selects();
     /// Copies every field; the items are shared with the source until one of the two changes their number.

@@ -4,12 +4,6 @@
 
 #include "../tools/tools.h"
 
-/// Bits of `Flag` that sliders and valuators add.
-/// @{
-constexpr unsigned long SLIDER_REVERSED = 0x4000000;   ///< `Start_Val` is greater than `End_Val`
-constexpr unsigned long SLIDER_KEEP_GRAB = 0x8000000;  ///< a press keeps it until the release
-/// @}
-
 /// A scroll bar: an arrow box at each end and a thumb between them, over a range of values. It is vertical
 /// with `Flag` 0x4.
 ///

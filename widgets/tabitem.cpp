@@ -200,39 +200,25 @@ void Renew_Images(TabItems& tab) {
     Take_Image(wanted ? tab.Graph_Select : nullptr, tab.Select_Up, tab.Select_Down, tab.Cur_Graph_Select);
 }
 
+/// Calls `act` with every image that a tab holds.
+template <class Act>
+void For_Owned(const TabItems& tab, Act act) {
+    for (const unsigned long* array : {tab.Normal_Up, tab.Select_Up, tab.Own_Normal_Up, tab.Own_Normal_Down,
+                                       tab.Own_Select_Up, tab.Own_Select_Down})
+        act(array);
+}
+
 }  // namespace
 
 TabItems::TabItems() = default;
 
-TabItems::TabItems(const TabItems& other)
-    : Tools(other),
-      Value(other.Value),
-      Hover(other.Hover),
-      Slant(other.Slant),
-      Shape(other.Shape),
-      Normal_Up(other.Normal_Up),
-      Normal_Down(other.Normal_Down),
-      Select_Up(other.Select_Up),
-      Select_Down(other.Select_Down),
-      Own_Normal_Up(other.Own_Normal_Up),
-      Own_Normal_Down(other.Own_Normal_Down),
-      Own_Select_Up(other.Own_Select_Up),
-      Own_Select_Down(other.Own_Select_Down),
-      Last_Value(other.Last_Value) {
-    for (const unsigned long* held :
-         {Normal_Up, Select_Up, Own_Normal_Up, Own_Normal_Down, Own_Select_Up, Own_Select_Down}) {
-        Share_Array(held);
-    }
+TabItems::TabItems(const TabItems& other) : Tools(other), Tab_Item_Fields(other) {
+    For_Owned(*this, Share_Array);
 }
 
 TabItems& TabItems::operator=(const TabItems& other) { return Reassign(*this, other); }
 
-TabItems::~TabItems() {
-    for (const unsigned long* held :
-         {Normal_Up, Select_Up, Own_Normal_Up, Own_Normal_Down, Own_Select_Up, Own_Select_Down}) {
-        Release_Array(held);
-    }
-}
+TabItems::~TabItems() { For_Owned(*this, Release_Array); }
 
 void TabItems::Init(HWND window) {
     if (!Begin_Init(*this, window, "TabItems::Init")) return;

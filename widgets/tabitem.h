@@ -10,13 +10,8 @@ constexpr short TAB_RIGHT_STRAIGHT = 0x1;  ///< the right end slants all the way
 constexpr short TAB_LEFT_STRAIGHT = 0x10;  ///< the left end slants all the way down
 /// @}
 
-/// One tab: a button in the shape of a trapezoid. A pointed end stops half-way down, where it goes beneath a
-/// neighbour that is painted over it.
-///
-/// A tab is painted from its fields: a change of `Color`, `Slant`, `Shape` or `Value` shows with the next
-/// paint. One whose colour is black becomes grey (170, 170, 170) at `Init`.
-class GALDREN_TOOLS_API TabItems : public Tools {
-  public:
+/// The fields of a tab, all zero at first.
+struct Tab_Item_Fields {
     short Value{};                     ///< 0 at the back, any other value at the front
     short Hover{};                     ///< 0 not painted since the last full draw, 1 highlighted, 2 plain
     short Slant{};                     ///< run of each slanted end in pixels; at most half the width counts
@@ -30,7 +25,15 @@ class GALDREN_TOOLS_API TabItems : public Tools {
     unsigned long* Own_Select_Up{};    ///< not used by tabs; owned
     unsigned long* Own_Select_Down{};  ///< not used by tabs; owned
     short Last_Value{};                ///< `Value` at the last `Init`, `Draw` or `Adjust`
+};
 
+/// One tab: a button in the shape of a trapezoid. A pointed end stops half-way down, where it goes beneath a
+/// neighbour that is painted over it.
+///
+/// A tab is painted from its fields: a change of `Color`, `Slant`, `Shape` or `Value` shows with the next
+/// paint. One whose colour is black becomes grey (170, 170, 170) at `Init`.
+class GALDREN_TOOLS_API TabItems : public Tools, public Tab_Item_Fields {
+  public:
     /// Every field zero.
     TabItems();
     /// Copies every field; what the source owns is shared.

@@ -110,20 +110,7 @@ void Paint_Page_Line(Canvas& canvas, const Area& line, int corner_left, int corn
 
 Tabs::Tabs() = default;
 
-Tabs::Tabs(const Tabs& other)
-    : Tools(other),
-      Value(other.Value),
-      Reserved(other.Reserved),
-      Tab_Height(other.Tab_Height),
-      Item(other.Item),
-      Last_Value(other.Last_Value),
-      Count(other.Count),
-      First_X(other.First_X),
-      Tab_Width(other.Tab_Width),
-      Slant(other.Slant),
-      Box(other.Box) {
-    Share(Thing::Array, Item);
-}
+Tabs::Tabs(const Tabs& other) : Tools(other), Tab_Set_Fields(other) { Share_Array(Item); }
 
 Tabs& Tabs::operator=(const Tabs& other) { return Reassign(*this, other); }
 

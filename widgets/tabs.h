@@ -5,13 +5,8 @@
 #include "box.h"
 #include "tabitem.h"
 
-/// A row of tabs of equal width whose slanted ends overlap, with the front tab on top, and the page below.
-///
-/// The application sets the number of tabs with `Grow`, writes each tab's `Name` and perhaps `Color`, and
-/// calls `Init`. After a press, `Read` tells which tab is under the pointer; to bring it to the front, the
-/// application writes `Value` and calls `Adjust`.
-class GALDREN_TOOLS_API Tabs : public Tools {
-  public:
+/// The fields of a tab set, all zero at first.
+struct Tab_Set_Fields {
     short Value{};       ///< index of the front tab; any other value: none is in front
     short Reserved{};    ///< copied with the set; not used
     short Tab_Height{};  ///< height of tabs and page together, for a `Page(0)`
@@ -22,7 +17,15 @@ class GALDREN_TOOLS_API Tabs : public Tools {
     short Tab_Width{};   ///< width of each tab but the last, which takes what is left
     short Slant{};       ///< slant of every tab, and what neighbours overlap by: a quarter of the height
     Boxs Box;            ///< a frame around the row, ready to be painted; the set itself does not paint it
+};
 
+/// A row of tabs of equal width whose slanted ends overlap, with the front tab on top, and the page below.
+///
+/// The application sets the number of tabs with `Grow`, writes each tab's `Name` and perhaps `Color`, and
+/// calls `Init`. After a press, `Read` tells which tab is under the pointer; to bring it to the front, the
+/// application writes `Value` and calls `Adjust`.
+class GALDREN_TOOLS_API Tabs : public Tools, public Tab_Set_Fields {
+  public:
     /// Every field zero.
     Tabs();
     /// Copies every field; the tabs are shared with the source until one of the two changes their number.

@@ -2,11 +2,9 @@
 
 #include <algorithm>
 #include <cstdarg>
-#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <iterator>
-#include <new>
 #include <utility>
 
 #include "tools/dimensions.h"
@@ -18,7 +16,7 @@
 #include "util/error.h"
 #include "util/program.h"
 #include "widgets/items.h"
-#include "widgets/range.h"
+#include "widgets/scroll.h"
 #include "widgets/text_parts.h"
 
 using namespace galdren;
@@ -206,45 +204,12 @@ void Set_Input_Box(Texts& field) {
     std::transform(std::begin(edges), std::end(edges), field.Input_Box, Low_16);
 }
 
-void Release_Texts(char**& texts, int count) {
-    if (Let_Go(Thing::Array, texts)) {
-        Free_Texts(texts, 0, count);
-        delete[] texts;
-    }
-    texts = nullptr;
-}
-
-void Release_Lines(Texts& field) {
-    Release_Texts(field.Lines, Texts::Most_Lines);
-    Release_Texts(field.History, Texts::Most_History);
-    Release_Array(field.Line_Width);
-    field.Line_Width = nullptr;
-}
-
 /// The lowest output line that stands wholly above the bottom.
 int First_Shown(int scrolled, int line_height) {
     return scrolled <= 0 || line_height < 1 ? 0 : (scrolled + line_height - 1) / line_height;
 }
 
 }  // namespace
-
-namespace galdren {
-
-bool Format_Line(char (&text)[Texts::Line_Room], const char* format, va_list arguments) {
-    text[0] = '\0';
-    const int length = std::vsnprintf(text, sizeof text, format, arguments);
-    if (length < 0) text[0] = '\0';
-    return length >= 0;
-}
-
-void Free_Texts(char** texts, int first, int end) {
-    for (int i = first; i < end; ++i) {
-        delete[] texts[i];
-        texts[i] = nullptr;
-    }
-}
-
-}  // namespace galdren
 
 Texts::Texts() = default;
 
@@ -306,7 +271,7 @@ void Texts::Draw() {
 void Texts::Paint_Contents() {
     Re_Write();
     if (!Is_Reading(*this)) return;
-    Canvas canvas(*this, Input_Reach(*this));
+    Canvas canvas(*this, {Common(Area_Of(*this), Input_Area(*this))});
     Paint_Input_Frame(canvas, *this);
     Read_Echo(Line, Cursor_Pos);
 }

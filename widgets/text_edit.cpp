@@ -5,9 +5,11 @@
 #include <cstring>
 #include <string_view>
 
+#include "tools/base.h"
 #include "tools/font_cache.h"
 #include "tools/keyboard.h"
 #include "tools/sharing.h"
+#include "widgets/text.h"
 #include "widgets/text_parts.h"
 
 using namespace galdren;
@@ -303,7 +305,7 @@ void Texts::Read_Echo(char* const text, short cursor) {
     const Area box = Input_Area(*this);
     const int border = Frame_Width(*this);
     if (box.right < box.left) return;
-    Canvas canvas(*this, Input_Reach(*this));
+    Canvas canvas(*this, {Common(Area_Of(*this), Input_Area(*this))});
     Paint_Body(canvas, *this, Select_State == Hover_Highlighted, nullptr, Flag, border + 1, box);
 
     const Canvas::Narrow_Clip clip = canvas.Narrow(box.Inset(border));

@@ -1,25 +1,26 @@
 /// @file
-/// What the output and the input line of a text field share.
+/// The lines of a text field, and its input line.
 #pragma once
 
-#include "tools/base.h"
-#include "widgets/text.h"
+#include <algorithm>
+#include <cstdarg>
+#include <new>
+
+#include "tools/area.h"
+#include "widgets/text_fields.h"
 
 namespace galdren {
 
-inline bool Is_Reading(const Texts& field) { return (field.Mode & TEXT_READING) != 0; }
+inline bool Is_Reading(const Text_Fields& field) { return (field.Mode & TEXT_READING) != 0; }
 
 /// The box of the input line.
-inline Area Input_Area(const Texts& field) {
+inline Area Input_Area(const Text_Fields& field) {
     return {field.Input_Box[0], field.Input_Box[1], field.Input_Box[3], field.Input_Box[2]};
 }
 
-/// What is painted of the input line.
-inline Reach Input_Reach(const Texts& field) { return {Common(Area_Of(field), Input_Area(field))}; }
-
 /// Formats into the room of one line and cuts what is too long.
 /// @return false when the format fails, with an empty text
-bool Format_Line(char (&text)[Texts::Line_Room], const char* format, va_list arguments);
+bool Format_Line(char (&text)[Text_Fields::Line_Room], const char* format, va_list arguments);
 
 /// Makes an array of `count` zeroed entries where there is none yet.
 /// @return false when the memory cannot be had
@@ -39,5 +40,8 @@ void Move_Entries(Entry* array, int count, int n) {
 
 /// Frees the texts first..end-1 of an array.
 void Free_Texts(char** texts, int first, int end);
+
+/// Lets go of what a field owns but its fonts.
+void Release_Lines(Text_Fields& field);
 
 }  // namespace galdren
