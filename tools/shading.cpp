@@ -155,10 +155,17 @@ int Pixels_Of_Shading(const void* buffer) {
     return made ? made->width * made->height : 0;
 }
 
-void Share_Array(const void* array) { Share(Thing::Array, array); }
+void Share_Array(const void* array, unsigned holders) { Share(Thing::Array, array, holders); }
 
 void Release_Array(const void* array) {
     if (Shadings().Release(array)) delete[] static_cast<const unsigned char*>(array);
+}
+
+void Release_Arrays(std::initializer_list<const void*> arrays) {
+    const Drawing_Lock lock;
+    for (const void* array : arrays) {
+        if (Shadings().Release(lock, array)) delete[] static_cast<const unsigned char*>(array);
+    }
 }
 
 }  // namespace galdren

@@ -2,6 +2,8 @@
 /// The shading of bodies, shared by all controls of equal size, border and colour.
 #pragma once
 
+#include <initializer_list>
+
 #include "tools/fields.h"
 
 namespace galdren {
@@ -24,10 +26,11 @@ void Renew_Shading(const Tools_Fields& control, unsigned long*& own, const Color
 /// Number of pixels of generated shading; 0 when the buffer is none.
 int Pixels_Of_Shading(const void* buffer);
 
-/// Notes one more holder of an array of bytes or pixels.
-void Share_Array(const void* array);
+/// Notes more holders of an array of bytes or pixels.
+void Share_Array(const void* array, unsigned holders = 1);
 
 /// Releases an array of bytes or pixels, unless a copy still shares it.
 void Release_Array(const void* array);
+void Release_Arrays(std::initializer_list<const void*> arrays);
 
 }  // namespace galdren
