@@ -71,13 +71,27 @@ void Default_Grey(Tools_Fields& control) {
     if (control.Color == Colors(0, 0, 0)) control.Color = Colors(170, 170, 170);
 }
 
+namespace {
+
+RECT Hit_Rectangle(const Tools_Fields& control) {
+    const Area area = Area_Of(control);
+    return {area.left, area.bottom, area.right + 1, area.top + 1};
+}
+
+}  // namespace
+
 void Bind(Tools_Fields& control, HWND window) {
     control.Window = window;
-    const Area area = Area_Of(control);
-    const RECT rect{area.left, area.bottom, area.right + 1, area.top + 1};
+    const RECT rect = Hit_Rectangle(control);
     if (!control.Region || !EqualRect(&rect, &control.Rect)) Renew_Region(control);
     control.Clip_Region = control.Region;
     control.Rect = rect;
+}
+
+void Bind_Without_Region(Tools_Fields& control, HWND window) {
+    control.Window = window;
+    control.Rect = Hit_Rectangle(control);
+    Drop_Region(control);
 }
 
 void Renew_Font(Tools_Fields& control) {

@@ -87,6 +87,9 @@ void Default_Grey(Tools_Fields& control);
 /// Binds the control to the window: region and hit rectangle.
 void Bind(Tools_Fields& control, HWND window);
 
+/// Binds a control that needs no region; the one that it has goes.
+void Bind_Without_Region(Tools_Fields& control, HWND window);
+
 /// Makes the font when there is none or its size changed.
 void Renew_Font(Tools_Fields& control);
 

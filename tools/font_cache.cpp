@@ -170,7 +170,7 @@ HFONT Acquire_Font(HWND window, const char* face, const char* weight, const char
     });
 }
 
-void Share_Font(HFONT font) { Share(Thing::Font, font); }
+void Share_Font(HFONT font, unsigned holders) { Share(Thing::Font, font, holders); }
 
 void Release_Font(HFONT font) {
     if (!font || font == GetStockObject(SYSTEM_FONT)) return;

@@ -13,8 +13,8 @@ HFONT Acquire_Font(HWND window, const char* face, const char* weight, const char
 /// which is reported once at level 7.
 HFONT Make_Font(HWND window, const char* face, const char* weight, const char* style, short points);
 
-/// Notes one more holder of a font, made by either function.
-void Share_Font(HFONT font);
+/// Notes more holders of a font.
+void Share_Font(HFONT font, unsigned holders = 1);
 
 /// Lets go of a font. Null and the stock system font are left alone.
 void Release_Font(HFONT font);

@@ -157,6 +157,8 @@ int Pixels_Of_Shading(const void* buffer) {
 
 void Share_Array(const void* array) { Share(Thing::Array, array); }
 
+void Share_Among(const void* array, unsigned holders) { Share(Thing::Array, array, holders); }
+
 void Release_Array(const void* array) {
     if (Shadings().Release(array)) delete[] static_cast<const unsigned char*>(array);
 }

@@ -24,8 +24,9 @@ void Renew_Shading(const Tools_Fields& control, unsigned long*& own, const Color
 /// Number of pixels of generated shading; 0 when the buffer is none.
 int Pixels_Of_Shading(const void* buffer);
 
-/// Notes one more holder of an array of bytes or pixels.
+/// Notes one more holder of an array of bytes or pixels, or as many.
 void Share_Array(const void* array);
+void Share_Among(const void* array, unsigned holders);
 
 /// Releases an array of bytes or pixels, unless a copy still shares it.
 void Release_Array(const void* array);

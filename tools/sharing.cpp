@@ -96,14 +96,17 @@ bool Is_Lost(Thing kind, const void* thing) { return Never_Freed[Place_Of(kind, 
 
 }  // namespace
 
-void Share(Thing kind, const void* thing) {
-    if (!thing) return;
-    Drawing_Lock lock;
+void Share(Thing kind, const void* thing, unsigned holders) {
+    if (thing) Share(Drawing_Lock(), kind, thing, holders);
+}
+
+void Share(const Drawing_Lock&, Thing kind, const void* thing, unsigned holders) {
+    if (!thing || holders == 0) return;
     const auto entry = All_Holders().find({kind, thing});
     if (entry != All_Holders().end()) {
-        ++entry->second;
+        entry->second += holders;
     } else if (Room.Prepare()) {
-        All_Holders().try_emplace({kind, thing}, 2U);
+        All_Holders().try_emplace({kind, thing}, 1 + holders);
     } else {
         Never_Freed.set(Place_Of(kind, thing));
     }
@@ -114,9 +117,10 @@ bool Is_Shared(Thing kind, const void* thing) {
     return Is_Lost(kind, thing) || All_Holders().count({kind, thing}) != 0;
 }
 
-bool Let_Go(Thing kind, const void* thing) {
+bool Let_Go(Thing kind, const void* thing) { return thing && Let_Go(Drawing_Lock(), kind, thing); }
+
+bool Let_Go(const Drawing_Lock&, Thing kind, const void* thing) {
     if (!thing) return false;
-    Drawing_Lock lock;
     if (Is_Lost(kind, thing)) return false;
     const auto entry = All_Holders().find({kind, thing});
     if (entry == All_Holders().end()) return true;

@@ -13,8 +13,10 @@ namespace galdren {
 /// What a counted address stands for; handles and memory could be equal numbers.
 enum class Thing : unsigned char { Array, Font, Region };
 
-/// Notes one more holder of `thing`. Null is ignored.
-void Share(Thing kind, const void* thing);
+/// Notes more holders of `thing`. Null is ignored.
+void Share(Thing kind, const void* thing, unsigned holders = 1);
+/// The same for who has the lock already.
+void Share(const Drawing_Lock& lock, Thing kind, const void* thing, unsigned holders = 1);
 
 /// Whether `thing` has more than one holder.
 bool Is_Shared(Thing kind, const void* thing);
@@ -22,6 +24,8 @@ bool Is_Shared(Thing kind, const void* thing);
 /// Takes one holder away.
 /// @return true when it was the last, who now has to free the thing; false for null
 bool Let_Go(Thing kind, const void* thing);
+/// The same for who has the lock already.
+bool Let_Go(const Drawing_Lock& lock, Thing kind, const void* thing);
 
 /// Whether a thing is still what it is noted as: an application may have deleted a handle that it shares.
 bool Is_Alive(Thing kind, const void* thing);
@@ -42,10 +46,10 @@ class Pool {
     /// fail with null.
     template <class Make>
     Value Acquire(const Key& key, Make make) {
-        Drawing_Lock lock;
+        const Drawing_Lock lock;
         const auto found = by_key.find(key);
         if (found != by_key.end() && Is_Alive(kind, found->second)) {
-            Share(kind, found->second);
+            Share(lock, kind, found->second);
             return found->second;
         }
         if (found != by_key.end()) Drop(found);
@@ -64,8 +68,14 @@ class Pool {
     /// Lets go of `value`, from this pool or not.
     /// @return true when the caller has to free it
     bool Release(Value value) {
-        Drawing_Lock lock;
-        if (!Let_Go(kind, value)) return false;
+        if (!value) return false;
+        const Drawing_Lock lock;
+        return Release(lock, value);
+    }
+
+    /// The same for who has the lock already.
+    bool Release(const Drawing_Lock& lock, Value value) {
+        if (!Let_Go(lock, kind, value)) return false;
         const auto found = by_value.find(value);
         if (found != by_value.end()) {
             by_key.erase(found->second);

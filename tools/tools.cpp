@@ -27,6 +27,17 @@ constexpr int Line_Of_Normal = 311;
 constexpr int Line_Of_Select = 336;
 constexpr int Line_Of_Name = 451;
 
+/// Formats like vsnprintf. A text that is the only argument is copied, for most names are given so.
+int Format_Name(char* text, std::size_t room, const char* format, va_list arguments) {
+    if (std::strcmp(format, "%s") != 0) return std::vsnprintf(text, room, format, arguments);
+    const char* given = va_arg(arguments, const char*);
+    if (!given) given = "(null)";
+    const std::size_t length = strnlen(given, room - 1);
+    std::memcpy(text, given, length);
+    text[length] = '\0';
+    return static_cast<int>(length);
+}
+
 /// Replaces `image` by a new one of the control's size, unless the other image is the same.
 bool Renew_Image(const Tools& control, unsigned long*& image, const unsigned long* other_image,
                  unsigned long fill, int report_line) {
@@ -119,11 +130,11 @@ int Tools::Set_Name(const char* format, ...) {
     char text[Longest];
     va_list arguments;
     va_start(arguments, format);
-    const int length = std::vsnprintf(text, sizeof text, format, arguments);
+    const int length = Format_Name(text, sizeof text, format, arguments);
     va_end(arguments);
     Release_Owned_Name(*this);
     if (length < 0) return 0;
-    char* name = Duplicate(text);
+    char* name = Duplicate({text, std::min(static_cast<std::size_t>(length), Longest - 1)});
     if (!name) {
         Report_No_Memory(Line_Of_Name);
         return 0;

@@ -6,8 +6,9 @@
 
 #include "tools/base.h"
 #include "tools/dimensions.h"
+#include "tools/font_cache.h"
 #include "tools/sharing.h"
-#include "widgets/items.h"
+#include "widgets/button_items.h"
 
 using namespace galdren;
 
@@ -110,6 +111,76 @@ void Renew_Bodies(Buttons& button) {
     if (!Has_Flag(button, FLAG_OWN_IMAGES)) Choose_Bodies(button);
 }
 
+/// What follows in `Init` when the button is bound to its window.
+void Renew_Look(Buttons& button) {
+    Renew_Font(button);
+    if (Has_Flag(button, FLAG_STATIC)) {
+        Note_Size(button);
+    } else {
+        Renew_Bodies(button);
+    }
+    button.Last_Color = button.Color.get();
+}
+
+/// The first part of `Init`: all but region, font and bodies.
+bool Begin_Button(Buttons& button, HWND& window) {
+    Forget_Withdrawn_Images(button);
+    if (!Begin_Init(button, window, "Buttons::Init")) return false;
+    button.Hover = Hover_Unknown;
+    button.Last_Value = button.Value;
+    Default_Grey(button);
+    return true;
+}
+
+/// Whether nothing of a button's look was made or given yet, so that `Init` makes all of it.
+bool Is_Plain_And_New(const Buttons& button) {
+    return !Has_Flag(button, FLAG_STATIC | FLAG_OWN_IMAGES) && !button.Font && !button.Graph_Normal &&
+           !button.Graph_Select && !button.Last_Graph_Normal && !button.Last_Graph_Select &&
+           !button.Own_Normal_Up && !button.Own_Normal_Down && !button.Own_Select_Up &&
+           !button.Own_Select_Down && button.Last_Width == 0 && button.Last_Height == 0;
+}
+
+/// Whether a button has all that others may take over.
+bool Is_Complete(const Buttons& button) {
+    return button.Font && button.Own_Normal_Up && button.Own_Normal_Down && button.Own_Select_Up &&
+           button.Own_Select_Down;
+}
+
+/// Whether two buttons that are plain and new get the same look.
+bool Look_Alike(const Buttons& one, const Buttons& other) {
+    return one.Width == other.Width && one.Height == other.Height && one.Border == other.Border &&
+           one.Color == other.Color && one.Color.Alpha == other.Color.Alpha &&
+           one.Font_Name == other.Font_Name && one.Font_Weight == other.Font_Weight &&
+           one.Font_Style == other.Font_Style && one.Font_Size == other.Font_Size;
+}
+
+/// Gives a button the look of a complete one like it, as far as `Share_Look` makes up for it later.
+void Take_Look(Buttons& button, const Buttons& model) {
+    button.Font = model.Font;
+    button.Font_Size_Last = model.Font_Size_Last;
+    button.Normal_Up = button.Own_Normal_Up = model.Own_Normal_Up;
+    button.Normal_Down = button.Own_Normal_Down = model.Own_Normal_Down;
+    button.Select_Up = button.Own_Select_Up = model.Own_Select_Up;
+    button.Select_Down = button.Own_Select_Down = model.Own_Select_Down;
+    Choose_Bodies(button);
+    Note_Size(button);
+    button.Last_Color = model.Last_Color;
+}
+
+/// Calls `act` with every body that a button owns.
+template <class Act>
+void For_Owned(const Buttons& button, Act act) {
+    for (const unsigned long* array :
+         {button.Own_Normal_Up, button.Own_Normal_Down, button.Own_Select_Up, button.Own_Select_Down})
+        act(array);
+}
+
+/// Notes the holders of what `Take_Look` gave to so many buttons.
+void Share_Look(const Buttons& model, unsigned holders) {
+    Share_Font(model.Font, holders);
+    For_Owned(model, [holders](const unsigned long* body) { Share_Among(body, holders); });
+}
+
 /// Whether lamp and caption lie on the body alone, so that painting the body leaves nothing of them.
 bool Body_Hides_Rest(const Buttons& button) {
     const Area body = Area_Of(button).Inset(Frame_Thickness(button) + 1);
@@ -165,14 +236,6 @@ void Paint_Whole(Canvas& canvas, Buttons& button) {
     Paint_Name(canvas, button);
 }
 
-/// Calls `act` with every body that a button owns.
-template <class Act>
-void For_Owned(const Buttons& button, Act act) {
-    for (const unsigned long* array :
-         {button.Own_Normal_Up, button.Own_Normal_Down, button.Own_Select_Up, button.Own_Select_Down})
-        act(array);
-}
-
 }  // namespace
 
 namespace galdren {
@@ -204,19 +267,28 @@ Buttons& Buttons::operator=(const Buttons& other) { return Reassign(*this, other
 Buttons::~Buttons() { For_Owned(*this, Release_Array); }
 
 void Buttons::Init(HWND window) {
-    Forget_Withdrawn_Images(*this);
-    if (!Begin_Init(*this, window, "Buttons::Init")) return;
-    Hover = Hover_Unknown;
-    Last_Value = Value;
-    Default_Grey(*this);
+    if (!Begin_Button(*this, window)) return;
     Bind(*this, window);
-    Renew_Font(*this);
-    if (Has_Flag(*this, FLAG_STATIC)) {
-        Note_Size(*this);
-    } else {
-        Renew_Bodies(*this);
+    Renew_Look(*this);
+}
+
+void galdren::Init_Without_Regions(std::span<Buttons* const> buttons, HWND window) {
+    const Buttons* model = nullptr;
+    unsigned alike = 0;
+    for (Buttons* const button : buttons) {
+        HWND own_window = window;
+        if (!Begin_Button(*button, own_window)) continue;
+        Bind_Without_Region(*button, own_window);
+        const bool is_new = Is_Plain_And_New(*button);
+        if (is_new && model && Look_Alike(*button, *model)) {
+            Take_Look(*button, *model);
+            ++alike;
+            continue;
+        }
+        Renew_Look(*button);
+        if (is_new && !model && Is_Complete(*button)) model = button;
     }
-    Last_Color = Color.get();
+    if (model) Share_Look(*model, alike);
 }
 
 void Buttons::Draw() {

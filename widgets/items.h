@@ -11,7 +11,6 @@
 #include "tools/sharing.h"
 #include "util/error.h"
 #include "util/program.h"
-#include "widgets/button.h"
 
 namespace galdren {
 
@@ -83,23 +82,6 @@ void Init_Without_Region(Item& item, HWND window) {
     item.Init(window);
     Drop_Region(item);
 }
-
-/// All that decides how a button looks, its place aside.
-struct Look_Of_Button {
-    const unsigned long* body;
-    HFONT font;
-    std::size_t name;  ///< hash of the caption
-    unsigned long flag, color;
-    int width, height, border;
-    short value, lamp;
-    bool highlighted;
-    bool operator==(const Look_Of_Button&) const = default;
-};
-
-/// Brings the fields of a button to what `Draw` makes them, for one that need not be painted.
-/// @param inside  whether the pointer is inside it
-/// @return how it looks
-Look_Of_Button Settle_Look(Buttons& button, bool inside);
 
 /// Gives a part the name of its owner. It holds the name like a copy does, for the owner may get another one.
 inline void Take_Name(Tools& part, const Tools& owner) {

@@ -10,6 +10,7 @@
 #include "tools/region.h"
 #include "tools/sharing.h"
 #include "tools/window.h"
+#include "widgets/button_items.h"
 #include "widgets/items.h"
 #include "widgets/scroll.h"
 
@@ -141,8 +142,8 @@ void Init_Items(Lists& list, const Item_Size& size) {
         item.Border = list.Border;
         Copy_Font(item, list);
         Copy_Clip(item, list);
-        Init_Without_Region(item, list.Window);
     }
+    Init_Without_Regions({list.Item, std::size_t(list.Nb_Item)}, list.Window);
 }
 
 /// The part of the list that items show in. One that reaches the outermost pixel is painted but takes no

@@ -66,11 +66,6 @@ bool Is_Number_Format(const char* format) {
     return conversions == 1;
 }
 
-/// The format to print with: a plain one in place of what is not the format of one number.
-const char* Usable_Format(const Valuators& valuator) {
-    return Is_Number_Format(valuator.Format) ? valuator.Format : "%g";
-}
-
 /// Whether a format is met for the first time.
 bool Is_New(std::string_view format) {
     constexpr std::size_t Most_Formats = 64;
@@ -84,8 +79,8 @@ bool Is_New(std::string_view format) {
 }
 
 /// Reports a format that cannot be used, each once.
-void Check_Format(const Valuators& valuator) {
-    if (!valuator.Format || Is_Number_Format(valuator.Format) || !Is_New(valuator.Format)) return;
+void Report_Format(const Valuators& valuator) {
+    if (!Is_New(valuator.Format)) return;
     Error_Fct(hwnd, ERROR_LEVEL_WARNING, "Valuators: the format \"%s\" is not one number\n   name: %s",
               valuator.Format, Name_Of(valuator));
 }
@@ -110,15 +105,18 @@ void Paint_Name(Canvas& canvas, const Valuators& valuator) {
                   valuator.Border);
 }
 
-void Paint_Number(Canvas& canvas, const Valuators& valuator) {
+void Paint_Number(Canvas& canvas, const Valuators& valuator, const char* format) {
     constexpr std::size_t Longest = 128;
     char text[Longest];
-    const int length = std::snprintf(text, sizeof text, Usable_Format(valuator), double{valuator.Val});
+    const int length = std::snprintf(text, sizeof text, format, double{valuator.Val});
     if (length < 0) return;
     const int left = valuator.X + valuator.Width - valuator.Num_Width - Frame_Width(valuator) - 1;
     const Area field{left, left + valuator.Num_Width, valuator.Y, valuator.Y + valuator.Height};
     Paint_Caption(canvas, valuator.Font, text, 0, field, valuator.Border);
 }
+
+/// In place of a format that is not that of one number.
+constexpr char Plain_Format[] = "%g";
 
 void Clear_Number(Canvas& canvas, const Valuators& valuator) {
     const Area inner = Area_Of(valuator).Inset(Frame_Width(valuator) + 1);
@@ -215,7 +213,7 @@ void Valuators::Init(HWND window) {
     Renew_Font(*this);
     if (Is_Vertical(*this)) Format = nullptr;
     if (!Format) Num_Width = 0;
-    Check_Format(*this);
+    Check_Format();
     Fill_Table(*this);
     Note_Size(*this);
     if (Never_Highlights(*this)) return;
@@ -262,7 +260,7 @@ void Valuators::Deselect() {
 void Valuators::Draw() {
     Check(*this, "Valuator::Draw");
     if (!Has_Size(*this)) return;
-    Check_Format(*this);
+    Check_Format();
     Clamp_Value(*this);
     Canvas canvas(*this, Inside(*this));
     if (Has_Flag(*this, FLAG_OUTLINE)) {
@@ -273,7 +271,7 @@ void Valuators::Draw() {
         if (!Has_Flag(*this, FLAG_STATIC)) canvas.Box(Area_Of(*this), Color.get());
         Paint_Outer_Frame(canvas, *this, Frame_Width(*this));
         if (Has_Inner_Frame(*this)) Paint_Inner_Frame(canvas, *this);
-        if (Format) Paint_Number(canvas, *this);
+        if (Format) Paint_Number(canvas, *this, Number_Format ? Format : Plain_Format);
     }
     Paint_Name(canvas, *this);
     Paint_Thumb(Capture != 0);
@@ -282,7 +280,7 @@ void Valuators::Draw() {
 void Valuators::Adjust() {
     Check(*this, "Valuator::Adjust");
     if (!Has_Size(*this)) return;
-    Check_Format(*this);
+    Check_Format();
     Canvas canvas(*this, Inside(*this));
     if (Has_Flag(*this, FLAG_OUTLINE)) {
         Paint_Outline(canvas, Area_Of(*this));
@@ -292,7 +290,7 @@ void Valuators::Adjust() {
     Clamp_Value(*this);
     if (Format) {
         Clear_Number(canvas, *this);
-        Paint_Number(canvas, *this);
+        Paint_Number(canvas, *this, Number_Format ? Format : Plain_Format);
         if (Border != 0) {
             Paint_Inner_Frame(canvas, *this);
         } else {
@@ -319,6 +317,16 @@ float Valuators::Scroll(int n) {
     Clamp_Value(*this);
     Adjust();
     return Val;
+}
+
+/// Looks at the format again when its text is another one, which may stand at the same place.
+void Valuators::Check_Format() {
+    if (!Format || (Checked_Format[0] && std::strcmp(Format, Checked_Format) == 0)) return;
+    Number_Format = Is_Number_Format(Format);
+    const std::string_view text(Format);
+    const bool fits = text.size() < sizeof Checked_Format;
+    Checked_Format[fits ? text.copy(Checked_Format, text.size()) : 0] = '\0';
+    if (!Number_Format) Report_Format(*this);
 }
 
 /// The inside and what stands on it, as the pointer has it look.

@@ -70,8 +70,12 @@ class GALDREN_TOOLS_API Valuators : public Tools {
     float Scroll(int n);
 
   private:
+    void Check_Format();
     int Posit();
     void Paint_State(bool highlighted);
     void Paint_Thumb(bool grabbed);
     void Cursor();
+
+    char Checked_Format[16]{};  // text of the format that was checked last; empty, of a longer one or none
+    bool Number_Format{};       // it holds one number
 };

@@ -1,4 +1,5 @@
 #include <cmath>
+#include <cstring>
 #include <limits>
 #include <string>
 
@@ -216,5 +217,14 @@ TEST(Valuators, Print_Only_One_Number) {
     for (const char* format : {"%5.1f %%", "%+.2e", "x%gy", "%lE", "%99.99f", "%#A"}) {
         EXPECT_FALSE(Same(picture(format), plain)) << format;
         EXPECT_EQ(reports.Take(), "");
+    }
+    // A text that changes where it stands shows at the next paint.
+    char format[40] = "%.1f";
+    Sample<Valuators> v(0, 250, 26, 1.0F / 3);
+    v.Format = format, v.Num_Width = 120, v.Name = "n";
+    v.Init(window);
+    for (const char* text : {"%.2f", "%s", "%.3f", "", "%.4f", "the value is %.2f", "the value is %s"}) {
+        const Picture changed = window.After([&] { v.Draw(), std::strcpy(format, text), v.Adjust(); });
+        EXPECT_TRUE(Same(changed, picture(text))) << text;
     }
 }
