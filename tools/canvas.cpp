@@ -134,8 +134,31 @@ void Canvas::Polygon(std::initializer_list<POINT> points, unsigned long color) {
     const std::span<const POINT> outline(corners, count);
     if (!Has_Single_Runs(outline)) return Polygon_By_GDI(outline, color);
     Polygon_Rows rows(outline);
-    for (int y = rows.Top(); y <= rows.Bottom(); ++y)
-        Fill_Run(rows.Next(), y, color);
+    Fill_Rows(rows, color);
+}
+
+/// Most runs are a few pixels long: what one costs besides them counts.
+void Canvas::Fill_Rows(Polygon_Rows& rows, unsigned long color) {
+    if (!view.sheet) {
+        for (int y = rows.Top(); y <= rows.Bottom(); ++y)
+            Fill_Run(rows.Next(), y, color);
+        return;
+    }
+    const Raster& raster = view.sheet->Pixels();
+    const RECT clip = view.clip;
+    const auto pixel = static_cast<unsigned long>(Pixel_Of(color));
+    RECT filled{clip.right, clip.bottom, clip.left, clip.top};
+    for (int y = rows.Top(); y <= rows.Bottom() && y < clip.bottom; ++y) {
+        const Pixel_Run run = rows.Next();
+        const LONG left = std::max<LONG>(run.left, clip.left);
+        const LONG right = std::min<LONG>(run.right + 1, clip.right);
+        if (y < clip.top || left >= right) continue;
+        unsigned long* const first = raster.At(left - view.origin.x, y - view.origin.y);
+        std::fill_n(first, right - left, pixel);
+        filled = {std::min(filled.left, left), std::min<LONG>(filled.top, y), std::max(filled.right, right),
+                  y + 1};
+    }
+    if (!Is_Empty(filled)) Include(painted, filled);
 }
 
 void Canvas::Pixels(const void* buffer, int width, int height, int column, int rows_below, const Area& area) {

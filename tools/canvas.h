@@ -113,6 +113,7 @@ class Canvas {
     void Set_Clip(const RECT& clip);
     void Fill(const RECT& device, unsigned long color);
     void Fill_Run(const Pixel_Run& run, int y, unsigned long color);
+    void Fill_Rows(Polygon_Rows& rows, unsigned long color);
     void Polygon_By_GDI(std::span<const POINT> corners, unsigned long color);
     struct Glyph_Run;
     HDC With_Text(HFONT font, unsigned long color);

@@ -20,28 +20,19 @@ Edge::Edge(POINT from, POINT to) {
     error = columns > rows ? 2 * rows - columns : 2 * columns - rows;
 }
 
-Pixel_Run Edge::Next() {
+Pixel_Run Edge::Next_Flat() {
     const int from = x;
-    if (columns > rows) {
-        for (; columns_left > 0 && error <= 0; --columns_left) {
-            x += step;
-            error += 2 * rows;
-        }
-        const Pixel_Run run{std::min(from, x), std::max(from, x)};
-        if (columns_left > 0) {
-            x += step;
-            error += 2 * (rows - columns);
-            --columns_left;
-        }
-        return run;
-    }
-    const int tie = step < 0 ? -1 : 0;
-    if (error > tie) {
+    for (; columns_left > 0 && error <= 0; --columns_left) {
         x += step;
-        error -= 2 * rows;
+        error += 2 * rows;
     }
-    error += 2 * columns;
-    return {from, from};
+    const Pixel_Run run{std::min(from, x), std::max(from, x)};
+    if (columns_left > 0) {
+        x += step;
+        error += 2 * (rows - columns);
+        --columns_left;
+    }
+    return run;
 }
 
 bool Has_Single_Runs(std::span<const POINT> corners) {

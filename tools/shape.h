@@ -25,9 +25,21 @@ class Edge {
     int Bottom() const { return bottom; }
 
     /// The pixels of the next row, from `Top` to `Bottom`.
-    Pixel_Run Next();
+    Pixel_Run Next() { return columns > rows ? Next_Flat() : Next_Steep(); }
 
   private:
+    Pixel_Run Next_Flat();
+    Pixel_Run Next_Steep() {
+        const Pixel_Run run{x, x};
+        const int tie = step < 0 ? -1 : 0;
+        if (error > tie) {
+            x += step;
+            error -= 2 * rows;
+        }
+        error += 2 * columns;
+        return run;
+    }
+
     int top;
     int bottom;
     int x;
