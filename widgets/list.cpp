@@ -6,7 +6,6 @@
 #include "tools/arithmetic.h"
 #include "tools/dimensions.h"
 #include "tools/font_cache.h"
-#include "tools/input.h"
 #include "tools/region.h"
 #include "tools/sharing.h"
 #include "tools/window.h"
@@ -44,16 +43,9 @@ struct Item_Size {
 };
 
 /// A bar along the list, over the coordinates that item 0 may have.
-void Set_Bar(Lists& list, const Area& place, int first, int last, int step) {
-    Sliders& bar = list.Scroll_Bar;
-    Set_Place(bar, place);
-    bar.Flag = list.Flag | SLIDER_REVERSED;
-    bar.Border = 1;
-    bar.Color = list.Color;
-    Copy_Clip(bar, list);
-    bar.Start_Val = static_cast<float>(first);
-    bar.End_Val = static_cast<float>(last);
-    bar.Step = static_cast<float>(step);
+void Init_Bar(Lists& list, const Area& place, int first, int last, int step) {
+    const Bar_Range range{static_cast<float>(first), static_cast<float>(last), static_cast<float>(step)};
+    Set_Bar(list.Scroll_Bar, list, place, list.Flag | SLIDER_REVERSED, range);
 }
 
 /// Items from the top down. Those that fit share the height evenly.
@@ -80,9 +72,9 @@ Item_Size Lay_Out_Column(Lists& list, const Area& area, int title) {
     list.Item_DY = Low_16(-step);
     const int left = area.left + margin;
     const int bottom = area.bottom + margin;
-    Set_Bar(list, {left, left + bar_width, bottom, bottom + room}, list.Item_Y + extent - room + Below_Last,
-            list.Item_Y, step);
-    list.Scroll_Bar.Larg_Adjust(static_cast<float>(room), static_cast<float>(-extent));
+    Init_Bar(list, {left, left + bar_width, bottom, bottom + room}, list.Item_Y + extent - room + Below_Last,
+             list.Item_Y, step);
+    Size_Thumb(list.Scroll_Bar, room, extent);
     if (list.Scroll_Bar.Val == 0.0F) list.Scroll_Bar.Val = list.Item_Y;
     return {area.right - area.left - 3 * margin - bar_width, wanted};
 }
@@ -123,9 +115,9 @@ Item_Size Lay_Out_Row(Lists& list, const Area& area, int title) {
     list.Item_DX = Low_16(step);
     const int extent = list.Nb_Item * list.Item_DX;
     const int bottom = area.bottom + margin;
-    Set_Bar(list, {list.Item_X, list.Item_X + room, bottom, bottom + bar_width}, list.Item_X,
-            list.Item_X - extent + room - Beyond_Last, step);
-    list.Scroll_Bar.Larg_Adjust(static_cast<float>(room), static_cast<float>(extent));
+    Init_Bar(list, {list.Item_X, list.Item_X + room, bottom, bottom + bar_width}, list.Item_X,
+             list.Item_X - extent + room - Beyond_Last, step);
+    Size_Thumb(list.Scroll_Bar, room, extent);
     if (list.Scroll_Bar.Val == 0.0F) list.Scroll_Bar.Val = list.Item_X;
     return {item_width, height - 3 * margin - bar_width - title};
 }
@@ -211,8 +203,6 @@ Run Items_In(const Lists& list, int origin, const Area& area) {
     return list.Item_DX ? Items_Between(origin, list.Item_DX, list.Nb_Item, area.left, area.right)
                         : Items_Between(origin, list.Item_DY, list.Nb_Item, area.bottom, area.top);
 }
-
-bool Any_Button_Held() { return getbutton(VK_LBUTTON) || getbutton(VK_RBUTTON) || getbutton(VK_MBUTTON); }
 
 /// The ground behind the items, in the columns left..right-1 and the rows bottom+1..top: the frame's own
 /// picture where it has one.
@@ -442,8 +432,7 @@ int Lists::Select(int event) {
 
 /// Takes the value under the pointer from the scroll bar.
 void Lists::Follow_Bar() {
-    Scroll_Bar.Val = Scroll_Bar.Read();
-    Scroll_Bar.Adjust();
+    Follow_Pointer(Scroll_Bar);
     if (Truncate(double{Scroll_Bar.Val}) != Origin) Update();
 }
 
