@@ -203,11 +203,11 @@ void Take_Look(Tools& part, const CheckLists& list) {
 }
 
 void Init_Box(Boxs& box, const CheckLists& list) {
-    constexpr unsigned long Passed_On = 0x47771;
+    constexpr unsigned long Kept_Flags = Frame_Look | FLAG_OWN_IMAGES | Caption_Places | FLAG_TEXT_WHITE;
     Take_Name(box, list);
     Copy_Frame(box, list);
     box.Font_Style = list.Font_Style;
-    box.Flag = (list.Flag & Passed_On) | FLAG_PASSIVE;
+    box.Flag = (list.Flag & Kept_Flags) | FLAG_PASSIVE;
     box.Init(list.Window);
 }
 

@@ -32,7 +32,7 @@ void Init_Frame(Lists& list) {
     Boxs& frame = list.Frame;
     Take_Name(frame, list);
     Copy_Frame(frame, list);
-    frame.Flag = (list.Flag & (FLAG_NO_BODY | FLAG_STATIC | FLAG_OUTLINE)) | FLAG_OWN_IMAGES | FLAG_PASSIVE;
+    frame.Flag = (list.Flag & Frame_Look) | FLAG_OWN_IMAGES | FLAG_PASSIVE;
     frame.Init(list.Window);
 }
 
@@ -319,10 +319,7 @@ void Lists::Init(HWND window) {
     All_Left = false;
     if (Nb_Item == 0) return;
 
-    Area area = Area_Of(*this);
-    if (Has_Flag(*this, FLAG_INNER_FRAME)) {
-        area = {area.left + 5, area.right - 6, area.bottom + 5, area.top - 6};
-    }
+    const Area area = Has_Flag(*this, FLAG_INNER_FRAME) ? Inner_Frame_Of(Area_Of(*this)) : Area_Of(*this);
     const Item_Size size =
         Is_Column(*this) ? Lay_Out_Column(*this, area, Title()) : Lay_Out_Row(*this, area, Title());
     Origin = Is_Column(*this) ? Item_Y : Item_X;

@@ -42,7 +42,7 @@ bool Has_Room(const Tabs& set) { return set.Count < 2 || set.Tab_Width >= set.Sl
 
 void Init_Box(Tabs& set) {
     Copy_Place(set.Box, set);
-    set.Box.Flag = (set.Flag & (FLAG_NO_BODY | FLAG_STATIC | FLAG_OUTLINE | FLAG_OWN_IMAGES)) | FLAG_PASSIVE;
+    set.Box.Flag = (set.Flag & (Frame_Look | FLAG_OWN_IMAGES)) | FLAG_PASSIVE;
     set.Box.Init(set.Window);
 }
 
