@@ -15,7 +15,6 @@
 #include "tools/font_cache.h"
 #include "tools/sharing.h"
 #include "tools/surface.h"
-#include "tools/window.h"
 #include "util/directory.h"
 #include "util/program.h"
 #include "widgets/items.h"
@@ -497,12 +496,12 @@ int DirTrees::Press_Refresh() {
 }
 
 int DirTrees::Press_Row() {
-    POINT pointer{};
-    if (!Find_Pointer(Window, pointer) || !PtInRect(&List_Box.Rect, pointer)) return 1;
+    const std::optional<POINT> pointer = Pointer_On(List_Box);
+    if (!pointer) return 1;
     const POINT scrolled = Scrolled(*this);
     const int top = scrolled.y + List_Box.Y + List_Box.Height - SPACE - Name_Drop;
-    const int row = (top - pointer.y) / Row_Height;
-    const int column = (pointer.x + scrolled.x - List_Box.X - 2 * SPACE - 5) / Indent;
+    const int row = (top - pointer->y) / Row_Height;
+    const int column = (pointer->x + scrolled.x - List_Box.X - 2 * SPACE - 5) / Indent;
     if (Dir_Tree_Expand(row, column)) {
         Dir_Tree_Update2(false);
         Dir_Tree_Draw2();

@@ -132,13 +132,6 @@ bool Follow(short& hover, bool under_pointer) {
     return true;
 }
 
-/// Pointer position, when it is inside the list.
-std::optional<POINT> Pointer_On(const CheckLists& list) {
-    POINT position{};
-    if (!Find_Pointer(list.Window, position) || !PtInRect(&list.Rect, position)) return std::nullopt;
-    return position;
-}
-
 bool Is_On_Item(const CheckLists& list, int item, const std::optional<POINT>& position) {
     return position && PtInRect(&list.Label[item].Rect, *position);
 }

@@ -435,18 +435,16 @@ void Lists::Follow_Bar() {
 
 int Lists::Read() {
     Check(*this, "List::Read");
-    POINT pointer{};
     if (!Has_Size(*this) || Has_Flag(*this, FLAG_PASSIVE) || Nb_Item == 0) return -1;
-    if (!Find_Pointer(Window, pointer) || !PtInRect(&Rect, pointer)) return -1;
+    const std::optional<POINT> pointer = Pointer_On(*this);
+    if (!pointer) return -1;
     // An item under the pointer begins at most its own size before it.
-    const Area before{pointer.x - Item[0]->Width, pointer.x, pointer.y - Item[0]->Height, pointer.y};
+    const Area before{pointer->x - Item[0]->Width, pointer->x, pointer->y - Item[0]->Height, pointer->y};
     const Run run = Items_In(*this, Origin, before);
     for (int i = run.first; i < run.first + run.count; ++i) {
         Place_Item(*this, Origin, i);
         const Buttons& item = *Item[i];
-        if (Has_Flag(item, FLAG_PASSIVE)) continue;
-        const Area area = Area_Of(item);
-        if (area.Holds({pointer.x, pointer.x, pointer.y, pointer.y})) return i;
+        if (!Has_Flag(item, FLAG_PASSIVE) && Area_Of(item).Holds(*pointer)) return i;
     }
     return -1;
 }
