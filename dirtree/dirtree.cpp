@@ -15,7 +15,6 @@
 #include "tools/font_cache.h"
 #include "tools/sharing.h"
 #include "tools/surface.h"
-#include "tools/window.h"
 #include "util/directory.h"
 #include "util/program.h"
 #include "widgets/items.h"
@@ -31,8 +30,6 @@ constexpr int Name_Offset = 28;
 constexpr int Name_Drop = 4;  // below the baseline
 constexpr unsigned long Blue = 0xFF0000;
 
-/// Style of a bar for which there is no need.
-constexpr unsigned long Unused_Bar = FLAG_OUTLINE | FLAG_PASSIVE | FLAG_NO_BODY;
 constexpr unsigned long Upright_Bar = FLAG_VERTICAL | SLIDER_REVERSED | SLIDER_KEEP_GRAB;
 constexpr unsigned long Level_Bar = SLIDER_KEEP_GRAB;
 
@@ -81,23 +78,20 @@ void Init_Bar(Sliders& bar, HWND window) {
 
 void Init_Bars(DirTrees& tree) {
     const Boxs& box = tree.Tree_Box;
+    const int width = box.Width - 3 * SPACE - CURSEUR;
+    const int height = box.Height - 3 * SPACE - BORDER - CURSEUR - BUT_DIM;
+    const int right = box.X + box.Width - SPACE;
+    const int bottom = box.Y + SPACE;
     Sliders& upright = tree.Vertical_Bar;
-    upright.Flag = Upright_Bar | Unused_Bar;
-    upright.Border = 1;
-    upright.Step = Row_Height;
-    upright.Start_Val = std::max(upright.Val, 100.0F);
-    upright.End_Val = 0;
-    Place(upright, tree, box.X + box.Width - CURSEUR - SPACE, box.Y + 2 * SPACE + CURSEUR, CURSEUR,
-          box.Height - 3 * SPACE - BORDER - CURSEUR - BUT_DIM);
+    const int above = bottom + SPACE + CURSEUR;
+    Set_Bar(upright, tree, Not_Turned({right - CURSEUR, right, above, above + height}),
+            Upright_Bar | Unused_Bar, {std::max(upright.Val, 100.0F), 0.0F, Row_Height});
     Init_Bar(upright, tree.Window);
 
     Sliders& level = tree.Horizontal_Bar;
-    level.Flag = Level_Bar | Unused_Bar;
-    level.Border = 1;
-    level.Step = Row_Height;
-    level.Start_Val = 0;
-    level.End_Val = std::max(level.Val, 0.0F);
-    Place(level, tree, box.X + SPACE, box.Y + SPACE, box.Width - 3 * SPACE - CURSEUR, CURSEUR);
+    const int left = box.X + SPACE;
+    Set_Bar(level, tree, Not_Turned({left, left + width, bottom, bottom + CURSEUR}), Level_Bar | Unused_Bar,
+            {0.0F, std::max(level.Val, 0.0F), Row_Height});
     Init_Bar(level, tree.Window);
 }
 
@@ -131,7 +125,7 @@ void Fit_Bar(Sliders& bar, unsigned long flag, int room, int extent, float& far_
     bar.Flag = needed ? flag : flag | Unused_Bar;
     if (needed) {
         far_from = static_cast<float>(4 * BORDER - room + extent);
-        bar.Larg_Adjust(static_cast<float>(room), static_cast<float>(extent));
+        Size_Thumb(bar, room, extent);
     } else {
         bar.Val = 0;
     }
@@ -482,8 +476,7 @@ void DirTrees::Renew_Rows() {
 /// @return whether the bar has taken the event
 bool DirTrees::Follow(Sliders& bar, int kind) {
     if (!bar.Select(kind)) return false;
-    bar.Val = bar.Read();
-    bar.Adjust();
+    Follow_Pointer(bar);
     Dir_Tree_Draw2();
     return true;
 }
@@ -504,12 +497,12 @@ int DirTrees::Press_Refresh() {
 }
 
 int DirTrees::Press_Row() {
-    POINT pointer{};
-    if (!Find_Pointer(Window, pointer) || !PtInRect(&List_Box.Rect, pointer)) return 1;
+    const std::optional<POINT> pointer = Pointer_On(List_Box);
+    if (!pointer) return 1;
     const POINT scrolled = Scrolled(*this);
     const int top = scrolled.y + List_Box.Y + List_Box.Height - SPACE - Name_Drop;
-    const int row = (top - pointer.y) / Row_Height;
-    const int column = (pointer.x + scrolled.x - List_Box.X - 2 * SPACE - 5) / Indent;
+    const int row = (top - pointer->y) / Row_Height;
+    const int column = (pointer->x + scrolled.x - List_Box.X - 2 * SPACE - 5) / Indent;
     if (Dir_Tree_Expand(row, column)) {
         Dir_Tree_Update2(false);
         Dir_Tree_Draw2();

@@ -16,7 +16,6 @@
 #include "tools/input.h"
 #include "tools/lock.h"
 #include "tools/surface.h"
-#include "tools/surface.h"
 #include "util/error.h"
 #include "util/program.h"
 #include "widgets/box.h"

@@ -20,6 +20,7 @@ struct Area {
         return left <= inner.left && inner.left <= inner.right && inner.right <= right &&
                bottom <= inner.bottom && inner.bottom <= inner.top && inner.top <= top;
     }
+    bool Holds(const POINT& point) const { return Holds({point.x, point.x, point.y, point.y}); }
     Area Inset(int margin) const { return {left + margin, right - margin, bottom + margin, top - margin}; }
 };
 

@@ -152,9 +152,10 @@ Images Take_Images(Tools_Fields& control) {
     return images;
 }
 
-bool Pointer_Inside(const Tools_Fields& control) {
+std::optional<POINT> Pointer_On(const Tools_Fields& control) {
     POINT position{};
-    return Find_Pointer(control.Window, position) && PtInRect(&control.Rect, position);
+    if (!Find_Pointer(control.Window, position) || !PtInRect(&control.Rect, position)) return std::nullopt;
+    return position;
 }
 
 }  // namespace galdren

@@ -2,7 +2,7 @@
 /// What every control does the same: the checks, the common part of `Init`, the pointer, the parts of a look.
 #pragma once
 
-#include <cstddef>
+#include <optional>
 
 #include "tools/arithmetic.h"
 #include "tools/arrow.h"
@@ -45,8 +45,10 @@ constexpr short Hover_Normal = 2;
 /// @return whether the control has to be painted
 bool Hover_Changes(const Tools_Fields& control, short& hover, bool inside);
 
-/// Whether the pointer is inside the control's hit rectangle.
-bool Pointer_Inside(const Tools_Fields& control);
+/// Where the pointer is, when it is inside the control's hit rectangle.
+std::optional<POINT> Pointer_On(const Tools_Fields& control);
+
+inline bool Pointer_Inside(const Tools_Fields& control) { return Pointer_On(control).has_value(); }
 
 /// How a control without a value of its own answers an event, after the checks. `paint` is called with true
 /// when the highlight comes and with false when it goes; for a passive control, with false every time.

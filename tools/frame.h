@@ -27,6 +27,12 @@ Ring_Shades Shades_Of_Ring(Colors color, bool sunken, int width, int ring);
 /// The shaded frame; see `Tools::Cadre`.
 void Paint_Frame(Canvas& canvas, Colors color, unsigned long flags, bool sunken, int width, const Area& area);
 
+/// Where the second, inset frame stands in an area.
+inline Area Inner_Frame_Of(const Area& area) {
+    constexpr int Margin = 5;
+    return {area.left + Margin, area.right - Margin - 1, area.bottom + Margin, area.top - Margin - 1};
+}
+
 /// The blue outline; see `Tools::Cadre_Outline`.
 void Paint_Outline(Canvas& canvas, const Area& area);
 

@@ -19,8 +19,9 @@ void Paint_Look(Canvas& canvas, const Boxs& box, bool highlighted) {
     const unsigned long* body = highlighted ? box.Cur_Graph_Select : box.Cur_Graph_Normal;
     const Area area = Area_Of(box);
     if (Has_Flag(box, FLAG_INNER_FRAME)) {
-        const Area inner{area.left + 5, area.right - 5, area.bottom + 6, area.top - 5};
-        Paint_Body(canvas, box, highlighted, body, box.Flag, BORDER + 1, inner);
+        const Area inner = Inner_Frame_Of(area);
+        Paint_Body(canvas, box, highlighted, body, box.Flag, BORDER + 1,
+                   {inner.left, inner.right + 1, inner.bottom + 1, inner.top + 1});
     } else {
         Paint_Body(canvas, box, highlighted, body, box.Flag, Frame_Width(box) + 1, area);
     }
@@ -32,9 +33,8 @@ void Paint_Frames(Canvas& canvas, const Boxs& box) {
     const Area area = Area_Of(box);
     Paint_Frame(canvas, box.Color, box.Flag, !raised, Frame_Width(box), area);
     if (!Has_Flag(box, FLAG_INNER_FRAME)) return;
-    const int from_left = raised ? 6 : 5;
-    const int from_bottom = raised ? 5 : 6;
-    const Area inner{area.left + from_left, area.right - 6, area.bottom + from_bottom, area.top - 6};
+    Area inner = Inner_Frame_Of(area);
+    ++(raised ? inner.left : inner.bottom);
     Paint_Frame(canvas, box.Color, 0, false, Frame_Width(box), inner);
 }
 

@@ -132,13 +132,6 @@ bool Follow(short& hover, bool under_pointer) {
     return true;
 }
 
-/// Pointer position, when it is inside the list.
-std::optional<POINT> Pointer_On(const CheckLists& list) {
-    POINT position{};
-    if (!Find_Pointer(list.Window, position) || !PtInRect(&list.Rect, position)) return std::nullopt;
-    return position;
-}
-
 bool Is_On_Item(const CheckLists& list, int item, const std::optional<POINT>& position) {
     return position && PtInRect(&list.Label[item].Rect, *position);
 }
@@ -203,11 +196,11 @@ void Take_Look(Tools& part, const CheckLists& list) {
 }
 
 void Init_Box(Boxs& box, const CheckLists& list) {
-    constexpr unsigned long Passed_On = 0x47771;
+    constexpr unsigned long Kept_Flags = Frame_Look | FLAG_OWN_IMAGES | Caption_Places | FLAG_TEXT_WHITE;
     Take_Name(box, list);
     Copy_Frame(box, list);
     box.Font_Style = list.Font_Style;
-    box.Flag = (list.Flag & Passed_On) | FLAG_PASSIVE;
+    box.Flag = (list.Flag & Kept_Flags) | FLAG_PASSIVE;
     box.Init(list.Window);
 }
 

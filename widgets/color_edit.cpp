@@ -75,13 +75,12 @@ std::array<Area, Channel_Count> Split_In_Rows(const Area& area) {
 }
 
 void Init_Frame(Color_Edit& editor) {
-    constexpr unsigned long Kept_Flags = FLAG_NO_BODY | FLAG_STATIC | FLAG_OUTLINE;
     Boxs& frame = editor.Frame;
     Set_Place(frame, Area_Of(editor), Within_16);
     Copy_Look(frame, editor, Frame_Thickness(editor));
     frame.Font_Style = editor.Font_Style;
     Take_Name(frame, editor);
-    frame.Flag = (editor.Flag & Kept_Flags) | FLAG_OWN_IMAGES | FLAG_PASSIVE;
+    frame.Flag = (editor.Flag & Frame_Look) | FLAG_OWN_IMAGES | FLAG_PASSIVE;
     frame.Init(editor.Window);
     if (!Has_Frame(editor)) frame.Flag |= FLAG_NO_BODY;
 }

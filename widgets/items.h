@@ -11,6 +11,7 @@
 #include "tools/sharing.h"
 #include "util/error.h"
 #include "util/program.h"
+#include "widgets/button.h"
 
 namespace galdren {
 
@@ -133,8 +134,20 @@ inline void Copy_Frame(Tools& frame, const Tools& owner) {
     Copy_Clip(frame, owner);
 }
 
+/// Style bits that say whether and how the frame of a compound control shows.
+constexpr unsigned long Frame_Look = FLAG_NO_BODY | FLAG_STATIC | FLAG_OUTLINE;
+
+/// Style bits that place a caption. One among them has no meaning yet and is kept with them.
+constexpr unsigned long Caption_Places =
+    FLAG_TEXT_MIDDLE | FLAG_TEXT_TOP | FLAG_TEXT_BOTTOM | 0x1000 | FLAG_TEXT_LEFT | FLAG_TEXT_RIGHT;
+
+/// Style bits that mean something else in each class and nothing to the buttons that are items.
+constexpr unsigned long Bits_Of_Classes = 0x0F000000;
+
 /// Style bits of its owner that an item takes over.
-inline unsigned long Inherited_Flags(const Tools& owner) { return owner.Flag & 0x0F107750; }
+inline unsigned long Inherited_Flags(const Tools& owner) {
+    return owner.Flag & (FLAG_STATIC | FLAG_OWN_IMAGES | Caption_Places | BUTTON_LAMP | Bits_Of_Classes);
+}
 
 /// Style bits of new items: those wanted, or those of the owner when these are 0.
 inline unsigned long Flags_For_New(const Tools& owner, int wanted) {

@@ -6,7 +6,6 @@
 #include "tools/arithmetic.h"
 #include "tools/dimensions.h"
 #include "tools/font_cache.h"
-#include "tools/input.h"
 #include "tools/region.h"
 #include "tools/sharing.h"
 #include "tools/window.h"
@@ -34,7 +33,7 @@ void Init_Frame(Lists& list) {
     Boxs& frame = list.Frame;
     Take_Name(frame, list);
     Copy_Frame(frame, list);
-    frame.Flag = (list.Flag & (FLAG_NO_BODY | FLAG_STATIC | FLAG_OUTLINE)) | FLAG_OWN_IMAGES | FLAG_PASSIVE;
+    frame.Flag = (list.Flag & Frame_Look) | FLAG_OWN_IMAGES | FLAG_PASSIVE;
     frame.Init(list.Window);
 }
 
@@ -45,16 +44,9 @@ struct Item_Size {
 };
 
 /// A bar along the list, over the coordinates that item 0 may have.
-void Set_Bar(Lists& list, const Area& place, int first, int last, int step) {
-    Sliders& bar = list.Scroll_Bar;
-    Set_Place(bar, place);
-    bar.Flag = list.Flag | SLIDER_REVERSED;
-    bar.Border = 1;
-    bar.Color = list.Color;
-    Copy_Clip(bar, list);
-    bar.Start_Val = static_cast<float>(first);
-    bar.End_Val = static_cast<float>(last);
-    bar.Step = static_cast<float>(step);
+void Init_Bar(Lists& list, const Area& place, int first, int last, int step) {
+    const Bar_Range range{static_cast<float>(first), static_cast<float>(last), static_cast<float>(step)};
+    Set_Bar(list.Scroll_Bar, list, place, list.Flag | SLIDER_REVERSED, range);
 }
 
 /// Items from the top down. Those that fit share the height evenly.
@@ -81,9 +73,9 @@ Item_Size Lay_Out_Column(Lists& list, const Area& area, int title) {
     list.Item_DY = Low_16(-step);
     const int left = area.left + margin;
     const int bottom = area.bottom + margin;
-    Set_Bar(list, {left, left + bar_width, bottom, bottom + room}, list.Item_Y + extent - room + Below_Last,
-            list.Item_Y, step);
-    list.Scroll_Bar.Larg_Adjust(static_cast<float>(room), static_cast<float>(-extent));
+    Init_Bar(list, {left, left + bar_width, bottom, bottom + room}, list.Item_Y + extent - room + Below_Last,
+             list.Item_Y, step);
+    Size_Thumb(list.Scroll_Bar, room, extent);
     if (list.Scroll_Bar.Val == 0.0F) list.Scroll_Bar.Val = list.Item_Y;
     return {area.right - area.left - 3 * margin - bar_width, wanted};
 }
@@ -124,9 +116,9 @@ Item_Size Lay_Out_Row(Lists& list, const Area& area, int title) {
     list.Item_DX = Low_16(step);
     const int extent = list.Nb_Item * list.Item_DX;
     const int bottom = area.bottom + margin;
-    Set_Bar(list, {list.Item_X, list.Item_X + room, bottom, bottom + bar_width}, list.Item_X,
-            list.Item_X - extent + room - Beyond_Last, step);
-    list.Scroll_Bar.Larg_Adjust(static_cast<float>(room), static_cast<float>(extent));
+    Init_Bar(list, {list.Item_X, list.Item_X + room, bottom, bottom + bar_width}, list.Item_X,
+             list.Item_X - extent + room - Beyond_Last, step);
+    Size_Thumb(list.Scroll_Bar, room, extent);
     if (list.Scroll_Bar.Val == 0.0F) list.Scroll_Bar.Val = list.Item_X;
     return {item_width, height - 3 * margin - bar_width - title};
 }
@@ -212,8 +204,6 @@ Run Items_In(const Lists& list, int origin, const Area& area) {
     return list.Item_DX ? Items_Between(origin, list.Item_DX, list.Nb_Item, area.left, area.right)
                         : Items_Between(origin, list.Item_DY, list.Nb_Item, area.bottom, area.top);
 }
-
-bool Any_Button_Held() { return getbutton(VK_LBUTTON) || getbutton(VK_RBUTTON) || getbutton(VK_MBUTTON); }
 
 /// The ground behind the items, in the columns left..right-1 and the rows bottom+1..top: the frame's own
 /// picture where it has one.
@@ -358,10 +348,7 @@ void Lists::Init(HWND window) {
     All_Left = false;
     if (Nb_Item == 0) return;
 
-    Area area = Area_Of(*this);
-    if (Has_Flag(*this, FLAG_INNER_FRAME)) {
-        area = {area.left + 5, area.right - 6, area.bottom + 5, area.top - 6};
-    }
+    const Area area = Has_Flag(*this, FLAG_INNER_FRAME) ? Inner_Frame_Of(Area_Of(*this)) : Area_Of(*this);
     const Item_Size size =
         Is_Column(*this) ? Lay_Out_Column(*this, area, Title()) : Lay_Out_Row(*this, area, Title());
     Origin = Is_Column(*this) ? Item_Y : Item_X;
@@ -480,25 +467,22 @@ int Lists::Select(int event) {
 /// Takes the value under the pointer from the scroll bar.
 void Lists::Follow_Bar() {
     const Shared_Context context(Window);
-    Scroll_Bar.Val = Scroll_Bar.Read();
-    Scroll_Bar.Adjust();
+    Follow_Pointer(Scroll_Bar);
     if (Truncate(double{Scroll_Bar.Val}) != Origin) Update();
 }
 
 int Lists::Read() {
     Check(*this, "List::Read");
-    POINT pointer{};
     if (!Has_Size(*this) || Has_Flag(*this, FLAG_PASSIVE) || Nb_Item == 0) return -1;
-    if (!Find_Pointer(Window, pointer) || !PtInRect(&Rect, pointer)) return -1;
+    const std::optional<POINT> pointer = Pointer_On(*this);
+    if (!pointer) return -1;
     // An item under the pointer begins at most its own size before it.
-    const Area before{pointer.x - Item[0]->Width, pointer.x, pointer.y - Item[0]->Height, pointer.y};
+    const Area before{pointer->x - Item[0]->Width, pointer->x, pointer->y - Item[0]->Height, pointer->y};
     const Run run = Items_In(*this, Origin, before);
     for (int i = run.first; i < run.first + run.count; ++i) {
         Place_Item(*this, Origin, i);
         const Buttons& item = *Item[i];
-        if (Has_Flag(item, FLAG_PASSIVE)) continue;
-        const Area area = Area_Of(item);
-        if (area.Holds({pointer.x, pointer.x, pointer.y, pointer.y})) return i;
+        if (!Has_Flag(item, FLAG_PASSIVE) && Area_Of(item).Holds(*pointer)) return i;
     }
     return -1;
 }

@@ -6,8 +6,8 @@
 
 namespace galdren {
 
-constexpr unsigned long Thumb_Grey = 0x6E6E6E;
-constexpr unsigned long Thumb_Light = 0xD8D8D8;
+constexpr unsigned long Thumb_Grey = Dark_Grey;
+constexpr unsigned long Thumb_Light = Light_Grey;
 
 inline bool Is_Vertical(const Tools_Fields& bar) { return Has_Flag(bar, FLAG_VERTICAL); }
 

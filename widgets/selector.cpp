@@ -26,7 +26,7 @@ Buttons& Shown_Item(const Selects& selector) { return *selector.Item[selector.Cu
 bool Is_Skipped(const Selects& selector) { return Has_Flag(Shown_Item(selector), FLAG_PASSIVE); }
 
 void Init_Frame(Selects& selector) {
-    constexpr unsigned long Kept_Flags = 0x7771;
+    constexpr unsigned long Kept_Flags = Frame_Look | FLAG_OWN_IMAGES | Caption_Places;
     Boxs& frame = selector.Frame;
     Copy_Frame(frame, selector);
     frame.Flag = (selector.Flag & Kept_Flags) | FLAG_PASSIVE;

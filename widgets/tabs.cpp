@@ -7,7 +7,6 @@
 
 #include "tools/dimensions.h"
 #include "tools/sharing.h"
-#include "tools/window.h"
 #include "widgets/items.h"
 
 using namespace galdren;
@@ -42,7 +41,7 @@ bool Has_Room(const Tabs& set) { return set.Count < 2 || set.Tab_Width >= set.Sl
 
 void Init_Box(Tabs& set) {
     Copy_Place(set.Box, set);
-    set.Box.Flag = (set.Flag & (FLAG_NO_BODY | FLAG_STATIC | FLAG_OUTLINE | FLAG_OWN_IMAGES)) | FLAG_PASSIVE;
+    set.Box.Flag = (set.Flag & (Frame_Look | FLAG_OWN_IMAGES)) | FLAG_PASSIVE;
     set.Box.Init(set.Window);
 }
 
@@ -193,13 +192,12 @@ void Tabs::Deselect() {
 
 int Tabs::Read() {
     Check(*this, "Tabs::Read");
-    POINT pointer{};
     if (!Has_Size(*this) || Has_Flag(*this, FLAG_PASSIVE)) return -1;
-    if (!Find_Pointer(Window, pointer) || !PtInRect(&Rect, pointer)) return -1;
-    const Area spot{pointer.x, pointer.x, pointer.y, pointer.y};
+    const std::optional<POINT> pointer = Pointer_On(*this);
+    if (!pointer) return -1;
     const auto row = Row_Of(*this);
     const auto found = std::find_if(row.begin(), row.end(), [&](const TabItems* tab) {
-        return Has_Size(*tab) && !Has_Flag(*tab, FLAG_PASSIVE) && Area_Of(*tab).Holds(spot);
+        return Has_Size(*tab) && !Has_Flag(*tab, FLAG_PASSIVE) && Area_Of(*tab).Holds(*pointer);
     });
     return found == row.end() ? -1 : static_cast<int>(found - row.begin());
 }

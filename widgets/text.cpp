@@ -10,7 +10,6 @@
 #include "tools/dimensions.h"
 #include "tools/font.h"
 #include "tools/font_cache.h"
-#include "tools/input.h"
 #include "tools/sharing.h"
 #include "tools/window.h"
 #include "util/error.h"
@@ -69,23 +68,18 @@ bool Stands_At(const Tools& control, const Area& place) {
 
 /// Sets a bar over `total` pixels of which `visible` show. One that is not needed is an empty outline. A bar
 /// that stands so already is left alone: it may be in a drag.
-void Set_Bar(const Texts& field, Sliders& bar, unsigned long direction, const Area& place, int visible,
+void Fit_Bar(const Texts& field, Sliders& bar, unsigned long direction, const Area& place, int visible,
              int total) {
     // The bit that means hexadecimal input here would turn a bar round.
     unsigned long flag = (field.Flag & ~(SLIDER_REVERSED | FLAG_VERTICAL)) | direction;
     const bool needed = total > visible;
-    if (!needed) flag |= FLAG_NO_BODY | FLAG_PASSIVE | FLAG_OUTLINE;
+    if (!needed) flag |= Unused_Bar;
     const float end = needed ? static_cast<float>(total - visible) : 0.0F;
     Copy_Clip(bar, field);
     if (bar.Window == field.Window && bar.Flag == flag && bar.End_Val == end && Stands_At(bar, place)) return;
-    Set_Place(bar, place);
-    bar.Border = 1;
+    Set_Bar(bar, field, place, flag, {0.0F, end, static_cast<float>(field.Line_Height)});
     bar.Color = Colors(170, 170, 170);
-    bar.Flag = flag;
-    bar.Start_Val = 0.0F;
-    bar.End_Val = end;
-    bar.Step = static_cast<float>(field.Line_Height);
-    if (needed) bar.Larg_Adjust(static_cast<float>(visible), static_cast<float>(total));
+    if (needed) Size_Thumb(bar, visible, total);
     bar.Init(field.Window);
 }
 
@@ -96,12 +90,12 @@ void Place_Bars(Texts& field) {
     const int thickness = field.Bar_Dim ? Magnitude(field.Bar_Dim) : CURSEUR;
     if (Has_V_Bar(field)) {
         const int left = field.X + SPACE;
-        Set_Bar(field, field.V_Slider, FLAG_VERTICAL, {left, left + thickness, output.bottom + 1, output.top},
+        Fit_Bar(field, field.V_Slider, FLAG_VERTICAL, {left, left + thickness, output.bottom + 1, output.top},
                 output.top - output.bottom, Stored_Lines(field) * field.Line_Height);
     }
     if (Has_H_Bar(field)) {
         const int bottom = output.bottom - Frame_Width(field) - CURSEUR;
-        Set_Bar(field, field.H_Slider, 0, {output.left, output.right - 1, bottom, bottom + thickness},
+        Fit_Bar(field, field.H_Slider, 0, {output.left, output.right - 1, bottom, bottom + thickness},
                 output.right - output.left, Longest_Line(field));
     }
 }
@@ -308,9 +302,8 @@ int Texts::Select(int event) {
 /// Offers an event to a bar. With a button held the output follows it.
 bool Texts::Select_Bar(Sliders& bar, int event) {
     if (bar.Select(Event_Kind(event)) != 1) return false;
-    if (getbutton(VK_MBUTTON) || getbutton(VK_RBUTTON) || getbutton(VK_LBUTTON)) {
-        bar.Val = bar.Read();
-        bar.Adjust();
+    if (Any_Button_Held()) {
+        Follow_Pointer(bar);
         Re_Write();
     }
     return true;

@@ -77,6 +77,7 @@ TEST(Bodies, Are_Flat_Where_A_Picture_Would_Be_Too_Large) {
     EXPECT_EQ(reported(Color_Edit(), 24000, 24000), 1);
     window.Point_At(0, 0);
     Buttons button;
-    button.X = 50, button.Width = button.Height = 24000, button.Color = Colors(10, 200, 30), button.Init(window);
+    button.X = 50, button.Width = button.Height = 24000, button.Color = Colors(10, 200, 30),
+    button.Init(window);
     EXPECT_EQ(window.After([&] { button.Draw(); }).At(100, 100), 0x0AC81Eu);
 }
