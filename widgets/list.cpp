@@ -230,6 +230,9 @@ bool Covers_Its_Place(const Buttons& item) {
 /// What the kept picture shows of the list that painted it last. There is one such picture.
 struct Kept_Items {
     static constexpr int Most = 128;
+    unsigned picture;  ///< its number
+    unsigned long ground;
+    int left;  ///< of the items
     int origin;
     Run run;
     Look_Of_Button looks[Most];
@@ -263,10 +266,14 @@ bool Scroll_As_Pixels(const Lists& list, const Area& inner, const Run& run) {
 }
 
 /// Moves the items that are in view already and look as they did, and paints the others.
-void Move_Items(Canvas& canvas, const Lists& list, const Area& inner, const Run& run, int origin) {
+/// @param picture  the number of the kept picture; 0, all are painted somewhere else
+void Move_Items(Canvas& canvas, const Lists& list, const Area& inner, const Run& run, int origin,
+                unsigned picture) {
     Kept_Items& kept = The_Kept_Items;
     const int rise = origin - kept.origin;
-    const bool moves = canvas.Kept() && std::abs(rise) < inner.top - inner.bottom;
+    const bool same_list = canvas.Kept() && kept.picture == picture && kept.ground == list.Color.get() &&
+                           kept.left == list.Item_X;
+    const bool moves = same_list && std::abs(rise) < inner.top - inner.bottom;
     const Run before = moves ? kept.run : Run{0, 0};
     Area open = inner;
     if (moves) {
@@ -286,9 +293,9 @@ void Move_Items(Canvas& canvas, const Lists& list, const Area& inner, const Run&
         const int place = run.first + i - before.first;
         if (place < 0 || place >= before.count || !(kept.looks[place] == looks[i])) item.Draw();
     }
+    if (picture == 0) return;
+    kept = {picture, list.Color.get(), list.Item_X, origin, run, {}};
     std::copy_n(looks, run.count, kept.looks);
-    kept.origin = origin;
-    kept.run = run;
 }
 
 /// Tells an item of the pointer. One that shows already what it would then show need not hear of it.
@@ -343,6 +350,7 @@ void Lists::Init(HWND window) {
     Title_Height = Metrics_Of(Font).tmHeight;
     Init_Frame(*this);
     Scroll_Bar.Width = 0;
+    Picture = 0;
     Nb_Item = Low_16(Count_Items(Item));
     Shown_Count = std::clamp(Nb_Item - Shown_First, 0, Shown_Count);
     All_Left = false;
@@ -420,7 +428,7 @@ void Lists::Update() {
     const Run run = Shown_Run(*this, {Shown_First, Shown_Count});
     if (Scroll_As_Pixels(*this, inner, run)) {
         Canvas canvas(*this, Filled_By(inner), Picture);
-        return Move_Items(canvas, *this, inner, run, Origin);
+        return Move_Items(canvas, *this, inner, run, Origin, Picture);
     }
     // Items without room turn their frames inside out, beyond the inner area.
     Reach reach = Inside(*this);

@@ -404,3 +404,54 @@ TEST(Lists, Report_Misuse_Once) {
                   "11:Tools: WARNING ! |11:   you must provide a window|11:   type: Lists::Init   name: n");
     }
 }
+
+/// Rows that are moved as pixels show what painting all of them would, whoever painted in between.
+TEST(Lists, Scroll_As_If_Painted_Anew) {
+    for (const bool held : {false, true}) {
+        Test_Window window(620, 420);
+        Lists lists[2];
+        std::string names[60];
+        for (int k = 0; k < 2; ++k) {
+            Lists& list = lists[k];
+            list.X = static_cast<short>(10 + 300 * k), list.Y = 10, list.Width = 280, list.Height = 380;
+            list.Flag = FLAG_VERTICAL, list.Font_Name = "Arial", list.Font_Size = 9;
+            list.Grow(60, 0);
+            for (std::size_t i = 0; i < 60; ++i)
+                list.Item[i]->Name = (names[i] = "Item " + std::to_string(i)).c_str();
+            list.Init(window);
+        }
+        if (held) Begin_Hold(window);
+        lists[0].Draw(), lists[1].Draw();
+        std::mt19937 random(11);
+        for (int step = 0; step < 120; ++step) {
+            const std::size_t k = random() % 2;
+            Lists& list = lists[k];
+            const int at = static_cast<int>(300 * k) + 60;
+            window.Point_At(at, static_cast<int>(random() % 360) + 20);
+            const std::size_t item = random() % 60;
+            switch (random() % 6) {
+                case 0:
+                    names[item] += '!', list.Item[item]->Name = names[item].c_str();
+                    break;
+                case 1:
+                    list.Current = static_cast<short>(item), list.Adjust();
+                    break;
+                case 2:
+                    list.Color = Colors(static_cast<unsigned char>(100 + random() % 100));
+                    break;
+                case 3:
+                    list.Y = static_cast<short>(10 + random() % 8), list.Init(window), list.Draw();
+                    break;
+                default:
+                    list.Select(EVENT_MOVE);
+            }
+            const float before = list.Scroll_Bar.Val;
+            list.Scroll(static_cast<int>(random() % 7) - 3);
+            if (list.Scroll_Bar.Val == before) continue;
+            const Picture shown(window);
+            list.Draw();
+            ASSERT_TRUE(Same(shown, Picture(window))) << held << " step " << step;
+        }
+        if (held) End_Hold(window);
+    }
+}
