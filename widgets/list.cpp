@@ -230,7 +230,6 @@ bool Covers_Its_Place(const Buttons& item) {
 /// What the kept picture shows of the list that painted it last. There is one such picture.
 struct Kept_Items {
     static constexpr int Most = 128;
-    unsigned picture;  ///< its number
     unsigned long ground;
     int left;  ///< of the items
     int origin;
@@ -266,13 +265,12 @@ bool Scroll_As_Pixels(const Lists& list, const Area& inner, const Run& run) {
 }
 
 /// Moves the items that are in view already and look as they did, and paints the others.
-/// @param picture  the number of the kept picture; 0, all are painted somewhere else
+/// @param keeps  whether the canvas is on the kept picture at all
 void Move_Items(Canvas& canvas, const Lists& list, const Area& inner, const Run& run, int origin,
-                unsigned picture) {
+                bool keeps) {
     Kept_Items& kept = The_Kept_Items;
     const int rise = origin - kept.origin;
-    const bool same_list = canvas.Kept() && kept.picture == picture && kept.ground == list.Color.get() &&
-                           kept.left == list.Item_X;
+    const bool same_list = canvas.Kept() && kept.ground == list.Color.get() && kept.left == list.Item_X;
     const bool moves = same_list && std::abs(rise) < inner.top - inner.bottom;
     const Run before = moves ? kept.run : Run{0, 0};
     Area open = inner;
@@ -293,8 +291,8 @@ void Move_Items(Canvas& canvas, const Lists& list, const Area& inner, const Run&
         const int place = run.first + i - before.first;
         if (place < 0 || place >= before.count || !(kept.looks[place] == looks[i])) item.Draw();
     }
-    if (picture == 0) return;
-    kept = {picture, list.Color.get(), list.Item_X, origin, run, {}};
+    if (!keeps) return;
+    kept = {list.Color.get(), list.Item_X, origin, run, {}};
     std::copy_n(looks, run.count, kept.looks);
 }
 
@@ -416,7 +414,7 @@ void Lists::Update() {
     short& first = Item_DX ? Item_X : Item_Y;
     if (Has_Bar(*this)) {
         Origin = Truncate(double{Scroll_Bar.Val});
-        first = Within_16(Origin);
+        first = Within_16(Origin, Picture != 0);
     } else if (first != Within_16(Origin)) {
         Origin = first;  // the application has moved the items
     }
@@ -428,7 +426,7 @@ void Lists::Update() {
     const Run run = Shown_Run(*this, {Shown_First, Shown_Count});
     if (Scroll_As_Pixels(*this, inner, run)) {
         Canvas canvas(*this, Filled_By(inner), Picture);
-        return Move_Items(canvas, *this, inner, run, Origin, Picture);
+        return Move_Items(canvas, *this, inner, run, Origin, Picture != 0);
     }
     // Items without room turn their frames inside out, beyond the inner area.
     Reach reach = Inside(*this);

@@ -212,7 +212,7 @@ TEST(Place_Index_Test, Finds_What_A_Search_Of_All_Finds) {
         return RECT{left, top, left + Random(40) - 3, top + Random(40) - 3};
     };
     galdren::Place_Index index;
-    for (const std::size_t count : {0, 1, 8, 9, 65, 300, 300, 64}) {
+    for (const std::size_t count : {0U, 1U, 8U, 9U, 65U, 300U, 300U, 64U}) {
         std::vector<RECT> all(count);
         std::generate(all.begin(), all.end(), random_rectangle);
         index.Make(all);
