@@ -414,7 +414,7 @@ void Lists::Update() {
     short& first = Item_DX ? Item_X : Item_Y;
     if (Has_Bar(*this)) {
         Origin = Truncate(double{Scroll_Bar.Val});
-        first = Within_16(Origin, Picture != 0);
+        first = Within_16(Origin);
     } else if (first != Within_16(Origin)) {
         Origin = first;  // the application has moved the items
     }
