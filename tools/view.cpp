@@ -388,7 +388,7 @@ View Take_View(HWND window, const Reach& reach) {
     const Painting* const outer = Last_Of(surface.paintings, window);
     const bool joins = outer && Join(painting, *outer, reach);
     if (!joins) Begin(surface, painting, reach);
-    if (!painting.view.kept && reach.picture && painting.view.sheet != surface.kept.get()) *reach.picture = 0;
+    if (reach.picture && (joins || painting.view.sheet != surface.kept.get())) *reach.picture = 0;
     painting.nested_clip = painting.view.clip;
     surface.paintings.push_back(std::move(painting));
     return surface.paintings.back().view;
