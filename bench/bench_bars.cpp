@@ -175,16 +175,16 @@ using bench::Of_Native;
 
 const bench::Register rows[] = {
     bench::Register(
-        {"slider: step of a drag, on display", "us", Of_Native(0.6), Slider_Drag<Shown::Together>}),
-    bench::Register({"slider: step of a drag, held, on display", "us", Of_Native(0.6),
+        {"slider: step of a drag, on display", "us", Of_Native(0.13), Slider_Drag<Shown::Together>}),
+    bench::Register({"slider: step of a drag, held, on display", "us", Of_Native(0.07),
                      Slider_Drag<Shown::Together, Painting::Held>}),
     bench::Register(
         {"slider: step of a drag, each on display", "us", No_Target(), Slider_Drag<Shown::One_By_One>}),
     bench::Register({"slider: memory, each", "bytes", No_Target(), Memory_Each<Sliders, Fill_Slider>}),
     bench::Register({"slider: Read", "us", At_Most(1), Read_Value<Sliders, Fill_Slider>}),
     bench::Register(
-        {"valuator: step of a drag, on display", "us", Of_Native(0.2), Valuator_Drag<Shown::Together>}),
-    bench::Register({"valuator: step of a drag, held, on display", "us", Of_Native(0.2),
+        {"valuator: step of a drag, on display", "us", Of_Native(0.06), Valuator_Drag<Shown::Together>}),
+    bench::Register({"valuator: step of a drag, held, on display", "us", Of_Native(0.04),
                      Valuator_Drag<Shown::Together, Painting::Held>}),
     bench::Register(
         {"valuator: step of a drag, each on display", "us", No_Target(), Valuator_Drag<Shown::One_By_One>}),

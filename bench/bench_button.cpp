@@ -343,7 +343,7 @@ using bench::No_Target;
 using bench::Of_Native;
 
 const bench::Register rows[] = {
-    bench::Register({"button: repaint in a batch, on display", "us", Of_Native(0.05, 0.02),
+    bench::Register({"button: repaint in a batch, on display", "us", Of_Native(0.04, 0.03),
                      Repaint<Painting::In_Batch, Until::On_Display>}),
     bench::Register({"button: repaint in a batch, calls alone", "us", No_Target(),
                      Repaint<Painting::In_Batch, Until::Drawn>}),
@@ -352,8 +352,8 @@ const bench::Register rows[] = {
     bench::Register({"button: repaint without batch, calls alone", "us", No_Target(),
                      Repaint<Painting::One_By_One, Until::Drawn>}),
     bench::Register(
-        {"button: value changed, on display", "us", Of_Native(0.3), Change_Of_Value<Until::On_Display>}),
-    bench::Register({"button: value changed, held, on display", "us", Of_Native(0.3),
+        {"button: value changed, on display", "us", Of_Native(0.18), Change_Of_Value<Until::On_Display>}),
+    bench::Register({"button: value changed, held, on display", "us", Of_Native(0.12),
                      Change_Of_Value<Until::On_Display, Painting::Held>}),
     bench::Register({"button: value changed, each on display", "us", No_Target(),
                      Change_Of_Value<Until::Each_On_Display>}),

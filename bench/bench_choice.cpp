@@ -164,22 +164,22 @@ using bench::Of_Native;
 
 const bench::Register rows[] = {
     bench::Register(
-        {"check list: repaint in a batch, an item", "us", Of_Native(0.15), Repaint<Painting::In_Batch>}),
+        {"check list: repaint in a batch, an item", "us", Of_Native(0.06), Repaint<Painting::In_Batch>}),
     bench::Register(
-        {"check list: repaint without batch, an item", "us", Of_Native(0.15), Repaint<Painting::One_By_One>}),
-    bench::Register({"check list: item toggled, on display", "us", Of_Native(0.3), Toggle<Shown::Together>}),
-    bench::Register({"check list: item toggled, held, on display", "us", Of_Native(0.3),
+        {"check list: repaint without batch, an item", "us", Of_Native(0.06), Repaint<Painting::One_By_One>}),
+    bench::Register({"check list: item toggled, on display", "us", Of_Native(0.22), Toggle<Shown::Together>}),
+    bench::Register({"check list: item toggled, held, on display", "us", Of_Native(0.15),
                      Toggle<Shown::Together, Painting::Held>}),
     bench::Register(
         {"check list: item toggled, each on display", "us", No_Target(), Toggle<Shown::One_By_One>}),
     bench::Register(
-        {"selector: step by a press, on display", "us", Of_Native(0.5), Step_By_Press<Shown::Together>}),
-    bench::Register({"selector: step by a press, held, on display", "us", Of_Native(0.5),
+        {"selector: step by a press, on display", "us", Of_Native(0.27), Step_By_Press<Shown::Together>}),
+    bench::Register({"selector: step by a press, held, on display", "us", Of_Native(0.15),
                      Step_By_Press<Shown::Together, Painting::Held>}),
     bench::Register(
         {"selector: step by a press, each on display", "us", No_Target(), Step_By_Press<Shown::One_By_One>}),
     bench::Register(
-        {"selector: step by the wheel, on display", "us", Of_Native(0.5), Step_By_Wheel<Shown::Together>}),
+        {"selector: step by the wheel, on display", "us", Of_Native(0.27), Step_By_Wheel<Shown::Together>}),
     bench::Register({"selector: step by the wheel, each on display", "us", No_Target(),
                      Step_By_Wheel<Shown::One_By_One>}),
 };

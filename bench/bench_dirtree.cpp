@@ -279,9 +279,9 @@ using bench::Of_Native;
 
 const bench::Register rows[] = {
     bench::Register({"tree: 10,000 directories read, beside a walk", "us", Of_Native(1.3), Open_Directory}),
-    bench::Register({"tree: branch of 10,000 opened, on display", "us", Of_Native(0.2), Open_Branch}),
+    bench::Register({"tree: branch of 10,000 opened, on display", "us", Of_Native(0.12), Open_Branch}),
     bench::Register(
-        {"tree: scroll 10,000 by one, on display", "us", Of_Native(0.6, 0.3), Scroll<Shown::Together>}),
+        {"tree: scroll 10,000 by one, on display", "us", Of_Native(0.08), Scroll<Shown::Together>}),
     bench::Register(
         {"tree: scroll 10,000 by one, each on display", "us", No_Target(), Scroll<Shown::One_By_One>}),
     bench::Register({"tree: scroll 10,000, beside our 100", "us", Of_Native(1.15), Scroll_Long_And_Short}),

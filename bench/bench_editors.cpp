@@ -132,14 +132,14 @@ constexpr auto Drag_RGB_Slowly = Drag<Color_Edit, Fill_Color<0>, Shown::One_By_O
 constexpr auto Drag_HLS_Slowly = Drag<Color_Edit, Fill_Color<COLOR_EDIT_HLS>, Shown::One_By_One>;
 
 const Register rows[] = {
-    Register({"colour editor: drag of red, on display", "us", Of_Native(0.6), Drag_RGB}),
-    Register({"colour editor: drag of red, held, on display", "us", Of_Native(0.6), Drag_RGB_Held}),
-    Register({"colour editor: drag of hue, on display", "us", Of_Native(0.6), Drag_HLS}),
+    Register({"colour editor: drag of red, on display", "us", Of_Native(0.1), Drag_RGB}),
+    Register({"colour editor: drag of red, held, on display", "us", Of_Native(0.05), Drag_RGB_Held}),
+    Register({"colour editor: drag of hue, on display", "us", Of_Native(0.1), Drag_HLS}),
     Register({"colour editor: drag of red, each on display", "us", No_Target(), Drag_RGB_Slowly}),
     Register({"colour editor: drag of hue, each on display", "us", No_Target(), Drag_HLS_Slowly}),
     Register({"colour editor: Init in the other mode", "us", At_Most(1000), Init_Other_Mode}),
-    Register({"hue editor: drag, on display", "us", Of_Native(0.4), Drag_Hue}),
-    Register({"hue editor: drag, held, on display", "us", Of_Native(0.4), Drag_Hue_Held}),
+    Register({"hue editor: drag, on display", "us", Of_Native(0.1), Drag_Hue}),
+    Register({"hue editor: drag, held, on display", "us", Of_Native(0.05), Drag_Hue_Held}),
     Register({"hue editor: drag, each on display", "us", No_Target(), Drag_Hue_Slowly}),
     Register({"hue editor: rainbow of 1000 x 30 written", "MB/s", At_Least(300), Write_Rainbow}),
 };

@@ -241,15 +241,15 @@ using bench::No_Target;
 using bench::Of_Native;
 
 const bench::Register rows[] = {
-    bench::Register({"list: 20,000 named items made and drawn", "us", Of_Native(1.5), Make_And_Draw}),
+    bench::Register({"list: 20,000 named items made and drawn", "us", Of_Native(0.4), Make_And_Draw}),
     bench::Register({"list: memory of 20,000 items", "MB", At_Most(12), Memory}),
     bench::Register({"list: GDI objects of 20,000 items", "objects", At_Most(100), Objects}),
     bench::Register(
-        {"list: scroll 200 by one, on display", "us", Of_Native(0.6, 0.3), Scroll<Few, Shown::Together>}),
+        {"list: scroll 200 by one, on display", "us", Of_Native(0.15), Scroll<Few, Shown::Together>}),
     bench::Register(
         {"list: scroll 200 by one, each on display", "us", No_Target(), Scroll<Few, Shown::One_By_One>}),
     bench::Register(
-        {"list: scroll 20,000 by one, on display", "us", Of_Native(0.6, 0.3), Scroll<Many, Shown::Together>}),
+        {"list: scroll 20,000 by one, on display", "us", Of_Native(0.15), Scroll<Many, Shown::Together>}),
     bench::Register(
         {"list: scroll 20,000 by one, each on display", "us", No_Target(), Scroll<Many, Shown::One_By_One>}),
     bench::Register({"list: scroll 20,000, beside our 200", "us", Of_Native(1.15), Scroll_Long_And_Short}),

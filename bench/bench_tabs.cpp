@@ -118,11 +118,11 @@ using bench::No_Target;
 using bench::Of_Native;
 
 const bench::Register rows[] = {
-    bench::Register({"tabs: repaint in a batch", "us", Of_Native(0.3), Repaint<Painting::In_Batch>}),
-    bench::Register({"tabs: repaint without batch", "us", Of_Native(0.3), Repaint<Painting::One_By_One>}),
-    bench::Register({"tabs: painted anew, on display", "us", Of_Native(0.3), Paint_Anew}),
+    bench::Register({"tabs: repaint in a batch", "us", Of_Native(0.15), Repaint<Painting::In_Batch>}),
+    bench::Register({"tabs: repaint without batch", "us", Of_Native(0.15), Repaint<Painting::One_By_One>}),
+    bench::Register({"tabs: painted anew, on display", "us", Of_Native(0.15), Paint_Anew}),
     bench::Register(
-        {"tabs: next one chosen, on display", "us", Of_Native(0.3), Choose_Next<Shown::Together>}),
+        {"tabs: next one chosen, on display", "us", Of_Native(0.1), Choose_Next<Shown::Together>}),
     bench::Register(
         {"tabs: next one chosen, each on display", "us", No_Target(), Choose_Next<Shown::One_By_One>}),
 };

@@ -175,7 +175,7 @@ Result Type() {
 }
 
 const bench::Register rows[] = {
-    bench::Register({"text: append a line to 4096, 620 x 400, repaint", "us", bench::Of_Native(0.1, 0.04),
+    bench::Register({"text: append a line to 4096, 620 x 400, repaint", "us", bench::Of_Native(0.05),
                      Append<Shown::Together>}),
     bench::Register(
         {"text: append a line, each on display", "us", bench::No_Target(), Append<Shown::One_By_One>}),
@@ -183,7 +183,7 @@ const bench::Register rows[] = {
         {"text: append to 40, beside our 4096", "us", bench::Of_Native(1.15), Append_Few_And_Many}),
     bench::Register({"text: growth by lines 4097 to 100,000", "bytes", bench::At_Most(0), Growth}),
     bench::Register(
-        {"text: scroll by one line, repaint", "us", bench::Of_Native(0.15), Scroll<Shown::Together>}),
+        {"text: scroll by one line, repaint", "us", bench::Of_Native(0.06), Scroll<Shown::Together>}),
     bench::Register(
         {"text: scroll by one line, each on display", "us", bench::No_Target(), Scroll<Shown::One_By_One>}),
     bench::Register({"text: a character typed, echo", "us", bench::Of_Native(0.2), Type<Shown::Together>}),
