@@ -159,14 +159,14 @@ void Paint_Strokes(Canvas& canvas, std::span<const Stroke> strokes, int x, int y
 }
 
 void Paint_Folder(std::span<const Stroke> strokes, int x, int y) {
-    Canvas canvas(Window_In_Use(), Area{x, x + Glyph_Size, y, y + Glyph_Size}.Inset(-Glyph_Overhang));
+    Canvas canvas(Window_In_Use(), {Area{x, x + Glyph_Size, y, y + Glyph_Size}.Inset(-Glyph_Overhang)});
     Paint_Strokes(canvas, strokes, x, y);
 }
 
 void Paint_Lead(const Lead& lead, int x, int x_end, int y, int y_top) {
     const auto [left, right] = std::minmax({x, x_end, x + Glyph_Size});
     const auto [bottom, top] = std::minmax({y, y_top, y + Glyph_Size});
-    Canvas canvas(Window_In_Use(), Area{left, right, bottom, top}.Inset(-Glyph_Overhang));
+    Canvas canvas(Window_In_Use(), {Area{left, right, bottom, top}.Inset(-Glyph_Overhang)});
     Paint_Strokes(canvas, lead.mark, x, y);
     canvas.Column(x + Stem, y + lead.up_from, y_top, Blue);
     canvas.Row(x + lead.branch_from, x_end + lead.branch_past, y + Branch, Blue);
@@ -175,7 +175,7 @@ void Paint_Lead(const Lead& lead, int x, int x_end, int y, int y_top) {
 
 /// Continues the line from the parent down to the sibling below.
 void Paint_Stem_Below(int x, int y) {
-    Canvas canvas(Window_In_Use(), {x, x + Glyph_Size, y, y + Glyph_Size});
+    Canvas canvas(Window_In_Use(), {{x, x + Glyph_Size, y, y + Glyph_Size}});
     canvas.Column(x + Stem, y, y + Branch + 1, Blue);
 }
 

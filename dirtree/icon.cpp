@@ -162,7 +162,7 @@ void Icon_Draw_Image(Boxs* box, short x, short y, const char* label, const char*
     Error_Fct(hwnd, ERROR_LEVEL_TRACE, "in Icon_Draw_Image(%s,%s)", shown(label), shown(name));
     const Icon_Entry* icon = Find_Shown(box, x, y, name);
     if (!icon) return;
-    Canvas canvas(Window_For(*box), {x, x + icon->width, y, y + icon->height});
+    Canvas canvas(Window_For(*box), Covering({x, x + icon->width - 1, y, y + icon->height - 1}));
     Paint_Icon(canvas, *icon, x, y, box->Color.get());
 }
 
@@ -171,7 +171,7 @@ void Icon_Draw_Border(Boxs* box, short x, short y, const char*, const char* name
     if (!icon) return;
     const int right = x + icon->width;
     const int top = y + icon->height;
-    Canvas canvas(Window_For(*box), {x - 1, right, y - 1, top});
+    Canvas canvas(Window_For(*box), {{x - 1, right, y - 1, top}});
     canvas.Row(x, right, y - 1, Black);
     canvas.Column(right, y - 1, top, Black);
     canvas.Row(x - 1, right, top, White);

@@ -38,7 +38,8 @@ Canvas::Canvas(const Tools_Fields& control, const Reach& reach)
 Canvas::Canvas(const Tools_Fields& control, const Area& covered, unsigned& picture)
     : Canvas(control, Kept_Reach(control, covered, picture)) {}
 
-Canvas::Canvas(HWND window, const Area& area) : view(Take_View(window, {.area = area, .is_part = true})) {}
+Canvas::Canvas(HWND window, const Reach& reach)
+    : view(Take_View(window, {reach.area, reach.covered, nullptr, true})) {}
 
 void Canvas::Raise(int rows) {
     view.sheet->Raise(rows);

@@ -36,7 +36,7 @@ class Canvas {
     /// On a picture that is kept from paint to paint, for a paint that covers an area; see `Take_View`.
     Canvas(const Tools_Fields& control, const Area& covered, unsigned& picture);
     /// For a paint that belongs to no control.
-    Canvas(HWND window, const Area& area);
+    Canvas(HWND window, const Reach& reach);
     ~Canvas() { Give_Back_View(painted); }
     Canvas(const Canvas&) = delete;
     Canvas& operator=(const Canvas&) = delete;

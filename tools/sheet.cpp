@@ -19,20 +19,20 @@ void Sheet::Stand_For(HWND owner, const RECT& where) {
     first_row = 0;
 }
 
-void Sheet::Read(HDC source, const RECT& area) {
+void Sheet::Read(const Target& source, const RECT& area) {
     const POINT origin = Origin();
     const SIZE size = Size_Of(area);
-    BitBlt(For_GDI(), area.left - origin.x, area.top - origin.y, size.cx, size.cy, source, area.left,
-           area.top, SRCCOPY);
+    StretchBlt(For_GDI(), area.left - origin.x, area.top - origin.y, size.cx, size.cy, source.dc, area.left,
+               source.Top(area.top), size.cx, source.mapped_height ? -size.cy : size.cy, SRCCOPY);
 }
 
-void Sheet::Copy_To(HDC target, const RECT& area) {
+void Sheet::Copy_To(const Target& target, const RECT& area) {
     const POINT origin = Origin();
-    Put_Pixels(target, {area.left, area.top}, Pixels(), area.left - origin.x, area.top - origin.y,
-               Size_Of(area));
+    Put_Pixels(target.dc, {area.left, target.Top(area.top)}, Pixels(), area.left - origin.x,
+               area.top - origin.y, Size_Of(area));
 }
 
-void Sheet::Show(HDC target) {
+void Sheet::Show(const Target& target) {
     const RECT area = Common(painted, counts);
     if (!Is_Empty(area)) Copy_To(target, area);
     painted = {};

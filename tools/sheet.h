@@ -11,6 +11,15 @@
 
 namespace galdren {
 
+/// A context that a sheet reads from and goes to.
+struct Target {
+    HDC dc = nullptr;  ///< null, for nothing
+    LONG mapped_height =
+        0;  ///< of the client area, for a context with y upward; 0 for one in pixels, y downward
+
+    LONG Top(LONG y) const { return mapped_height ? mapped_height - 1 - y : y; }
+};
+
 /// Rectangles are in pixels of the client area, y downward.
 class Sheet : public Picture {
   public:
@@ -31,13 +40,13 @@ class Sheet : public Picture {
     }
 
     /// Takes over what `source`, a context of the window, shows of a rectangle.
-    void Read(HDC source, const RECT& area);
+    void Read(const Target& source, const RECT& area);
 
     /// Copies a rectangle to a context of the window.
-    void Copy_To(HDC target, const RECT& area);
+    void Copy_To(const Target& target, const RECT& area);
 
     /// Copies what was painted to a context of the window, or to a sheet that has it inside.
-    void Show(HDC target);
+    void Show(const Target& target);
     void Show(Sheet& target);
 
     /// Moves what the whole sheet shows up, or down when negative, by less than its height. The rows that

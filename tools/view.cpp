@@ -45,10 +45,9 @@ struct Hold {
 struct Painting {
     HWND window = nullptr;
     View view;
-    RECT nested_clip{};                     ///< see `Limit_Nested`
-    Sheet* under = nullptr;                 ///< what the sheet is part of: of a batch, or of a held window
-    HDC target = nullptr;                   ///< what the sheet is copied to at the end
-    bool is_pair = false;                   ///< `target` is an application's
+    RECT nested_clip{};      ///< see `Limit_Nested`
+    Sheet* under = nullptr;  ///< what the sheet is part of: of a batch, or of a held window
+    Target target;           ///< what the sheet is copied to at the end; mapped, it is a pair's
     std::optional<Window_Context> context;  ///< taken for this painting, and for those inside it
     int saved = 0;                          ///< state of a context that is painted on directly
 };
@@ -133,7 +132,7 @@ Sheet* Held_Sheet(Surface& surface, HWND window, SIZE client, const RECT& covere
     if (!hold->sheet || !hold->sheet->Has_Room(client)) hold->sheet = Make_Sheet(client);
     if (!hold->sheet) return nullptr;
     hold->sheet->Stand_For(window, Whole(client));
-    if (!Is_Inside(Whole(client), covered)) hold->sheet->Read(Context_Of(*hold), Whole(client));
+    if (!Is_Inside(Whole(client), covered)) hold->sheet->Read({Context_Of(*hold)}, Whole(client));
     Put_Away_Context(*hold);
     return hold->sheet.get();
 }
@@ -142,10 +141,10 @@ Sheet* Held_Sheet(Surface& surface, HWND window, SIZE client, const RECT& covere
 void Show_Now(Surface& surface, Sheet& sheet) {
     Hold* const hold = Last_Of(surface.holds, sheet.window);
     if (hold && hold->sheet.get() == &sheet) {
-        sheet.Show(Context_Of(*hold));
+        sheet.Show({Context_Of(*hold)});
         Put_Away_Context(*hold);
     } else {
-        sheet.Show(Window_Context(sheet.window).Get());
+        sheet.Show({Window_Context(sheet.window).Get()});
     }
 }
 
@@ -221,16 +220,6 @@ void Count_Pixels(HDC dc, LONG client_height) {
     SetViewportOrgEx(dc, corner.x, corner.y, nullptr);
 }
 
-/// Calls `act` with the context that a painting goes to, which counts in pixels.
-template <class Act>
-void With_Target(const Painting& painting, Act act) {
-    if (!painting.is_pair) return act(painting.target);
-    const int saved = SaveDC(painting.target);
-    Count_Pixels(painting.target, painting.view.client.cy);
-    act(painting.target);
-    RestoreDC(painting.target, saved);
-}
-
 void Paint_On(Painting& painting, Sheet& sheet) {
     painting.view.sheet = &sheet;
     painting.view.origin = sheet.Origin();
@@ -289,7 +278,7 @@ bool Keep(Surface& surface, Painting& painting, unsigned& picture) {
 }
 
 /// Has a sheet show what the window does, except where it is covered.
-void Read_Around(Sheet& sheet, HDC source, const RECT& covered) {
+void Read_Around(Sheet& sheet, const Target& source, const RECT& covered) {
     const RECT& all = sheet.place;
     const RECT inner = Common(all, covered);
     if (Is_Empty(inner)) return sheet.Read(source, all);
@@ -307,21 +296,19 @@ void Compose(Painting& painting, const RECT& covered) {
     if (sheet) {
         painting.view.sheet = sheet;
         painting.view.origin = sheet->Origin();
-        if (!Is_Inside(sheet->place, covered))
-            With_Target(painting, [&](HDC source) { Read_Around(*sheet, source, covered); });
+        if (!Is_Inside(sheet->place, covered)) Read_Around(*sheet, painting.target, covered);
         return;
     }
-    painting.view.dc = painting.target;
+    painting.view.dc = painting.target.dc;
     painting.saved = SaveDC(painting.view.dc);
-    if (painting.is_pair) Count_Pixels(painting.view.dc, painting.view.client.cy);
+    if (painting.target.mapped_height) Count_Pixels(painting.view.dc, painting.view.client.cy);
 }
 
 /// Finds out where what is painted goes to: the context of a pair, an open sheet, or a context of the window.
 void Find_Target(Surface& surface, Painting& painting, const Reach& reach) {
     const Pair* const pair = Pair_Of(surface, painting.window);
-    painting.is_pair = pair != nullptr;
     if (pair) {
-        painting.target = pair->dc;
+        painting.target = {pair->dc, painting.view.client.cy};
         return;
     }
     painting.under = Open_Sheet(surface, painting, reach);
@@ -331,7 +318,7 @@ void Find_Target(Surface& surface, Painting& painting, const Reach& reach) {
         Forget_Dead_Windows(surface);
         painting.context.emplace(painting.window);
     }
-    painting.target = (outer && outer->context ? outer : &painting)->context->Get();
+    painting.target = {(outer && outer->context ? outer : &painting)->context->Get()};
 }
 
 /// Finds what a member that is not part of another paints on.
@@ -342,7 +329,7 @@ void Begin(Surface& surface, Painting& painting, const Reach& reach) {
     view.clip = Common(all, Whole(view.client));
     if (Is_Empty(view.clip)) return;
     Find_Target(surface, painting, reach);
-    if (!painting.under && !painting.target) return;
+    if (!painting.under && !painting.target.dc) return;
     // The window may have grown since the batch began.
     if (painting.under) view.clip = Common(view.clip, painting.under->place);
     if (Is_Empty(view.clip)) return;
@@ -360,8 +347,8 @@ void End(Surface& surface, Painting& painting, const RECT& painted) {
     if (painting.saved) RestoreDC(painting.view.dc, painting.saved);
     if (!sheet) return;
     sheet->Note(painted);
-    if (painting.target) {
-        With_Target(painting, [&](HDC target) { sheet->Show(target); });
+    if (painting.target.dc) {
+        sheet->Show(painting.target);
     } else if (painting.under) {
         if (painting.under != sheet) sheet->Show(*painting.under);
         Show_When_Done(surface, *painting.under);
@@ -468,7 +455,7 @@ Sheet* Batch_Sheet(Surface& surface, HWND window, const RECT* area) {
     if (area) {
         sheet->counts = Common(sheet->place, *area);
     } else {
-        sheet->Read(Window_Context(window).Get(), sheet->place);
+        sheet->Read({Window_Context(window).Get()}, sheet->place);
     }
     return sheet;
 }
@@ -553,7 +540,7 @@ bool Show_Held(HWND window, HDC target, const RECT& area) {
     Hold* const hold = Last_Of(surface.holds, window);
     if (!hold || !hold->sheet || !Has_Size(*hold->sheet, Client_Size(window))) return false;
     const RECT shown = Common(area, hold->sheet->place);
-    if (!Is_Empty(shown)) hold->sheet->Copy_To(target, shown);
+    if (!Is_Empty(shown)) hold->sheet->Copy_To({target}, shown);
     return true;
 }
 

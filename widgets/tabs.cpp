@@ -144,7 +144,7 @@ void Tabs::Update() {
     if (!Has_Size(*this)) return;
     Choose_Ends(*this);
     if (Has_Flag(*this, FLAG_OUTLINE) || !Has_Room(*this)) return;
-    const Canvas for_all_tabs(Window, Area_Of(*this).Inset(-Tab_Overhang));
+    const Canvas for_all_tabs(Window, {Area_Of(*this).Inset(-Tab_Overhang)});
     From_Back_To_Front(*this, [](TabItems& tab) { tab.Draw(); });
 }
 
@@ -186,7 +186,7 @@ int Tabs::Select(int event) {
 
 void Tabs::Deselect() {
     if (State == 0 || !Has_Size(*this) || Never_Highlights(*this) || !Has_Room(*this)) return;
-    const Canvas for_all_tabs(Window, Area_Of(*this).Inset(-Tab_Overhang));
+    const Canvas for_all_tabs(Window, {Area_Of(*this).Inset(-Tab_Overhang)});
     From_Back_To_Front(*this, [](TabItems& tab) { tab.Deselect(); });
 }
 
