@@ -20,6 +20,7 @@ namespace {
 struct Pair {
     HWND window;
     HDC dc;
+    SIZE client;   ///< size of the client area that `dc` is mapped for
     Sheet* sheet;  ///< what `dc` belongs to; null for a context of the window
     bool own;      ///< `dc` was taken, or lent, for this pair
     int lent;      ///< see `Picture::Lend`
@@ -179,13 +180,13 @@ Pair Lend_Sheet(Sheet& sheet, HWND window) {
     Map_Logical(dc, {sheet.place.right, sheet.place.bottom});
     SetBoundsRect(dc, nullptr, DCB_RESET | DCB_ENABLE);
     ++sheet.users;
-    return {window, dc, &sheet, true, lent, 1};
+    return {window, dc, Size_Of(sheet.place), &sheet, true, lent, 1};
 }
 
 Pair Make_Pair(Surface& surface, HWND window) {
     if (const Batch* const batch = Batch_Of(surface, window)) return Lend_Sheet(*batch->sheet, window);
     if (const Pair* const outer = Last_Of(surface.pairs, window)) {
-        return {window, outer->dc, outer->sheet, false, 0, 1};
+        return {window, outer->dc, outer->client, outer->sheet, false, 0, 1};
     }
     const SIZE client = Client_Size(window);
     if (client.cx > 0 && client.cy > 0) {
@@ -193,7 +194,7 @@ Pair Make_Pair(Surface& surface, HWND window) {
     }
     const HDC dc = window ? GetDC(window) : nullptr;
     if (dc) Map_Logical(dc, client);
-    return {window, dc, nullptr, dc != nullptr, 0, 1};
+    return {window, dc, client, nullptr, dc != nullptr, 0, 1};
 }
 
 void End_Pair(Surface& surface, const Pair& pair) {
@@ -305,15 +306,14 @@ void Compose(Painting& painting, const RECT& covered) {
 }
 
 /// Finds out where what is painted goes to: the context of a pair, an open sheet, or a context of the window.
-void Find_Target(Surface& surface, Painting& painting, const Reach& reach) {
-    const Pair* const pair = Pair_Of(surface, painting.window);
-    if (pair) {
-        painting.target = {pair->dc, painting.view.client.cy};
+/// @param outer  what is being painted in the window already; null for nothing
+void Find_Target(Surface& surface, Painting& painting, const Painting* outer, const Reach& reach) {
+    if (const Pair* const pair = Pair_Of(surface, painting.window)) {
+        painting.target = {pair->dc, pair->client.cy};
         return;
     }
     painting.under = Open_Sheet(surface, painting, reach);
     if (painting.under) return;
-    const Painting* const outer = Last_Of(surface.paintings, painting.window);
     if (!outer || !outer->context) {
         Forget_Dead_Windows(surface);
         painting.context.emplace(painting.window);
@@ -322,13 +322,14 @@ void Find_Target(Surface& surface, Painting& painting, const Reach& reach) {
 }
 
 /// Finds what a member that is not part of another paints on.
-void Begin(Surface& surface, Painting& painting, const Reach& reach) {
+void Begin(Surface& surface, Painting& painting, const Painting* outer, const Reach& reach) {
     View& view = painting.view;
-    view.client = Client_Size(painting.window);
+    const Pair* const pair = Pair_Of(surface, painting.window);
+    view.client = pair ? pair->client : Client_Size(painting.window);
     const RECT all = Device_Of(reach.area, view.client.cy);
     view.clip = Common(all, Whole(view.client));
     if (Is_Empty(view.clip)) return;
-    Find_Target(surface, painting, reach);
+    Find_Target(surface, painting, outer, reach);
     if (!painting.under && !painting.target.dc) return;
     // The window may have grown since the batch began.
     if (painting.under) view.clip = Common(view.clip, painting.under->place);
@@ -370,15 +371,16 @@ const Cleanup Kept_Cleanup(Free_Kept);
 View Take_View(HWND window, const Reach& reach) {
     Enter_Lock();
     Surface& surface = The_Surface();
-    Painting painting;
+    std::vector<Painting>& paintings = surface.paintings;
+    if (paintings.size() == paintings.capacity()) paintings.reserve(2 * paintings.size());
+    const Painting* const outer = Last_Of(paintings, window);
+    Painting& painting = paintings.emplace_back();
     painting.window = window;
-    const Painting* const outer = Last_Of(surface.paintings, window);
     const bool joins = outer && Join(painting, *outer, reach);
-    if (!joins) Begin(surface, painting, reach);
+    if (!joins) Begin(surface, painting, outer, reach);
     if (reach.picture && (joins || painting.view.sheet != surface.kept.get())) *reach.picture = 0;
     painting.nested_clip = painting.view.clip;
-    surface.paintings.push_back(std::move(painting));
-    return surface.paintings.back().view;
+    return painting.view;
 }
 
 void Take_Context(HWND window) {
@@ -394,9 +396,8 @@ void Take_Context(HWND window) {
 
 void Give_Back_View(const RECT& painted) {
     Surface& surface = The_Surface();
-    Painting painting = std::move(surface.paintings.back());
+    End(surface, surface.paintings.back(), painted);
     surface.paintings.pop_back();
-    End(surface, painting, painted);
     Leave_Lock();
 }
 
