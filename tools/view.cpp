@@ -230,7 +230,7 @@ void Paint_On(Painting& painting, Sheet& sheet) {
 /// Paints inside another view of the window. A control elsewhere in the window, painted meanwhile to show a
 /// report, is none of its parts.
 bool Join(Painting& painting, const Painting& outer, const Reach& reach) {
-    if (outer.window != painting.window || !(outer.view.sheet || outer.view.dc)) return false;
+    if (!outer.view.sheet && !outer.view.dc) return false;
     Sheet* const sheet = outer.view.sheet;
     const RECT needed = Common(Device_Of(reach.area, outer.view.client.cy), Whole(outer.view.client));
     const bool fits = !sheet || Is_Empty(needed) || !Is_Empty(Common(needed, sheet->place));
@@ -306,9 +306,11 @@ void Compose(Painting& painting, const RECT& covered) {
 }
 
 /// Finds out where what is painted goes to: the context of a pair, an open sheet, or a context of the window.
+/// @param pair   the pair that the member is in; null for none
 /// @param outer  what is being painted in the window already; null for nothing
-void Find_Target(Surface& surface, Painting& painting, const Painting* outer, const Reach& reach) {
-    if (const Pair* const pair = Pair_Of(surface, painting.window)) {
+void Find_Target(Surface& surface, Painting& painting, const Pair* pair, const Painting* outer,
+                 const Reach& reach) {
+    if (pair) {
         painting.target = {pair->dc, pair->client.cy};
         return;
     }
@@ -329,7 +331,7 @@ void Begin(Surface& surface, Painting& painting, const Painting* outer, const Re
     const RECT all = Device_Of(reach.area, view.client.cy);
     view.clip = Common(all, Whole(view.client));
     if (Is_Empty(view.clip)) return;
-    Find_Target(surface, painting, outer, reach);
+    Find_Target(surface, painting, pair, outer, reach);
     if (!painting.under && !painting.target.dc) return;
     // The window may have grown since the batch began.
     if (painting.under) view.clip = Common(view.clip, painting.under->place);
