@@ -6,6 +6,7 @@
 #include "tools/font.h"
 #include "tools/font_cache.h"
 #include "tools/surface.h"
+#include "tools/window.h"
 
 namespace galdren {
 
@@ -30,10 +31,18 @@ Reach Kept_Reach(const Tools_Fields& control, const Area& covered, unsigned& pic
     return limited;
 }
 
+/// For a control that is not to paint now: what it would paint is painted later, or not at all.
+View Take_No_View(const Tools_Fields& control, const Reach& reach) {
+    if (control.Veil == VEIL_LATER) Invalidate(control.Window, reach.area);
+    if (reach.picture) *reach.picture = 0;
+    return Take_View(nullptr, {});
+}
+
 }  // namespace
 
 Canvas::Canvas(const Tools_Fields& control, const Reach& reach)
-    : view(Take_View(control.Window, Limited(control, reach))) {}
+    : view(control.Veil ? Take_No_View(control, reach) : Take_View(control.Window, Limited(control, reach))) {
+}
 
 Canvas::Canvas(const Tools_Fields& control, const Area& covered, unsigned& picture)
     : Canvas(control, Kept_Reach(control, covered, picture)) {}

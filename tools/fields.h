@@ -39,6 +39,13 @@ enum Tools_State : unsigned char {
     STATE_OWNS_NAME = 4,  ///< `Name` was made by `Set_Name`
 };
 
+/// Values of `Tools::Veil`, which keeps members from painting. The control is otherwise as always.
+enum Tools_Veil : unsigned char {
+    VEIL_NONE = 0,    ///< members paint
+    VEIL_HIDDEN = 1,  ///< nothing is painted
+    VEIL_LATER = 2    ///< what a member would paint is painted with the next WM_PAINT by whoever set this
+};
+
 /// Kinds of event in the low four bits of the word given to `Select`.
 enum Select_Event : int {
     EVENT_MOVE = 0,     ///< the pointer moved with no button held, or a button was released
@@ -91,4 +98,5 @@ struct Tools_Fields {
     const char* Owned_Name{};            ///< text made by `Set_Name`, whatever `Name` is now; owned
     RECT Room{};  ///< `Rect` of the control that this one is a part of, beyond which nothing of it is
                   ///< painted; empty for one that stands alone
+    unsigned char Veil{};  ///< see `Tools_Veil`; kept by a host, not copied
 };

@@ -77,6 +77,7 @@ void Paint_Signal(const Tools_Fields& control, const Area& area, const Colors& c
 Tools::Tools() = default;
 
 Tools::Tools(const Tools& other) : Tools_Fields(other) {
+    Veil = VEIL_NONE;
     Share_Array(Owned_Name);
     Share_Region(Region);
     Share_Font(Font);

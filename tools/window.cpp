@@ -59,6 +59,14 @@ Window_Context& Window_Context::operator=(Window_Context&& other) noexcept {
     return *this;
 }
 
+void Invalidate(HWND window, const Area& area) {
+    if (!window) return;
+    const SIZE client = Client_Size(window);
+    RECT box = Device_Of(area, client.cy);
+    if (Is_Mirrored(window)) box = {client.cx - box.right, box.top, client.cx - box.left, box.bottom};
+    InvalidateRect(window, &box, FALSE);
+}
+
 bool Find_Pointer(HWND window, POINT& position) {
     position = {ZCursor_X, ZCursor_Y};
     if (!window) return false;

@@ -4,6 +4,8 @@
 
 #include <windows.h>
 
+#include "tools/area.h"
+
 namespace galdren {
 
 SIZE Client_Size(HWND window);
@@ -32,6 +34,9 @@ class Window_Context {
     HDC dc;
     int saved;  // state of a context that belongs to its window or class, and is not ours to change
 };
+
+/// Has an area painted by the next WM_PAINT.
+void Invalidate(HWND window, const Area& area);
 
 /// Pointer position in the logical coordinates of `window`.
 /// @return false when there is no such window or its client area is empty

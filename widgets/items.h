@@ -67,9 +67,11 @@ inline void Report_No_Items(int line, const char* file, int count) {
               file, "this->Item", count + 1, 8);
 }
 
-/// Gives a part the text clip rectangle of its owner, and cuts it at the owner's edges.
+/// Gives a part the text clip rectangle of its owner, cuts it at the owner's edges, and has it
+/// painted when the owner is.
 inline void Copy_Clip(Tools& part, const Tools& owner) {
     part.Room = Is_Empty(owner.Room) ? owner.Rect : Common(owner.Rect, owner.Room);
+    part.Veil = owner.Veil;
     part.Clip_X = owner.Clip_X;
     part.Clip_Y = owner.Clip_Y;
     part.Clip_Width = owner.Clip_Width;

@@ -82,6 +82,11 @@ class GALDREN_TOOLS_API Texts : public Tools, public Text_Fields {
     /// @param key  a key code as `Parse_Keyboard` gives it
     void Input(int key);
 
+    /// Has the caret shown by the keyboard focus in place of the pointer, and repaints the input line while
+    /// it reads.
+    /// @param how  see `Text_Caret`
+    void Show_Caret(Text_Caret how);
+
     /// Appends a formatted text; every line break in it begins a new line. It is cut at 255 characters.
     /// @param format  a printf format with its arguments; null does nothing
     void Write(const char* format, ...) GALDREN_PRINTF(2, 3);

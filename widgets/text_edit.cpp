@@ -298,6 +298,13 @@ void Texts::Scroll_2(int n) {
     Move_Entries(History, Most_History, n);
 }
 
+void Texts::Show_Caret(Text_Caret how) {
+    Check(*this, "Texts::Show_Caret");
+    const bool changes = Caret != how;
+    Caret = how;
+    if (changes && Has_Size(*this) && Is_Reading(*this)) Read_Echo(Line, Cursor_Pos);
+}
+
 void Texts::Read_Echo(char* const text, short cursor) {
     constexpr int Text_Gap = 4;
     constexpr int Caret_Gap = 3;
@@ -313,7 +320,7 @@ void Texts::Read_Echo(char* const text, short cursor) {
     const Visible_Input visible =
         Fit_Input(*this, text, std::clamp<int>(cursor, 0, length), box.right - box.left - 4 * border);
     const int left = box.left + border;
-    if (Select_State == Hover_Highlighted) {
+    if (Caret == CARET_SHOWN || (Caret == CARET_AT_POINTER && Select_State == Hover_Highlighted)) {
         const int caret = left + Width_Of(Bold_Font, visible.before_caret) + Caret_Gap;
         canvas.Column(caret, box.bottom + border + 2, box.top - border - 2, Caret_Yellow);
         canvas.Column(caret + 1, box.bottom + border + 2, box.top - border - 2, Caret_Yellow);

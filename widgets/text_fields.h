@@ -11,6 +11,13 @@ enum Text_Mode : unsigned char {
     TEXT_CHANGED = 4   ///< the line changed, with `TEXT_REPORT_CHANGES`
 };
 
+/// Values of `Texts::Caret`.
+enum Text_Caret : unsigned char {
+    CARET_AT_POINTER = 0,  ///< shown while the pointer is inside
+    CARET_SHOWN = 1,       ///< shown wherever the pointer is
+    CARET_AWAY = 2         ///< not shown
+};
+
 /// The fields of a text field, all zero at first.
 struct Text_Fields {
     static constexpr int Most_Lines = 4096;    ///< output lines that are kept
@@ -34,4 +41,5 @@ struct Text_Fields {
     short History_Pos{};   ///< index of the entered line that Up brings next
     short Cursor_Pos{};    ///< index in `Line` of the character behind the caret
     short Input_Box[4]{};  ///< input line: left, right, top, bottom
+    unsigned char Caret{};  ///< see `Text_Caret`; set by `Show_Caret`
 };
