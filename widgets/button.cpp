@@ -1,8 +1,6 @@
 #include "widgets/button.h"
 
 #include <algorithm>
-#include <functional>
-#include <string_view>
 
 #include "tools/base.h"
 #include "tools/dimensions.h"
@@ -132,12 +130,10 @@ bool Begin_Button(Buttons& button, HWND& window) {
     return true;
 }
 
-/// Whether nothing of a button's look was made or given yet, so that `Init` makes all of it.
-bool Is_Plain_And_New(const Buttons& button) {
-    return !Has_Flag(button, FLAG_STATIC | FLAG_OWN_IMAGES) && !button.Font && !button.Graph_Normal &&
-           !button.Graph_Select && !button.Last_Graph_Normal && !button.Last_Graph_Select &&
-           !button.Own_Normal_Up && !button.Own_Normal_Down && !button.Own_Select_Up &&
-           !button.Own_Select_Down && button.Last_Width == 0 && button.Last_Height == 0;
+/// Whether `Init` has a button's whole look to make.
+bool Is_New(const Buttons& button) {
+    return !(button.State & STATE_READY) && !button.Font && !button.Graph_Normal && !button.Graph_Select &&
+           !Has_Flag(button, FLAG_STATIC | FLAG_OWN_IMAGES);
 }
 
 /// Whether a button has all that others may take over.
@@ -146,15 +142,7 @@ bool Is_Complete(const Buttons& button) {
            button.Own_Select_Down;
 }
 
-/// Whether two buttons that are plain and new get the same look.
-bool Look_Alike(const Buttons& one, const Buttons& other) {
-    return one.Width == other.Width && one.Height == other.Height && one.Border == other.Border &&
-           one.Color == other.Color && one.Color.Alpha == other.Color.Alpha &&
-           one.Font_Name == other.Font_Name && one.Font_Weight == other.Font_Weight &&
-           one.Font_Style == other.Font_Style && one.Font_Size == other.Font_Size;
-}
-
-/// Gives a button the look of a complete one like it, as far as `Share_Look` makes up for it later.
+/// Gives a button the look of a complete one like it, of which it is noted as a holder later.
 void Take_Look(Buttons& button, const Buttons& model) {
     button.Font = model.Font;
     button.Font_Size_Last = model.Font_Size_Last;
@@ -173,12 +161,6 @@ void For_Owned(const Buttons& button, Act act) {
     for (const unsigned long* array :
          {button.Own_Normal_Up, button.Own_Normal_Down, button.Own_Select_Up, button.Own_Select_Down})
         act(array);
-}
-
-/// Notes the holders of what `Take_Look` gave to so many buttons.
-void Share_Look(const Buttons& model, unsigned holders) {
-    Share_Font(model.Font, holders);
-    For_Owned(model, [holders](const unsigned long* body) { Share_Among(body, holders); });
 }
 
 /// Whether lamp and caption lie on the body alone, so that painting the body leaves nothing of them.
@@ -200,25 +182,10 @@ void Paint_Body_In_Frame(Canvas& canvas, const Buttons& button, bool highlighted
     Paint_Fill(canvas, button, highlighted);
 }
 
-/// The reach of a paint of the whole button, which frame and body cover completely where there is room for
-/// both.
+/// The reach of a paint of the whole button.
 Reach Whole(const Buttons& button) {
-    const Area covered = Area_Of(button).Inset(Has_Flag(button, FLAG_NO_RIM) ? 1 : 0);
-    // Stacked text may be longer than the button is high.
-    const bool complete = !Has_Flag(button, FLAG_STATIC | FLAG_OUTLINE | FLAG_NO_BODY | FLAG_VERTICAL) &&
-                          2 * Frame_Thickness(button) + 2 <= std::min(button.Width, button.Height) &&
-                          (!Has_Flag(button, BUTTON_LAMP) || covered.Holds(Lamp_Reach(button)));
-    return complete ? Covering(covered) : Around(button);
-}
-
-/// Has a button follow value and pointer.
-/// @return whether it is highlighted
-bool Settle(Buttons& button, bool inside) {
-    Choose_Bodies(button);
-    button.Hover = Hover_Unknown;
-    if (Has_Flag(button, FLAG_PASSIVE)) return false;
-    Hover_Changes(button, button.Hover, inside);
-    return inside;
+    if (!Covers_Its_Place(button)) return Around(button);
+    return Covering(Area_Of(button).Inset(Has_Flag(button, FLAG_NO_RIM) ? 1 : 0));
 }
 
 /// The whole button, highlighted when the pointer is inside. A passive one shows no lamp.
@@ -240,20 +207,41 @@ void Paint_Whole(Canvas& canvas, Buttons& button) {
 
 namespace galdren {
 
-Look_Of_Button Settle_Look(Buttons& button, bool inside) {
+void Init_Without_Regions(std::span<Buttons* const> buttons, HWND window) {
+    const Buttons* model = nullptr;
+    unsigned alike = 0;
+    for (Buttons* const button : buttons) {
+        const bool is_new = Is_New(*button);
+        HWND own_window = window;
+        if (!Begin_Button(*button, own_window)) continue;
+        Bind_Without_Region(*button, own_window);
+        if (model && is_new && button->Color == model->Color && button->Color.Alpha == model->Color.Alpha) {
+            Take_Look(*button, *model);
+            ++alike;
+            continue;
+        }
+        Renew_Look(*button);
+        if (!model && is_new && Is_Complete(*button)) model = button;
+    }
+    if (!model) return;
+    Share_Font(model->Font, alike);
+    For_Owned(*model, [alike](const unsigned long* body) { Share_Among(body, alike); });
+}
+
+bool Covers_Its_Place(const Buttons& button) {
+    // Stacked text may be longer than the button is high.
+    return !Has_Flag(button, FLAG_STATIC | FLAG_OUTLINE | FLAG_NO_BODY | FLAG_VERTICAL) &&
+           2 * Frame_Thickness(button) + 2 <= std::min(button.Width, button.Height) &&
+           (!Has_Flag(button, BUTTON_LAMP) || Area_Of(button).Inset(1).Holds(Lamp_Reach(button)));
+}
+
+bool Settle(Buttons& button, bool inside) {
+    Choose_Bodies(button);
     button.Last_Value = button.Value;
-    const bool highlighted = Settle(button, inside);
-    return {highlighted ? button.Cur_Graph_Select : button.Cur_Graph_Normal,
-            button.Font,
-            button.Name ? std::hash<std::string_view>()(button.Name) : 0,
-            button.Flag,
-            button.Color.get(),
-            button.Width,
-            button.Height,
-            Frame_Thickness(button),
-            button.Value,
-            button.Lamp,
-            highlighted};
+    button.Hover = Hover_Unknown;
+    if (Has_Flag(button, FLAG_PASSIVE)) return false;
+    Hover_Changes(button, button.Hover, inside);
+    return inside;
 }
 
 }  // namespace galdren
@@ -270,25 +258,6 @@ void Buttons::Init(HWND window) {
     if (!Begin_Button(*this, window)) return;
     Bind(*this, window);
     Renew_Look(*this);
-}
-
-void galdren::Init_Without_Regions(std::span<Buttons* const> buttons, HWND window) {
-    const Buttons* model = nullptr;
-    unsigned alike = 0;
-    for (Buttons* const button : buttons) {
-        HWND own_window = window;
-        if (!Begin_Button(*button, own_window)) continue;
-        Bind_Without_Region(*button, own_window);
-        const bool is_new = Is_Plain_And_New(*button);
-        if (is_new && model && Look_Alike(*button, *model)) {
-            Take_Look(*button, *model);
-            ++alike;
-            continue;
-        }
-        Renew_Look(*button);
-        if (is_new && !model && Is_Complete(*button)) model = button;
-    }
-    if (model) Share_Look(*model, alike);
 }
 
 void Buttons::Draw() {
