@@ -7,6 +7,7 @@
 #include "tools/font_cache.h"
 #include "tools/sharing.h"
 #include "widgets/button_items.h"
+#include "widgets/items.h"
 
 using namespace galdren;
 
@@ -182,10 +183,10 @@ void Paint_Body_In_Frame(Canvas& canvas, const Buttons& button, bool highlighted
     Paint_Fill(canvas, button, highlighted);
 }
 
-/// The reach of a paint of the whole button.
+/// The reach of a paint of the whole button, whose lamp may be larger than that.
 Reach Whole(const Buttons& button) {
-    if (!Covers_Its_Place(button)) return Around(button);
-    return Covering(Area_Of(button).Inset(Has_Flag(button, FLAG_NO_RIM) ? 1 : 0));
+    const bool open = Has_Flag(button, BUTTON_LAMP) && !Covered_By(button).Holds(Lamp_Reach(button));
+    return open ? Around(button) : galdren::Whole(button);
 }
 
 /// The whole button, highlighted when the pointer is inside. A passive one shows no lamp.
@@ -226,13 +227,6 @@ void Init_Without_Regions(std::span<Buttons* const> buttons, HWND window) {
     if (!model) return;
     Share_Font(model->Font, alike);
     For_Owned(*model, [alike](const unsigned long* body) { Share_Among(body, alike); });
-}
-
-bool Covers_Its_Place(const Buttons& button) {
-    // Stacked text may be longer than the button is high.
-    return !Has_Flag(button, FLAG_STATIC | FLAG_OUTLINE | FLAG_NO_BODY | FLAG_VERTICAL) &&
-           2 * Frame_Thickness(button) + 2 <= std::min(button.Width, button.Height) &&
-           (!Has_Flag(button, BUTTON_LAMP) || Area_Of(button).Inset(1).Holds(Lamp_Reach(button)));
 }
 
 bool Settle(Buttons& button, bool inside) {

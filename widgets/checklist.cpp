@@ -4,15 +4,14 @@
 #include <climits>
 #include <new>
 #include <optional>
-#include <utility>
 
 #include "tools/dimensions.h"
 #include "tools/font_cache.h"
-#include "tools/region.h"
 #include "tools/sharing.h"
 #include "tools/window.h"
 #include "util/error.h"
 #include "util/program.h"
+#include "widgets/button_items.h"
 #include "widgets/items.h"
 
 using namespace galdren;
@@ -71,35 +70,25 @@ void Paint_Fill(Canvas& canvas, const Buttons& box, bool highlighted) {
 }
 
 void Paint_Check(Buttons& box) {
-    Canvas canvas(box, Around(box));
+    Canvas canvas(box, Whole(box));
     box.Draw();
     if (Has_Mark(box)) Paint_Mark(canvas, box);
 }
 
+/// Of a list that is an outline, the flags of the box are gone afterwards, those of a disabled item too, and
+/// its next paint is a full one.
 void Paint_Item(Canvas& canvas, CheckLists& list, int item) {
-    const bool disabled = Has_Flag(list.Check[item], FLAG_OUTLINE);
-    Paint_Label(canvas, list, item, disabled ? Outline_Blue : Black);
-    Paint_Check(list.Check[item]);
+    Buttons& box = list.Check[item];
+    const bool outline = Has_Flag(list, FLAG_OUTLINE);
+    if (outline) box.Flag = FLAG_OUTLINE;
+    Paint_Label(canvas, list, item, Has_Flag(box, FLAG_OUTLINE) ? Outline_Blue : Black);
+    Paint_Check(box);
+    if (!outline) return;
+    box.Flag = 0;
+    box.Hover = Hover_Unknown;
 }
 
-/// The flags of the box are gone afterwards, those of a disabled item too, and its next paint is a full one.
-void Paint_Outlined_Item(Canvas& canvas, CheckLists& list, int item) {
-    Paint_Label(canvas, list, item, Outline_Blue);
-    list.Check[item].Flag = FLAG_OUTLINE;
-    list.Check[item].Draw();
-    list.Check[item].Flag = 0;
-    list.Check[item].Hover = Hover_Unknown;
-}
-
-/// Whether the label of an item reaches into the next column.
-bool Overhangs(const CheckLists& list, int item) {
-    const Buttons& box = list.Check[item];
-    const Area room = Area_Of(list.Label[item]);
-    return box.X + box.Width + SPACE + Width_Of(list.Font, Label_Text(list, item)) > room.right;
-}
-
-/// @return whether the label reaches over a box of the next column
-bool Paint_Hover(const CheckLists& list, int item, bool highlighted) {
+void Paint_Hover(const CheckLists& list, int item, bool highlighted) {
     const Buttons& box = list.Check[item];
     const Area row = Area_Of(list.Label[item]);
     Canvas canvas(list,
@@ -111,13 +100,19 @@ bool Paint_Hover(const CheckLists& list, int item, bool highlighted) {
     } else {
         Paint_Fill(canvas, box, highlighted);
     }
-    return Overhangs(list, item);
 }
 
-/// Whether boxes lie on each other.
+/// Whether boxes lie on each other, or a label that is painted again reaches over one of the next column.
 bool Is_Crowded(const CheckLists& list) {
-    return list.Count > 1 &&
-           (list.Label[0].Width <= list.Check[0].Width || list.Label[0].Height <= list.Check[0].Height);
+    const Buttons& box = list.Check[0];
+    const Buttons& label = list.Label[0];
+    if (label.Width <= box.Width || label.Height <= box.Height) return true;
+    const int room = label.Width - (box.X - label.X + box.Width + SPACE);
+    const short last_column = list.Label[list.Count - 1].X;
+    for (int item = 0; list.Label[item].X != last_column; ++item) {
+        if (Width_Of(list.Font, Label_Text(list, item)) > room) return true;
+    }
+    return false;
 }
 
 bool Shows_Hover(const CheckLists& list, int item) {
@@ -254,7 +249,6 @@ void Init_Check(const CheckLists& list, int item) {
 }
 
 void Init_Items(const CheckLists& list) {
-    if (list.Count == 0) return;
     const Grid grid = Make_Grid(list);
     for (int item = 0; item < list.Count; ++item) {
         Init_Label(list, item, grid);
@@ -273,7 +267,7 @@ void Report_No_List(const CheckLists& list) {
 CheckLists::CheckLists() = default;
 
 CheckLists::CheckLists(const CheckLists& other)
-    : Tools(other), Check_List_Fields(other), Boxes_Covered(other.Boxes_Covered) {
+    : Tools(other), Check_List_Fields(other), Crowded(other.Crowded) {
     For_Owned(*this, [](const auto* array) { Share(Thing::Array, array); });
 }
 
@@ -296,7 +290,8 @@ void CheckLists::Init(HWND window) {
         return;
     }
     Make_Items(*this);
-    Init_Items(*this);
+    if (Count > 0) Init_Items(*this);
+    Crowded = Count > 0 && Is_Crowded(*this);
     Last_Value = Value;
 }
 
@@ -304,12 +299,12 @@ void CheckLists::Draw() {
     galdren::Check(*this, "CheckList::Draw");
     if (!Has_Size(*this)) return;
     if (!Has_Flag(*this, FLAG_PASSIVE)) Set_Checks(*this);
-    const bool outline = Has_Flag(*this, FLAG_OUTLINE);
-    if (!outline && Has_Flag(*this, FLAG_NO_BODY)) return;
-    Canvas canvas(*this, Inside(*this));
-    if (!Has_Flag(*this, FLAG_STATIC)) Box.Draw();
+    if (Has_Flag(*this, FLAG_NO_BODY) && !Has_Flag(*this, FLAG_OUTLINE)) return;
+    const bool with_box = !Has_Flag(*this, FLAG_STATIC);
+    Canvas canvas(*this, {Area_Of(*this), with_box ? Covered_By(Box) : Reach().covered});
+    if (with_box) Box.Draw();
     for (int item = 0; item < Count; ++item)
-        outline ? Paint_Outlined_Item(canvas, *this, item) : Paint_Item(canvas, *this, item);
+        Paint_Item(canvas, *this, item);
 }
 
 int CheckLists::Select(int event) {
@@ -323,7 +318,7 @@ int CheckLists::Select(int event) {
         const bool under_pointer = Is_On_Item(*this, item, position);
         if (under_pointer) result = 1;
         if (!Follow(Hover_List[item], under_pointer) || !Shows_Hover(*this, item)) continue;
-        if (Paint_Hover(*this, item, under_pointer)) Boxes_Covered = true;
+        Paint_Hover(*this, item, under_pointer);
     }
     return result;
 }
@@ -332,8 +327,7 @@ void CheckLists::Deselect() {
     if (State == 0 || !Has_Size(*this) || Has_Flag(*this, FLAG_NO_BODY)) return;
     for (int item = 0; item < Count; ++item) {
         const bool seen = Hover_List[item] != Hover_Unknown && Hover_List[item] != Hover_Normal;
-        if (!seen || !Shows_Hover(*this, item)) continue;
-        if (Paint_Hover(*this, item, false)) Boxes_Covered = true;
+        if (seen && Shows_Hover(*this, item)) Paint_Hover(*this, item, false);
     }
 }
 
@@ -346,9 +340,8 @@ void CheckLists::Adjust() {
     if (Has_Flag(*this, FLAG_NO_BODY)) return;
     POINT position{};
     const POINT* pointer = Find_Pointer(Window, position) ? &position : nullptr;
-    const bool all = std::exchange(Boxes_Covered, false) || Is_Crowded(*this);
     for (int item = 0; item < Count; ++item) {
-        if (all || !Is_Up_To_Date(*this, item, pointer)) Paint_Check(Check[item]);
+        if (Crowded || !Is_Up_To_Date(*this, item, pointer)) Paint_Check(Check[item]);
     }
 }
 

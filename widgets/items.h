@@ -7,7 +7,6 @@
 #include <new>
 
 #include "tools/base.h"
-#include "tools/region.h"
 #include "tools/sharing.h"
 #include "util/error.h"
 #include "util/program.h"
@@ -67,6 +66,23 @@ inline void Report_No_Items(int line, const char* file, int count) {
               file, "this->Item", count + 1, 8);
 }
 
+/// Where frame and body of a control leave nothing to be seen of what was there; empty where they have no
+/// room, or do not fill it.
+inline Area Covered_By(const Tools_Fields& control) {
+    // Stacked text may be longer than the control is high.
+    constexpr unsigned long Open =
+        FLAG_NO_BODY | FLAG_STATIC | FLAG_OUTLINE | FLAG_VERTICAL | FLAG_INNER_FRAME;
+    const int least = 2 * Frame_Thickness(control) + 2;
+    if (Has_Flag(control, Open) || control.Width < least || control.Height < least) return Reach().covered;
+    return Area_Of(control).Inset(Has_Flag(control, FLAG_NO_RIM) ? 1 : 0);
+}
+
+/// The reach of a paint of a whole control that is frame and body.
+inline Reach Whole(const Tools_Fields& control) {
+    const Area covered = Covered_By(control);
+    return Area_Of(control).Holds(covered) ? Covering(covered) : Around(control);
+}
+
 /// Gives a part the text clip rectangle of its owner, and cuts it at the owner's edges.
 inline void Copy_Clip(Tools& part, const Tools& owner) {
     part.Room = Is_Empty(owner.Room) ? owner.Rect : Common(owner.Rect, owner.Room);
@@ -74,14 +90,6 @@ inline void Copy_Clip(Tools& part, const Tools& owner) {
     part.Clip_Y = owner.Clip_Y;
     part.Clip_Width = owner.Clip_Width;
     part.Clip_Height = owner.Clip_Height;
-}
-
-/// Initialises an item of which there may be thousands. Nobody reads its region, and Windows gives a process
-/// no more than 10,000 handles.
-template <class Item>
-void Init_Without_Region(Item& item, HWND window) {
-    item.Init(window);
-    Drop_Region(item);
 }
 
 /// Gives a part the name of its owner. It holds the name like a copy does, for the owner may get another one.

@@ -241,8 +241,8 @@ bool Scroll_As_Pixels(const Lists& list, const Area& inner, const Item_Run& run)
         return false;
     if (list.Frame.Cur_Graph_Normal || Has_Flag(list, FLAG_NO_BODY)) return false;
     return std::all_of(list.Item + run.first, list.Item + run.end, [&](const Buttons* item) {
-        return item->Shown && Covers_Its_Place(*item) && item->Clip_Width == 0 && item->Y > inner.bottom &&
-               item->X + item->Width < inner.right;
+        return item->Shown && Area_Of(*item).Holds(Covered_By(*item)) && item->Clip_Width == 0 &&
+               item->Y > inner.bottom && item->X + item->Width < inner.right;
     });
 }
 
@@ -361,7 +361,7 @@ void Lists::Choose_Shown() {
     for (int i = first; i < end; ++i) {
         Place_Item(*this, Origin, i);
         Item[i]->Shown = Stands_In(*Item[i], inner);
-        if (Item[i]->Shown) Init_Without_Regions({Item + i, 1}, Window);
+        if (Item[i]->Shown) Init_Without_Region(*Item[i], Window);
     }
     while (first < end && !Item[first]->Shown)
         ++first;
