@@ -75,18 +75,12 @@ void Paint_Name(Canvas& canvas, const Buttons& button, unsigned long flags) {
     Paint_Caption(canvas, button.Font, button.Name, flags, Caption_Area(button), button.Border);
 }
 
-void Paint_Name(Canvas& canvas, const Buttons& button) { Paint_Name(canvas, button, Caption_Flags(button)); }
-
-void Paint_Fill(Canvas& canvas, const Buttons& button, bool highlighted) {
-    const unsigned long* body = highlighted ? button.Cur_Graph_Select : button.Cur_Graph_Normal;
-    Paint_Body(canvas, button, highlighted, body, button.Flag, Frame_Thickness(button) + 1, Area_Of(button));
-}
-
 /// Body, lamp and caption.
 void Paint_Look(Canvas& canvas, const Buttons& button, bool highlighted, bool with_lamp) {
-    Paint_Fill(canvas, button, highlighted);
+    const unsigned long* body = highlighted ? button.Cur_Graph_Select : button.Cur_Graph_Normal;
+    Paint_Body(canvas, button, highlighted, body, button.Flag, Frame_Thickness(button) + 1, Area_Of(button));
     if (with_lamp) Paint_Lamp(canvas, button);
-    Paint_Name(canvas, button);
+    Paint_Name(canvas, button, Caption_Flags(button));
 }
 
 void Renew_Bodies(Buttons& button) {
@@ -172,17 +166,6 @@ bool Body_Hides_Rest(const Buttons& button) {
                                 button.Border, body);
 }
 
-/// Frame and body. What the body does not hide of lamp and caption is painted between the two.
-void Paint_Body_In_Frame(Canvas& canvas, const Buttons& button, bool highlighted) {
-    Paint_Frame(canvas, button.Color, button.Flag, button.Value != 0, Frame_Thickness(button),
-                Area_Of(button));
-    if (!Body_Hides_Rest(button)) {
-        Paint_Lamp(canvas, button);
-        Paint_Name(canvas, button);
-    }
-    Paint_Fill(canvas, button, highlighted);
-}
-
 /// The reach of a paint of the whole button, whose lamp may be larger than that.
 Reach Whole(const Buttons& button) {
     const bool open = Has_Flag(button, BUTTON_LAMP) && !Covered_By(button).Holds(Lamp_Reach(button));
@@ -191,17 +174,16 @@ Reach Whole(const Buttons& button) {
 
 /// The whole button, highlighted when the pointer is inside. A passive one shows no lamp.
 void Paint_Whole(Canvas& canvas, Buttons& button) {
-    if (Has_Flag(button, FLAG_STATIC)) {
-        Paint_Frame(canvas, button.Color, button.Flag, button.Value != 0, Frame_Thickness(button),
-                    Area_Of(button));
+    Paint_Frame(canvas, button.Color, button.Flag, button.Value != 0, Frame_Thickness(button),
+                Area_Of(button));
+    const bool is_static = Has_Flag(button, FLAG_STATIC);
+    if (is_static || !Body_Hides_Rest(button)) {
         Paint_Lamp(canvas, button);
-        Paint_Name(canvas, button);
-        return;
+        Paint_Name(canvas, button, Caption_Flags(button));
     }
+    if (is_static) return;
     const bool inside = Settle(button, Pointer_Inside(button));
-    Paint_Body_In_Frame(canvas, button, inside);
-    if (!Has_Flag(button, FLAG_PASSIVE)) Paint_Lamp(canvas, button);
-    Paint_Name(canvas, button);
+    Paint_Look(canvas, button, inside, !Has_Flag(button, FLAG_PASSIVE));
 }
 
 }  // namespace

@@ -40,27 +40,6 @@ void Release_Items(Item**& items) {
     items = nullptr;
 }
 
-/// Gives a holder that shares its items with a copy an array of its own, with copies of the items.
-/// @return false when the memory cannot be had
-template <class Item>
-bool Detach_Items(Item**& items) {
-    if (!items || !Is_Shared(Thing::Array, items)) return true;
-    const int count = Count_Items(items);
-    Item** own = new (std::nothrow) Item* [std::size_t(count) + 1] {};
-    bool complete = own != nullptr;
-    for (int i = 0; i < count && complete; ++i) {
-        own[i] = new (std::nothrow) Item(*items[i]);
-        complete = own[i] != nullptr;
-    }
-    if (complete) {
-        Let_Go(Thing::Array, items);
-        items = own;
-    } else if (own) {
-        Release_Items(own);
-    }
-    return complete;
-}
-
 inline void Report_No_Items(int line, const char* file, int count) {
     Error_Fct(hwnd, ERROR_LEVEL_MEMORY, "line %-4d of %s \nmemory error in realloc (var=%s, dim=%dx%d)", line,
               file, "this->Item", count + 1, 8);
@@ -186,8 +165,8 @@ bool Begin_Compound(Tools& control, HWND& window, const char* label, Parts&... p
     return false;
 }
 
-/// Sets the number of items. Those that stay are not touched; new ones are constructed. A negative count
-/// frees the array itself.
+/// Sets the number of items. Those that stay are not touched, or copied where the array is shared; new ones
+/// are constructed. A negative count frees the array itself.
 /// @return 1; 0 when the memory cannot be had, which is reported at level 1. Without memory for the array
 ///         all items are freed; without memory for an item those before it stay.
 template <class Item>
@@ -199,18 +178,23 @@ int Grow_Items(const Tools& owner, Item**& items, int count, unsigned long flag,
         Report_No_Items(line, place.file, count);
         return 0;
     }
-    Item** resized = nullptr;
-    if (count >= 0 && Detach_Items(items)) resized = new (std::nothrow) Item* [std::size_t(count) + 1] {};
-    if (!resized) {
+    const bool shared = items && Is_Shared(Thing::Array, items);
+    const int kept = std::clamp(count, 0, before);
+    Item** resized = count < 0 ? nullptr : new (std::nothrow) Item* [std::size_t(count) + 1] {};
+    bool complete = resized != nullptr;
+    for (int i = 0; i < kept && complete; ++i) {
+        resized[i] = shared ? new (std::nothrow) Item(*items[i]) : items[i];
+        complete = resized[i] != nullptr;
+    }
+    if (!complete) {
+        if (resized) Release_Items(resized);
         Release_Items(items);
         if (count >= 0) Report_No_Items(line, place.file, count);
         return count < 0;
     }
-    const int kept = count < before ? count : before;
-    if (items) std::copy_n(items, kept, resized);
-    for (int i = kept; i < before; ++i)
-        delete items[i];
-    delete[] items;
+    // What stays of an array of its own has moved.
+    if (!shared && items) std::copy(items + kept, items + before + 1, items);
+    Release_Items(items);
     items = resized;
     for (int i = kept; i < count; ++i) {
         items[i] = Make_Item<Item>(owner, flag);
