@@ -64,11 +64,6 @@ void Paint_Mark(Canvas& canvas, const Buttons& box) {
     canvas.Box(mark, Colors(255, 255, 0).get());
 }
 
-void Paint_Fill(Canvas& canvas, const Buttons& box, bool highlighted) {
-    const unsigned long* body = highlighted ? box.Cur_Graph_Select : box.Cur_Graph_Normal;
-    Paint_Body(canvas, box, highlighted, body, box.Flag, Frame_Width(box) + 1, Area_Of(box));
-}
-
 void Paint_Check(Buttons& box) {
     Canvas canvas(box, Whole(box));
     box.Draw();
@@ -98,7 +93,8 @@ void Paint_Hover(const CheckLists& list, int item, bool highlighted) {
     if (!highlighted && Has_Mark(box)) {
         Paint_Mark(canvas, box);
     } else {
-        Paint_Fill(canvas, box, highlighted);
+        const unsigned long* body = highlighted ? box.Cur_Graph_Select : box.Cur_Graph_Normal;
+        Paint_Body(canvas, box, highlighted, body, box.Flag, Frame_Width(box) + 1, Area_Of(box));
     }
 }
 
@@ -117,14 +113,6 @@ bool Is_Crowded(const CheckLists& list) {
 
 bool Shows_Hover(const CheckLists& list, int item) {
     return !Has_Flag(list, FLAG_NO_BODY) && !Has_Flag(list.Check[item], FLAG_OUTLINE);
-}
-
-/// Follows the pointer with one entry of `Hover_List`.
-/// @return whether it changed
-bool Follow(short& hover, bool under_pointer) {
-    if (under_pointer == (hover == Hover_Highlighted)) return false;
-    hover = under_pointer ? Hover_Highlighted : Hover_Normal;
-    return true;
 }
 
 bool Is_On_Item(const CheckLists& list, int item, const std::optional<POINT>& position) {
@@ -178,13 +166,6 @@ void Make_Items(CheckLists& list) {
     }
 }
 
-void Measure(CheckLists& list) {
-    list.Font_Height = Low_16(Metrics_Of(list.Font).tmHeight);
-    list.H_Width = Low_16(Width_Of(list.Font, "H"));
-}
-
-int Name_Width(const CheckLists& list) { return Width_Of(list.Font, list.Name); }
-
 void Take_Look(Tools& part, const CheckLists& list) {
     Copy_Face(part, list);
     Copy_Clip(part, list);
@@ -220,7 +201,7 @@ Grid Make_Grid(const CheckLists& list) {
     const int columns = (list.Count - 1) / rows + 1;
     const bool name_left = list.Name && Has_Flag(list, CHECKLIST_NAME_LEFT);
     const int rest = room - row_height * rows;
-    return {list.Box.X + border + 2 + (name_left ? Name_Width(list) + SPACE : 0),
+    return {list.Box.X + border + 2 + (name_left ? Width_Of(list.Font, list.Name) + SPACE : 0),
             list.Box.Y + rest / 2 + border + (rows - 1) * row_height + 2,
             (list.Width - 2 * border - 4) / columns, row_height, rows};
 }
@@ -282,7 +263,8 @@ void CheckLists::Init(HWND window) {
     Bind(*this, window);
     Note_Size(*this);
     Renew_Font(*this);
-    Measure(*this);
+    Font_Height = Low_16(Metrics_Of(Font).tmHeight);
+    H_Width = Low_16(Width_Of(Font, "H"));
     Init_Box(Box, *this);
     if (!List) {
         Report_No_List(*this);
@@ -317,8 +299,9 @@ int CheckLists::Select(int event) {
     for (int item = 0; item < Count; ++item) {
         const bool under_pointer = Is_On_Item(*this, item, position);
         if (under_pointer) result = 1;
-        if (!Follow(Hover_List[item], under_pointer) || !Shows_Hover(*this, item)) continue;
-        Paint_Hover(*this, item, under_pointer);
+        if (under_pointer == (Hover_List[item] == Hover_Highlighted)) continue;
+        Hover_List[item] = under_pointer ? Hover_Highlighted : Hover_Normal;
+        if (Shows_Hover(*this, item)) Paint_Hover(*this, item, under_pointer);
     }
     return result;
 }

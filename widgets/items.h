@@ -141,16 +141,6 @@ inline unsigned long Flags_For_New(const Tools& owner, int wanted) {
     return (wanted ? static_cast<unsigned long>(wanted) : Inherited_Flags(owner)) | FLAG_NO_RIM;
 }
 
-/// A new item with the fields that its owner gives; null when the memory cannot be had.
-template <class Item>
-Item* Make_Item(const Tools& owner, unsigned long flag) {
-    Item* item = new (std::nothrow) Item;
-    if (!item) return nullptr;
-    item->Flag = flag;
-    Copy_Clip(*item, owner);
-    return item;
-}
-
 template <class Item>
 void Forget_Withdrawn_Images(Item**& items) {
     for (int i = 0; items && items[i]; ++i)
@@ -197,10 +187,13 @@ int Grow_Items(const Tools& owner, Item**& items, int count, unsigned long flag,
     Release_Items(items);
     items = resized;
     for (int i = kept; i < count; ++i) {
-        items[i] = Make_Item<Item>(owner, flag);
-        if (items[i]) continue;
-        Report_No_Items(line, place.file, count);
-        return 0;
+        items[i] = new (std::nothrow) Item;
+        if (!items[i]) {
+            Report_No_Items(line, place.file, count);
+            return 0;
+        }
+        items[i]->Flag = flag;
+        Copy_Clip(*items[i], owner);
     }
     return 1;
 }

@@ -72,9 +72,8 @@ void Choose_Ends(const Tabs& set) {
     const int front = Front_Of(set) ? set.Value : INT_MIN / 2;
     int index = 0;
     for (TabItems* tab : Row_Of(set)) {
-        int ends = TAB_RIGHT_STRAIGHT;
-        if (index == 0 || index == front) ends |= TAB_LEFT_STRAIGHT;
-        if (index == front - 1) ends &= ~TAB_RIGHT_STRAIGHT;
+        const int right = index == front - 1 ? 0 : TAB_RIGHT_STRAIGHT;
+        const int ends = index == 0 || index == front ? right | TAB_LEFT_STRAIGHT : right;
         tab->Shape = Low_16((tab->Shape & ~0xFF) | ends);
         ++index;
     }
