@@ -1,6 +1,7 @@
 #include "widgets/button.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "tools/base.h"
 #include "tools/dimensions.h"
@@ -15,25 +16,14 @@ namespace {
 
 constexpr int Lamp_Width = 8;
 
-Colors Lamp_Color(const Buttons& button) {
-    const Colors grey(170, 170, 170);
-    const Colors yellow(255, 255, 0);
-    if (button.Lamp == 0) return grey;
-    if (!Has_Flag(button, BUTTON_LAMP_COLORS)) return yellow;
-    switch (button.Lamp) {
-        case 1:
-            return Colors(0, 255, 0);
-        case 2:
-            return Colors(0, 0, 255);
-        case 3:
-            return yellow;
-        default:
-            return Colors(255, 0, 0);
-    }
+unsigned long Lamp_Color(const Buttons& button) {
+    constexpr unsigned long Grey = 0xAAAAAA;
+    constexpr unsigned long Yellow = 0x00FFFF;
+    constexpr unsigned long Red = 0x0000FF;
+    constexpr unsigned long Numbered[] = {Grey, 0x00FF00, 0xFF0000, Yellow};
+    if (button.Lamp && !Has_Flag(button, BUTTON_LAMP_COLORS)) return Yellow;
+    return button.Lamp >= 0 && button.Lamp < int(std::size(Numbered)) ? Numbered[button.Lamp] : Red;
 }
-
-/// Width of the frame around the lamp.
-int Lamp_Frame(const Buttons& button) { return std::max(Frame_Thickness(button) - 1, 1); }
 
 /// The lamp stands `SPACE` pixels from the left edge, centred, as high as the body but at most as that of a
 /// button of the common size.
@@ -45,19 +35,11 @@ Area Lamp_Area(const Buttons& button) {
             button.Y + ((height - margin + button.Height) >> 1)};
 }
 
-/// What the lamp may paint: a frame that is higher than the lamp turns inside out.
-Area Lamp_Reach(const Buttons& button) {
-    const Area lamp = Lamp_Area(button);
-    const int frame = Lamp_Frame(button);
-    return {lamp.left, lamp.right, std::min(lamp.bottom, lamp.top - frame),
-            std::max(lamp.top, lamp.bottom + frame)};
-}
-
 void Paint_Lamp(Canvas& canvas, const Buttons& button) {
     if (!Has_Flag(button, BUTTON_LAMP)) return;
-    const int frame = Lamp_Frame(button);
+    const int frame = std::max(Frame_Thickness(button) - 1, 1);
     const Area lamp = Lamp_Area(button);
-    canvas.Box(lamp.Inset(frame), Lamp_Color(button).get());
+    canvas.Box(lamp.Inset(frame), Lamp_Color(button));
     Paint_Frame(canvas, button.Color, 0, true, frame, lamp);
 }
 
@@ -158,18 +140,11 @@ void For_Owned(const Buttons& button, Act act) {
         act(array);
 }
 
-/// Whether lamp and caption lie on the body alone, so that painting the body leaves nothing of them.
+/// Whether painting the body leaves nothing of what a button has on it.
 bool Body_Hides_Rest(const Buttons& button) {
-    const Area body = Area_Of(button).Inset(Frame_Thickness(button) + 1);
-    return (!Has_Flag(button, BUTTON_LAMP) || body.Holds(Lamp_Reach(button))) &&
-           Caption_Stays_Inside(button.Font, button.Name, Caption_Flags(button), Caption_Area(button),
-                                button.Border, body);
-}
-
-/// The reach of a paint of the whole button, whose lamp may be larger than that.
-Reach Whole(const Buttons& button) {
-    const bool open = Has_Flag(button, BUTTON_LAMP) && !Covered_By(button).Holds(Lamp_Reach(button));
-    return open ? Around(button) : galdren::Whole(button);
+    return !Has_Flag(button, BUTTON_LAMP) &&
+           Caption_Stays_Inside(button.Font, button.Name, Caption_Flags(button), Area_Of(button),
+                                button.Border, Area_Of(button).Inset(Frame_Thickness(button) + 1));
 }
 
 /// The whole button, highlighted when the pointer is inside. A passive one shows no lamp.

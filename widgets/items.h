@@ -40,11 +40,6 @@ void Release_Items(Item**& items) {
     items = nullptr;
 }
 
-inline void Report_No_Items(int line, const char* file, int count) {
-    Error_Fct(hwnd, ERROR_LEVEL_MEMORY, "line %-4d of %s \nmemory error in realloc (var=%s, dim=%dx%d)", line,
-              file, "this->Item", count + 1, 8);
-}
-
 /// Where frame and body of a control leave nothing to be seen of what was there; empty where they have no
 /// room, or do not fill it.
 inline Area Covered_By(const Tools_Fields& control) {
@@ -56,10 +51,11 @@ inline Area Covered_By(const Tools_Fields& control) {
     return Area_Of(control).Inset(Has_Flag(control, FLAG_NO_RIM) ? 1 : 0);
 }
 
-/// The reach of a paint of a whole control that is frame and body.
+/// The reach of a paint of a whole control that is frame and body, and perhaps a lamp, which may be higher.
 inline Reach Whole(const Tools_Fields& control) {
     const Area covered = Covered_By(control);
-    return Area_Of(control).Holds(covered) ? Covering(covered) : Around(control);
+    const bool complete = Area_Of(control).Holds(covered) && !Has_Flag(control, BUTTON_LAMP);
+    return complete ? Covering(covered) : Around(control);
 }
 
 /// Gives a part the text clip rectangle of its owner, and cuts it at the owner's edges.
@@ -163,11 +159,12 @@ template <class Item>
 int Grow_Items(const Tools& owner, Item**& items, int count, unsigned long flag, const Grow_Place& place) {
     const int before = Count_Items(items);
     if (before == count) return 1;
-    const int line = count > before ? place.growing : place.shrinking;
-    if (count > SHRT_MAX) {
-        Report_No_Items(line, place.file, count);
+    const auto fail = [&] {
+        Error_Fct(hwnd, ERROR_LEVEL_MEMORY, "line %-4d of %s \nmemory error in realloc (var=%s, dim=%dx%d)",
+                  count > before ? place.growing : place.shrinking, place.file, "this->Item", count + 1, 8);
         return 0;
-    }
+    };
+    if (count > SHRT_MAX) return fail();
     const bool shared = items && Is_Shared(Thing::Array, items);
     const int kept = std::clamp(count, 0, before);
     Item** resized = count < 0 ? nullptr : new (std::nothrow) Item* [std::size_t(count) + 1] {};
@@ -179,8 +176,7 @@ int Grow_Items(const Tools& owner, Item**& items, int count, unsigned long flag,
     if (!complete) {
         if (resized) Release_Items(resized);
         Release_Items(items);
-        if (count >= 0) Report_No_Items(line, place.file, count);
-        return count < 0;
+        return count < 0 ? 1 : fail();
     }
     // What stays of an array of its own has moved.
     if (!shared && items) std::copy(items + kept, items + before + 1, items);
@@ -188,10 +184,7 @@ int Grow_Items(const Tools& owner, Item**& items, int count, unsigned long flag,
     items = resized;
     for (int i = kept; i < count; ++i) {
         items[i] = new (std::nothrow) Item;
-        if (!items[i]) {
-            Report_No_Items(line, place.file, count);
-            return 0;
-        }
+        if (!items[i]) return fail();
         items[i]->Flag = flag;
         Copy_Clip(*items[i], owner);
     }

@@ -68,10 +68,6 @@ void Paint_Flat(Canvas& canvas, const TabItems& tab, const Area& area) {
     Paint_Base(canvas, area);
 }
 
-/// Where the body lies between its wings, all four edges included, when the upper edge of the tab is that of
-/// `top`.
-Area Middle_Of(const Area& top) { return {top.left + 1, top.right - 2, top.bottom + 2, top.top - 2}; }
-
 /// The bevel along an end, from its foot to its peak.
 /// @param inward  1 at the left end, -1 at the right one
 void Paint_Bevel(Canvas& canvas, const POINT& foot, const POINT& peak, int inward, bool straight,
@@ -156,9 +152,11 @@ void Paint_Look(Canvas& canvas, const TabItems& tab, bool highlighted) {
 
 /// Whether a caption painted before the body would be painted over.
 bool Body_Hides_Name(const TabItems& tab) {
+    const Area top = Top_Of(tab);
+    const Area between_wings{top.left + 1, top.right - 2, top.bottom + 2, top.top - 2};
     return !tab.Cur_Graph_Normal && !tab.Cur_Graph_Select &&
            Caption_Stays_Inside(tab.Font, tab.Name, Caption_Flags(tab), Area_Of(tab), tab.Border,
-                                Middle_Of(Top_Of(tab)));
+                                between_wings);
 }
 
 /// The whole tab, highlighted when the pointer is inside.
