@@ -7,7 +7,6 @@
 #include "tools/dimensions.h"
 #include "tools/font_cache.h"
 #include "tools/sharing.h"
-#include "widgets/button_items.h"
 #include "widgets/items.h"
 
 using namespace galdren;

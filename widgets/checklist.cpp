@@ -11,7 +11,6 @@
 #include "tools/window.h"
 #include "util/error.h"
 #include "util/program.h"
-#include "widgets/button_items.h"
 #include "widgets/items.h"
 
 using namespace galdren;

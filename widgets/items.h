@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <climits>
 #include <new>
+#include <span>
 
 #include "tools/base.h"
 #include "tools/sharing.h"
@@ -39,6 +40,20 @@ void Release_Items(Item**& items) {
     }
     items = nullptr;
 }
+
+/// Initialises buttons, of which there may be thousands and which their owner has made equal in size, border
+/// and font. They get no regions: nobody reads those of items, and Windows gives a process no more than
+/// 10,000 handles.
+void Init_Without_Regions(std::span<Buttons* const> buttons, HWND window);
+inline void Init_Without_Region(Buttons& button, HWND window) {
+    Buttons* const buttons[] = {&button};
+    Init_Without_Regions(buttons, window);
+}
+
+/// Has a button follow value and pointer as a paint does, for one that need not be painted.
+/// @param inside  whether the pointer is inside it
+/// @return whether it is highlighted
+bool Settle(Buttons& button, bool inside);
 
 /// Where frame and body of a control leave nothing to be seen of what was there; empty where they have no
 /// room, or do not fill it.

@@ -11,7 +11,6 @@
 #include "tools/font_cache.h"
 #include "tools/sharing.h"
 #include "tools/window.h"
-#include "widgets/button_items.h"
 #include "widgets/items.h"
 #include "widgets/scroll.h"
 
