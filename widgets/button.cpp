@@ -46,14 +46,10 @@ unsigned long Caption_Flags(const Buttons& button) {
     return galdren::Caption_Flags(button, button.Value != 0);
 }
 
-Area Caption_Area(const Buttons& button) {
+void Paint_Name(Canvas& canvas, const Buttons& button, unsigned long flags) {
     Area area = Area_Of(button);
     if (Has_Flag(button, BUTTON_LAMP)) area.left += Lamp_Width;
-    return area;
-}
-
-void Paint_Name(Canvas& canvas, const Buttons& button, unsigned long flags) {
-    Paint_Caption(canvas, button.Font, button.Name, flags, Caption_Area(button), button.Border);
+    Paint_Caption(canvas, button.Font, button.Name, flags, area, button.Border);
 }
 
 /// Body, lamp and caption.

@@ -125,20 +125,15 @@ bool Is_Up_To_Date(const CheckLists& list, int item, const POINT* pointer) {
     return plain && box.Value == box.Last_Value && !(pointer && PtInRect(&box.Rect, *pointer));
 }
 
-/// Calls `act` with every array that a list owns.
-template <class Act>
-void For_Owned(CheckLists& list, Act act) {
-    act(list.Hover_List);
-    act(list.Check);
-    act(list.Label);
-}
-
 /// A copy that shares the items keeps them.
 void Release_Items(CheckLists& list) {
-    For_Owned(list, [](auto*& array) {
+    const auto release = [](auto*& array) {
         if (Let_Go(Thing::Array, array)) delete[] array;
         array = nullptr;
-    });
+    };
+    release(list.Hover_List);
+    release(list.Check);
+    release(list.Label);
     list.Count = 0;
 }
 
@@ -248,7 +243,9 @@ CheckLists::CheckLists() = default;
 
 CheckLists::CheckLists(const CheckLists& other)
     : Tools(other), Check_List_Fields(other), Crowded(other.Crowded) {
-    For_Owned(*this, [](const auto* array) { Share(Thing::Array, array); });
+    Share(Thing::Array, Hover_List);
+    Share(Thing::Array, Check);
+    Share(Thing::Array, Label);
 }
 
 CheckLists& CheckLists::operator=(const CheckLists& other) { return Reassign(*this, other); }

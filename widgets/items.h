@@ -194,7 +194,7 @@ int Grow_Items(const Tools& owner, Item**& items, int count, unsigned long flag,
         return count < 0 ? 1 : fail();
     }
     // What stays of an array of its own has moved.
-    if (!shared && items) std::copy(items + kept, items + before + 1, items);
+    if (!shared && kept > 0) std::copy(items + kept, items + before + 1, items);
     Release_Items(items);
     items = resized;
     for (int i = kept; i < count; ++i) {

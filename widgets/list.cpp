@@ -153,12 +153,6 @@ Area Inner_Area(const Lists& list) {
     return inner;
 }
 
-/// The part in which they take clicks. One that reaches the outermost pixel is painted but takes none.
-Area Event_Area(const Lists& list) {
-    const Area inner = Inner_Area(list);
-    return {inner.left, inner.right - 1, inner.bottom, inner.top - 1};
-}
-
 bool Stands_In(const Buttons& item, const Area& area) {
     return item.X >= area.left && item.Y >= area.bottom && item.X + item.Width <= area.right &&
            item.Y + item.Height <= area.top;
@@ -371,7 +365,6 @@ void Lists::Choose_Shown() {
 
 /// Paints the inner area and the items in it.
 void Lists::Update() {
-    if (!Has_Size(*this)) return;
     const Area inner = Inner_Area(*this);
     short& first = Item_DX ? Item_X : Item_Y;
     if (Has_Bar(*this)) {
@@ -407,7 +400,10 @@ int Lists::Select(int event) {
         if (Any_Button_Held()) Follow_Bar();
         return 0;
     }
-    const Area area = Event_Area(*this);
+    // An item that reaches the outermost pixel is painted but takes no clicks.
+    Area area = Inner_Area(*this);
+    --area.right;
+    --area.top;
     const auto takes_events = [&](int i) { return Item[i]->Shown && Stands_In(*Item[i], area); };
     int result = 0;
     for (int i = Shown_Items.first; i < Shown_Items.end; ++i) {
