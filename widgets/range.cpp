@@ -8,6 +8,24 @@
 
 namespace galdren {
 
+int Usual_Arrow(const Tools_Fields& bar) {
+    return std::min(Bar_Thickness(bar), Bar_Length(bar) / 2 - CURSEUR);
+}
+
+int Arrow_Under_Pointer(HWND window, const Area& area, bool vertical, int size) {
+    POINT position{};
+    if (!Find_Pointer(window, position)) return 0;
+    const int distance = vertical ? position.y - area.bottom : position.x - area.left;
+    const int length = vertical ? area.top - area.bottom : area.right - area.left;
+    if (distance < size) return -1;
+    return distance > length - size ? 1 : 0;
+}
+
+void Paint_Arrows(Canvas& canvas, bool vertical, int inset, int size, const Area& area) {
+    Paint_Arrow(canvas, vertical ? ARROW_DOWN : ARROW_LEFT, inset, size, area);
+    Paint_Arrow(canvas, vertical ? ARROW_UP : ARROW_RIGHT, inset, size, area);
+}
+
 float Fraction(float value, float start, float end) {
     const float fraction = (value - start) / (end - start);
     return std::isfinite(fraction) ? fraction : 0.0F;

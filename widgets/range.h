@@ -19,6 +19,15 @@ inline int Bar_Length(const Tools_Fields& bar) { return Is_Vertical(bar) ? bar.H
 /// Across the bar.
 inline int Bar_Thickness(const Tools_Fields& bar) { return Is_Vertical(bar) ? bar.Width : bar.Height; }
 
+/// Side of the arrow boxes at the ends of a bar that gives them no size.
+int Usual_Arrow(const Tools_Fields& bar);
+
+/// Which arrow the pointer is on: -1 for that at the start of an area, 1 for that at its end, 0 for none.
+int Arrow_Under_Pointer(HWND window, const Area& area, bool vertical, int size);
+
+/// The arrows at both ends of an area; see `Paint_Arrow`.
+void Paint_Arrows(Canvas& canvas, bool vertical, int inset, int size, const Area& area);
+
 /// Where `value` lies between the ends, as a fraction; the start end where that is not defined.
 float Fraction(float value, float start, float end);
 

@@ -9,11 +9,7 @@ using namespace galdren;
 
 namespace {
 
-/// Side of the arrow boxes.
-int Arrow_Side(const Sliders& slider) {
-    if (slider.Arrow_Dim != 0) return slider.Arrow_Dim;
-    return std::min(Bar_Thickness(slider), Bar_Length(slider) / 2 - CURSEUR);
-}
+int Arrow_Side(const Sliders& slider) { return slider.Arrow_Dim ? slider.Arrow_Dim : Usual_Arrow(slider); }
 
 int Track_Length(const Sliders& slider) {
     return Bar_Length(slider) - 2 * (Bar_Thickness(slider) + slider.Curs_Half + Frame_Width(slider));
@@ -38,14 +34,9 @@ void Step_Value(Sliders& slider, int n) {
 }
 
 void Press_Arrows(Sliders& slider) {
-    int distance = 0;
-    if (!Pointer_Along(slider, distance)) return;
-    const int side = Arrow_Side(slider);
-    if (distance < side) {
-        Step_Value(slider, 1);
-    } else if (distance > Bar_Length(slider) - side) {
-        Step_Value(slider, -1);
-    }
+    const int arrow =
+        Arrow_Under_Pointer(slider.Window, Area_Of(slider), Is_Vertical(slider), Arrow_Side(slider));
+    if (arrow != 0) Step_Value(slider, -arrow);
 }
 
 /// Distance of the thumb from the start end, less the frame.
@@ -68,10 +59,8 @@ void Paint_Cursor(Canvas& canvas, const Sliders& slider) {
     if (Has_Flag(slider, FLAG_NO_BODY)) return;
     const Area area = Area_Of(slider);
     const int inset = Frame_Width(slider) + 2;
-    const int side = Arrow_Side(slider);
     const bool vertical = Is_Vertical(slider);
-    Paint_Arrow(canvas, vertical ? ARROW_DOWN : ARROW_LEFT, inset, side, area);
-    Paint_Arrow(canvas, vertical ? ARROW_UP : ARROW_RIGHT, inset, side, area);
+    Paint_Arrows(canvas, vertical, inset, Arrow_Side(slider), area);
     if (Bar_Length(slider) < 2 * Bar_Thickness(slider)) return;
 
     const int offset = Thumb_Offset(slider) - (vertical ? 1 : 2);
