@@ -38,15 +38,13 @@ bool Has_Mode_Button(const Color_Edit& editor) { return Has_Flag(editor, COLOR_E
 
 bool Has_Frame(const Color_Edit& editor) { return editor.Border > 0; }
 
-int Font_Height(const Color_Edit& editor) { return Metrics_Of(editor.Font).tmHeight; }
-
 /// What frame, caption, swatch and mode button leave for the troughs.
 Area Channel_Area(const Color_Edit& editor) {
     constexpr int Below_Caption = 3;
     Area area = Area_Of(editor);
     if (Has_Frame(editor)) {
         area = Room_In_Frame(editor, Frame_Thickness(editor));
-        if (editor.Name) area.top -= Below_Caption + Font_Height(editor);
+        if (editor.Name) area.top -= Below_Caption + Metrics_Of(editor.Font).tmHeight;
     } else {
         area.right -= Part_Gap + 2 * BUT_DIM;
     }

@@ -2,6 +2,7 @@
 /// A range of values along a bar, and how the bar follows the pointer: what sliders and valuators share.
 #pragma once
 
+#include <algorithm>
 #include <utility>
 
 #include "tools/base.h"
@@ -44,9 +45,7 @@ bool Pointer_Along(const Tools_Fields& bar, int& distance);
 /// The value that the thumb has at a position of its track.
 template <class Bar>
 float Value_At(const Bar& bar, int position) {
-    if (position <= 0) return bar.Tab[0];
-    const int last = bar.Tab_Num - 1;
-    return bar.Tab[position < last ? position : last];
+    return bar.Tab[std::clamp(position, 0, bar.Tab_Num - 1)];
 }
 
 /// The lower and the upper end of a bar's values.

@@ -122,25 +122,21 @@ void Paint_Name(Canvas& canvas, const Selects& selector) {
 }
 
 /// Caption, arrows and item.
-void Paint_Contents(Canvas& canvas, Selects& selector) {
+void Update(Selects& selector) {
     Hold_In_Range(selector);
+    Canvas canvas(selector, Inside(selector));
     Paint_Name(canvas, selector);
     Paint_Arrows(canvas, Is_Vertical(selector), 0, selector.Arrow_Size, Area_Of(selector.Value_Box));
     if (selector.Nb_Item > 0) Shown_Item(selector).Draw();
 }
 
-void Update(Selects& selector) {
-    Canvas canvas(selector, Inside(selector));
-    Paint_Contents(canvas, selector);
-}
-
-/// Inside and contents, as the pointer has them look.
+/// The inside and what stands on it, as the pointer has it look.
 void Paint_State(Selects& selector, bool highlighted) {
     Canvas canvas(selector, Inside(selector));
     const Boxs& frame = selector.Frame;
     const unsigned long* body = highlighted ? frame.Cur_Graph_Select : frame.Cur_Graph_Normal;
     Paint_Body(canvas, frame, highlighted, body, frame.Flag, Frame_Width(selector) + 1, Area_Of(frame));
-    Paint_Contents(canvas, selector);
+    Update(selector);
 }
 
 /// An outline, the caption and the item as an outline; no arrows.
@@ -203,7 +199,7 @@ void Selects::Draw() {
         Paint_Thin(canvas, *this);
     } else if (!Has_Flag(*this, FLAG_NO_BODY)) {
         if (!Has_Flag(*this, SELECTOR_NO_FRAME)) Frame.Draw();
-        Paint_Contents(canvas, *this);
+        Update(*this);
     }
 }
 

@@ -256,11 +256,6 @@ void Texts::Draw() {
     if (Name) Paint_Title(canvas, *this);
     Place_Bars(*this);
     For_Bars(*this, [](Sliders& bar) { bar.Draw(); });
-    Paint_Contents();
-}
-
-/// The output and, while reading, the input line.
-void Texts::Paint_Contents() {
     Re_Write();
     Paint_Input();
 }
@@ -354,7 +349,8 @@ void Texts::Append(bool new_line, const char* format, va_list arguments) {
     Replace(Lines[0], begin);
 
     const Shared_Context context(Window);
-    Paint_Contents();
+    Re_Write();
+    Paint_Input();
     Place_Bars(*this);
     For_Bars(*this, [](Sliders& bar) {
         bar.Val = 0.0F;
@@ -406,12 +402,7 @@ void Texts::Re_Write() {
                            {Font, Bold_Font, Oblique_Font}};
     Canvas canvas(*this, {area.left, area.right - 1, area.bottom + 1, area.top}, Picture);
     Area part = area;
-    int low = 0;
-    int high = 0;
-    if (canvas.Kept() && Move_Kept(canvas, view, area.top - area.bottom, low, high)) {
-        part.bottom = area.bottom + low;
-        part.top = area.bottom + high;
-    }
+    if (canvas.Kept()) Move_Kept(canvas, view, part);
     Painted = view;
     Appended = Renewed = 0;
 
@@ -432,24 +423,25 @@ void Texts::Re_Write() {
     if (Is_Shared(Thing::Array, Lines)) Picture = 0;
 }
 
-/// Moves the lines on the kept picture to where they stand now.
-/// @param height     of the output
-/// @param low, high  receive between which heights the output has to be painted
-/// @return false, with nothing moved, when all of it has to be painted
-bool Texts::Move_Kept(Canvas& canvas, const Output_View& view, int height, int& low, int& high) const {
+/// Moves the lines on the kept picture to where they stand now, if they can be.
+/// @param part  the output; receives the part of it that has to be painted
+void Texts::Move_Kept(Canvas& canvas, const Output_View& view, Area& part) const {
     Output_View before = Painted;
     before.scrolled = view.scrolled;
     const bool same_look = Even_Lines && view == before && !view.single;
     // A line that the bottom edge would cut is not painted at all, so only whole lines can be moved.
-    if (!same_look || view.scrolled % Line_Height != 0 || Painted.scrolled % Line_Height != 0) return false;
+    if (!same_look || view.scrolled % Line_Height != 0 || Painted.scrolled % Line_Height != 0) return;
 
+    const int height = part.top - part.bottom;
     const int rise = Appended * Line_Height + Painted.scrolled - view.scrolled;
     const int from_bottom = std::max(rise, Renewed * Line_Height - view.scrolled);
-    if (std::abs(rise) >= height || (rise < 0 && from_bottom > 0)) return false;
+    if (std::abs(rise) >= height || (rise < 0 && from_bottom > 0)) return;
     canvas.Raise(rise);
-    low = rise < 0 ? height + rise : 0;
-    high = rise < 0 ? height : std::min(from_bottom, height);
-    return true;
+    if (rise < 0) {
+        part.bottom = part.top + rise;
+    } else {
+        part.top = part.bottom + std::min(from_bottom, height);
+    }
 }
 
 void Texts::Rescale_Cursor() {

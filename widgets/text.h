@@ -10,7 +10,8 @@
 
 namespace galdren {
 class Canvas;
-}
+struct Area;
+}  // namespace galdren
 
 /// Bits of `Flag` that text fields add. `SLIDER_KEEP_GRAB` is handed on to the scroll bars.
 /// @{
@@ -127,7 +128,6 @@ class GALDREN_TOOLS_API Texts : public Tools, public Text_Fields {
     void Append(bool new_line, const char* format, va_list arguments);
     void Re_Write();
     void Rescale_Cursor();
-    void Paint_Contents();
     bool Select_Bar(Sliders& bar, int event);
     void Paint_Input();
     void Read_Echo();
@@ -144,7 +144,7 @@ class GALDREN_TOOLS_API Texts : public Tools, public Text_Fields {
         std::array<HFONT, 3> fonts;
         bool operator==(const Output_View& other) const = default;
     };
-    bool Move_Kept(galdren::Canvas& canvas, const Output_View& view, int height, int& low, int& high) const;
+    void Move_Kept(galdren::Canvas& canvas, const Output_View& view, galdren::Area& part) const;
 
     unsigned Picture{};     // number of the output's kept picture, 0 when there is none
     Output_View Painted{};  // on that picture

@@ -20,8 +20,6 @@ namespace {
 constexpr int Key_Backspace = 8;
 constexpr int Key_Enter = 13;
 constexpr int Key_Escape = 27;
-constexpr int Key_Paste = KEY_CONTROL | 'V';
-constexpr int Key_Keypad_Point = KEY_KEYPAD | VK_DECIMAL;
 
 bool Is_One_Of(char character, const char* set) { return character && std::strchr(set, character); }
 
@@ -216,9 +214,9 @@ bool Texts::Take(int key) {
             Rescale_Cursor();
             Draw();
             return false;
-        case Key_Paste:
+        case KEY_CONTROL | 'V':
             return Paste();
-        case Key_Keypad_Point:
+        case KEY_KEYPAD | VK_DECIMAL:
             return Insert(*this, '.');
         default:
             return key >= ' ' && key <= UCHAR_MAX && Insert(*this, static_cast<char>(key));

@@ -29,10 +29,6 @@ float From_Scale(const Valuators& valuator, float scaled) {
     return Has_Flag(valuator, VALUATOR_LOG_E) ? std::exp(scaled) : scaled;
 }
 
-bool Is_Logarithmic(const Valuators& valuator) {
-    return Has_Flag(valuator, VALUATOR_LOG_10 | VALUATOR_LOG_E);
-}
-
 /// Skips one conversion of a floating-point number. More digits than any field needs are refused.
 bool Skip_Conversion(const char*& at) {
     const auto skip_digits = [&at] {
@@ -156,16 +152,9 @@ void Fill_Table(Valuators& valuator) {
     const float range = To_Scale(valuator, valuator.End_Val) - start;
     const float step = positions > 1 ? range / static_cast<float>(positions - 1) : 0.0F;
     float value = valuator.Start_Val;
-    for (int i = 0; i < positions; ++i, value += step) {
-        valuator.Tab[i] =
-            Is_Logarithmic(valuator) ? From_Scale(valuator, static_cast<float>(i) * step + start) : value;
-    }
-}
-
-void Take_Given_Images(Valuators& valuator) {
-    valuator.Cur_Graph_Select = valuator.Graph_Select;
-    valuator.Cur_Graph_Normal = valuator.Graph_Normal;
-    Note_Images(valuator);
+    const bool linear = !Has_Flag(valuator, VALUATOR_LOG_10 | VALUATOR_LOG_E);
+    for (int i = 0; i < positions; ++i, value += step)
+        valuator.Tab[i] = linear ? value : From_Scale(valuator, static_cast<float>(i) * step + start);
 }
 
 void Paint_Padlock(Canvas& canvas, const Thumb& thumb) {
@@ -231,7 +220,9 @@ void Valuators::Init(HWND window) {
     Fill_Table(*this);
     Note_Size(*this);
     if (Never_Highlights(*this)) return;
-    Take_Given_Images(*this);
+    Cur_Graph_Select = Graph_Select;
+    Cur_Graph_Normal = Graph_Normal;
+    Note_Images(*this);
     Clamp_Value(*this);
 }
 
