@@ -173,7 +173,7 @@ unsigned long Color_Edit::Read() {
 unsigned long Color_Edit::Scroll(int n) {
     Check(*this, "Color_Edit::Scroll");
     if (!Has_Size(*this)) return 0;
-    const Canvas for_all_parts(*this, Inside(*this));
+    const Shared_Context context(Window);
     if (Scroll_Troughs(Troughs_Of(*this), Value, Space_Of(*this), n)) Adjust();
     return Value;
 }
@@ -188,7 +188,7 @@ void Color_Edit::Deselect() {
 void Color_Edit::Adjust() {
     Check(*this, "Color_Edit::Adjust");
     if (!Has_Size(*this) || Value == Last_Value || Has_Flag(*this, FLAG_PASSIVE)) return;
-    const Canvas for_all_parts(*this, Inside(*this));
+    const Shared_Context context(Window);
     Move_Thumbs(Troughs_Of(*this), Value, Space_Of(*this));
     Last_Value = Value;
     Update_Swatch(Swatch, Value);

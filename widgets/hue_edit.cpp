@@ -85,7 +85,7 @@ unsigned long Hue_Edit::Read() {
 unsigned long Hue_Edit::Scroll(int n) {
     Check(*this, "Hue_Edit::Scroll");
     if (!Has_Size(*this)) return 0;
-    const Canvas for_all_parts(*this, Inside(*this));
+    const Shared_Context context(Window);
     if (Scroll_Troughs(Troughs_Of(*this), Value, Space::HLS, n)) Adjust();
     return Value;
 }
@@ -98,7 +98,7 @@ void Hue_Edit::Deselect() {
 void Hue_Edit::Adjust() {
     Check(*this, "Hue_Edit::Adjust");
     if (!Has_Size(*this) || Value == Last_Value || Has_Flag(*this, FLAG_PASSIVE)) return;
-    const Canvas for_all_parts(*this, Inside(*this));
+    const Shared_Context context(Window);
     Move_Thumbs(Troughs_Of(*this), Value, Space::HLS);
     Update_Swatch(Swatch, Value);
 }
