@@ -20,6 +20,11 @@ inline int Bar_Length(const Tools_Fields& bar) { return Is_Vertical(bar) ? bar.H
 /// Across the bar.
 inline int Bar_Thickness(const Tools_Fields& bar) { return Is_Vertical(bar) ? bar.Width : bar.Height; }
 
+/// What a bar paints as a whole: every pixel where it has a ground.
+inline Reach Whole_Bar(const Tools_Fields& bar) {
+    return Has_Flag(bar, FLAG_NO_BODY | FLAG_STATIC) ? Inside(bar) : Covering(Area_Of(bar));
+}
+
 /// Side of the arrow boxes at the ends of a bar that gives them no size.
 int Usual_Arrow(const Tools_Fields& bar);
 

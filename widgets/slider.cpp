@@ -127,7 +127,7 @@ void Sliders::Draw() {
     Check(*this, "Sliders::Draw");
     if (!Has_Size(*this)) return;
     Clamp_Value(*this);
-    Canvas canvas(*this, Inside(*this));
+    Canvas canvas(*this, Whole_Bar(*this));
     if (Has_Flag(*this, FLAG_OUTLINE)) Paint_Outline(canvas, Area_Of(*this));
     if (!Has_Flag(*this, FLAG_NO_BODY)) {
         if (!Has_Flag(*this, FLAG_STATIC)) canvas.Box(Area_Of(*this), Color.get());

@@ -263,7 +263,7 @@ void Valuators::Draw() {
     if (!Has_Size(*this)) return;
     const char* const format = Format_Of(*this);
     Clamp_Value(*this);
-    Canvas canvas(*this, Inside(*this));
+    Canvas canvas(*this, Whole_Bar(*this));
     if (Has_Flag(*this, FLAG_OUTLINE)) {
         Paint_Outline(canvas, Area_Of(*this));
         Paint_Name(canvas, *this);
