@@ -56,8 +56,8 @@ float Value_At(const Bar& bar, int position) {
 /// The lower and the upper end of a bar's values.
 template <class Bar>
 std::pair<float, float> Bounds_Of(const Bar& bar) {
-    const std::pair bounds{bar.Start_Val, bar.End_Val};
-    return Has_Flag(bar, SLIDER_REVERSED) ? std::pair{bounds.second, bounds.first} : bounds;
+    if (Has_Flag(bar, SLIDER_REVERSED)) return {bar.End_Val, bar.Start_Val};
+    return {bar.Start_Val, bar.End_Val};
 }
 
 /// Holds the value between the two ends. What is not a number stays as it is.

@@ -14,7 +14,6 @@
 #include "tools/font.h"
 #include "tools/font_cache.h"
 #include "tools/sharing.h"
-#include "tools/window.h"
 #include "util/error.h"
 #include "util/program.h"
 #include "widgets/items.h"

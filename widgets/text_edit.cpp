@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <cctype>
 #include <climits>
 #include <cstdarg>
 #include <cstdio>
@@ -10,7 +9,6 @@
 #include "tools/base.h"
 #include "tools/font_cache.h"
 #include "tools/keyboard.h"
-#include "tools/sharing.h"
 #include "widgets/text.h"
 
 using namespace galdren;
