@@ -75,16 +75,11 @@ bool Is_New(std::string_view format) {
     return true;
 }
 
-/// The format of the number field, or one in place of it that cannot be used, which is reported once; null
-/// when there is no such field.
-const char* Format_Of(const Valuators& valuator) {
-    const char* const format = valuator.Format;
-    if (!format || Is_Number_Format(format)) return format;
-    if (Is_New(format)) {
-        Error_Fct(hwnd, ERROR_LEVEL_WARNING, "Valuators: the format \"%s\" is not one number\n   name: %s",
-                  format, Name_Of(valuator));
-    }
-    return "%g";
+/// Reports a format that cannot be used, once.
+void Report_Format(const Valuators& valuator) {
+    if (!Is_New(valuator.Format)) return;
+    Error_Fct(hwnd, ERROR_LEVEL_WARNING, "Valuators: the format \"%s\" is not one number\n   name: %s",
+              valuator.Format, Name_Of(valuator));
 }
 
 /// Room between the edge and the trough: the frame, and the inner frame that a number field brings.
@@ -216,7 +211,7 @@ void Valuators::Init(HWND window) {
     Renew_Font(*this);
     if (Is_Vertical(*this)) Format = nullptr;
     if (!Format) Num_Width = 0;
-    Format_Of(*this);  // for its report
+    Used_Format();  // for its report
     Fill_Table(*this);
     Note_Size(*this);
     if (Never_Highlights(*this)) return;
@@ -258,10 +253,24 @@ void Valuators::Deselect() {
     if (Has_Size(*this)) Deselect_Bar(*this, Paint_State);
 }
 
+/// The format of the number field, or one in place of it that cannot be used; null when there is no such
+/// field. It is looked at again when its text is another one, which may stand at the same place.
+const char* Valuators::Used_Format() {
+    if (!Format) return nullptr;
+    if (!Checked_Format[0] || std::strcmp(Format, Checked_Format) != 0) {
+        Is_Number = Is_Number_Format(Format);
+        const std::string_view text(Format);
+        const bool fits = text.size() < sizeof Checked_Format;
+        Checked_Format[fits ? text.copy(Checked_Format, text.size()) : 0] = '\0';
+        if (!Is_Number) Report_Format(*this);
+    }
+    return Is_Number ? Format : "%g";
+}
+
 void Valuators::Draw() {
     Check(*this, "Valuator::Draw");
     if (!Has_Size(*this)) return;
-    const char* const format = Format_Of(*this);
+    const char* const format = Used_Format();
     Clamp_Value(*this);
     Canvas canvas(*this, Whole_Bar(*this));
     if (Has_Flag(*this, FLAG_OUTLINE)) {
@@ -281,7 +290,7 @@ void Valuators::Draw() {
 void Valuators::Adjust() {
     Check(*this, "Valuator::Adjust");
     if (!Has_Size(*this)) return;
-    const char* const format = Format_Of(*this);
+    const char* const format = Used_Format();
     Canvas canvas(*this, Inside(*this));
     if (Has_Flag(*this, FLAG_OUTLINE)) {
         Paint_Outline(canvas, Area_Of(*this));
