@@ -5,7 +5,7 @@
 
 #include "tools/font.h"
 #include "tools/font_cache.h"
-#include "tools/surface.h"
+#include "tools/globals.h"
 
 namespace galdren {
 
@@ -33,43 +33,22 @@ Reach Kept_Reach(const Tools_Fields& control, const Area& covered, unsigned& pic
 }  // namespace
 
 Canvas::Canvas(const Tools_Fields& control, const Reach& reach)
-    : view(Take_View(control.Window, Limited(control, reach))) {}
+    : view(control.Window, Limited(control, reach)) {}
 
 Canvas::Canvas(const Tools_Fields& control, const Area& covered, unsigned& picture)
     : Canvas(control, Kept_Reach(control, covered, picture)) {}
 
-Canvas::Canvas(HWND window, const Reach& reach)
-    : view(Take_View(window, {reach.area, reach.covered, nullptr, true})) {}
+Canvas::Canvas(HWND window, const Reach& reach) : view(window, {reach.area, reach.covered, nullptr, true}) {}
 
 void Canvas::Raise(int rows) {
     view.sheet->Raise(rows);
     view.origin = view.sheet->Origin();
-    painted = view.clip;
+    view.painted = view.clip;
 }
-
-void Canvas::Set_Clip(const RECT& clip) {
-    view.clip = clip;
-    Limit_Nested(clip);
-}
-
-/// What may be painted of a rectangle; empty when there is nothing.
-RECT Canvas::Clipped(const RECT& device) const { return Common(device, view.clip); }
 
 RECT Canvas::On_Sheet(const RECT& device) const {
     return {device.left - view.origin.x, device.top - view.origin.y, device.right - view.origin.x,
             device.bottom - view.origin.y};
-}
-
-void Canvas::Fill(const RECT& device, unsigned long color) {
-    const RECT box = Clipped(device);
-    if (Is_Empty(box)) return;
-    Include(painted, box);
-    if (view.sheet) {
-        Fill_Pixels(view.sheet->Pixels(), On_Sheet(box), Pixel_Of(color));
-    } else if (view.dc) {
-        SetDCBrushColor(view.dc, color & 0xFFFFFF);
-        FillRect(view.dc, &box, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
-    }
 }
 
 void Canvas::Box(const Area& area, unsigned long color) {
@@ -159,7 +138,7 @@ void Canvas::Fill_Rows(Polygon_Rows& rows, unsigned long color) {
         filled = {std::min(filled.left, left), std::min<LONG>(filled.top, y), std::max(filled.right, right),
                   y + 1};
     }
-    if (!Is_Empty(filled)) Include(painted, filled);
+    if (!Is_Empty(filled)) Include(view.painted, filled);
 }
 
 void Canvas::Pixels(const void* buffer, int width, int height, int column, int rows_below, const Area& area) {
@@ -170,7 +149,7 @@ void Canvas::Pixels(const void* buffer, int width, int height, int column, int r
     const RECT wanted{area.left, Y(area.top), area.right + 1, Y(area.bottom) + 1};
     const RECT shown = Clipped(Common(image, wanted));
     if (Is_Empty(shown)) return;
-    Include(painted, shown);
+    Include(view.painted, shown);
     const Raster source{static_cast<unsigned long*>(const_cast<void*>(buffer)), width};
     const SIZE size{shown.right - shown.left, shown.bottom - shown.top};
     const int from_x = static_cast<int>(shown.left) - left;
@@ -200,7 +179,7 @@ template <class Paint>
 void Canvas::Write_Clipped(HFONT font, const RECT& reach, unsigned long color, Paint paint) {
     const RECT clip = Clipped(reach);
     if (Is_Empty(clip) || !(view.sheet || view.dc)) return;
-    Include(painted, clip);
+    Include(view.painted, clip);
     paint(With_Text(font, color), On_Sheet(clip));
     // A font that is not ours may be gone tomorrow, and another one have its handle.
     if (view.sheet && font && !Facts_Of(font)) view.sheet->With_Font(nullptr);
@@ -248,7 +227,7 @@ void Canvas::Write_By_GDI(HFONT font, const RECT& reach, unsigned long color, Pa
 void Canvas::Polygon_By_GDI(std::span<const POINT> corners, unsigned long color) {
     const HDC dc = view.sheet ? view.sheet->For_GDI() : view.dc;
     if (!dc || Is_Empty(view.clip)) return;
-    painted = view.clip;
+    view.painted = view.clip;
     const Client_Pixels pixels(dc, view.origin, view.clip, !view.sheet);
     const HGDIOBJ brush = SelectObject(dc, GetStockObject(DC_BRUSH));
     const HGDIOBJ pen = SelectObject(dc, GetStockObject(DC_PEN));

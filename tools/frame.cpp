@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "tools/shading.h"
-#include "tools/surface.h"
+#include "tools/globals.h"
 
 namespace galdren {
 

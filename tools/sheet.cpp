@@ -141,11 +141,9 @@ void Retire_Sheet(std::unique_ptr<Sheet> sheet) {
     if (sheet && sheet->users > 0) Nest(std::move(sheet));
 }
 
-Sheet* Acquire_Sheet(HWND window, const RECT& place) {
-    Sheet* sheet = Find_Sheet(Size_Of(place));
-    if (!sheet) return nullptr;
-    sheet->Stand_For(window, place);
-    sheet->users = 1;
+Sheet* Free_Sheet(HWND window, const RECT& place) {
+    Sheet* const sheet = Find_Sheet(Size_Of(place));
+    if (sheet) sheet->Stand_For(window, place);
     return sheet;
 }
 
