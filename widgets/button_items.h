@@ -2,10 +2,12 @@
 /// Buttons as the items of a list, of which there may be thousands.
 #pragma once
 
+#include <windows.h>
+
 #include <cstddef>
 #include <span>
 
-#include "widgets/button.h"
+class Buttons;
 
 namespace galdren {
 
