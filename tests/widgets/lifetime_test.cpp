@@ -350,8 +350,8 @@ TEST(Handles, Are_All_Given_Back) {
     for (int i = 0; i < 3; ++i)
         all();
     EXPECT_EQ(Gdi_Objects(), before);
-    EXPECT_GT(spy.Count("GetDC"), 0);
-    EXPECT_EQ(spy.Count("GetDC"), spy.Count("ReleaseDC"));
+    EXPECT_GT(spy.Contexts(), 0);
+    EXPECT_EQ(spy.Contexts(), spy.Count("ReleaseDC"));
     Boxs box;
     Fill_In(box);
     box.Init(window);
@@ -456,7 +456,7 @@ TEST(Failures, Of_Memory_And_Handles_Are_Tolerated) {
     Report_Catcher reports;
     const auto all = [&] {
         for (const char* function :
-             {"", "GetDC", "CreateRectRgn", "CreateFontIndirectA", "CreateDIBSection"}) {
+             {"", "GetDC", "GetDCEx", "CreateRectRgn", "CreateFontIndirectA", "CreateDIBSection"}) {
             for (int passed = 0; passed < (*function ? 8 : 60); ++passed) {
                 Call_Spy spy;
                 *function ? spy.Fail(function, passed) : spy.Fail_Allocation(passed);
