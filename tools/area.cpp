@@ -9,6 +9,13 @@ Area Common(const Area& a, const Area& b) {
             std::min(a.top, b.top)};
 }
 
+Area Upright(const Area& area) {
+    Area box = area;
+    if (box.left > box.right) box = {box.right + 1, box.left + 1, box.bottom, box.top};
+    if (box.bottom > box.top) box = {box.left, box.right, box.top - 1, box.bottom - 1};
+    return box;
+}
+
 RECT Device_Of(const Area& area, LONG client_height) {
     return {area.left, client_height - 1 - area.top, area.right + 1, client_height - area.bottom};
 }

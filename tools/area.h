@@ -27,6 +27,10 @@ struct Area {
 /// What two areas have in common; turned round when they have nothing.
 Area Common(const Area& a, const Area& b);
 
+/// An area that is filled without its right column and bottom row, turned the right way round: one that was
+/// not ends a pixel further.
+Area Upright(const Area& area);
+
 /// The pixels of an area, all four edges included, in a client area of this height, y downward.
 RECT Device_Of(const Area& area, LONG client_height);
 

@@ -29,7 +29,6 @@ struct Arrow_Shape {
     int size;
     int center;  ///< across the axis, from the lower (or left) edge of the arrow's zone
 
-    bool operator==(const Arrow_Shape&) const = default;
     bool Is_Horizontal() const { return direction == ARROW_LEFT || direction == ARROW_RIGHT; }
     int Inward() const { return direction == ARROW_LEFT || direction == ARROW_DOWN ? 1 : -1; }
 
@@ -54,7 +53,6 @@ struct Triangle {
 
 /// One polygon of an arrow, y upward from the tip of its zone.
 struct Facet {
-    int count;
     std::array<POINT, 4> corners;
     unsigned long color;
 };
@@ -70,10 +68,10 @@ Facets Facets_Of(const Arrow_Shape& shape) {
     const Triangle inner(shape, shape.inset + Bevel_At_Tip, shape.size - Bevel_At_Base,
                          shape.inset + Bevel_At_Side);
     const Facet_Shades& shades = Shades_Of_Facets[shape.direction];
-    return {{{3, {inner.tip, inner.low, inner.high}, Dark_Grey},
-             {4, {outer.tip, outer.high, inner.high, inner.tip}, shades.high},
-             {4, {outer.low, outer.high, inner.high, inner.low}, shades.base},
-             {4, {outer.tip, outer.low, inner.low, inner.tip}, shades.low}}};
+    return {{{{inner.tip, inner.low, inner.high, inner.high}, Dark_Grey},
+             {{outer.tip, outer.high, inner.high, inner.tip}, shades.high},
+             {{outer.low, outer.high, inner.high, inner.low}, shades.base},
+             {{outer.tip, outer.low, inner.low, inner.tip}, shades.low}}};
 }
 
 }  // namespace
@@ -94,11 +92,7 @@ void Paint_Arrow(Canvas& canvas, short direction, int inset, int size, const Are
         const auto corner = [&](std::size_t i) {
             return POINT{zone.x + facet.corners[i].x, zone.y + facet.corners[i].y};
         };
-        if (facet.count == 3) {
-            canvas.Polygon({corner(0), corner(1), corner(2)}, facet.color);
-        } else {
-            canvas.Polygon({corner(0), corner(1), corner(2), corner(3)}, facet.color);
-        }
+        canvas.Polygon({corner(0), corner(1), corner(2), corner(3)}, facet.color);
     }
 }
 

@@ -53,10 +53,7 @@ RECT Canvas::On_Sheet(const RECT& device) const {
 
 void Canvas::Box(const Area& area, unsigned long color) {
     Current_Color = color;
-    Area box = area;
-    if (box.left > box.right) box = {box.right + 1, box.left + 1, box.bottom, box.top};
-    if (box.bottom > box.top) box = {box.left, box.right, box.top - 1, box.bottom - 1};
-    Fill(Device(box), color);
+    Fill(Device(Upright(area)), color);
 }
 
 void Canvas::Row(int x_from, int x_to, int y, unsigned long color) {
@@ -173,18 +170,6 @@ HDC Canvas::With_Text(HFONT font, unsigned long color) {
     return view.dc;
 }
 
-/// Calls `paint` with a context for the text and with what may be painted of `reach`, both in pixels of the
-/// context; unless that is nothing.
-template <class Paint>
-void Canvas::Write_Clipped(HFONT font, const RECT& reach, unsigned long color, Paint paint) {
-    const RECT clip = Clipped(reach);
-    if (Is_Empty(clip) || !(view.sheet || view.dc)) return;
-    Include(view.painted, clip);
-    paint(With_Text(font, color), On_Sheet(clip));
-    // A font that is not ours may be gone tomorrow, and another one have its handle.
-    if (view.sheet && font && !Facts_Of(font)) view.sheet->With_Font(nullptr);
-}
-
 namespace {
 
 /// Has a context count in pixels of the client area for a scope, and limits it to a rectangle: for what GDI
@@ -215,13 +200,20 @@ class Client_Pixels {
 
 }  // namespace
 
-/// Calls `paint` with a context in pixels of the client area, limited to what may be painted of `reach`.
+/// Calls `paint` with a context for the text, in pixels of the client area and limited to what may be painted
+/// of `reach`; unless that is nothing.
 template <class Paint>
 void Canvas::Write_By_GDI(HFONT font, const RECT& reach, unsigned long color, Paint paint) {
-    Write_Clipped(font, reach, color, [&](HDC dc, const RECT&) {
-        const Client_Pixels pixels(dc, view.origin, Clipped(reach), !view.sheet);
+    const RECT clip = Clipped(reach);
+    if (Is_Empty(clip) || !(view.sheet || view.dc)) return;
+    Include(view.painted, clip);
+    const HDC dc = With_Text(font, color);
+    {
+        const Client_Pixels pixels(dc, view.origin, clip, !view.sheet);
         paint(dc);
-    });
+    }
+    // A font that is not ours may be gone tomorrow, and another one have its handle.
+    if (view.sheet && font && !Facts_Of(font)) view.sheet->With_Font(nullptr);
 }
 
 void Canvas::Polygon_By_GDI(std::span<const POINT> corners, unsigned long color) {
@@ -236,12 +228,6 @@ void Canvas::Polygon_By_GDI(std::span<const POINT> corners, unsigned long color)
     ::Polygon(dc, corners.data(), static_cast<int>(corners.size()));
     SelectObject(dc, pen);
     SelectObject(dc, brush);
-}
-
-void Canvas::Write(HFONT font, const char* text, const Area& area, Place across, Place down,
-                   unsigned long color) {
-    if (area.left >= area.right || area.bottom >= area.top) return;
-    if (!Write_Plain(font, text, area, across, down, color)) Write_Any(font, text, area, across, down, color);
 }
 
 /// The glyphs of a text that is short and of characters that the font has.
@@ -261,29 +247,33 @@ struct Canvas::Glyph_Run {
         }
         return true;
     }
-
-    void Write(HDC dc, int x, int y, const RECT& clip) const {
-        ExtTextOutW(dc, x, y, ETO_CLIPPED | ETO_GLYPH_INDEX, &clip, reinterpret_cast<const WCHAR*>(glyphs),
-                    static_cast<UINT>(count), nullptr);
-    }
 };
 
-/// The usual caption. Its glyphs are placed by hand, for DrawText takes twice as long.
-/// @return false when the text needs DrawText
-bool Canvas::Write_Plain(HFONT font, const char* text, const Area& area, Place across, Place down,
-                         unsigned long color) {
+/// Writes glyphs of a font with its top left corner at a pixel of the client area, clipped to `reach`.
+void Canvas::Write_Glyphs(HFONT font, const Glyph_Run& run, int x, int y, const RECT& reach,
+                          unsigned long color) {
+    const RECT clip = Clipped(reach);
+    if (Is_Empty(clip) || !(view.sheet || view.dc)) return;
+    Include(view.painted, clip);
+    const RECT limits = On_Sheet(clip);
+    ExtTextOutW(With_Text(font, color), x - view.origin.x, y - view.origin.y, ETO_CLIPPED | ETO_GLYPH_INDEX,
+                &limits, reinterpret_cast<const WCHAR*>(run.glyphs), static_cast<UINT>(run.count), nullptr);
+}
+
+/// The glyphs of the usual caption are placed by hand, for DrawText takes twice as long.
+void Canvas::Write(HFONT font, const char* text, const Area& area, Place across, Place down,
+                   unsigned long color) {
     constexpr int Longest_Caption = 128;
+    if (area.left >= area.right || area.bottom >= area.top) return;
     const Font_Facts* facts = Facts_Of(font);
     Glyph_Run run;
-    if (!facts || !run.Take(*facts, text, Longest_Caption)) return false;
+    if (!facts || !run.Take(*facts, text, Longest_Caption))
+        return Write_Any(font, text, area, across, down, color);
     int x = area.left;
     if (across == Place::Middle) x = (area.left + area.right - run.width) / 2;
     if (across == Place::End) x = area.right - run.width;
     const int y = Y(area.top) + Offset(down, area.top - area.bottom, facts->metrics.tmHeight);
-    Write_Clipped(font, Device(area), color, [&](HDC dc, const RECT& clip) {
-        run.Write(dc, x - view.origin.x, y - view.origin.y, clip);
-    });
-    return true;
+    Write_Glyphs(font, run, x, y, Device(area), color);
 }
 
 void Canvas::Write_Any(HFONT font, const char* text, const Area& area, Place across, Place down,
@@ -320,10 +310,7 @@ int Canvas::Write_Run(HFONT font, const char* text, int x, int y, unsigned long 
         return Width_Of(font, text);
     }
     // Slanted letters reach beyond their place, by less than they are high.
-    Write_Clipped(
-        font, {x - height, top, x + run.width + height, top + height}, color, [&](HDC dc, const RECT& clip) {
-            run.Write(dc, x - static_cast<int>(view.origin.x), top - static_cast<int>(view.origin.y), clip);
-        });
+    Write_Glyphs(font, run, x, top, {x - height, top, x + run.width + height, top + height}, color);
     return run.width;
 }
 

@@ -115,11 +115,8 @@ class Canvas {
     struct Glyph_Run;
     HDC With_Text(HFONT font, unsigned long color);
     template <class Paint>
-    void Write_Clipped(HFONT font, const RECT& reach, unsigned long color, Paint paint);
-    template <class Paint>
     void Write_By_GDI(HFONT font, const RECT& reach, unsigned long color, Paint paint);
-    bool Write_Plain(HFONT font, const char* text, const Area& area, Place across, Place down,
-                     unsigned long color);
+    void Write_Glyphs(HFONT font, const Glyph_Run& run, int x, int y, const RECT& reach, unsigned long color);
     void Write_Any(HFONT font, const char* text, const Area& area, Place across, Place down,
                    unsigned long color);
 

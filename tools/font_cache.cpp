@@ -19,10 +19,6 @@ namespace galdren {
 
 namespace {
 
-struct Measuring_Picture : Picture {
-    Measuring_Picture() : Picture({1, 1}) {}
-};
-
 /// Resolution of the display in pixels per inch. It is fixed for the life of a process, and asking for it is
 /// slow.
 struct Resolution {
@@ -149,7 +145,7 @@ bool Asks_For_Nothing(const char* face, const char* weight, const char* style, s
 
 /// The context on which texts are measured, with the font in place.
 HDC Measure_With(HFONT font) {
-    static Immortal<Measuring_Picture> picture;
+    static Immortal<Picture> picture(SIZE{1, 1});
     return picture->With_Font(font);
 }
 

@@ -10,16 +10,8 @@ namespace {
 
 /// Bit of a button in `Button_State`; 0 for a number that names no button.
 unsigned int Button_Bit(int button) {
-    switch (button) {
-        case 1:
-            return 1;
-        case 2:
-            return 4;
-        case 3:
-            return 2;
-        default:
-            return 0;
-    }
+    constexpr unsigned int Bits[] = {0, 1, 4, 2};
+    return button >= 0 && button <= 3 ? Bits[button] : 0;
 }
 
 }  // namespace

@@ -27,7 +27,10 @@ class Drawing_Lock {
 template <class Object>
 class Immortal {
   public:
-    Immortal() { new (storage) Object; }
+    template <class... Arguments>
+    explicit Immortal(const Arguments&... arguments) {
+        new (storage) Object(arguments...);
+    }
     Immortal(const Immortal&) = delete;
     Immortal& operator=(const Immortal&) = delete;
     Object& operator*() { return *std::launder(reinterpret_cast<Object*>(storage)); }

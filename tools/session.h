@@ -6,6 +6,7 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <list>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -35,8 +36,8 @@ struct Batch {
 
 /// A window whose picture is held.
 struct Hold {
-    HWND window;
-    int count;
+    HWND window = nullptr;
+    int count = 1;
     std::unique_ptr<Sheet> sheet;           ///< null until something is painted, or without memory
     std::optional<Window_Context> context;  ///< kept from paint to paint
 
@@ -50,16 +51,16 @@ struct Sessions {
     Sessions();
     std::vector<Pair> pairs;
     std::vector<Batch> batches;
-    std::vector<Hold> holds;
+    std::list<Hold> holds;
 };
 
 Sessions& Open_Sessions();
 
 /// The last of them that is of a window; null when there is none.
-template <class Session>
-Session* Last_Of(std::vector<Session>& sessions, HWND window) {
+template <class All>
+typename All::value_type* Last_Of(All& sessions, HWND window) {
     const auto found = std::find_if(sessions.rbegin(), sessions.rend(),
-                                    [&](const Session& session) { return session.window == window; });
+                                    [&](const auto& session) { return session.window == window; });
     return found == sessions.rend() ? nullptr : &*found;
 }
 

@@ -70,11 +70,6 @@ class Pool {
     bool Release(Value value) {
         if (!value) return false;
         const Drawing_Lock lock;
-        return Release(lock, value);
-    }
-
-    /// The same for who has the lock already.
-    bool Release(const Drawing_Lock& lock, Value value) {
         if (!Let_Go(lock, kind, value)) return false;
         const auto found = by_value.find(value);
         if (found != by_value.end()) {

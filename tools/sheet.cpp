@@ -109,15 +109,14 @@ Sheet* Nest(std::unique_ptr<Sheet> sheet) try {
 /// A free sheet with enough room, made if need be; null without memory.
 Sheet* Find_Sheet(SIZE size) {
     Sheets& sheets = All_Sheets();
-    if (size.cx <= Small_Room.cx && size.cy <= Small_Room.cy && Is_Free(sheets.small_one)) {
-        if (!sheets.small_one) sheets.small_one = Make_Sheet(Small_Room);
-        return sheets.small_one.get();
+    const bool small = size.cx <= Small_Room.cx && size.cy <= Small_Room.cy && Is_Free(sheets.small_one);
+    std::unique_ptr<Sheet>& sheet = small ? sheets.small_one : sheets.large_one;
+    if (!Is_Free(sheet)) return Nest(Make_Sheet(size));
+    if (!sheet || !sheet->Has_Room(size)) {
+        sheet.reset();
+        sheet = Make_Sheet(small ? Small_Room : size);
     }
-    if (!Is_Free(sheets.large_one)) return Nest(Make_Sheet(size));
-    if (sheets.large_one && sheets.large_one->Has_Room(size)) return sheets.large_one.get();
-    sheets.large_one.reset();
-    sheets.large_one = Make_Sheet(size);
-    return sheets.large_one.get();
+    return sheet.get();
 }
 
 void Free_Sheets() {

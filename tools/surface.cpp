@@ -172,13 +172,13 @@ void Begin_Hold(HWND window) {
     if (!IsWindow(window)) return;
     const Drawing_Lock lock;
     Forget_Dead_Windows();
-    std::vector<Hold>& holds = Open_Sessions().holds;
+    std::list<Hold>& holds = Open_Sessions().holds;
     if (Hold* const hold = Last_Of(holds, window)) {
         ++hold->count;
         return;
     }
     try {
-        holds.push_back({window, 1, nullptr, std::nullopt});
+        holds.emplace_back().window = window;
     } catch (const std::bad_alloc&) {
         return;  // the window is painted like any other
     }
@@ -186,7 +186,7 @@ void Begin_Hold(HWND window) {
 
 void End_Hold(HWND window) {
     const Drawing_Lock lock;
-    std::vector<Hold>& holds = Open_Sessions().holds;
+    std::list<Hold>& holds = Open_Sessions().holds;
     Hold* const hold = Last_Of(holds, window);
     if (!hold || --hold->count > 0) return;
     Retire_Sheet(std::move(hold->sheet));

@@ -1,7 +1,6 @@
 #include "tools/window.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "tools/input.h"
 
@@ -47,7 +46,7 @@ HDC Take_Cached(HWND window) {
 
 }  // namespace
 
-Window_Context::Window_Context(HWND owner) : window(owner), dc(nullptr), saved(0) {
+Window_Context::Window_Context(HWND owner) : window(owner) {
     if (!owner) return;
     const bool is_mirrored = Is_Mirrored(owner);
     const auto contexts = GetClassLongPtrA(owner, GCL_STYLE) & (CS_OWNDC | CS_CLASSDC | CS_PARENTDC);
@@ -65,16 +64,6 @@ Window_Context::Window_Context(HWND owner) : window(owner), dc(nullptr), saved(0
 Window_Context::~Window_Context() {
     if (saved) RestoreDC(dc, saved);
     if (dc) ReleaseDC(window, dc);
-}
-
-Window_Context::Window_Context(Window_Context&& other) noexcept
-    : window(other.window), dc(std::exchange(other.dc, nullptr)), saved(std::exchange(other.saved, 0)) {}
-
-Window_Context& Window_Context::operator=(Window_Context&& other) noexcept {
-    std::swap(window, other.window);
-    std::swap(dc, other.dc);
-    std::swap(saved, other.saved);
-    return *this;
 }
 
 bool Find_Pointer(HWND window, POINT& position) {

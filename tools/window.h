@@ -22,15 +22,15 @@ class Window_Context {
   public:
     explicit Window_Context(HWND owner);
     ~Window_Context();
-    Window_Context(Window_Context&& other) noexcept;
-    Window_Context& operator=(Window_Context&& other) noexcept;
+    Window_Context(const Window_Context&) = delete;
+    Window_Context& operator=(const Window_Context&) = delete;
     /// Null when there is none to be had.
     HDC Get() const { return dc; }
 
   private:
     HWND window;
-    HDC dc;
-    int saved;  // state of a context that belongs to its window or class, and is not ours to change
+    HDC dc = nullptr;
+    int saved = 0;  // state of a context that belongs to its window or class, and is not ours to change
 };
 
 /// Pointer position in the logical coordinates of `window`.
