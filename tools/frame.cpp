@@ -7,6 +7,15 @@
 
 namespace galdren {
 
+namespace {
+
+/// Colours of one ring of a shaded frame.
+struct Ring_Shades {
+    Colors bottom_right;
+    Colors top_left;
+};
+
+/// @param ring  1 for the outermost of `width` rings
 Ring_Shades Shades_Of_Ring(Colors color, bool sunken, int width, int ring) {
     constexpr int Contrast = 80;
     constexpr int Extra_Dark = 40;
@@ -18,6 +27,8 @@ Ring_Shades Shades_Of_Ring(Colors color, bool sunken, int width, int ring) {
     dark += static_cast<short>(sunken ? -(offset + Extra_Dark) : -offset);
     return sunken ? Ring_Shades{light, dark} : Ring_Shades{dark, light};
 }
+
+}  // namespace
 
 void Paint_Frame(Canvas& canvas, Colors color, unsigned long flags, bool sunken, int width,
                  const Area& area) {

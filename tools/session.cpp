@@ -42,7 +42,7 @@ HDC Context_Of(Hold& hold) {
 /// A context that belongs to its window or class is given back each time, for the application has it too; one
 /// that could not be had is asked for again.
 void Put_Away_Context(Hold& hold) {
-    if (hold.context && (!hold.context->Get() || Has_Private_Context(hold.window))) hold.context.reset();
+    if (hold.context && (!hold.context->Get() || hold.context->Is_Private())) hold.context.reset();
 }
 
 }  // namespace

@@ -66,11 +66,7 @@ bool Is_Lost(Thing kind, const void* thing) { return Never_Freed[Place_Of(kind, 
 
 }  // namespace
 
-void Share(Thing kind, const void* thing, unsigned holders) {
-    if (thing) Share(Drawing_Lock(), kind, thing, holders);
-}
-
-void Share(const Drawing_Lock&, Thing kind, const void* thing, unsigned holders) {
+void Share(Thing kind, const void* thing, unsigned holders, const Drawing_Lock&) {
     if (!thing || holders == 0) return;
     const auto entry = All_Holders().find({kind, thing});
     if (entry != All_Holders().end()) {
@@ -88,9 +84,7 @@ bool Is_Shared(Thing kind, const void* thing) {
     return Is_Lost(kind, thing) || All_Holders().count({kind, thing}) != 0;
 }
 
-bool Let_Go(Thing kind, const void* thing) { return thing && Let_Go(Drawing_Lock(), kind, thing); }
-
-bool Let_Go(const Drawing_Lock&, Thing kind, const void* thing) {
+bool Let_Go(Thing kind, const void* thing, const Drawing_Lock&) {
     if (!thing || Is_Lost(kind, thing)) return false;
     const auto entry = All_Holders().find({kind, thing});
     if (entry == All_Holders().end()) return true;

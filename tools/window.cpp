@@ -12,10 +12,6 @@ bool Is_Mirrored(HWND window) { return (GetWindowLongA(window, GWL_EXSTYLE) & WS
 
 }  // namespace
 
-bool Has_Private_Context(HWND window) {
-    return (GetClassLongPtrA(window, GCL_STYLE) & (CS_OWNDC | CS_CLASSDC)) != 0;
-}
-
 SIZE Client_Size(HWND window) {
     RECT client{};
     if (window) GetClientRect(window, &client);
