@@ -1,12 +1,13 @@
 #include "tools/font_cache.h"
 
 #include <algorithm>
+#include <array>
 #include <atomic>
+#include <compare>
 #include <cstdlib>
 #include <cstring>
 #include <map>
 #include <new>
-#include <tuple>
 
 #include "tools/arithmetic.h"
 #include "tools/lock.h"
@@ -45,7 +46,7 @@ int Pixel_Height(HWND window, short points) {
 
 /// What a font is made from, in the form in which equal fonts are equal.
 struct Font_Key {
-    char face[LF_FACESIZE] = {};
+    std::array<char, LF_FACESIZE> face{};
     int height;
     bool bold;
     bool italic;
@@ -54,15 +55,10 @@ struct Font_Key {
         : height(Pixel_Height(window, points)),
           bold(weight && std::strcmp(weight, "bold") == 0),
           italic(style && (std::strcmp(style, "i") == 0 || std::strcmp(style, "o") == 0)) {
-        std::strncpy(face, face_word ? face_word : "Arial", LF_FACESIZE - 1);
+        std::strncpy(face.data(), face_word ? face_word : "Arial", LF_FACESIZE - 1);
     }
 
-    bool operator<(const Font_Key& other) const {
-        const int order = std::strcmp(face, other.face);
-        return std::tie(height, bold, italic) < std::tie(other.height, other.bold, other.italic) ||
-               (std::tie(height, bold, italic) == std::tie(other.height, other.bold, other.italic) &&
-                order < 0);
-    }
+    auto operator<=>(const Font_Key&) const = default;
 };
 
 using Font_Pool = Pool<Thing::Font, Font_Key, HFONT>;
@@ -133,7 +129,7 @@ HFONT Make_Font(const Font_Key& key) {
     description.lfHeight = -key.height;
     description.lfWeight = key.bold ? FW_BOLD : FW_DONTCARE;
     description.lfItalic = key.italic;
-    std::memcpy(description.lfFaceName, key.face, sizeof key.face);
+    std::memcpy(description.lfFaceName, key.face.data(), key.face.size());
     const HFONT font = CreateFontIndirectA(&description);
     if (!font) Report_Failure(description);
     return font;

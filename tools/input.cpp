@@ -2,6 +2,9 @@
 
 #include <windows.h>
 
+#include <algorithm>
+#include <iterator>
+
 int ZCursor_X = 0;
 int ZCursor_Y = 0;
 unsigned int Button_State = 0;
@@ -29,27 +32,13 @@ int getbutton(int vk) {
 
 int getkey(int key) {
     constexpr int Toggle_Bit = 1;
-    int modifier = 0;
-    switch (key) {
-        case VK_SHIFT:
-        case 64:
-        case VK_LSHIFT:
-        case VK_RSHIFT:
-            modifier = VK_SHIFT;
-            break;
-        case VK_CONTROL:
-        case 32:
-        case VK_LCONTROL:
-        case VK_RCONTROL:
-            modifier = VK_CONTROL;
-            break;
-        case VK_MENU:
-        case VK_LMENU:
-        case VK_RMENU:
-            modifier = VK_MENU;
-            break;
-        default:
-            return 0;
+    // Each modifier by its number, by an older one, and by those of the keys on either side.
+    constexpr int Modifiers[][4] = {{VK_SHIFT, 64, VK_LSHIFT, VK_RSHIFT},
+                                    {VK_CONTROL, 32, VK_LCONTROL, VK_RCONTROL},
+                                    {VK_MENU, VK_MENU, VK_LMENU, VK_RMENU}};
+    for (const auto& names : Modifiers) {
+        if (std::find(std::begin(names), std::end(names), key) != std::end(names))
+            return GetKeyState(names[0]) & 0xFF & ~Toggle_Bit;
     }
-    return GetKeyState(modifier) & 0xFF & ~Toggle_Bit;
+    return 0;
 }

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <atomic>
+#include <compare>
 #include <cstddef>
 #include <cstring>
 #include <new>
-#include <tuple>
 
 #include "tools/arithmetic.h"
 #include "tools/dimensions.h"
@@ -25,10 +25,7 @@ struct Shading {
     int border;           ///< not negative
     unsigned long color;  ///< pixel form
 
-    bool operator<(const Shading& other) const {
-        return std::tie(width, height, border, color) <
-               std::tie(other.width, other.height, other.border, other.color);
-    }
+    auto operator<=>(const Shading&) const = default;
 };
 
 using Shading_Pool = Pool<Thing::Array, Shading, const void*>;

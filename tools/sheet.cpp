@@ -106,19 +106,6 @@ Sheet* Nest(std::unique_ptr<Sheet> sheet) try {
     return nullptr;
 }
 
-/// A free sheet with enough room, made if need be; null without memory.
-Sheet* Find_Sheet(SIZE size) {
-    Sheets& sheets = All_Sheets();
-    const bool small = size.cx <= Small_Room.cx && size.cy <= Small_Room.cy && Is_Free(sheets.small_one);
-    std::unique_ptr<Sheet>& sheet = small ? sheets.small_one : sheets.large_one;
-    if (!Is_Free(sheet)) return Nest(Make_Sheet(size));
-    if (!sheet || !sheet->Has_Room(size)) {
-        sheet.reset();
-        sheet = Make_Sheet(small ? Small_Room : size);
-    }
-    return sheet.get();
-}
-
 void Free_Sheets() {
     const Drawing_Lock lock;
     Sheets& sheets = All_Sheets();
@@ -141,7 +128,16 @@ void Retire_Sheet(std::unique_ptr<Sheet> sheet) {
 }
 
 Sheet* Free_Sheet(HWND window, const RECT& place) {
-    Sheet* const sheet = Find_Sheet(Size_Of(place));
+    Sheets& sheets = All_Sheets();
+    const SIZE size = Size_Of(place);
+    const bool small = size.cx <= Small_Room.cx && size.cy <= Small_Room.cy && Is_Free(sheets.small_one);
+    std::unique_ptr<Sheet>& kept = small ? sheets.small_one : sheets.large_one;
+    const bool nests = !Is_Free(kept);
+    if (!nests && !(kept && kept->Has_Room(size))) {
+        kept.reset();
+        kept = Make_Sheet(small ? Small_Room : size);
+    }
+    Sheet* const sheet = nests ? Nest(Make_Sheet(size)) : kept.get();
     if (sheet) sheet->Stand_For(window, place);
     return sheet;
 }
