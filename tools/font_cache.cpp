@@ -20,6 +20,10 @@ namespace galdren {
 
 namespace {
 
+struct Measuring_Picture : Picture {
+    Measuring_Picture() : Picture({1, 1}) {}
+};
+
 /// Resolution of the display in pixels per inch. It is fixed for the life of a process, and asking for it is
 /// slow.
 struct Resolution {
@@ -63,22 +67,12 @@ struct Font_Key {
 
 using Font_Pool = Pool<Thing::Font, Font_Key, HFONT>;
 
-Font_Pool& Fonts() {
-    static Immortal<Font_Pool> fonts;
-    return *fonts;
-}
-
 /// Facts of the fonts in the pool, and those asked for last: most paints stay with one font.
 struct Facts_Cache {
     std::map<HFONT, Font_Facts> facts;
     HFONT last_font = nullptr;
     const Font_Facts* last = nullptr;
 };
-
-Facts_Cache& The_Facts() {
-    static Immortal<Facts_Cache> cache;
-    return *cache;
-}
 
 /// Accents that combine, and scripts whose letters change their place or shape beside others.
 bool Needs_Layout(WCHAR character) {
@@ -109,7 +103,7 @@ Font_Facts Ask_Facts(HDC dc) {
 }
 
 void Forget_Facts(HFONT font) {
-    Facts_Cache& cache = The_Facts();
+    Facts_Cache& cache = The<Facts_Cache>();
     cache.facts.erase(font);
     if (cache.last_font == font) cache.last_font = nullptr;
 }
@@ -140,10 +134,7 @@ bool Asks_For_Nothing(const char* face, const char* weight, const char* style, s
 }
 
 /// The context on which texts are measured, with the font in place.
-HDC Measure_With(HFONT font) {
-    static Immortal<Picture> picture(SIZE{1, 1});
-    return picture->With_Font(font);
-}
+HDC Measure_With(HFONT font) { return The<Measuring_Picture>().With_Font(font); }
 
 }  // namespace
 
@@ -155,7 +146,7 @@ HFONT Make_Font(HWND window, const char* face, const char* weight, const char* s
 HFONT Acquire_Font(HWND window, const char* face, const char* weight, const char* style, short points) {
     if (Asks_For_Nothing(face, weight, style, points)) return nullptr;
     const Font_Key key(window, face, weight, style, points);
-    return Fonts().Acquire(key, [&] {
+    return The<Font_Pool>().Acquire(key, [&] {
         const HFONT font = Make_Font(key);
         Forget_Facts(font);  // the handle may have been that of a font which an application deleted
         return font;
@@ -167,7 +158,7 @@ void Share_Font(HFONT font, unsigned holders) { Share(Thing::Font, font, holders
 void Release_Font(HFONT font) {
     if (!font || font == GetStockObject(SYSTEM_FONT)) return;
     const Drawing_Lock lock;
-    if (!Fonts().Release(font)) return;
+    if (!The<Font_Pool>().Release(font)) return;
     Forget_Facts(font);
     Put_Away_Font(font);
     DeleteObject(font);
@@ -189,9 +180,9 @@ int Extent_In_Place(HDC dc, const char* text) {
 }
 
 const Font_Facts* Facts_Of(HFONT font) {
-    Facts_Cache& cache = The_Facts();
+    Facts_Cache& cache = The<Facts_Cache>();
     if (font && cache.last_font == font) return cache.last;
-    if (!Fonts().Key_Of(font)) return nullptr;
+    if (!The<Font_Pool>().Key_Of(font)) return nullptr;
     auto found = cache.facts.find(font);
     try {
         if (found == cache.facts.end())

@@ -10,24 +10,19 @@ Sessions::Sessions() {
     batches.reserve(Usual_Depth);
 }
 
-Sessions& Open_Sessions() {
-    static Immortal<Sessions> sessions;
-    return *sessions;
-}
-
 Sheet* Batch_Sheet(HWND window) {
-    const Batch* const batch = Last_Of(Open_Sessions().batches, window);
+    const Batch* const batch = Last_Of(The<Sessions>().batches, window);
     return batch ? batch->sheet : nullptr;
 }
 
 const Pair* Pair_Of(HWND window) {
-    const Pair* const pair = Last_Of(Open_Sessions().pairs, window);
+    const Pair* const pair = Last_Of(The<Sessions>().pairs, window);
     const Sheet* const batch = pair ? Batch_Sheet(window) : nullptr;
     return batch && pair->sheet != batch ? nullptr : pair;
 }
 
 void Forget_Dead_Windows() {
-    std::erase_if(Open_Sessions().holds, [](const Hold& hold) {
+    std::erase_if(The<Sessions>().holds, [](const Hold& hold) {
         return !IsWindow(hold.window) && (!hold.sheet || hold.sheet->users == 0);
     });
 }
@@ -48,7 +43,7 @@ void Put_Away_Context(Hold& hold) {
 }  // namespace
 
 Sheet* Held_Sheet(HWND window, SIZE client, const RECT& covered) {
-    Hold* const hold = Last_Of(Open_Sessions().holds, window);
+    Hold* const hold = Last_Of(The<Sessions>().holds, window);
     if (!hold) return nullptr;
     std::unique_ptr<Sheet>& sheet = hold->sheet;
     if (hold->Has_Picture_Of(client) || (sheet && sheet->users > 0)) return sheet.get();
@@ -62,7 +57,7 @@ Sheet* Held_Sheet(HWND window, SIZE client, const RECT& covered) {
 }
 
 void Show_Now(Sheet& sheet) {
-    Hold* const hold = Last_Of(Open_Sessions().holds, sheet.window);
+    Hold* const hold = Last_Of(The<Sessions>().holds, sheet.window);
     if (hold && hold->sheet.get() == &sheet) {
         sheet.Show({Context_Of(*hold)});
         Put_Away_Context(*hold);
@@ -72,7 +67,7 @@ void Show_Now(Sheet& sheet) {
 }
 
 void Show_When_Done(Sheet& sheet) {
-    const std::vector<Batch>& batches = Open_Sessions().batches;
+    const std::vector<Batch>& batches = The<Sessions>().batches;
     const bool goes_on = std::any_of(batches.begin(), batches.end(),
                                      [&](const Batch& batch) { return batch.sheet == &sheet; });
     if (!goes_on) Show_Now(sheet);

@@ -46,15 +46,13 @@ struct Hold {
     }
 };
 
-/// Innermost last.
+/// All that is open, innermost last.
 struct Sessions {
     Sessions();
     std::vector<Pair> pairs;
     std::vector<Batch> batches;
     std::list<Hold> holds;
 };
-
-Sessions& Open_Sessions();
 
 /// The last of them that is of a window; null when there is none.
 template <class All>

@@ -30,11 +30,6 @@ struct Shading {
 
 using Shading_Pool = Pool<Thing::Array, Shading, const void*>;
 
-Shading_Pool& Shadings() {
-    static Immortal<Shading_Pool> shadings;
-    return *shadings;
-}
-
 /// The pixel of every offset from a colour; no channel has room for more than 255.
 class Ramp {
   public:
@@ -118,12 +113,12 @@ unsigned long* Make_Shading(const Tools_Fields& control, const Colors& color) {
 void Renew_Shading(const Tools_Fields& control, unsigned long*& own, const Colors& color) {
     Release_Array(own);
     const Shading shading = Shading_Of(control, color);
-    const void* shared = Shadings().Acquire(shading, [&] { return Make_Body(shading, 0); });
+    const void* shared = The<Shading_Pool>().Acquire(shading, [&] { return Make_Body(shading, 0); });
     own = static_cast<unsigned long*>(const_cast<void*>(shared));
 }
 
 int Pixels_Of_Shading(const void* buffer) {
-    const Shading* made = buffer ? Shadings().Key_Of(buffer) : nullptr;
+    const Shading* made = buffer ? The<Shading_Pool>().Key_Of(buffer) : nullptr;
     return made ? made->width * made->height : 0;
 }
 
@@ -132,7 +127,7 @@ void Share_Array(const void* array) { Share(Thing::Array, array); }
 void Share_Among(const void* array, unsigned holders) { Share(Thing::Array, array, holders); }
 
 void Release_Array(const void* array) {
-    if (Shadings().Release(array)) delete[] static_cast<const unsigned char*>(array);
+    if (The<Shading_Pool>().Release(array)) delete[] static_cast<const unsigned char*>(array);
 }
 
 }  // namespace galdren

@@ -44,11 +44,6 @@ using Address = std::pair<Thing, const void*>;
 using Holders =
     std::map<Address, unsigned, std::less<Address>, Prepared_Allocator<std::pair<const Address, unsigned>>>;
 
-Holders& All_Holders() {
-    static Immortal<Holders> holders;
-    return *holders;
-}
-
 /// Things with a holder that could not be listed, by the places of their addresses. They are never freed: to
 /// lose memory is better than to free what another control still paints. The set needs no memory itself, at
 /// the price that a thing which happens to share such a place is not freed either.
@@ -68,11 +63,11 @@ bool Is_Lost(Thing kind, const void* thing) { return Never_Freed[Place_Of(kind, 
 
 void Share(Thing kind, const void* thing, unsigned holders, const Drawing_Lock&) {
     if (!thing || holders == 0) return;
-    const auto entry = All_Holders().find({kind, thing});
-    if (entry != All_Holders().end()) {
+    const auto entry = The<Holders>().find({kind, thing});
+    if (entry != The<Holders>().end()) {
         entry->second += holders;
     } else if (Prepare()) {
-        All_Holders().try_emplace({kind, thing}, 1 + holders);
+        The<Holders>().try_emplace({kind, thing}, 1 + holders);
         Prepare();  // for the next one, should there be no memory just then
     } else {
         Never_Freed.set(Place_Of(kind, thing));
@@ -81,14 +76,14 @@ void Share(Thing kind, const void* thing, unsigned holders, const Drawing_Lock&)
 
 bool Is_Shared(Thing kind, const void* thing) {
     Drawing_Lock lock;
-    return Is_Lost(kind, thing) || All_Holders().count({kind, thing}) != 0;
+    return Is_Lost(kind, thing) || The<Holders>().count({kind, thing}) != 0;
 }
 
 bool Let_Go(Thing kind, const void* thing, const Drawing_Lock&) {
     if (!thing || Is_Lost(kind, thing)) return false;
-    const auto entry = All_Holders().find({kind, thing});
-    if (entry == All_Holders().end()) return true;
-    if (--entry->second == 1) All_Holders().erase(entry);
+    const auto entry = The<Holders>().find({kind, thing});
+    if (entry == The<Holders>().end()) return true;
+    if (--entry->second == 1) The<Holders>().erase(entry);
     return false;
 }
 
@@ -100,7 +95,7 @@ bool Is_Alive(Thing kind, const void* thing) {
 
 void Forget(Thing kind, const void* thing) {
     Drawing_Lock lock;
-    All_Holders().erase({kind, thing});
+    The<Holders>().erase({kind, thing});
 }
 
 char* Duplicate(std::string_view text) {

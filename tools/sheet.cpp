@@ -90,25 +90,20 @@ struct Sheets {
     std::vector<std::unique_ptr<Sheet>> nested;  ///< for as long as they are used
 };
 
-Sheets& All_Sheets() {
-    static Immortal<Sheets> sheets;
-    return *sheets;
-}
-
 bool Is_Free(const std::unique_ptr<Sheet>& sheet) { return !sheet || sheet->users == 0; }
 
 /// Adds a sheet to those that go when nobody uses them any more; null when it is, or there is no memory.
 Sheet* Nest(std::unique_ptr<Sheet> sheet) try {
     if (!sheet) return nullptr;
-    All_Sheets().nested.push_back(std::move(sheet));
-    return All_Sheets().nested.back().get();
+    The<Sheets>().nested.push_back(std::move(sheet));
+    return The<Sheets>().nested.back().get();
 } catch (const std::bad_alloc&) {
     return nullptr;
 }
 
 void Free_Sheets() {
     const Drawing_Lock lock;
-    Sheets& sheets = All_Sheets();
+    Sheets& sheets = The<Sheets>();
     if (Is_Free(sheets.small_one)) sheets.small_one.reset();
     if (Is_Free(sheets.large_one)) sheets.large_one.reset();
 }
@@ -128,7 +123,7 @@ void Retire_Sheet(std::unique_ptr<Sheet> sheet) {
 }
 
 Sheet* Free_Sheet(HWND window, const RECT& place) {
-    Sheets& sheets = All_Sheets();
+    Sheets& sheets = The<Sheets>();
     const SIZE size = Size_Of(place);
     const bool small = size.cx <= Small_Room.cx && size.cy <= Small_Room.cy && Is_Free(sheets.small_one);
     std::unique_ptr<Sheet>& kept = small ? sheets.small_one : sheets.large_one;
@@ -144,7 +139,7 @@ Sheet* Free_Sheet(HWND window, const RECT& place) {
 
 void Release_Sheet(Sheet* sheet) {
     if (--sheet->users > 0) return;
-    std::erase_if(All_Sheets().nested, [](const auto& entry) { return !entry || entry->users == 0; });
+    std::erase_if(The<Sheets>().nested, [](const auto& entry) { return !entry || entry->users == 0; });
 }
 
 }  // namespace galdren

@@ -12,7 +12,7 @@ using namespace galdren;
 namespace {
 
 void Set_Globals() {
-    const std::vector<Pair>& pairs = Open_Sessions().pairs;
+    const std::vector<Pair>& pairs = The<Sessions>().pairs;
     Z_DC = pairs.empty() ? nullptr : pairs.back().dc;
     Z_Window = pairs.empty() ? nullptr : pairs.back().window;
 }
@@ -39,7 +39,7 @@ Pair Lend_Sheet(Sheet& sheet, HWND window) {
 
 Pair Make_Pair(HWND window) {
     if (Sheet* const batch = Batch_Sheet(window)) return Lend_Sheet(*batch, window);
-    if (const Pair* const outer = Last_Of(Open_Sessions().pairs, window)) {
+    if (const Pair* const outer = Last_Of(The<Sessions>().pairs, window)) {
         return {window, outer->dc, outer->client, outer->sheet, false, 0, 1};
     }
     const SIZE client = Client_Size(window);
@@ -67,7 +67,7 @@ void End_Pair(const Pair& pair) {
 
 void Begin_Draw(HWND window, HRGN) {
     Enter_Lock();
-    std::vector<Pair>& pairs = Open_Sessions().pairs;
+    std::vector<Pair>& pairs = The<Sessions>().pairs;
     const bool goes_on = !pairs.empty() && Pair_Of(window) == &pairs.back();
     if (goes_on) {
         ++pairs.back().depth;
@@ -79,7 +79,7 @@ void Begin_Draw(HWND window, HRGN) {
 
 void End_Draw() {
     if (!Holds_Lock()) return;
-    std::vector<Pair>& pairs = Open_Sessions().pairs;
+    std::vector<Pair>& pairs = The<Sessions>().pairs;
     if (pairs.empty()) return;
     if (--pairs.back().depth == 0) {
         const Pair pair = pairs.back();
@@ -130,7 +130,7 @@ Sheet* Make_Batch_Sheet(HWND window, const RECT* area) {
 void Open_Batch(HWND window, const RECT* area) {
     Enter_Lock();
     Forget_Dead_Windows();
-    std::vector<Batch>& batches = Open_Sessions().batches;
+    std::vector<Batch>& batches = The<Sessions>().batches;
     const Batch* const open = Last_Of(batches, window);
     Sheet* const sheet = open ? open->sheet : Make_Batch_Sheet(window, area);
     if (!open && sheet) ++sheet->users;
@@ -154,7 +154,7 @@ void Begin_Batch(HWND window, const RECT& area, unsigned long color) {
 
 void End_Batch() {
     if (!Holds_Lock()) return;
-    Sessions& open = Open_Sessions();
+    Sessions& open = The<Sessions>();
     if (open.batches.empty()) return;
     const Batch batch = open.batches.back();
     open.batches.pop_back();
@@ -172,7 +172,7 @@ void Begin_Hold(HWND window) {
     if (!IsWindow(window)) return;
     const Drawing_Lock lock;
     Forget_Dead_Windows();
-    std::list<Hold>& holds = Open_Sessions().holds;
+    std::list<Hold>& holds = The<Sessions>().holds;
     if (Hold* const hold = Last_Of(holds, window)) {
         ++hold->count;
         return;
@@ -186,7 +186,7 @@ void Begin_Hold(HWND window) {
 
 void End_Hold(HWND window) {
     const Drawing_Lock lock;
-    std::list<Hold>& holds = Open_Sessions().holds;
+    std::list<Hold>& holds = The<Sessions>().holds;
     Hold* const hold = Last_Of(holds, window);
     if (!hold || --hold->count > 0) return;
     Retire_Sheet(std::move(hold->sheet));
@@ -195,7 +195,7 @@ void End_Hold(HWND window) {
 
 int Show_Hold(HWND window, HDC target, const RECT& area) {
     const Drawing_Lock lock;
-    const Hold* const hold = Last_Of(Open_Sessions().holds, window);
+    const Hold* const hold = Last_Of(The<Sessions>().holds, window);
     if (!hold || !hold->Has_Picture_Of(Client_Size(window))) return 0;
     const RECT shown = Common(area, hold->sheet->place);
     if (!Is_Empty(shown)) hold->sheet->Copy_To({target}, shown);

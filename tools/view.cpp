@@ -18,14 +18,9 @@ struct Kept_Picture {
     unsigned number = 0;
 };
 
-Kept_Picture& Kept() {
-    static Immortal<Kept_Picture> kept;
-    return *kept;
-}
-
 void Free_Kept() {
     const Drawing_Lock lock;
-    std::unique_ptr<Sheet>& sheet = Kept().sheet;
+    std::unique_ptr<Sheet>& sheet = The<Kept_Picture>().sheet;
     if (sheet && sheet->users == 0) sheet.reset();
     Forget_Dead_Windows();
 }
@@ -35,7 +30,7 @@ const Cleanup Kept_Cleanup(Free_Kept);
 /// The kept sheet for a rectangle: with what is on it when it is the one asked for, else with a new number;
 /// null when it cannot be had.
 Sheet* Kept_Sheet(HWND window, const RECT& place, unsigned wanted, bool& same) {
-    auto& [kept, number] = Kept();
+    auto& [kept, number] = The<Kept_Picture>();
     if (kept && kept->users > 0) return nullptr;
     const SIZE size = Size_Of(place);
     const SIZE kept_size = kept ? Size_Of(kept->place) : SIZE{};
@@ -95,13 +90,13 @@ View::View(HWND owner) : window(owner) {
 View::View(HWND owner, const Reach& reach) : View(owner) {
     const bool joins = outer && Join(reach);
     if (!joins) Begin(reach);
-    if (reach.picture && (joins || sheet != Kept().sheet.get())) *reach.picture = 0;
+    if (reach.picture && (joins || sheet != The<Kept_Picture>().sheet.get())) *reach.picture = 0;
     nested_clip = clip;
 }
 
 Shared_Context::Shared_Context(HWND owner) : View(owner) {
     const bool needed =
-        !outer && !Pair_Of(window) && !Batch_Sheet(window) && !Last_Of(Open_Sessions().holds, window);
+        !outer && !Pair_Of(window) && !Batch_Sheet(window) && !Last_Of(The<Sessions>().holds, window);
     if (needed) context.emplace(window);
 }
 
@@ -166,7 +161,7 @@ void View::Find_Target(const RECT& covered) {
 /// @return false when that cannot be had
 bool View::Keep(unsigned& picture) {
     Sheet* const sheet_kept = Kept_Sheet(window, clip, picture, kept);
-    picture = sheet_kept ? Kept().number : 0;
+    picture = sheet_kept ? The<Kept_Picture>().number : 0;
     if (sheet_kept) Use(*sheet_kept);
     return sheet_kept != nullptr;
 }
@@ -219,7 +214,7 @@ View::~View() {
 
 void Forget_Kept_Picture() {
     const Drawing_Lock lock;
-    ++Kept().number;
+    ++The<Kept_Picture>().number;
 }
 
 HWND Window_In_Use() {
