@@ -92,3 +92,8 @@ struct Tools_Fields {
     RECT Room{};  ///< `Rect` of the control that this one is a part of, beyond which nothing of it is
                   ///< painted; empty for one that stands alone
 };
+
+/// How often a control got another hit rectangle (`Rect`) so far, from `Init` or as a copy, in any window of
+/// the process. Who has noted the rectangles need not look at them again while it stays the same. For every
+/// thread.
+GALDREN_TOOLS_API unsigned Tools_Placements();
