@@ -15,7 +15,6 @@
 #include "tools/keyboard.h"
 #include "tools/library.h"
 #include "tools/paint.h"
-#include "tools/placements.h"
 #include "tools/surface.h"
 #include "tools/tools.h"
 #include "widgets/box.h"

@@ -131,6 +131,7 @@ void Fit_Bar(Sliders& bar, unsigned long flag, int room, int extent, float& far_
     }
     Init_Bar(bar, bar.Window);
     if (!anew && Bar_Look(bar) == before) return;
+    const Canvas for_both(bar, Inside(bar));
     if (!needed) bar.Clear();
     bar.Draw();
 }
@@ -421,7 +422,6 @@ bool DirTrees::Dir_Tree_Select(int row, int column) {
 /// @param anew  whether bars that look as before are painted
 void DirTrees::Dir_Tree_Update2(bool anew) {
     Picture = 0;
-    const Canvas for_both_bars(*this, Inside(*this));
     if (!Rows_Current) {
         Renew_Rows();
         Widest = Widest_Row(*this);
@@ -504,6 +504,7 @@ int DirTrees::Press_Row() {
     const int row = (top - pointer->y) / Row_Height;
     const int column = (pointer->x + scrolled.x - List_Box.X - 2 * SPACE - 5) / Indent;
     if (Dir_Tree_Expand(row, column)) {
+        const Shared_Context context(Window);
         Dir_Tree_Update2(false);
         Dir_Tree_Draw2();
         return 1;

@@ -8,6 +8,7 @@
 #pragma once
 
 #include "../widgets/box.h"
+#include "icon_entry.h"
 
 /// The icon called `name`, read from its file when it is asked for the first time.
 ///
@@ -30,16 +31,3 @@ GALDREN_TOOLS_API void Icon_Draw_Border(Boxs* box, short x, short y, const char*
 
 /// Forgets all icons and releases their memory. `Tools_Lib_Cleanup` calls it.
 GALDREN_TOOLS_API void Icon_Cleanup();
-
-namespace galdren {
-
-/// One icon in memory, rows top-down. A file that could not be read leaves an entry without pixels.
-struct Icon_Entry {
-    char* name;              ///< as it was asked for
-    unsigned short width;    ///< pixels per row
-    unsigned short height;   ///< number of rows
-    unsigned long* pixels;   ///< blue in the low byte, then green, red and the weight, 255 opaque
-    unsigned long* swapped;  ///< the same with red in the low byte and blue in the third
-};
-
-}  // namespace galdren

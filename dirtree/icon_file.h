@@ -2,7 +2,7 @@
 /// The files of icons.
 #pragma once
 
-#include "dirtree/icon.h"
+#include "dirtree/icon_entry.h"
 
 namespace galdren {
 

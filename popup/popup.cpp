@@ -374,22 +374,17 @@ struct Kinds {
     Popup question{"PopUp_Querry", Question_Answers};
 };
 
-Kinds& The_Kinds() {
-    static Immortal<Kinds> kinds;
-    return *kinds;
-}
-
 const Cleanup Controls_Cleanup([] {
-    The_Kinds().message.Release();
-    The_Kinds().question.Release();
+    The<Kinds>().message.Release();
+    The<Kinds>().question.Release();
 });
 
 }  // namespace
 
 int PopUp_Message(const char* title, const char* caption, char* message, short width, short height) {
-    return The_Kinds().message.Run(title, caption, message, width, height);
+    return The<Kinds>().message.Run(title, caption, message, width, height);
 }
 
 int PopUp_Querry(const char* title, const char* caption, char* message, short width, short height) {
-    return The_Kinds().question.Run(title, caption, message, width, height);
+    return The<Kinds>().question.Run(title, caption, message, width, height);
 }

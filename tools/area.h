@@ -25,13 +25,30 @@ struct Area {
 };
 
 /// What two areas have in common; turned round when they have nothing.
-Area Common(const Area& a, const Area& b);
+inline Area Common(const Area& a, const Area& b) {
+    return {std::max(a.left, b.left), std::min(a.right, b.right), std::max(a.bottom, b.bottom),
+            std::min(a.top, b.top)};
+}
+
+/// An area that is filled without its right column and bottom row, turned the right way round: one that was
+/// not ends a pixel further.
+inline Area Upright(const Area& area) {
+    Area box = area;
+    if (box.left > box.right) box = {box.right + 1, box.left + 1, box.bottom, box.top};
+    if (box.bottom > box.top) box = {box.left, box.right, box.top - 1, box.bottom - 1};
+    return box;
+}
 
 /// The pixels of an area, all four edges included, in a client area of this height, y downward.
-RECT Device_Of(const Area& area, LONG client_height);
+inline RECT Device_Of(const Area& area, LONG client_height) {
+    return {area.left, client_height - 1 - area.top, area.right + 1, client_height - area.bottom};
+}
 
 /// The pixels of a rectangle as the controls keep their `Rect`, as an area.
-Area Area_Of(const RECT& rect);
+inline Area Area_Of(const RECT& rect) {
+    return {static_cast<int>(rect.left), static_cast<int>(rect.right) - 1, static_cast<int>(rect.top),
+            static_cast<int>(rect.bottom) - 1};
+}
 
 /// Rectangles in pixels, y downward, right and bottom not included. Cheaper than calls of the system, of
 /// which a paint would make dozens.
@@ -59,6 +76,8 @@ inline bool Is_Inside(const RECT& inner, const RECT& outer) {
            inner.bottom <= outer.bottom;
 }
 
+inline RECT Whole(SIZE size) { return {0, 0, size.cx, size.cy}; }
+
 inline SIZE Size_Of(const RECT& box) { return {box.right - box.left, box.bottom - box.top}; }
 /// @}
 
@@ -66,6 +85,9 @@ inline SIZE Size_Of(const RECT& box) { return {box.right - box.left, box.bottom 
 enum class Place { Start, Middle, End };
 
 /// Distance of something `length` long from the start of a `room`.
-int Offset(Place place, int room, int length);
+inline int Offset(Place place, int room, int length) {
+    if (place == Place::Middle) return room / 2 - length / 2;
+    return place == Place::End ? room - length : 0;
+}
 
 }  // namespace galdren

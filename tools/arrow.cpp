@@ -1,7 +1,5 @@
 #include "tools/arrow.h"
 
-#include <array>
-
 #include "tools/frame.h"
 
 namespace galdren {
@@ -22,21 +20,19 @@ constexpr Facet_Shades Shades_Of_Facets[] = {
     {Black, Light_Grey, Light_Grey},  // up
 };
 
-/// Which arrow it is, wherever it stands.
+/// An arrow in its zone, which is `size` long and across.
 struct Arrow_Shape {
     short direction;
     int inset;
     int size;
-    int center;  ///< across the axis, from the lower (or left) edge of the arrow's zone
-
-    bool operator==(const Arrow_Shape&) const = default;
-    bool Is_Horizontal() const { return direction == ARROW_LEFT || direction == ARROW_RIGHT; }
-    int Inward() const { return direction == ARROW_LEFT || direction == ARROW_DOWN ? 1 : -1; }
+    POINT zone;  ///< the corner at its tip, low across
+    int center;  ///< across the axis, from the lower (or left) edge of the zone
 
     /// A point by its depth behind the tip of the zone and its place across.
     POINT At(int depth, int across) const {
-        const int along = Inward() * depth;
-        return Is_Horizontal() ? POINT{along, across} : POINT{across, along};
+        const int along = direction == ARROW_LEFT || direction == ARROW_DOWN ? depth : -depth;
+        const bool horizontal = direction == ARROW_LEFT || direction == ARROW_RIGHT;
+        return horizontal ? POINT{zone.x + along, zone.y + across} : POINT{zone.x + across, zone.y + along};
     }
 };
 
@@ -52,54 +48,27 @@ struct Triangle {
           low(shape.At(base_depth, margin)) {}
 };
 
-/// One polygon of an arrow, y upward from the tip of its zone.
-struct Facet {
-    int count;
-    std::array<POINT, 4> corners;
-    unsigned long color;
-};
-
-/// In the order of painting: the triangle, then the facets around it.
-using Facets = std::array<Facet, 4>;
-
-Facets Facets_Of(const Arrow_Shape& shape) {
-    constexpr int Bevel_At_Tip = 3;
-    constexpr int Bevel_At_Base = 1;
-    constexpr int Bevel_At_Side = 2;
-    const Triangle outer(shape, shape.inset, shape.size, shape.inset);
-    const Triangle inner(shape, shape.inset + Bevel_At_Tip, shape.size - Bevel_At_Base,
-                         shape.inset + Bevel_At_Side);
-    const Facet_Shades& shades = Shades_Of_Facets[shape.direction];
-    return {{{3, {inner.tip, inner.low, inner.high}, Dark_Grey},
-             {4, {outer.tip, outer.high, inner.high, inner.tip}, shades.high},
-             {4, {outer.low, outer.high, inner.high, inner.low}, shades.base},
-             {4, {outer.tip, outer.low, inner.low, inner.tip}, shades.low}}};
-}
-
 }  // namespace
 
 void Paint_Arrow(Canvas& canvas, short direction, int inset, int size, const Area& area) {
     if (size <= inset || direction < ARROW_LEFT || direction > ARROW_UP) return;
-    const Arrow_Shape any{direction, inset, size, 0};
-    const bool horizontal = any.Is_Horizontal();
-    const int near_end = horizontal ? area.left : area.bottom;
-    const int far_end = horizontal ? area.right : area.top;
-    const int tip = any.Inward() > 0 ? near_end : far_end;
+    const bool horizontal = direction == ARROW_LEFT || direction == ARROW_RIGHT;
     const int across = horizontal ? area.top - area.bottom : area.right - area.left;
     const int low = (across - size) / 2;
-    const POINT zone = horizontal ? POINT{tip, area.bottom + low} : POINT{area.left + low, tip};
-    const Arrow_Shape shape{direction, inset, size, across / 2 - low};
+    POINT zone{area.left + low, direction == ARROW_DOWN ? area.bottom : area.top};
+    if (horizontal) zone = {direction == ARROW_LEFT ? area.left : area.right, area.bottom + low};
+    const Arrow_Shape shape{direction, inset, size, zone, across / 2 - low};
 
-    for (const Facet& facet : Facets_Of(shape)) {
-        const auto corner = [&](std::size_t i) {
-            return POINT{zone.x + facet.corners[i].x, zone.y + facet.corners[i].y};
-        };
-        if (facet.count == 3) {
-            canvas.Polygon({corner(0), corner(1), corner(2)}, facet.color);
-        } else {
-            canvas.Polygon({corner(0), corner(1), corner(2), corner(3)}, facet.color);
-        }
-    }
+    constexpr int Bevel_At_Tip = 3;
+    constexpr int Bevel_At_Base = 1;
+    constexpr int Bevel_At_Side = 2;
+    const Triangle outer(shape, inset, size, inset);
+    const Triangle inner(shape, inset + Bevel_At_Tip, size - Bevel_At_Base, inset + Bevel_At_Side);
+    const Facet_Shades& shades = Shades_Of_Facets[direction];
+    canvas.Polygon({inner.tip, inner.low, inner.high}, Dark_Grey);
+    canvas.Polygon({outer.tip, outer.high, inner.high, inner.tip}, shades.high);
+    canvas.Polygon({outer.low, outer.high, inner.high, inner.low}, shades.base);
+    canvas.Polygon({outer.tip, outer.low, inner.low, inner.tip}, shades.low);
 }
 
 }  // namespace galdren

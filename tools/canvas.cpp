@@ -5,7 +5,7 @@
 
 #include "tools/font.h"
 #include "tools/font_cache.h"
-#include "tools/surface.h"
+#include "tools/globals.h"
 #include "tools/window.h"
 
 namespace galdren {
@@ -31,62 +31,38 @@ Reach Kept_Reach(const Tools_Fields& control, const Area& covered, unsigned& pic
     return limited;
 }
 
-/// For a control that is not to paint now: what it would paint is painted later, or not at all.
-View Take_No_View(const Tools_Fields& control, const Reach& reach) {
+/// What a control would paint that is not to paint now is painted later, or not at all.
+void Leave_Out(const Tools_Fields& control, const Reach& reach) {
     if (control.Veil == VEIL_LATER) Invalidate(control.Window, reach.area);
     if (reach.picture) *reach.picture = 0;
-    return Take_View(nullptr, {});
 }
 
 }  // namespace
 
 Canvas::Canvas(const Tools_Fields& control, const Reach& reach)
-    : view(control.Veil ? Take_No_View(control, reach) : Take_View(control.Window, Limited(control, reach))) {
+    : view(control.Veil ? nullptr : control.Window, Limited(control, reach)) {
+    if (control.Veil) Leave_Out(control, reach);
 }
 
 Canvas::Canvas(const Tools_Fields& control, const Area& covered, unsigned& picture)
     : Canvas(control, Kept_Reach(control, covered, picture)) {}
 
-Canvas::Canvas(HWND window, const Reach& reach)
-    : view(Take_View(window, {reach.area, reach.covered, nullptr, true})) {}
+Canvas::Canvas(HWND window, const Reach& reach) : view(window, {reach.area, reach.covered, nullptr, true}) {}
 
 void Canvas::Raise(int rows) {
     view.sheet->Raise(rows);
     view.origin = view.sheet->Origin();
-    painted = view.clip;
+    view.painted = view.clip;
 }
-
-void Canvas::Set_Clip(const RECT& clip) {
-    view.clip = clip;
-    Limit_Nested(clip);
-}
-
-/// What may be painted of a rectangle; empty when there is nothing.
-RECT Canvas::Clipped(const RECT& device) const { return Common(device, view.clip); }
 
 RECT Canvas::On_Sheet(const RECT& device) const {
     return {device.left - view.origin.x, device.top - view.origin.y, device.right - view.origin.x,
             device.bottom - view.origin.y};
 }
 
-void Canvas::Fill(const RECT& device, unsigned long color) {
-    const RECT box = Clipped(device);
-    if (Is_Empty(box)) return;
-    Include(painted, box);
-    if (view.sheet) {
-        Fill_Pixels(view.sheet->Pixels(), On_Sheet(box), Pixel_Of(color));
-    } else if (view.dc) {
-        SetDCBrushColor(view.dc, color & 0xFFFFFF);
-        FillRect(view.dc, &box, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
-    }
-}
-
 void Canvas::Box(const Area& area, unsigned long color) {
     Current_Color = color;
-    Area box = area;
-    if (box.left > box.right) box = {box.right + 1, box.left + 1, box.bottom, box.top};
-    if (box.bottom > box.top) box = {box.left, box.right, box.top - 1, box.bottom - 1};
-    Fill(Device(box), color);
+    Fill(Device(Upright(area)), color);
 }
 
 void Canvas::Row(int x_from, int x_to, int y, unsigned long color) {
@@ -168,7 +144,7 @@ void Canvas::Fill_Rows(Polygon_Rows& rows, unsigned long color) {
         filled = {std::min(filled.left, left), std::min<LONG>(filled.top, y), std::max(filled.right, right),
                   y + 1};
     }
-    if (!Is_Empty(filled)) Include(painted, filled);
+    if (!Is_Empty(filled)) Include(view.painted, filled);
 }
 
 void Canvas::Pixels(const void* buffer, int width, int height, int column, int rows_below, const Area& area) {
@@ -179,7 +155,7 @@ void Canvas::Pixels(const void* buffer, int width, int height, int column, int r
     const RECT wanted{area.left, Y(area.top), area.right + 1, Y(area.bottom) + 1};
     const RECT shown = Clipped(Common(image, wanted));
     if (Is_Empty(shown)) return;
-    Include(painted, shown);
+    Include(view.painted, shown);
     const Raster source{static_cast<unsigned long*>(const_cast<void*>(buffer)), width};
     const SIZE size{shown.right - shown.left, shown.bottom - shown.top};
     const int from_x = static_cast<int>(shown.left) - left;
@@ -201,18 +177,6 @@ HDC Canvas::With_Text(HFONT font, unsigned long color) {
     SetTextColor(view.dc, color & 0xFFFFFF);
     SetBkMode(view.dc, TRANSPARENT);
     return view.dc;
-}
-
-/// Calls `paint` with a context for the text and with what may be painted of `reach`, both in pixels of the
-/// context; unless that is nothing.
-template <class Paint>
-void Canvas::Write_Clipped(HFONT font, const RECT& reach, unsigned long color, Paint paint) {
-    const RECT clip = Clipped(reach);
-    if (Is_Empty(clip) || !(view.sheet || view.dc)) return;
-    Include(painted, clip);
-    paint(With_Text(font, color), On_Sheet(clip));
-    // A font that is not ours may be gone tomorrow, and another one have its handle.
-    if (view.sheet && font && !Facts_Of(font)) view.sheet->With_Font(nullptr);
 }
 
 namespace {
@@ -245,19 +209,26 @@ class Client_Pixels {
 
 }  // namespace
 
-/// Calls `paint` with a context in pixels of the client area, limited to what may be painted of `reach`.
+/// Calls `paint` with a context for the text, in pixels of the client area and limited to what may be painted
+/// of `reach`; unless that is nothing.
 template <class Paint>
 void Canvas::Write_By_GDI(HFONT font, const RECT& reach, unsigned long color, Paint paint) {
-    Write_Clipped(font, reach, color, [&](HDC dc, const RECT&) {
-        const Client_Pixels pixels(dc, view.origin, Clipped(reach), !view.sheet);
+    const RECT clip = Clipped(reach);
+    if (Is_Empty(clip) || !(view.sheet || view.dc)) return;
+    Include(view.painted, clip);
+    const HDC dc = With_Text(font, color);
+    {
+        const Client_Pixels pixels(dc, view.origin, clip, !view.sheet);
         paint(dc);
-    });
+    }
+    // A font that is not ours may be gone tomorrow, and another one have its handle.
+    if (view.sheet && font && !Facts_Of(font)) view.sheet->With_Font(nullptr);
 }
 
 void Canvas::Polygon_By_GDI(std::span<const POINT> corners, unsigned long color) {
     const HDC dc = view.sheet ? view.sheet->For_GDI() : view.dc;
     if (!dc || Is_Empty(view.clip)) return;
-    painted = view.clip;
+    view.painted = view.clip;
     const Client_Pixels pixels(dc, view.origin, view.clip, !view.sheet);
     const HGDIOBJ brush = SelectObject(dc, GetStockObject(DC_BRUSH));
     const HGDIOBJ pen = SelectObject(dc, GetStockObject(DC_PEN));
@@ -266,12 +237,6 @@ void Canvas::Polygon_By_GDI(std::span<const POINT> corners, unsigned long color)
     ::Polygon(dc, corners.data(), static_cast<int>(corners.size()));
     SelectObject(dc, pen);
     SelectObject(dc, brush);
-}
-
-void Canvas::Write(HFONT font, const char* text, const Area& area, Place across, Place down,
-                   unsigned long color) {
-    if (area.left >= area.right || area.bottom >= area.top) return;
-    if (!Write_Plain(font, text, area, across, down, color)) Write_Any(font, text, area, across, down, color);
 }
 
 /// The glyphs of a text that is short and of characters that the font has.
@@ -291,29 +256,33 @@ struct Canvas::Glyph_Run {
         }
         return true;
     }
-
-    void Write(HDC dc, int x, int y, const RECT& clip) const {
-        ExtTextOutW(dc, x, y, ETO_CLIPPED | ETO_GLYPH_INDEX, &clip, reinterpret_cast<const WCHAR*>(glyphs),
-                    static_cast<UINT>(count), nullptr);
-    }
 };
 
-/// The usual caption. Its glyphs are placed by hand, for DrawText takes twice as long.
-/// @return false when the text needs DrawText
-bool Canvas::Write_Plain(HFONT font, const char* text, const Area& area, Place across, Place down,
-                         unsigned long color) {
+/// Writes glyphs of a font with its top left corner at a pixel of the client area, clipped to `reach`.
+void Canvas::Write_Glyphs(HFONT font, const Glyph_Run& run, int x, int y, const RECT& reach,
+                          unsigned long color) {
+    const RECT clip = Clipped(reach);
+    if (Is_Empty(clip) || !(view.sheet || view.dc)) return;
+    Include(view.painted, clip);
+    const RECT limits = On_Sheet(clip);
+    ExtTextOutW(With_Text(font, color), x - view.origin.x, y - view.origin.y, ETO_CLIPPED | ETO_GLYPH_INDEX,
+                &limits, reinterpret_cast<const WCHAR*>(run.glyphs), static_cast<UINT>(run.count), nullptr);
+}
+
+/// The glyphs of the usual caption are placed by hand, for DrawText takes twice as long.
+void Canvas::Write(HFONT font, const char* text, const Area& area, Place across, Place down,
+                   unsigned long color) {
     constexpr int Longest_Caption = 128;
+    if (area.left >= area.right || area.bottom >= area.top) return;
     const Font_Facts* facts = Facts_Of(font);
     Glyph_Run run;
-    if (!facts || !run.Take(*facts, text, Longest_Caption)) return false;
+    if (!facts || !run.Take(*facts, text, Longest_Caption))
+        return Write_Any(font, text, area, across, down, color);
     int x = area.left;
     if (across == Place::Middle) x = (area.left + area.right - run.width) / 2;
     if (across == Place::End) x = area.right - run.width;
     const int y = Y(area.top) + Offset(down, area.top - area.bottom, facts->metrics.tmHeight);
-    Write_Clipped(font, Device(area), color, [&](HDC dc, const RECT& clip) {
-        run.Write(dc, x - view.origin.x, y - view.origin.y, clip);
-    });
-    return true;
+    Write_Glyphs(font, run, x, y, Device(area), color);
 }
 
 void Canvas::Write_Any(HFONT font, const char* text, const Area& area, Place across, Place down,
@@ -350,10 +319,7 @@ int Canvas::Write_Run(HFONT font, const char* text, int x, int y, unsigned long 
         return Width_Of(font, text);
     }
     // Slanted letters reach beyond their place, by less than they are high.
-    Write_Clipped(
-        font, {x - height, top, x + run.width + height, top + height}, color, [&](HDC dc, const RECT& clip) {
-            run.Write(dc, x - static_cast<int>(view.origin.x), top - static_cast<int>(view.origin.y), clip);
-        });
+    Write_Glyphs(font, run, x, top, {x - height, top, x + run.width + height, top + height}, color);
     return run.width;
 }
 

@@ -33,14 +33,10 @@ inline Reach Covering(const Area& area) { return {area, area}; }
 class Canvas {
   public:
     Canvas(const Tools_Fields& control, const Reach& reach);
-    /// On a picture that is kept from paint to paint, for a paint that covers an area; see `Take_View`.
+    /// On a picture that is kept from paint to paint, for a paint that covers an area; see `View`.
     Canvas(const Tools_Fields& control, const Area& covered, unsigned& picture);
     /// For a paint that belongs to no control.
     Canvas(HWND window, const Reach& reach);
-    ~Canvas() { Give_Back_View(painted); }
-    Canvas(const Canvas&) = delete;
-    Canvas& operator=(const Canvas&) = delete;
-
     /// Whether it paints on a kept picture that still holds what the control painted.
     bool Kept() const { return view.kept; }
 
@@ -108,35 +104,23 @@ class Canvas {
     int Y(int y) const { return static_cast<int>(view.client.cy) - 1 - y; }
     /// Half open, as `Box` takes it, in pixels of the client area.
     RECT Device(const Area& area) const { return {area.left, Y(area.top), area.right, Y(area.bottom)}; }
-    RECT Clipped(const RECT& device) const;
+    /// What may be painted of a rectangle; empty when there is nothing.
+    RECT Clipped(const RECT& device) const { return Common(device, view.clip); }
     RECT On_Sheet(const RECT& device) const;
-    void Set_Clip(const RECT& clip);
-    void Fill(const RECT& device, unsigned long color);
+    void Set_Clip(const RECT& clip) { view.clip = view.nested_clip = clip; }
+    void Fill(const RECT& device, unsigned long color) { view.Fill(Clipped(device), color); }
     void Fill_Run(const Pixel_Run& run, int y, unsigned long color);
     void Fill_Rows(Polygon_Rows& rows, unsigned long color);
     void Polygon_By_GDI(std::span<const POINT> corners, unsigned long color);
     struct Glyph_Run;
     HDC With_Text(HFONT font, unsigned long color);
     template <class Paint>
-    void Write_Clipped(HFONT font, const RECT& reach, unsigned long color, Paint paint);
-    template <class Paint>
     void Write_By_GDI(HFONT font, const RECT& reach, unsigned long color, Paint paint);
-    bool Write_Plain(HFONT font, const char* text, const Area& area, Place across, Place down,
-                     unsigned long color);
+    void Write_Glyphs(HFONT font, const Glyph_Run& run, int x, int y, const RECT& reach, unsigned long color);
     void Write_Any(HFONT font, const char* text, const Area& area, Place across, Place down,
                    unsigned long color);
 
     View view;
-    RECT painted{};
-};
-
-/// Has paints beside each other in one window share its context for a scope.
-class Shared_Context {
-  public:
-    explicit Shared_Context(HWND window) { Take_Context(window); }
-    ~Shared_Context() { Give_Back_View({}); }
-    Shared_Context(const Shared_Context&) = delete;
-    Shared_Context& operator=(const Shared_Context&) = delete;
 };
 
 }  // namespace galdren

@@ -60,18 +60,8 @@ unsigned long Colors::get() const { return Pack(Red, Green, Blue, Alpha); }
 unsigned long Colors::get_invert() const { return Pack(Blue, Green, Red, Alpha); }
 
 unsigned char Colors::operator[](int i) const {
-    switch (i) {
-        case 0:
-            return Clamp(Red);
-        case 1:
-            return Clamp(Green);
-        case 2:
-            return Clamp(Blue);
-        case 3:
-            return Clamp(Alpha);
-        default:
-            return 0;
-    }
+    const short channels[] = {Red, Green, Blue, Alpha};
+    return i >= 0 && i < 4 ? Clamp(channels[i]) : 0;
 }
 
 int Colors::operator==(const Colors& c) const { return Red == c.Red && Green == c.Green && Blue == c.Blue; }

@@ -100,3 +100,8 @@ struct Tools_Fields {
                   ///< painted; empty for one that stands alone
     unsigned char Veil{};  ///< see `Tools_Veil`; kept by a host, not copied
 };
+
+/// How often a control got another hit rectangle (`Rect`) so far, from `Init` or as a copy, in any window of
+/// the process. Who has noted the rectangles need not look at them again while it stays the same. For every
+/// thread.
+GALDREN_TOOLS_API unsigned Tools_Placements();

@@ -3,7 +3,7 @@
 #include <cstring>
 
 #include "tools/font_cache.h"
-#include "tools/surface.h"
+#include "tools/globals.h"
 
 using namespace galdren;
 

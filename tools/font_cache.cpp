@@ -1,12 +1,13 @@
 #include "tools/font_cache.h"
 
 #include <algorithm>
+#include <array>
 #include <atomic>
+#include <compare>
 #include <cstdlib>
 #include <cstring>
 #include <map>
 #include <new>
-#include <tuple>
 
 #include "tools/arithmetic.h"
 #include "tools/lock.h"
@@ -49,7 +50,7 @@ int Pixel_Height(HWND window, short points) {
 
 /// What a font is made from, in the form in which equal fonts are equal.
 struct Font_Key {
-    char face[LF_FACESIZE] = {};
+    std::array<char, LF_FACESIZE> face{};
     int height;
     bool bold;
     bool italic;
@@ -58,23 +59,13 @@ struct Font_Key {
         : height(Pixel_Height(window, points)),
           bold(weight && std::strcmp(weight, "bold") == 0),
           italic(style && (std::strcmp(style, "i") == 0 || std::strcmp(style, "o") == 0)) {
-        std::strncpy(face, face_word ? face_word : "Arial", LF_FACESIZE - 1);
+        std::strncpy(face.data(), face_word ? face_word : "Arial", LF_FACESIZE - 1);
     }
 
-    bool operator<(const Font_Key& other) const {
-        const int order = std::strcmp(face, other.face);
-        return std::tie(height, bold, italic) < std::tie(other.height, other.bold, other.italic) ||
-               (std::tie(height, bold, italic) == std::tie(other.height, other.bold, other.italic) &&
-                order < 0);
-    }
+    auto operator<=>(const Font_Key&) const = default;
 };
 
 using Font_Pool = Pool<Thing::Font, Font_Key, HFONT>;
-
-Font_Pool& Fonts() {
-    static Immortal<Font_Pool> fonts;
-    return *fonts;
-}
 
 /// Facts of the fonts in the pool, and those asked for last: most paints stay with one font.
 struct Facts_Cache {
@@ -82,11 +73,6 @@ struct Facts_Cache {
     HFONT last_font = nullptr;
     const Font_Facts* last = nullptr;
 };
-
-Facts_Cache& The_Facts() {
-    static Immortal<Facts_Cache> cache;
-    return *cache;
-}
 
 /// Accents that combine, and scripts whose letters change their place or shape beside others.
 bool Needs_Layout(WCHAR character) {
@@ -117,7 +103,7 @@ Font_Facts Ask_Facts(HDC dc) {
 }
 
 void Forget_Facts(HFONT font) {
-    Facts_Cache& cache = The_Facts();
+    Facts_Cache& cache = The<Facts_Cache>();
     cache.facts.erase(font);
     if (cache.last_font == font) cache.last_font = nullptr;
 }
@@ -137,7 +123,7 @@ HFONT Make_Font(const Font_Key& key) {
     description.lfHeight = -key.height;
     description.lfWeight = key.bold ? FW_BOLD : FW_DONTCARE;
     description.lfItalic = key.italic;
-    std::memcpy(description.lfFaceName, key.face, sizeof key.face);
+    std::memcpy(description.lfFaceName, key.face.data(), key.face.size());
     const HFONT font = CreateFontIndirectA(&description);
     if (!font) Report_Failure(description);
     return font;
@@ -148,10 +134,7 @@ bool Asks_For_Nothing(const char* face, const char* weight, const char* style, s
 }
 
 /// The context on which texts are measured, with the font in place.
-HDC Measure_With(HFONT font) {
-    static Immortal<Measuring_Picture> picture;
-    return picture->With_Font(font);
-}
+HDC Measure_With(HFONT font) { return The<Measuring_Picture>().With_Font(font); }
 
 }  // namespace
 
@@ -163,7 +146,7 @@ HFONT Make_Font(HWND window, const char* face, const char* weight, const char* s
 HFONT Acquire_Font(HWND window, const char* face, const char* weight, const char* style, short points) {
     if (Asks_For_Nothing(face, weight, style, points)) return nullptr;
     const Font_Key key(window, face, weight, style, points);
-    return Fonts().Acquire(key, [&] {
+    return The<Font_Pool>().Acquire(key, [&] {
         const HFONT font = Make_Font(key);
         Forget_Facts(font);  // the handle may have been that of a font which an application deleted
         return font;
@@ -175,7 +158,7 @@ void Share_Font(HFONT font, unsigned holders) { Share(Thing::Font, font, holders
 void Release_Font(HFONT font) {
     if (!font || font == GetStockObject(SYSTEM_FONT)) return;
     const Drawing_Lock lock;
-    if (!Fonts().Release(font)) return;
+    if (!The<Font_Pool>().Release(font)) return;
     Forget_Facts(font);
     Put_Away_Font(font);
     DeleteObject(font);
@@ -197,9 +180,9 @@ int Extent_In_Place(HDC dc, const char* text) {
 }
 
 const Font_Facts* Facts_Of(HFONT font) {
-    Facts_Cache& cache = The_Facts();
+    Facts_Cache& cache = The<Facts_Cache>();
     if (font && cache.last_font == font) return cache.last;
-    if (!Fonts().Key_Of(font)) return nullptr;
+    if (!The<Font_Pool>().Key_Of(font)) return nullptr;
     auto found = cache.facts.find(font);
     try {
         if (found == cache.facts.end())

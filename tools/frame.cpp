@@ -2,11 +2,20 @@
 
 #include <algorithm>
 
+#include "tools/globals.h"
 #include "tools/shading.h"
-#include "tools/surface.h"
 
 namespace galdren {
 
+namespace {
+
+/// Colours of one ring of a shaded frame.
+struct Ring_Shades {
+    Colors bottom_right;
+    Colors top_left;
+};
+
+/// @param ring  1 for the outermost of `width` rings
 Ring_Shades Shades_Of_Ring(Colors color, bool sunken, int width, int ring) {
     constexpr int Contrast = 80;
     constexpr int Extra_Dark = 40;
@@ -18,6 +27,8 @@ Ring_Shades Shades_Of_Ring(Colors color, bool sunken, int width, int ring) {
     dark += static_cast<short>(sunken ? -(offset + Extra_Dark) : -offset);
     return sunken ? Ring_Shades{light, dark} : Ring_Shades{dark, light};
 }
+
+}  // namespace
 
 void Paint_Frame(Canvas& canvas, Colors color, unsigned long flags, bool sunken, int width,
                  const Area& area) {
@@ -42,14 +53,11 @@ bool Fits_Size(const Tools_Fields& control, const void* buffer) {
 
 namespace {
 
-/// Fills a body as `Draw_Box` fills a rectangle. Insets that overlap turn it round, and then it ends a pixel
-/// further; it stays within the control.
-void Paint_Flat_Body(Canvas& canvas, Area body, const Area& control, unsigned long color) {
+/// Insets that overlap turn a body round; it stays within the control.
+void Paint_Flat_Body(Canvas& canvas, const Area& inside, const Area& control, unsigned long color) {
     Current_Color = color;
-    if (body.left > body.right) body = {body.right + 1, body.left + 1, body.bottom, body.top};
-    if (body.bottom > body.top) body = {body.left, body.right, body.top - 1, body.bottom - 1};
-    body = {std::max(body.left, control.left), std::min(body.right, control.right + 1),
-            std::max(body.bottom, control.bottom - 1), std::min(body.top, control.top)};
+    const Area body =
+        Common(Upright(inside), {control.left, control.right + 1, control.bottom - 1, control.top});
     if (body.left < body.right && body.bottom < body.top) canvas.Box(body, color);
 }
 

@@ -15,15 +15,6 @@ constexpr unsigned long Outline_Blue = 0xE64040;  // red 64, green 64, blue 230
 /// Colour of a highlighted body.
 inline Colors Highlight_Color() { return {230, 100, 100}; }
 
-/// Colours of one ring of a shaded frame.
-struct Ring_Shades {
-    Colors bottom_right;
-    Colors top_left;
-};
-
-/// @param ring  1 for the outermost of `width` rings
-Ring_Shades Shades_Of_Ring(Colors color, bool sunken, int width, int ring);
-
 /// The shaded frame; see `Tools::Cadre`.
 void Paint_Frame(Canvas& canvas, Colors color, unsigned long flags, bool sunken, int width, const Area& area);
 

@@ -2,6 +2,9 @@
 
 #include <windows.h>
 
+#include <algorithm>
+#include <iterator>
+
 int ZCursor_X = 0;
 int ZCursor_Y = 0;
 unsigned int Button_State = 0;
@@ -10,16 +13,8 @@ namespace {
 
 /// Bit of a button in `Button_State`; 0 for a number that names no button.
 unsigned int Button_Bit(int button) {
-    switch (button) {
-        case 1:
-            return 1;
-        case 2:
-            return 4;
-        case 3:
-            return 2;
-        default:
-            return 0;
-    }
+    constexpr unsigned int Bits[] = {0, 1, 4, 2};
+    return button >= 0 && button <= 3 ? Bits[button] : 0;
 }
 
 }  // namespace
@@ -37,27 +32,13 @@ int getbutton(int vk) {
 
 int getkey(int key) {
     constexpr int Toggle_Bit = 1;
-    int modifier = 0;
-    switch (key) {
-        case VK_SHIFT:
-        case 64:
-        case VK_LSHIFT:
-        case VK_RSHIFT:
-            modifier = VK_SHIFT;
-            break;
-        case VK_CONTROL:
-        case 32:
-        case VK_LCONTROL:
-        case VK_RCONTROL:
-            modifier = VK_CONTROL;
-            break;
-        case VK_MENU:
-        case VK_LMENU:
-        case VK_RMENU:
-            modifier = VK_MENU;
-            break;
-        default:
-            return 0;
+    // Each modifier by its number, by an older one, and by those of the keys on either side.
+    constexpr int Modifiers[][4] = {{VK_SHIFT, 64, VK_LSHIFT, VK_RSHIFT},
+                                    {VK_CONTROL, 32, VK_LCONTROL, VK_RCONTROL},
+                                    {VK_MENU, VK_MENU, VK_LMENU, VK_RMENU}};
+    for (const auto& names : Modifiers) {
+        if (std::find(std::begin(names), std::end(names), key) != std::end(names))
+            return GetKeyState(names[0]) & 0xFF & ~Toggle_Bit;
     }
-    return GetKeyState(modifier) & 0xFF & ~Toggle_Bit;
+    return 0;
 }

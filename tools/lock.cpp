@@ -2,10 +2,7 @@
 
 #include <windows.h>
 
-#include "tools/surface.h"
-
-CRITICAL_SECTION Critical;
-unsigned char Critical_Flag = 0;
+#include "tools/globals.h"
 
 namespace galdren {
 

@@ -22,19 +22,13 @@ class Drawing_Lock {
     Drawing_Lock& operator=(const Drawing_Lock&) = delete;
 };
 
-/// An object that lives as long as the process. Controls in static storage may outlive the library's other
-/// static objects, and still have to let go of what they share.
+/// The one object of a type, which lives as long as the process. Controls in static storage may outlive the
+/// library's other static objects, and still have to let go of what they share.
 template <class Object>
-class Immortal {
-  public:
-    Immortal() { new (storage) Object; }
-    Immortal(const Immortal&) = delete;
-    Immortal& operator=(const Immortal&) = delete;
-    Object& operator*() { return *std::launder(reinterpret_cast<Object*>(storage)); }
-    Object* operator->() { return &**this; }
-
-  private:
-    alignas(Object) unsigned char storage[sizeof(Object)];
-};
+Object& The() {
+    alignas(Object) static unsigned char storage[sizeof(Object)];
+    static Object* const object = new (storage) Object;
+    return *object;
+}
 
 }  // namespace galdren

@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-#include "tools/surface.h"
+#include "tools/globals.h"
 
 namespace {
 

@@ -3,7 +3,6 @@
 #include <atomic>
 
 #include "tools/canvas.h"
-#include "tools/placements.h"
 #include "tools/sharing.h"
 
 namespace galdren {

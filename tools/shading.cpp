@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <atomic>
+#include <compare>
 #include <cstddef>
 #include <cstring>
 #include <new>
-#include <tuple>
 
 #include "tools/arithmetic.h"
 #include "tools/dimensions.h"
@@ -25,21 +25,12 @@ struct Shading {
     int border;           ///< not negative
     unsigned long color;  ///< pixel form
 
-    bool operator<(const Shading& other) const {
-        return std::tie(width, height, border, color) <
-               std::tie(other.width, other.height, other.border, other.color);
-    }
+    auto operator<=>(const Shading&) const = default;
 };
 
 using Shading_Pool = Pool<Thing::Array, Shading, const void*>;
 
-Shading_Pool& Shadings() {
-    static Immortal<Shading_Pool> shadings;
-    return *shadings;
-}
-
-/// The pixel of every offset from a colour. Inside a body they run from -100 to nearly +100; no channel has
-/// room for more than 255.
+/// The pixel of every offset from a colour; no channel has room for more than 255.
 class Ramp {
   public:
     explicit Ramp(unsigned long color) {
@@ -47,15 +38,13 @@ class Ramp {
             pixels[Index(offset)] =
                 Add(color, 16, offset) | Add(color, 8, offset) | Add(color, 0, offset) | (color & 0xFF000000);
     }
-    /// @param offset  within the range that a body has
-    unsigned long operator[](int offset) const { return pixels[Index(offset)]; }
-    unsigned long At(float offset) const {
-        return pixels[Index(std::clamp(Truncate(double{offset}), -Farthest, Farthest))];
-    }
+    unsigned long At(float offset) const { return pixels[Index(static_cast<int>(offset))]; }
 
   private:
     static constexpr int Farthest = 255;
-    static std::size_t Index(int offset) { return static_cast<std::size_t>(offset + Farthest); }
+    static std::size_t Index(int offset) {
+        return static_cast<std::size_t>(std::clamp(offset, -Farthest, Farthest) + Farthest);
+    }
     static unsigned long Add(unsigned long color, int shift, int offset) {
         const int channel = static_cast<int>(color >> shift & 0xFF) + offset;
         return static_cast<unsigned long>(std::clamp(channel, 0, 255)) << shift;
@@ -68,34 +57,16 @@ float Share_Of_Offset(int i, int count) {
     return count < 1 ? 0.0F : static_cast<float>(i) * (100.0F / static_cast<float>(count)) - 50.0F;
 }
 
-/// The body inside the border.
-void Shade_Body(unsigned long* pixels, const Shading& shading, const Ramp& ramp) {
+/// Shades what lies inside a margin.
+void Shade(unsigned long* pixels, const Shading& shading, int margin) {
+    const Ramp ramp(shading.color);
     const int columns = shading.width - 2 * shading.border;
     const int rows = shading.height - 2 * shading.border;
-    for (int j = 0; j < rows && columns > 0; ++j) {
-        const float row_offset = Share_Of_Offset(j, rows);
-        unsigned long* row = pixels + std::ptrdiff_t{shading.border + j} * shading.width + shading.border;
-        for (int i = 0; i < columns; ++i)
-            row[i] = ramp[static_cast<int>(Share_Of_Offset(i, columns) + row_offset)];
-    }
-}
-
-/// The ring outside the border, where the ramp goes on.
-void Shade_Ring(unsigned long* pixels, const Shading& shading, const Ramp& ramp) {
-    const int columns = shading.width - 2 * shading.border;
-    const int rows = shading.height - 2 * shading.border;
-    const auto shade = [&](int y, int from, int to) {
+    for (int y = margin; y < shading.height - margin; ++y) {
         const float row_offset = Share_Of_Offset(y - shading.border, rows);
-        unsigned long* row = pixels + std::ptrdiff_t{y} * shading.width;
-        for (int x = from; x < to; ++x)
+        unsigned long* const row = pixels + std::ptrdiff_t{y} * shading.width;
+        for (int x = margin; x < shading.width - margin; ++x)
             row[x] = ramp.At(Share_Of_Offset(x - shading.border, columns) + row_offset);
-    };
-    const int near_end = std::min(shading.border, shading.width);
-    const int far_end = std::max(shading.width - shading.border, near_end);
-    for (int y = 0; y < shading.height; ++y) {
-        const bool beside = y >= shading.border && y < shading.height - shading.border;
-        shade(y, 0, beside ? near_end : shading.width);
-        if (beside) shade(y, far_end, shading.width);
     }
 }
 
@@ -111,10 +82,11 @@ std::size_t Pixels_Of(const Shading& shading) {
 
 constexpr std::size_t Most_Pixels = std::size_t{8192} * 8192;
 
-unsigned long* Make_Body(const Shading& shading, const Ramp& ramp) {
+/// @param margin  outside of which it is black
+unsigned long* Make_Body(const Shading& shading, int margin) {
     if (Pixels_Of(shading) > Most_Pixels) return nullptr;
     auto* pixels = new (std::nothrow) unsigned long[Pixels_Of(shading)]();
-    if (pixels) Shade_Body(pixels, shading, ramp);
+    if (pixels) Shade(pixels, shading, margin);
     return pixels;
 }
 
@@ -135,23 +107,18 @@ void Expect_Other_Control() { Limit_Reported = false; }
 
 unsigned long* Make_Shading(const Tools_Fields& control, const Colors& color) {
     const Shading shading = Shading_Of(control, color);
-    return Make_Body(shading, Ramp(shading.color));
+    return Make_Body(shading, shading.border);
 }
 
 void Renew_Shading(const Tools_Fields& control, unsigned long*& own, const Colors& color) {
     Release_Array(own);
     const Shading shading = Shading_Of(control, color);
-    const void* shared = Shadings().Acquire(shading, [&]() -> const void* {
-        const Ramp ramp(shading.color);
-        unsigned long* const pixels = Make_Body(shading, ramp);
-        if (pixels) Shade_Ring(pixels, shading, ramp);
-        return pixels;
-    });
+    const void* shared = The<Shading_Pool>().Acquire(shading, [&] { return Make_Body(shading, 0); });
     own = static_cast<unsigned long*>(const_cast<void*>(shared));
 }
 
 int Pixels_Of_Shading(const void* buffer) {
-    const Shading* made = buffer ? Shadings().Key_Of(buffer) : nullptr;
+    const Shading* made = buffer ? The<Shading_Pool>().Key_Of(buffer) : nullptr;
     return made ? made->width * made->height : 0;
 }
 
@@ -160,7 +127,7 @@ void Share_Array(const void* array) { Share(Thing::Array, array); }
 void Share_Among(const void* array, unsigned holders) { Share(Thing::Array, array, holders); }
 
 void Release_Array(const void* array) {
-    if (Shadings().Release(array)) delete[] static_cast<const unsigned char*>(array);
+    if (The<Shading_Pool>().Release(array)) delete[] static_cast<const unsigned char*>(array);
 }
 
 }  // namespace galdren

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstdlib>
 #include <limits>
-#include <new>
 #include <utility>
 
 namespace galdren {
@@ -56,16 +55,16 @@ Polygon_Rows::Polygon_Rows(std::span<const POINT> corners)
       top(std::numeric_limits<int>::max()),
       bottom(std::numeric_limits<int>::min()) {
     for (std::size_t i = 0; i < count; ++i) {
-        const Edge* edge = new (Edges() + i) Edge(corners[i], corners[(i + 1) % count]);
-        top = std::min(top, edge->Top());
-        bottom = std::max(bottom, edge->Bottom());
+        edges[i] = Edge(corners[i], corners[(i + 1) % count]);
+        top = std::min(top, edges[i].Top());
+        bottom = std::max(bottom, edges[i].Bottom());
     }
     y = top;
 }
 
 Pixel_Run Polygon_Rows::Next() {
     Pixel_Run row{std::numeric_limits<int>::max(), std::numeric_limits<int>::min()};
-    for (Edge* edge = Edges(); edge != Edges() + count; ++edge) {
+    for (Edge* edge = edges; edge != edges + count; ++edge) {
         if (y < edge->Top() || y > edge->Bottom()) continue;
         const Pixel_Run run = edge->Next();
         row = {std::min(row.left, run.left), std::max(row.right, run.right)};

@@ -19,6 +19,7 @@ struct Pixel_Run {
 /// takes the left or the upper one.
 class Edge {
   public:
+    Edge() = default;
     Edge(POINT from, POINT to);
 
     int Top() const { return top; }
@@ -68,13 +69,11 @@ class Polygon_Rows {
     Pixel_Run Next();
 
   private:
-    alignas(Edge) unsigned char room[Most_Corners * sizeof(Edge)];
+    Edge edges[Most_Corners];
     std::size_t count;
     int top;
     int bottom;
     int y;
-
-    Edge* Edges() { return reinterpret_cast<Edge*>(room); }
 };
 
 }  // namespace galdren

@@ -14,70 +14,35 @@ namespace galdren {
 
 namespace {
 
-/// Memory for the entries of the table. Some is there before it is needed: nobody who copies a control can be
-/// told that there is none. Without exceptions, for one that is thrown needs memory too.
-class Entry_Room {
-  public:
-    union Block {
-        Block* next;
-        std::byte room[64];
-    };
+/// Room for the next entry of the table, asked for beforehand: nobody who copies a control can be told that
+/// there is no memory, and an exception that is thrown needs some too.
+void* Prepared = nullptr;
+constexpr std::size_t Room_For_Entry = 64;
 
-    /// @return whether there is room for one more entry
-    bool Prepare() {
-        if (!prepared) prepared = static_cast<Block*>(std::malloc(sizeof(Block)));
-        if (!prepared) prepared = From_Reserve();
-        return prepared != nullptr;
-    }
-    void* Take() {
-        if (!Prepare()) throw std::bad_alloc();
-        return std::exchange(prepared, nullptr);
-    }
-    void Give_Back(void* room) {
-        const std::less<> before;
-        if (before(room, reserve) || !before(room, reserve + Most_Reserved)) return std::free(room);
-        auto* block = static_cast<Block*>(room);
-        block->next = std::exchange(returned, block);
-    }
-
-  private:
-    Block* From_Reserve() {
-        if (returned) return std::exchange(returned, returned->next);
-        return used < Most_Reserved ? &reserve[used++] : nullptr;
-    }
-
-    static constexpr std::size_t Most_Reserved = 1024;
-    Block reserve[Most_Reserved];
-    Block* returned;
-    Block* prepared;
-    std::size_t used;
-};
-
-Entry_Room Room;
+bool Prepare() {
+    if (!Prepared) Prepared = std::malloc(Room_For_Entry);
+    return Prepared != nullptr;
+}
 
 template <class Entry>
-struct Room_Allocator {
+struct Prepared_Allocator {
     using value_type = Entry;
-    Room_Allocator() = default;
+    Prepared_Allocator() = default;
     template <class Other>
-    Room_Allocator(const Room_Allocator<Other>&) {}
+    Prepared_Allocator(const Prepared_Allocator<Other>&) {}
     Entry* allocate(std::size_t) {
-        static_assert(sizeof(Entry) <= sizeof(Entry_Room::Block));
-        return static_cast<Entry*>(Room.Take());
+        static_assert(sizeof(Entry) <= Room_For_Entry);
+        if (!Prepare()) throw std::bad_alloc();
+        return static_cast<Entry*>(std::exchange(Prepared, nullptr));
     }
-    void deallocate(Entry* entry, std::size_t) { Room.Give_Back(entry); }
-    bool operator==(const Room_Allocator&) const = default;
+    void deallocate(Entry* entry, std::size_t) { std::free(entry); }
+    bool operator==(const Prepared_Allocator&) const = default;
 };
 
 /// Holders of each thing that has more than one; a thing that is not listed has one.
 using Address = std::pair<Thing, const void*>;
 using Holders =
-    std::map<Address, unsigned, std::less<Address>, Room_Allocator<std::pair<const Address, unsigned>>>;
-
-Holders& All_Holders() {
-    static Immortal<Holders> holders;
-    return *holders;
-}
+    std::map<Address, unsigned, std::less<Address>, Prepared_Allocator<std::pair<const Address, unsigned>>>;
 
 /// Things with a holder that could not be listed, by the places of their addresses. They are never freed: to
 /// lose memory is better than to free what another control still paints. The set needs no memory itself, at
@@ -96,17 +61,14 @@ bool Is_Lost(Thing kind, const void* thing) { return Never_Freed[Place_Of(kind, 
 
 }  // namespace
 
-void Share(Thing kind, const void* thing, unsigned holders) {
-    if (thing) Share(Drawing_Lock(), kind, thing, holders);
-}
-
-void Share(const Drawing_Lock&, Thing kind, const void* thing, unsigned holders) {
+void Share(Thing kind, const void* thing, unsigned holders, const Drawing_Lock&) {
     if (!thing || holders == 0) return;
-    const auto entry = All_Holders().find({kind, thing});
-    if (entry != All_Holders().end()) {
+    const auto entry = The<Holders>().find({kind, thing});
+    if (entry != The<Holders>().end()) {
         entry->second += holders;
-    } else if (Room.Prepare()) {
-        All_Holders().try_emplace({kind, thing}, 1 + holders);
+    } else if (Prepare()) {
+        The<Holders>().try_emplace({kind, thing}, 1 + holders);
+        Prepare();  // for the next one, should there be no memory just then
     } else {
         Never_Freed.set(Place_Of(kind, thing));
     }
@@ -114,17 +76,14 @@ void Share(const Drawing_Lock&, Thing kind, const void* thing, unsigned holders)
 
 bool Is_Shared(Thing kind, const void* thing) {
     Drawing_Lock lock;
-    return Is_Lost(kind, thing) || All_Holders().count({kind, thing}) != 0;
+    return Is_Lost(kind, thing) || The<Holders>().count({kind, thing}) != 0;
 }
 
-bool Let_Go(Thing kind, const void* thing) { return thing && Let_Go(Drawing_Lock(), kind, thing); }
-
-bool Let_Go(const Drawing_Lock&, Thing kind, const void* thing) {
-    if (!thing) return false;
-    if (Is_Lost(kind, thing)) return false;
-    const auto entry = All_Holders().find({kind, thing});
-    if (entry == All_Holders().end()) return true;
-    if (--entry->second == 1) All_Holders().erase(entry);
+bool Let_Go(Thing kind, const void* thing, const Drawing_Lock&) {
+    if (!thing || Is_Lost(kind, thing)) return false;
+    const auto entry = The<Holders>().find({kind, thing});
+    if (entry == The<Holders>().end()) return true;
+    if (--entry->second == 1) The<Holders>().erase(entry);
     return false;
 }
 
@@ -136,7 +95,7 @@ bool Is_Alive(Thing kind, const void* thing) {
 
 void Forget(Thing kind, const void* thing) {
     Drawing_Lock lock;
-    All_Holders().erase({kind, thing});
+    The<Holders>().erase({kind, thing});
 }
 
 char* Duplicate(std::string_view text) {

@@ -14,18 +14,16 @@ namespace galdren {
 enum class Thing : unsigned char { Array, Font, Region };
 
 /// Notes more holders of `thing`. Null is ignored.
-void Share(Thing kind, const void* thing, unsigned holders = 1);
-/// The same for who has the lock already.
-void Share(const Drawing_Lock& lock, Thing kind, const void* thing, unsigned holders = 1);
+/// @param lock  of who has it already
+void Share(Thing kind, const void* thing, unsigned holders = 1, const Drawing_Lock& lock = Drawing_Lock());
 
 /// Whether `thing` has more than one holder.
 bool Is_Shared(Thing kind, const void* thing);
 
 /// Takes one holder away.
+/// @param lock  of who has it already
 /// @return true when it was the last, who now has to free the thing; false for null
-bool Let_Go(Thing kind, const void* thing);
-/// The same for who has the lock already.
-bool Let_Go(const Drawing_Lock& lock, Thing kind, const void* thing);
+bool Let_Go(Thing kind, const void* thing, const Drawing_Lock& lock = Drawing_Lock());
 
 /// Whether a thing is still what it is noted as: an application may have deleted a handle that it shares.
 bool Is_Alive(Thing kind, const void* thing);
@@ -49,7 +47,7 @@ class Pool {
         const Drawing_Lock lock;
         const auto found = by_key.find(key);
         if (found != by_key.end() && Is_Alive(kind, found->second)) {
-            Share(lock, kind, found->second);
+            Share(kind, found->second, 1, lock);
             return found->second;
         }
         if (found != by_key.end()) Drop(found);
@@ -70,12 +68,7 @@ class Pool {
     bool Release(Value value) {
         if (!value) return false;
         const Drawing_Lock lock;
-        return Release(lock, value);
-    }
-
-    /// The same for who has the lock already.
-    bool Release(const Drawing_Lock& lock, Value value) {
-        if (!Let_Go(lock, kind, value)) return false;
+        if (!Let_Go(kind, value, lock)) return false;
         const auto found = by_value.find(value);
         if (found != by_value.end()) {
             by_key.erase(found->second);

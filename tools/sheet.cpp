@@ -90,39 +90,20 @@ struct Sheets {
     std::vector<std::unique_ptr<Sheet>> nested;  ///< for as long as they are used
 };
 
-Sheets& All_Sheets() {
-    static Immortal<Sheets> sheets;
-    return *sheets;
-}
-
 bool Is_Free(const std::unique_ptr<Sheet>& sheet) { return !sheet || sheet->users == 0; }
 
 /// Adds a sheet to those that go when nobody uses them any more; null when it is, or there is no memory.
 Sheet* Nest(std::unique_ptr<Sheet> sheet) try {
     if (!sheet) return nullptr;
-    All_Sheets().nested.push_back(std::move(sheet));
-    return All_Sheets().nested.back().get();
+    The<Sheets>().nested.push_back(std::move(sheet));
+    return The<Sheets>().nested.back().get();
 } catch (const std::bad_alloc&) {
     return nullptr;
 }
 
-/// A free sheet with enough room, made if need be; null without memory.
-Sheet* Find_Sheet(SIZE size) {
-    Sheets& sheets = All_Sheets();
-    if (size.cx <= Small_Room.cx && size.cy <= Small_Room.cy && Is_Free(sheets.small_one)) {
-        if (!sheets.small_one) sheets.small_one = Make_Sheet(Small_Room);
-        return sheets.small_one.get();
-    }
-    if (!Is_Free(sheets.large_one)) return Nest(Make_Sheet(size));
-    if (sheets.large_one && sheets.large_one->Has_Room(size)) return sheets.large_one.get();
-    sheets.large_one.reset();
-    sheets.large_one = Make_Sheet(size);
-    return sheets.large_one.get();
-}
-
 void Free_Sheets() {
     const Drawing_Lock lock;
-    Sheets& sheets = All_Sheets();
+    Sheets& sheets = The<Sheets>();
     if (Is_Free(sheets.small_one)) sheets.small_one.reset();
     if (Is_Free(sheets.large_one)) sheets.large_one.reset();
 }
@@ -141,17 +122,24 @@ void Retire_Sheet(std::unique_ptr<Sheet> sheet) {
     if (sheet && sheet->users > 0) Nest(std::move(sheet));
 }
 
-Sheet* Acquire_Sheet(HWND window, const RECT& place) {
-    Sheet* sheet = Find_Sheet(Size_Of(place));
-    if (!sheet) return nullptr;
-    sheet->Stand_For(window, place);
-    sheet->users = 1;
+Sheet* Free_Sheet(HWND window, const RECT& place) {
+    Sheets& sheets = The<Sheets>();
+    const SIZE size = Size_Of(place);
+    const bool small = size.cx <= Small_Room.cx && size.cy <= Small_Room.cy && Is_Free(sheets.small_one);
+    std::unique_ptr<Sheet>& kept = small ? sheets.small_one : sheets.large_one;
+    const bool nests = !Is_Free(kept);
+    if (!nests && !(kept && kept->Has_Room(size))) {
+        kept.reset();
+        kept = Make_Sheet(small ? Small_Room : size);
+    }
+    Sheet* const sheet = nests ? Nest(Make_Sheet(size)) : kept.get();
+    if (sheet) sheet->Stand_For(window, place);
     return sheet;
 }
 
 void Release_Sheet(Sheet* sheet) {
     if (--sheet->users > 0) return;
-    std::erase_if(All_Sheets().nested, [](const auto& entry) { return !entry || entry->users == 0; });
+    std::erase_if(The<Sheets>().nested, [](const auto& entry) { return !entry || entry->users == 0; });
 }
 
 }  // namespace galdren

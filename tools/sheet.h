@@ -60,9 +60,9 @@ class Sheet : public Picture {
     int first_row = 0;
 };
 
-/// A sheet for a rectangle, to be given back; null when there is no memory. The library keeps a small one,
-/// which stays in the processor's cache, and a large one; nested paints get others.
-Sheet* Acquire_Sheet(HWND window, const RECT& place);
+/// A sheet for a rectangle, whose user counts itself in at once; null when there is no memory. The library
+/// keeps a small one, which stays in the processor's cache, and a large one; nested paints get others.
+Sheet* Free_Sheet(HWND window, const RECT& place);
 
 /// Takes one user away.
 void Release_Sheet(Sheet* sheet);

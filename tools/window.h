@@ -14,25 +14,23 @@ SIZE Client_Size(HWND window);
 /// would be off by a pixel at many sizes, for the display's millimetres are rounded.
 void Map_Logical(HDC dc, SIZE client);
 
-/// Whether the window or its class has a context of its own, which keeps what is selected when it is
-/// released.
-bool Has_Private_Context(HWND window);
-
 /// A context of a window, in pixels from the top left corner of its client area. Never mirrored: our
 /// coordinates run to the right in every window.
 class Window_Context {
   public:
     explicit Window_Context(HWND owner);
     ~Window_Context();
-    Window_Context(Window_Context&& other) noexcept;
-    Window_Context& operator=(Window_Context&& other) noexcept;
+    Window_Context(const Window_Context&) = delete;
+    Window_Context& operator=(const Window_Context&) = delete;
     /// Null when there is none to be had.
     HDC Get() const { return dc; }
+    /// Whether it belongs to its window or class, and the application has it too.
+    bool Is_Private() const { return saved != 0; }
 
   private:
     HWND window;
-    HDC dc;
-    int saved;  // state of a context that belongs to its window or class, and is not ours to change
+    HDC dc = nullptr;
+    int saved = 0;  // state of a context that belongs to its window or class, and is not ours to change
 };
 
 /// Has an area painted by the next WM_PAINT.

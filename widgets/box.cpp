@@ -3,6 +3,7 @@
 #include "tools/base.h"
 #include "tools/dimensions.h"
 #include "tools/sharing.h"
+#include "widgets/items.h"
 
 using namespace galdren;
 
@@ -81,7 +82,7 @@ void Boxs::Init(HWND window) {
 void Boxs::Draw() {
     Check(*this, "Box::Draw");
     if (!Has_Size(*this)) return;
-    Canvas canvas(*this, Around(*this));
+    Canvas canvas(*this, Whole(*this));
     if (Has_Flag(*this, FLAG_OUTLINE)) {
         Paint_Outline(canvas, Area_Of(*this));
         Paint_Name(canvas, *this);

@@ -1,14 +1,13 @@
 #include "widgets/button.h"
 
 #include <algorithm>
-#include <functional>
-#include <string_view>
+#include <iterator>
 
 #include "tools/base.h"
 #include "tools/dimensions.h"
 #include "tools/font_cache.h"
 #include "tools/sharing.h"
-#include "widgets/button_items.h"
+#include "widgets/items.h"
 
 using namespace galdren;
 
@@ -16,25 +15,14 @@ namespace {
 
 constexpr int Lamp_Width = 8;
 
-Colors Lamp_Color(const Buttons& button) {
-    const Colors grey(170, 170, 170);
-    const Colors yellow(255, 255, 0);
-    if (button.Lamp == 0) return grey;
-    if (!Has_Flag(button, BUTTON_LAMP_COLORS)) return yellow;
-    switch (button.Lamp) {
-        case 1:
-            return Colors(0, 255, 0);
-        case 2:
-            return Colors(0, 0, 255);
-        case 3:
-            return yellow;
-        default:
-            return Colors(255, 0, 0);
-    }
+unsigned long Lamp_Color(const Buttons& button) {
+    constexpr unsigned long Grey = 0xAAAAAA;
+    constexpr unsigned long Yellow = 0x00FFFF;
+    constexpr unsigned long Red = 0x0000FF;
+    constexpr unsigned long Numbered[] = {Grey, 0x00FF00, 0xFF0000, Yellow};
+    if (button.Lamp && !Has_Flag(button, BUTTON_LAMP_COLORS)) return Yellow;
+    return button.Lamp >= 0 && button.Lamp < int(std::size(Numbered)) ? Numbered[button.Lamp] : Red;
 }
-
-/// Width of the frame around the lamp.
-int Lamp_Frame(const Buttons& button) { return std::max(Frame_Thickness(button) - 1, 1); }
 
 /// The lamp stands `SPACE` pixels from the left edge, centred, as high as the body but at most as that of a
 /// button of the common size.
@@ -46,19 +34,11 @@ Area Lamp_Area(const Buttons& button) {
             button.Y + ((height - margin + button.Height) >> 1)};
 }
 
-/// What the lamp may paint: a frame that is higher than the lamp turns inside out.
-Area Lamp_Reach(const Buttons& button) {
-    const Area lamp = Lamp_Area(button);
-    const int frame = Lamp_Frame(button);
-    return {lamp.left, lamp.right, std::min(lamp.bottom, lamp.top - frame),
-            std::max(lamp.top, lamp.bottom + frame)};
-}
-
 void Paint_Lamp(Canvas& canvas, const Buttons& button) {
     if (!Has_Flag(button, BUTTON_LAMP)) return;
-    const int frame = Lamp_Frame(button);
+    const int frame = std::max(Frame_Thickness(button) - 1, 1);
     const Area lamp = Lamp_Area(button);
-    canvas.Box(lamp.Inset(frame), Lamp_Color(button).get());
+    canvas.Box(lamp.Inset(frame), Lamp_Color(button));
     Paint_Frame(canvas, button.Color, 0, true, frame, lamp);
 }
 
@@ -66,28 +46,18 @@ unsigned long Caption_Flags(const Buttons& button) {
     return galdren::Caption_Flags(button, button.Value != 0);
 }
 
-Area Caption_Area(const Buttons& button) {
+void Paint_Name(Canvas& canvas, const Buttons& button, unsigned long flags) {
     Area area = Area_Of(button);
     if (Has_Flag(button, BUTTON_LAMP)) area.left += Lamp_Width;
-    return area;
-}
-
-void Paint_Name(Canvas& canvas, const Buttons& button, unsigned long flags) {
-    Paint_Caption(canvas, button.Font, button.Name, flags, Caption_Area(button), button.Border);
-}
-
-void Paint_Name(Canvas& canvas, const Buttons& button) { Paint_Name(canvas, button, Caption_Flags(button)); }
-
-void Paint_Fill(Canvas& canvas, const Buttons& button, bool highlighted) {
-    const unsigned long* body = highlighted ? button.Cur_Graph_Select : button.Cur_Graph_Normal;
-    Paint_Body(canvas, button, highlighted, body, button.Flag, Frame_Thickness(button) + 1, Area_Of(button));
+    Paint_Caption(canvas, button.Font, button.Name, flags, area, button.Border);
 }
 
 /// Body, lamp and caption.
 void Paint_Look(Canvas& canvas, const Buttons& button, bool highlighted, bool with_lamp) {
-    Paint_Fill(canvas, button, highlighted);
+    const unsigned long* body = highlighted ? button.Cur_Graph_Select : button.Cur_Graph_Normal;
+    Paint_Body(canvas, button, highlighted, body, button.Flag, Frame_Thickness(button) + 1, Area_Of(button));
     if (with_lamp) Paint_Lamp(canvas, button);
-    Paint_Name(canvas, button);
+    Paint_Name(canvas, button, Caption_Flags(button));
 }
 
 void Renew_Bodies(Buttons& button) {
@@ -132,12 +102,10 @@ bool Begin_Button(Buttons& button, HWND& window) {
     return true;
 }
 
-/// Whether nothing of a button's look was made or given yet, so that `Init` makes all of it.
-bool Is_Plain_And_New(const Buttons& button) {
-    return !Has_Flag(button, FLAG_STATIC | FLAG_OWN_IMAGES) && !button.Font && !button.Graph_Normal &&
-           !button.Graph_Select && !button.Last_Graph_Normal && !button.Last_Graph_Select &&
-           !button.Own_Normal_Up && !button.Own_Normal_Down && !button.Own_Select_Up &&
-           !button.Own_Select_Down && button.Last_Width == 0 && button.Last_Height == 0;
+/// Whether `Init` has a button's whole look to make.
+bool Is_New(const Buttons& button) {
+    return !(button.State & STATE_READY) && !button.Font && !button.Graph_Normal && !button.Graph_Select &&
+           !Has_Flag(button, FLAG_STATIC | FLAG_OWN_IMAGES);
 }
 
 /// Whether a button has all that others may take over.
@@ -146,15 +114,7 @@ bool Is_Complete(const Buttons& button) {
            button.Own_Select_Down;
 }
 
-/// Whether two buttons that are plain and new get the same look.
-bool Look_Alike(const Buttons& one, const Buttons& other) {
-    return one.Width == other.Width && one.Height == other.Height && one.Border == other.Border &&
-           one.Color == other.Color && one.Color.Alpha == other.Color.Alpha &&
-           one.Font_Name == other.Font_Name && one.Font_Weight == other.Font_Weight &&
-           one.Font_Style == other.Font_Style && one.Font_Size == other.Font_Size;
-}
-
-/// Gives a button the look of a complete one like it, as far as `Share_Look` makes up for it later.
+/// Gives a button the look of a complete one like it, of which it is noted as a holder later.
 void Take_Look(Buttons& button, const Buttons& model) {
     button.Font = model.Font;
     button.Font_Size_Last = model.Font_Size_Last;
@@ -175,85 +135,59 @@ void For_Owned(const Buttons& button, Act act) {
         act(array);
 }
 
-/// Notes the holders of what `Take_Look` gave to so many buttons.
-void Share_Look(const Buttons& model, unsigned holders) {
-    Share_Font(model.Font, holders);
-    For_Owned(model, [holders](const unsigned long* body) { Share_Among(body, holders); });
-}
-
-/// Whether lamp and caption lie on the body alone, so that painting the body leaves nothing of them.
+/// Whether painting the body leaves nothing of what a button has on it.
 bool Body_Hides_Rest(const Buttons& button) {
-    const Area body = Area_Of(button).Inset(Frame_Thickness(button) + 1);
-    return (!Has_Flag(button, BUTTON_LAMP) || body.Holds(Lamp_Reach(button))) &&
-           Caption_Stays_Inside(button.Font, button.Name, Caption_Flags(button), Caption_Area(button),
-                                button.Border, body);
-}
-
-/// Frame and body. What the body does not hide of lamp and caption is painted between the two.
-void Paint_Body_In_Frame(Canvas& canvas, const Buttons& button, bool highlighted) {
-    Paint_Frame(canvas, button.Color, button.Flag, button.Value != 0, Frame_Thickness(button),
-                Area_Of(button));
-    if (!Body_Hides_Rest(button)) {
-        Paint_Lamp(canvas, button);
-        Paint_Name(canvas, button);
-    }
-    Paint_Fill(canvas, button, highlighted);
-}
-
-/// The reach of a paint of the whole button, which frame and body cover completely where there is room for
-/// both.
-Reach Whole(const Buttons& button) {
-    const Area covered = Area_Of(button).Inset(Has_Flag(button, FLAG_NO_RIM) ? 1 : 0);
-    // Stacked text may be longer than the button is high.
-    const bool complete = !Has_Flag(button, FLAG_STATIC | FLAG_OUTLINE | FLAG_NO_BODY | FLAG_VERTICAL) &&
-                          2 * Frame_Thickness(button) + 2 <= std::min(button.Width, button.Height) &&
-                          (!Has_Flag(button, BUTTON_LAMP) || covered.Holds(Lamp_Reach(button)));
-    return complete ? Covering(covered) : Around(button);
-}
-
-/// Has a button follow value and pointer.
-/// @return whether it is highlighted
-bool Settle(Buttons& button, bool inside) {
-    Choose_Bodies(button);
-    button.Hover = Hover_Unknown;
-    if (Has_Flag(button, FLAG_PASSIVE)) return false;
-    Hover_Changes(button, button.Hover, inside);
-    return inside;
+    return !Has_Flag(button, BUTTON_LAMP) &&
+           Caption_Stays_Inside(button.Font, button.Name, Caption_Flags(button), Area_Of(button),
+                                button.Border, Area_Of(button).Inset(Frame_Thickness(button) + 1));
 }
 
 /// The whole button, highlighted when the pointer is inside. A passive one shows no lamp.
 void Paint_Whole(Canvas& canvas, Buttons& button) {
-    if (Has_Flag(button, FLAG_STATIC)) {
-        Paint_Frame(canvas, button.Color, button.Flag, button.Value != 0, Frame_Thickness(button),
-                    Area_Of(button));
+    Paint_Frame(canvas, button.Color, button.Flag, button.Value != 0, Frame_Thickness(button),
+                Area_Of(button));
+    const bool is_static = Has_Flag(button, FLAG_STATIC);
+    if (is_static || !Body_Hides_Rest(button)) {
         Paint_Lamp(canvas, button);
-        Paint_Name(canvas, button);
-        return;
+        Paint_Name(canvas, button, Caption_Flags(button));
     }
+    if (is_static) return;
     const bool inside = Settle(button, Pointer_Inside(button));
-    Paint_Body_In_Frame(canvas, button, inside);
-    if (!Has_Flag(button, FLAG_PASSIVE)) Paint_Lamp(canvas, button);
-    Paint_Name(canvas, button);
+    Paint_Look(canvas, button, inside, !Has_Flag(button, FLAG_PASSIVE));
 }
 
 }  // namespace
 
 namespace galdren {
 
-Look_Of_Button Settle_Look(Buttons& button, bool inside) {
+void Init_Without_Regions(std::span<Buttons* const> buttons, HWND window) {
+    const Buttons* model = nullptr;
+    unsigned alike = 0;
+    for (Buttons* const button : buttons) {
+        const bool is_new = Is_New(*button);
+        HWND own_window = window;
+        if (!Begin_Button(*button, own_window)) continue;
+        Bind_Without_Region(*button, own_window);
+        if (model && is_new && button->Color == model->Color && button->Color.Alpha == model->Color.Alpha) {
+            Take_Look(*button, *model);
+            ++alike;
+            continue;
+        }
+        Renew_Look(*button);
+        if (!model && is_new && Is_Complete(*button)) model = button;
+    }
+    if (!model) return;
+    Share_Font(model->Font, alike);
+    For_Owned(*model, [alike](const unsigned long* body) { Share_Among(body, alike); });
+}
+
+bool Settle(Buttons& button, bool inside) {
+    Choose_Bodies(button);
     button.Last_Value = button.Value;
-    const bool highlighted = Settle(button, inside);
-    return {highlighted ? button.Cur_Graph_Select : button.Cur_Graph_Normal,
-            button.Font,
-            button.Name ? std::hash<std::string_view>()(button.Name) : 0,
-            button.Flag,
-            button.Color.get(),
-            button.Width,
-            button.Height,
-            Frame_Thickness(button),
-            button.Value,
-            button.Lamp,
-            highlighted};
+    button.Hover = Hover_Unknown;
+    if (Has_Flag(button, FLAG_PASSIVE)) return false;
+    Hover_Changes(button, button.Hover, inside);
+    return inside;
 }
 
 }  // namespace galdren
@@ -270,25 +204,6 @@ void Buttons::Init(HWND window) {
     if (!Begin_Button(*this, window)) return;
     Bind(*this, window);
     Renew_Look(*this);
-}
-
-void galdren::Init_Without_Regions(std::span<Buttons* const> buttons, HWND window) {
-    const Buttons* model = nullptr;
-    unsigned alike = 0;
-    for (Buttons* const button : buttons) {
-        HWND own_window = window;
-        if (!Begin_Button(*button, own_window)) continue;
-        Bind_Without_Region(*button, own_window);
-        const bool is_new = Is_Plain_And_New(*button);
-        if (is_new && model && Look_Alike(*button, *model)) {
-            Take_Look(*button, *model);
-            ++alike;
-            continue;
-        }
-        Renew_Look(*button);
-        if (is_new && !model && Is_Complete(*button)) model = button;
-    }
-    if (model) Share_Look(*model, alike);
 }
 
 void Buttons::Draw() {

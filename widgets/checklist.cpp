@@ -4,11 +4,9 @@
 #include <climits>
 #include <new>
 #include <optional>
-#include <utility>
 
 #include "tools/dimensions.h"
 #include "tools/font_cache.h"
-#include "tools/region.h"
 #include "tools/sharing.h"
 #include "tools/window.h"
 #include "util/error.h"
@@ -65,41 +63,26 @@ void Paint_Mark(Canvas& canvas, const Buttons& box) {
     canvas.Box(mark, Colors(255, 255, 0).get());
 }
 
-void Paint_Fill(Canvas& canvas, const Buttons& box, bool highlighted) {
-    const unsigned long* body = highlighted ? box.Cur_Graph_Select : box.Cur_Graph_Normal;
-    Paint_Body(canvas, box, highlighted, body, box.Flag, Frame_Width(box) + 1, Area_Of(box));
-}
-
 void Paint_Check(Buttons& box) {
-    Canvas canvas(box, Around(box));
+    Canvas canvas(box, Whole(box));
     box.Draw();
     if (Has_Mark(box)) Paint_Mark(canvas, box);
 }
 
+/// Of a list that is an outline, the flags of the box are gone afterwards, those of a disabled item too, and
+/// its next paint is a full one.
 void Paint_Item(Canvas& canvas, CheckLists& list, int item) {
-    const bool disabled = Has_Flag(list.Check[item], FLAG_OUTLINE);
-    Paint_Label(canvas, list, item, disabled ? Outline_Blue : Black);
-    Paint_Check(list.Check[item]);
+    Buttons& box = list.Check[item];
+    const bool outline = Has_Flag(list, FLAG_OUTLINE);
+    if (outline) box.Flag = FLAG_OUTLINE;
+    Paint_Label(canvas, list, item, Has_Flag(box, FLAG_OUTLINE) ? Outline_Blue : Black);
+    Paint_Check(box);
+    if (!outline) return;
+    box.Flag = 0;
+    box.Hover = Hover_Unknown;
 }
 
-/// The flags of the box are gone afterwards, those of a disabled item too, and its next paint is a full one.
-void Paint_Outlined_Item(Canvas& canvas, CheckLists& list, int item) {
-    Paint_Label(canvas, list, item, Outline_Blue);
-    list.Check[item].Flag = FLAG_OUTLINE;
-    list.Check[item].Draw();
-    list.Check[item].Flag = 0;
-    list.Check[item].Hover = Hover_Unknown;
-}
-
-/// Whether the label of an item reaches into the next column.
-bool Overhangs(const CheckLists& list, int item) {
-    const Buttons& box = list.Check[item];
-    const Area room = Area_Of(list.Label[item]);
-    return box.X + box.Width + SPACE + Width_Of(list.Font, Label_Text(list, item)) > room.right;
-}
-
-/// @return whether the label reaches over a box of the next column
-bool Paint_Hover(const CheckLists& list, int item, bool highlighted) {
+void Paint_Hover(const CheckLists& list, int item, bool highlighted) {
     const Buttons& box = list.Check[item];
     const Area row = Area_Of(list.Label[item]);
     Canvas canvas(list,
@@ -109,27 +92,26 @@ bool Paint_Hover(const CheckLists& list, int item, bool highlighted) {
     if (!highlighted && Has_Mark(box)) {
         Paint_Mark(canvas, box);
     } else {
-        Paint_Fill(canvas, box, highlighted);
+        const unsigned long* body = highlighted ? box.Cur_Graph_Select : box.Cur_Graph_Normal;
+        Paint_Body(canvas, box, highlighted, body, box.Flag, Frame_Width(box) + 1, Area_Of(box));
     }
-    return Overhangs(list, item);
 }
 
-/// Whether boxes lie on each other.
+/// Whether boxes lie on each other, or a label that is painted again reaches over one of the next column.
 bool Is_Crowded(const CheckLists& list) {
-    return list.Count > 1 &&
-           (list.Label[0].Width <= list.Check[0].Width || list.Label[0].Height <= list.Check[0].Height);
+    const Buttons& box = list.Check[0];
+    const Buttons& label = list.Label[0];
+    if (label.Width <= box.Width || label.Height <= box.Height) return true;
+    const int room = label.Width - (box.X - label.X + box.Width + SPACE);
+    const short last_column = list.Label[list.Count - 1].X;
+    for (int item = 0; list.Label[item].X != last_column; ++item) {
+        if (Width_Of(list.Font, Label_Text(list, item)) > room) return true;
+    }
+    return false;
 }
 
 bool Shows_Hover(const CheckLists& list, int item) {
     return !Has_Flag(list, FLAG_NO_BODY) && !Has_Flag(list.Check[item], FLAG_OUTLINE);
-}
-
-/// Follows the pointer with one entry of `Hover_List`.
-/// @return whether it changed
-bool Follow(short& hover, bool under_pointer) {
-    if (under_pointer == (hover == Hover_Highlighted)) return false;
-    hover = under_pointer ? Hover_Highlighted : Hover_Normal;
-    return true;
 }
 
 bool Is_On_Item(const CheckLists& list, int item, const std::optional<POINT>& position) {
@@ -143,20 +125,15 @@ bool Is_Up_To_Date(const CheckLists& list, int item, const POINT* pointer) {
     return plain && box.Value == box.Last_Value && !(pointer && PtInRect(&box.Rect, *pointer));
 }
 
-/// Calls `act` with every array that a list owns.
-template <class Act>
-void For_Owned(CheckLists& list, Act act) {
-    act(list.Hover_List);
-    act(list.Check);
-    act(list.Label);
-}
-
 /// A copy that shares the items keeps them.
 void Release_Items(CheckLists& list) {
-    For_Owned(list, [](auto*& array) {
+    const auto release = [](auto*& array) {
         if (Let_Go(Thing::Array, array)) delete[] array;
         array = nullptr;
-    });
+    };
+    release(list.Hover_List);
+    release(list.Check);
+    release(list.Label);
     list.Count = 0;
 }
 
@@ -182,13 +159,6 @@ void Make_Items(CheckLists& list) {
                   Name_Of(list));
     }
 }
-
-void Measure(CheckLists& list) {
-    list.Font_Height = Low_16(Metrics_Of(list.Font).tmHeight);
-    list.H_Width = Low_16(Width_Of(list.Font, "H"));
-}
-
-int Name_Width(const CheckLists& list) { return Width_Of(list.Font, list.Name); }
 
 void Take_Look(Tools& part, const CheckLists& list) {
     Copy_Face(part, list);
@@ -225,7 +195,7 @@ Grid Make_Grid(const CheckLists& list) {
     const int columns = (list.Count - 1) / rows + 1;
     const bool name_left = list.Name && Has_Flag(list, CHECKLIST_NAME_LEFT);
     const int rest = room - row_height * rows;
-    return {list.Box.X + border + 2 + (name_left ? Name_Width(list) + SPACE : 0),
+    return {list.Box.X + border + 2 + (name_left ? Width_Of(list.Font, list.Name) + SPACE : 0),
             list.Box.Y + rest / 2 + border + (rows - 1) * row_height + 2,
             (list.Width - 2 * border - 4) / columns, row_height, rows};
 }
@@ -254,7 +224,6 @@ void Init_Check(const CheckLists& list, int item) {
 }
 
 void Init_Items(const CheckLists& list) {
-    if (list.Count == 0) return;
     const Grid grid = Make_Grid(list);
     for (int item = 0; item < list.Count; ++item) {
         Init_Label(list, item, grid);
@@ -273,8 +242,10 @@ void Report_No_List(const CheckLists& list) {
 CheckLists::CheckLists() = default;
 
 CheckLists::CheckLists(const CheckLists& other)
-    : Tools(other), Check_List_Fields(other), Boxes_Covered(other.Boxes_Covered) {
-    For_Owned(*this, [](const auto* array) { Share(Thing::Array, array); });
+    : Tools(other), Check_List_Fields(other), Crowded(other.Crowded) {
+    Share(Thing::Array, Hover_List);
+    Share(Thing::Array, Check);
+    Share(Thing::Array, Label);
 }
 
 CheckLists& CheckLists::operator=(const CheckLists& other) { return Reassign(*this, other); }
@@ -288,7 +259,8 @@ void CheckLists::Init(HWND window) {
     Bind(*this, window);
     Note_Size(*this);
     Renew_Font(*this);
-    Measure(*this);
+    Font_Height = Low_16(Metrics_Of(Font).tmHeight);
+    H_Width = Low_16(Width_Of(Font, "H"));
     Init_Box(Box, *this);
     if (!List) {
         Report_No_List(*this);
@@ -296,7 +268,8 @@ void CheckLists::Init(HWND window) {
         return;
     }
     Make_Items(*this);
-    Init_Items(*this);
+    if (Count > 0) Init_Items(*this);
+    Crowded = Count > 0 && Is_Crowded(*this);
     Last_Value = Value;
 }
 
@@ -304,12 +277,12 @@ void CheckLists::Draw() {
     galdren::Check(*this, "CheckList::Draw");
     if (!Has_Size(*this)) return;
     if (!Has_Flag(*this, FLAG_PASSIVE)) Set_Checks(*this);
-    const bool outline = Has_Flag(*this, FLAG_OUTLINE);
-    if (!outline && Has_Flag(*this, FLAG_NO_BODY)) return;
-    Canvas canvas(*this, Inside(*this));
-    if (!Has_Flag(*this, FLAG_STATIC)) Box.Draw();
+    if (Has_Flag(*this, FLAG_NO_BODY) && !Has_Flag(*this, FLAG_OUTLINE)) return;
+    const bool with_box = !Has_Flag(*this, FLAG_STATIC);
+    Canvas canvas(*this, {Area_Of(*this), with_box ? Covered_By(Box) : Reach().covered});
+    if (with_box) Box.Draw();
     for (int item = 0; item < Count; ++item)
-        outline ? Paint_Outlined_Item(canvas, *this, item) : Paint_Item(canvas, *this, item);
+        Paint_Item(canvas, *this, item);
 }
 
 int CheckLists::Select(int event) {
@@ -322,8 +295,9 @@ int CheckLists::Select(int event) {
     for (int item = 0; item < Count; ++item) {
         const bool under_pointer = Is_On_Item(*this, item, position);
         if (under_pointer) result = 1;
-        if (!Follow(Hover_List[item], under_pointer) || !Shows_Hover(*this, item)) continue;
-        if (Paint_Hover(*this, item, under_pointer)) Boxes_Covered = true;
+        if (under_pointer == (Hover_List[item] == Hover_Highlighted)) continue;
+        Hover_List[item] = under_pointer ? Hover_Highlighted : Hover_Normal;
+        if (Shows_Hover(*this, item)) Paint_Hover(*this, item, under_pointer);
     }
     return result;
 }
@@ -332,8 +306,7 @@ void CheckLists::Deselect() {
     if (State == 0 || !Has_Size(*this) || Has_Flag(*this, FLAG_NO_BODY)) return;
     for (int item = 0; item < Count; ++item) {
         const bool seen = Hover_List[item] != Hover_Unknown && Hover_List[item] != Hover_Normal;
-        if (!seen || !Shows_Hover(*this, item)) continue;
-        if (Paint_Hover(*this, item, false)) Boxes_Covered = true;
+        if (seen && Shows_Hover(*this, item)) Paint_Hover(*this, item, false);
     }
 }
 
@@ -346,9 +319,8 @@ void CheckLists::Adjust() {
     if (Has_Flag(*this, FLAG_NO_BODY)) return;
     POINT position{};
     const POINT* pointer = Find_Pointer(Window, position) ? &position : nullptr;
-    const bool all = std::exchange(Boxes_Covered, false) || Is_Crowded(*this);
     for (int item = 0; item < Count; ++item) {
-        if (all || !Is_Up_To_Date(*this, item, pointer)) Paint_Check(Check[item]);
+        if (Crowded || !Is_Up_To_Date(*this, item, pointer)) Paint_Check(Check[item]);
     }
 }
 

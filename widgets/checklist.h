@@ -67,5 +67,5 @@ class GALDREN_TOOLS_API CheckLists : public Tools, public Check_List_Fields {
     int Read();
 
   private:
-    bool Boxes_Covered{};  // by a long label that followed the pointer
+    bool Crowded{};  // boxes and labels reach over other boxes
 };

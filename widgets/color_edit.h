@@ -18,7 +18,7 @@ constexpr unsigned long COLOR_EDIT_MODE_BUTTON = 0x800;  ///< a button at the ri
 /// The editor does not change its value with the pointer: when `Select` answers 1 with a button down, the
 /// application stores what `Read` answers in `Value` and calls `Adjust`. A press on the mode button is
 /// answered by the editor itself. Colours are packed as by `Colors::get`. An editor whose `Color` is black
-/// becomes grey (170, 170, 170) at `Init`.
+/// becomes grey (170, 170, 170) at `Init`. Every field is zero at first; what a copy's source owns is shared.
 class GALDREN_TOOLS_API Color_Edit : public Tools {
   public:
     unsigned long Value{};       ///< the colour
@@ -33,15 +33,6 @@ class GALDREN_TOOLS_API Color_Edit : public Tools {
     Valuators Chan_1;            ///< red or hue, at the top
     Valuators Chan_2;            ///< green or lightness
     Valuators Chan_3;            ///< blue or saturation, at the bottom
-
-    /// Every field zero.
-    Color_Edit();
-    /// Copies every field; what the source owns is shared.
-    Color_Edit(const Color_Edit& other);
-    /// Lets go of what this editor owns and copies every field.
-    Color_Edit& operator=(const Color_Edit& other);
-    /// Lets go of the parts, then of what every control owns.
-    ~Color_Edit();
 
     /// Lays the parts out, binds them to a window and paints the gradients.
     /// @param window  null keeps the window of the last `Init`; without any it is reported at level 11
@@ -62,7 +53,4 @@ class GALDREN_TOOLS_API Color_Edit : public Tools {
     void Deselect();
     /// Repaints after a change of `Value`.
     void Adjust();
-
-  private:
-    void Update();
 };

@@ -10,7 +10,8 @@
 ///
 /// The editor does not change its value with the pointer: when `Select` answers 1 with a button down, the
 /// application stores what `Read` answers in `Value` and calls `Adjust`. Colours are packed as by
-/// `Colors::get`. An editor whose `Color` is black becomes grey (170, 170, 170) at `Init`.
+/// `Colors::get`. An editor whose `Color` is black becomes grey (170, 170, 170) at `Init`. Every field is
+/// zero at first; what a copy's source owns is shared.
 class GALDREN_TOOLS_API Hue_Edit : public Tools {
   public:
     unsigned long Value{};       ///< the colour; 0 has `Init` make it pure red
@@ -22,15 +23,6 @@ class GALDREN_TOOLS_API Hue_Edit : public Tools {
     Boxs Frame;                  ///< the frame around the editor
     Boxs Swatch;                 ///< shows the colour
     Valuators Hue;               ///< the hue, from 0 to 0.99
-
-    /// Every field zero.
-    Hue_Edit();
-    /// Copies every field; what the source owns is shared.
-    Hue_Edit(const Hue_Edit& other);
-    /// Lets go of what this editor owns and copies every field.
-    Hue_Edit& operator=(const Hue_Edit& other);
-    /// Lets go of the parts, then of what every control owns.
-    ~Hue_Edit();
 
     /// Lays the parts out, binds them to a window and paints the rainbow.
     /// @param window  null keeps the window of the last `Init`; without any it is reported at level 11
@@ -51,7 +43,4 @@ class GALDREN_TOOLS_API Hue_Edit : public Tools {
     void Deselect();
     /// Repaints after a change of `Value`.
     void Adjust();
-
-  private:
-    void Update();
 };

@@ -5,9 +5,9 @@
 #include <algorithm>
 #include <climits>
 #include <new>
+#include <span>
 
 #include "tools/base.h"
-#include "tools/region.h"
 #include "tools/sharing.h"
 #include "util/error.h"
 #include "util/program.h"
@@ -41,30 +41,36 @@ void Release_Items(Item**& items) {
     items = nullptr;
 }
 
-/// Gives a holder that shares its items with a copy an array of its own, with copies of the items.
-/// @return false when the memory cannot be had
-template <class Item>
-bool Detach_Items(Item**& items) {
-    if (!items || !Is_Shared(Thing::Array, items)) return true;
-    const int count = Count_Items(items);
-    Item** own = new (std::nothrow) Item* [std::size_t(count) + 1] {};
-    bool complete = own != nullptr;
-    for (int i = 0; i < count && complete; ++i) {
-        own[i] = new (std::nothrow) Item(*items[i]);
-        complete = own[i] != nullptr;
-    }
-    if (complete) {
-        Let_Go(Thing::Array, items);
-        items = own;
-    } else if (own) {
-        Release_Items(own);
-    }
-    return complete;
+/// Initialises buttons, of which there may be thousands and which their owner has made equal in size, border
+/// and font. They get no regions: nobody reads those of items, and Windows gives a process no more than
+/// 10,000 handles.
+void Init_Without_Regions(std::span<Buttons* const> buttons, HWND window);
+inline void Init_Without_Region(Buttons& button, HWND window) {
+    Buttons* const buttons[] = {&button};
+    Init_Without_Regions(buttons, window);
 }
 
-inline void Report_No_Items(int line, const char* file, int count) {
-    Error_Fct(hwnd, ERROR_LEVEL_MEMORY, "line %-4d of %s \nmemory error in realloc (var=%s, dim=%dx%d)", line,
-              file, "this->Item", count + 1, 8);
+/// Has a button follow value and pointer as a paint does, for one that need not be painted.
+/// @param inside  whether the pointer is inside it
+/// @return whether it is highlighted
+bool Settle(Buttons& button, bool inside);
+
+/// Where frame and body of a control leave nothing to be seen of what was there; empty where they have no
+/// room, or do not fill it.
+inline Area Covered_By(const Tools_Fields& control) {
+    // Stacked text may be longer than the control is high.
+    constexpr unsigned long Open =
+        FLAG_NO_BODY | FLAG_STATIC | FLAG_OUTLINE | FLAG_VERTICAL | FLAG_INNER_FRAME;
+    const int least = 2 * Frame_Thickness(control) + 2;
+    if (Has_Flag(control, Open) || control.Width < least || control.Height < least) return Reach().covered;
+    return Area_Of(control).Inset(Has_Flag(control, FLAG_NO_RIM) ? 1 : 0);
+}
+
+/// The reach of a paint of a whole control that is frame and body, and perhaps a lamp, which may be higher.
+inline Reach Whole(const Tools_Fields& control) {
+    const Area covered = Covered_By(control);
+    const bool complete = Area_Of(control).Holds(covered) && !Has_Flag(control, BUTTON_LAMP);
+    return complete ? Covering(covered) : Around(control);
 }
 
 /// Gives a part the text clip rectangle of its owner, cuts it at the owner's edges, and has it
@@ -76,14 +82,6 @@ inline void Copy_Clip(Tools& part, const Tools& owner) {
     part.Clip_Y = owner.Clip_Y;
     part.Clip_Width = owner.Clip_Width;
     part.Clip_Height = owner.Clip_Height;
-}
-
-/// Initialises an item of which there may be thousands. Nobody reads its region, and Windows gives a process
-/// no more than 10,000 handles.
-template <class Item>
-void Init_Without_Region(Item& item, HWND window) {
-    item.Init(window);
-    Drop_Region(item);
 }
 
 /// Gives a part the name of its owner. It holds the name like a copy does, for the owner may get another one.
@@ -156,16 +154,6 @@ inline unsigned long Flags_For_New(const Tools& owner, int wanted) {
     return (wanted ? static_cast<unsigned long>(wanted) : Inherited_Flags(owner)) | FLAG_NO_RIM;
 }
 
-/// A new item with the fields that its owner gives; null when the memory cannot be had.
-template <class Item>
-Item* Make_Item(const Tools& owner, unsigned long flag) {
-    Item* item = new (std::nothrow) Item;
-    if (!item) return nullptr;
-    item->Flag = flag;
-    Copy_Clip(*item, owner);
-    return item;
-}
-
 template <class Item>
 void Forget_Withdrawn_Images(Item**& items) {
     for (int i = 0; items && items[i]; ++i)
@@ -180,37 +168,42 @@ bool Begin_Compound(Tools& control, HWND& window, const char* label, Parts&... p
     return false;
 }
 
-/// Sets the number of items. Those that stay are not touched; new ones are constructed. A negative count
-/// frees the array itself.
+/// Sets the number of items. Those that stay are not touched, or copied where the array is shared; new ones
+/// are constructed. A negative count frees the array itself.
 /// @return 1; 0 when the memory cannot be had, which is reported at level 1. Without memory for the array
 ///         all items are freed; without memory for an item those before it stay.
 template <class Item>
 int Grow_Items(const Tools& owner, Item**& items, int count, unsigned long flag, const Grow_Place& place) {
     const int before = Count_Items(items);
     if (before == count) return 1;
-    const int line = count > before ? place.growing : place.shrinking;
-    if (count > SHRT_MAX) {
-        Report_No_Items(line, place.file, count);
+    const auto fail = [&] {
+        Error_Fct(hwnd, ERROR_LEVEL_MEMORY, "line %-4d of %s \nmemory error in realloc (var=%s, dim=%dx%d)",
+                  count > before ? place.growing : place.shrinking, place.file, "this->Item", count + 1, 8);
         return 0;
+    };
+    if (count > SHRT_MAX) return fail();
+    const bool shared = items && Is_Shared(Thing::Array, items);
+    const int kept = std::clamp(count, 0, before);
+    Item** resized = count < 0 ? nullptr : new (std::nothrow) Item* [std::size_t(count) + 1] {};
+    bool complete = resized != nullptr;
+    for (int i = 0; i < kept && complete; ++i) {
+        resized[i] = shared ? new (std::nothrow) Item(*items[i]) : items[i];
+        complete = resized[i] != nullptr;
     }
-    Item** resized = nullptr;
-    if (count >= 0 && Detach_Items(items)) resized = new (std::nothrow) Item* [std::size_t(count) + 1] {};
-    if (!resized) {
+    if (!complete) {
+        if (resized) Release_Items(resized);
         Release_Items(items);
-        if (count >= 0) Report_No_Items(line, place.file, count);
-        return count < 0;
+        return count < 0 ? 1 : fail();
     }
-    const int kept = count < before ? count : before;
-    if (items) std::copy_n(items, kept, resized);
-    for (int i = kept; i < before; ++i)
-        delete items[i];
-    delete[] items;
+    // What stays of an array of its own has moved.
+    if (!shared && kept > 0) std::copy(items + kept, items + before + 1, items);
+    Release_Items(items);
     items = resized;
     for (int i = kept; i < count; ++i) {
-        items[i] = Make_Item<Item>(owner, flag);
-        if (items[i]) continue;
-        Report_No_Items(line, place.file, count);
-        return 0;
+        items[i] = new (std::nothrow) Item;
+        if (!items[i]) return fail();
+        items[i]->Flag = flag;
+        Copy_Clip(*items[i], owner);
     }
     return 1;
 }

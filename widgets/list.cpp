@@ -2,14 +2,15 @@
 
 #include <algorithm>
 #include <climits>
+#include <functional>
+#include <string_view>
+#include <tuple>
 
 #include "tools/arithmetic.h"
 #include "tools/dimensions.h"
 #include "tools/font_cache.h"
-#include "tools/region.h"
 #include "tools/sharing.h"
 #include "tools/window.h"
-#include "widgets/button_items.h"
 #include "widgets/items.h"
 #include "widgets/scroll.h"
 
@@ -27,6 +28,9 @@ bool Is_Column(const Lists& list) { return Has_Flag(list, FLAG_VERTICAL); }
 
 bool Has_Bar(const Lists& list) { return list.Scroll_Bar.Width != 0; }
 
+/// What a name takes at the top.
+int Title_Height(const Lists& list) { return list.Name ? Metrics_Of(list.Font).tmHeight : 0; }
+
 int Bar_Width(const Lists& list) { return list.Slider_Width ? Magnitude(list.Slider_Width) : CURSEUR; }
 
 void Init_Frame(Lists& list) {
@@ -43,46 +47,46 @@ struct Item_Size {
     int height;
 };
 
-/// A bar along the list, over the coordinates that item 0 may have.
-void Init_Bar(Lists& list, const Area& place, int first, int last, int step) {
-    const Bar_Range range{static_cast<float>(first), static_cast<float>(last), static_cast<float>(step)};
+/// A bar along the list, over the coordinates that item 0 may have; it stands at `start` first.
+/// @param extent  of all items, of which `room` can be seen
+void Init_Bar(Lists& list, const Area& place, short start, int room, int extent, int step) {
+    constexpr int Beyond_Last = 5;
+    const int hidden = extent - room + Beyond_Last;
+    const int first = Is_Column(list) ? start + hidden : start;
+    const Bar_Range range{static_cast<float>(first), static_cast<float>(first - hidden),
+                          static_cast<float>(step)};
     Set_Bar(list.Scroll_Bar, list, place, list.Flag | SLIDER_REVERSED, range);
+    Size_Thumb(list.Scroll_Bar, room, extent);
+    if (list.Scroll_Bar.Val == 0.0F) list.Scroll_Bar.Val = start;
 }
 
 /// Items from the top down. Those that fit share the height evenly.
-Item_Size Lay_Out_Column(Lists& list, const Area& area, int title) {
-    constexpr int Below_Last = 5;
+Item_Size Lay_Out_Column(Lists& list, const Area& area) {
     const int margin = Margin_Of(list);
+    const int title = Title_Height(list);
     const int room = area.top - area.bottom - 2 * margin - title;
     const int wanted = list.Item_Height ? Magnitude(list.Item_Height) : BUT_LIST;
     const int pitch = room / list.Nb_Item;
-    const int top = area.top - margin - title;
-    list.Item_DX = 0;
-    if (pitch >= wanted + 1) {
-        list.Item_X = Low_16(area.left + margin);
-        list.Item_Y = Low_16(top - (pitch - 1));
-        list.Item_DY = Low_16(-pitch);
-        list.Scroll_Bar = Sliders();
-        return {area.right - area.left - 2 * margin, pitch - 1};
-    }
-    const int bar_width = Bar_Width(list);
-    const int step = wanted + 1;
-    const int extent = list.Nb_Item * step;
-    list.Item_X = Low_16(area.left + 2 * margin + bar_width);
-    list.Item_Y = Low_16(top - wanted);
-    list.Item_DY = Low_16(-step);
+    const bool fits = pitch >= wanted + 1;
+    const int height = fits ? pitch - 1 : wanted;
     const int left = area.left + margin;
-    const int bottom = area.bottom + margin;
-    Init_Bar(list, {left, left + bar_width, bottom, bottom + room}, list.Item_Y + extent - room + Below_Last,
-             list.Item_Y, step);
-    Size_Thumb(list.Scroll_Bar, room, extent);
-    if (list.Scroll_Bar.Val == 0.0F) list.Scroll_Bar.Val = list.Item_Y;
-    return {area.right - area.left - 3 * margin - bar_width, wanted};
+    const int items_left = fits ? left : left + margin + Bar_Width(list);
+    list.Item_X = Low_16(items_left);
+    list.Item_Y = Low_16(area.top - margin - title - height);
+    list.Item_DX = 0;
+    list.Item_DY = Low_16(-(height + 1));
+    if (fits) {
+        list.Scroll_Bar = Sliders();
+    } else {
+        const int bottom = area.bottom + margin;
+        Init_Bar(list, {left, left + Bar_Width(list), bottom, bottom + room}, list.Item_Y, room,
+                 list.Nb_Item * (height + 1), height + 1);
+    }
+    return {area.right - margin - items_left, height};
 }
 
 int Widest_Name(const Lists& list) {
-    const char* first = list.Item[0]->Name;
-    int widest = first ? Width_Of(list.Font, first) : 2 * SPACE;
+    int widest = list.Item[0]->Name ? 0 : 2 * SPACE;
     for (Buttons** item = list.Item; *item; ++item) {
         if ((*item)->Name) widest = std::max(widest, Width_Of(list.Font, (*item)->Name));
     }
@@ -91,36 +95,31 @@ int Widest_Name(const Lists& list) {
 
 /// Items from left to right. Those that fit share the width evenly and are centred; else a whole number of
 /// them fills it.
-Item_Size Lay_Out_Row(Lists& list, const Area& area, int title) {
-    constexpr int Beyond_Last = 5;
+Item_Size Lay_Out_Row(Lists& list, const Area& area) {
     const int margin = Margin_Of(list);
     const int width = area.right - area.left;
-    const int height = area.top - area.bottom;
+    const int height = area.top - area.bottom - Title_Height(list);
     const int room = width - 2 * margin;
     const int needed = Widest_Name(list) + 2 * margin;
     const int pitch = room / list.Nb_Item;
+    const int bottom = area.bottom + margin;
     list.Item_DY = 0;
     if (pitch - 1 >= needed) {
         list.Item_X = Low_16(area.left + (width - pitch * list.Nb_Item) / 2);
-        list.Item_Y = Low_16(area.bottom + margin);
+        list.Item_Y = Low_16(bottom);
         list.Item_DX = Low_16(pitch);
         list.Scroll_Bar = Sliders();
-        return {pitch - 1, height - 2 * Frame_Thickness(list) - 5 - title};
+        return {pitch - 1, height - 2 * Frame_Thickness(list) - 5};
     }
     const int bar_width = Bar_Width(list);
     const int column = SPACE + needed;
     const int item_width = room > column && column > 0 ? room / (room / column) - 1 : room;
-    const int step = item_width + 1;
     list.Item_X = Low_16(area.left + margin);
-    list.Item_Y = Low_16(area.bottom + 2 * margin + bar_width);
-    list.Item_DX = Low_16(step);
-    const int extent = list.Nb_Item * list.Item_DX;
-    const int bottom = area.bottom + margin;
-    Init_Bar(list, {list.Item_X, list.Item_X + room, bottom, bottom + bar_width}, list.Item_X,
-             list.Item_X - extent + room - Beyond_Last, step);
-    Size_Thumb(list.Scroll_Bar, room, extent);
-    if (list.Scroll_Bar.Val == 0.0F) list.Scroll_Bar.Val = list.Item_X;
-    return {item_width, height - 3 * margin - bar_width - title};
+    list.Item_Y = Low_16(bottom + margin + bar_width);
+    list.Item_DX = Low_16(item_width + 1);
+    Init_Bar(list, {list.Item_X, list.Item_X + room, bottom, bottom + bar_width}, list.Item_X, room,
+             list.Nb_Item * list.Item_DX, item_width + 1);
+    return {item_width, height - 3 * margin - bar_width};
 }
 
 void Init_Items(Lists& list, const Item_Size& size) {
@@ -138,15 +137,13 @@ void Init_Items(Lists& list, const Item_Size& size) {
     Init_Without_Regions({list.Item, std::size_t(list.Nb_Item)}, list.Window);
 }
 
-/// The part of the list that items show in. One that reaches the outermost pixel is painted but takes no
-/// clicks, so the area for events is a pixel smaller at the right and top.
-enum class Purpose { Painting, Events };
-
-Area Inner_Area(const Lists& list, Purpose purpose, int title) {
+/// The part of the list that items show in.
+Area Inner_Area(const Lists& list) {
     const int margin = Margin_Of(list);
-    const int outer = Frame_Thickness(list) + (purpose == Purpose::Painting ? 1 : 2);
+    const int outer = Frame_Thickness(list) + 1;
     const Area all = Area_Of(list);
-    Area inner{all.left + margin, all.right - outer, all.bottom + margin, all.top - outer - title};
+    Area inner{all.left + margin, all.right - outer, all.bottom + margin,
+               all.top - outer - Title_Height(list)};
     if (!Has_Bar(list)) return inner;
     if (Is_Column(list)) {
         inner.left += list.Scroll_Bar.Width + margin;
@@ -154,25 +151,6 @@ Area Inner_Area(const Lists& list, Purpose purpose, int title) {
         inner.bottom += list.Scroll_Bar.Height + margin;
     }
     return inner;
-}
-
-/// A run of items.
-struct Run {
-    int first;
-    int count;
-};
-
-/// Items of a row or column whose coordinate along it lies between `low` and `high`.
-Run Items_Between(int origin, int step, int count, int low, int high) {
-    if (step == 0 || low > high) return {0, 0};
-    // Distances from item 0 in the direction of the items.
-    const int near_end = step > 0 ? low - origin : origin - high;
-    const int far_end = step > 0 ? high - origin : origin - low;
-    const int pitch = std::abs(step);
-    if (far_end < 0) return {0, 0};
-    const int first = near_end <= 0 ? 0 : (near_end + pitch - 1) / pitch;
-    const int last = std::min(far_end / pitch, count - 1);
-    return {first, std::max(last - first + 1, 0)};
 }
 
 bool Stands_In(const Buttons& item, const Area& area) {
@@ -199,10 +177,19 @@ void Place_Items(const Lists& list, int origin) {
         Place_Item(list, origin, i);
 }
 
-/// The items whose lower left corner lies in an area.
-Run Items_In(const Lists& list, int origin, const Area& area) {
-    return list.Item_DX ? Items_Between(origin, list.Item_DX, list.Nb_Item, area.left, area.right)
-                        : Items_Between(origin, list.Item_DY, list.Nb_Item, area.bottom, area.top);
+/// The items whose lower left corner lies in an area, as far as the direction of the list goes.
+Item_Run Items_In(const Lists& list, int origin, const Area& area) {
+    const int step = Step_Of(list);
+    const int low = list.Item_DX ? area.left : area.bottom;
+    const int high = list.Item_DX ? area.right : area.top;
+    // Distances from item 0 in the direction of the items.
+    const int near_end = step > 0 ? low - origin : origin - high;
+    const int far_end = step > 0 ? high - origin : origin - low;
+    if (step == 0 || low > high || far_end < 0) return {};
+    const int pitch = std::abs(step);
+    const int first = (std::max(near_end, 0) + pitch - 1) / pitch;
+    const int end = std::min(far_end / pitch + 1, int{list.Nb_Item});
+    return {first, std::max(first, end)};
 }
 
 /// The ground behind the items, in the columns left..right-1 and the rows bottom+1..top: the frame's own
@@ -221,10 +208,12 @@ void Paint_Ground(Canvas& canvas, const Lists& list, const Area& area) {
 /// What the ground fills of the inner area, edges included.
 Area Filled_By(const Area& inner) { return {inner.left, inner.right - 1, inner.bottom + 1, inner.top}; }
 
-/// Whether painting an item leaves nothing to be seen of what was there, from one pixel inside its edges.
-bool Covers_Its_Place(const Buttons& item) {
-    return !Has_Flag(item, FLAG_NO_BODY | FLAG_STATIC | FLAG_OUTLINE) && item.Clip_Width == 0 &&
-           2 * Frame_Thickness(item) + 2 <= std::min(item.Width, item.Height);
+/// All that decides how an item looks, its place aside; of its name a hash.
+auto Look_Of(const Buttons& item, bool highlighted) {
+    return std::make_tuple(highlighted ? item.Cur_Graph_Select : item.Cur_Graph_Normal, item.Font,
+                           item.Name ? std::hash<std::string_view>()(item.Name) : 0, item.Flag,
+                           item.Color.get(), item.Width, item.Height, Frame_Thickness(item), item.Value,
+                           item.Lamp, highlighted);
 }
 
 /// What the kept picture shows of the list that painted it last. There is one such picture.
@@ -233,67 +222,50 @@ struct Kept_Items {
     unsigned long ground;
     int left;  ///< of the items
     int origin;
-    Run run;
-    Look_Of_Button looks[Most];
+    Item_Run run;
+    decltype(Look_Of(Buttons(), false)) looks[Most];  ///< that of item i at i % `Most`
 };
 Kept_Items The_Kept_Items;
 
-/// The rows that items take, from the lower edge of the lowest to the upper edge of the highest.
-Area Rows_Of(const Lists& list, const Area& inner, const Run& run) {
-    const Buttons& first = *list.Item[run.first];
-    const Buttons& last = *list.Item[run.first + run.count - 1];
-    return {inner.left, inner.right, std::min(first.Y, last.Y) - 1, std::max(first.Y, last.Y) + first.Height};
-}
-
-/// The items in view, without those at the ends that do not stand wholly in the inner area.
-Run Shown_Run(const Lists& list, Run run) {
-    while (run.count > 0 && !list.Item[run.first]->Shown)
-        ++run.first, --run.count;
-    while (run.count > 0 && !list.Item[run.first + run.count - 1]->Shown)
-        --run.count;
-    return run;
-}
-
 /// Whether items can be moved as pixels: they and a flat ground leave nothing else to be seen.
-bool Scroll_As_Pixels(const Lists& list, const Area& inner, const Run& run) {
-    if (!Is_Column(list) || !Has_Bar(list) || run.count < 1 || run.count > Kept_Items::Most) return false;
+bool Scroll_As_Pixels(const Lists& list, const Area& inner, const Item_Run& run) {
+    const int count = run.end - run.first;
+    if (list.Item_DX || list.Item_DY >= 0 || !Has_Bar(list) || count < 1 || count > Kept_Items::Most)
+        return false;
     if (list.Frame.Cur_Graph_Normal || Has_Flag(list, FLAG_NO_BODY)) return false;
-    return std::all_of(list.Item + run.first, list.Item + run.first + run.count, [&](const Buttons* item) {
-        return item->Shown && Covers_Its_Place(*item) && item->Y > inner.bottom &&
-               item->X + item->Width < inner.right;
+    return std::all_of(list.Item + run.first, list.Item + run.end, [&](const Buttons* item) {
+        return item->Shown && Area_Of(*item).Holds(Covered_By(*item)) && item->Clip_Width == 0 &&
+               item->Y > inner.bottom && item->X + item->Width < inner.right;
     });
 }
 
 /// Moves the items that are in view already and look as they did, and paints the others.
-/// @param keeps  whether the canvas is on the kept picture at all
-void Move_Items(Canvas& canvas, const Lists& list, const Area& inner, const Run& run, int origin,
-                bool keeps) {
+void Move_Items(Canvas& canvas, const Lists& list, const Area& inner, const Item_Run& run, int origin) {
     Kept_Items& kept = The_Kept_Items;
-    const int rise = origin - kept.origin;
     const bool same_list = canvas.Kept() && kept.ground == list.Color.get() && kept.left == list.Item_X;
-    const bool moves = same_list && std::abs(rise) < inner.top - inner.bottom;
-    const Run before = moves ? kept.run : Run{0, 0};
-    Area open = inner;
-    if (moves) {
-        canvas.Raise(rise);
-        const Area rows = Rows_Of(list, inner, run);
-        Paint_Ground(canvas, list,
-                     {inner.left, inner.right, std::min(rows.top, inner.top + rise), inner.top});
-        open.top = std::max(rows.bottom, inner.bottom + rise);
+    const int first = std::max(run.first, kept.run.first);
+    const int end = same_list ? std::min(run.end, kept.run.end) : 0;
+    Area below = inner;
+    if (first < end) {
+        canvas.Raise(origin - kept.origin);
+        const Buttons& highest = *list.Item[first];
+        Paint_Ground(canvas, list, {inner.left, inner.right, highest.Y + highest.Height, inner.top});
+        below.top = list.Item[end - 1]->Y - 1;
     }
-    Paint_Ground(canvas, list, open);
+    Paint_Ground(canvas, list, below);
     POINT pointer{};
     const bool pointed = Find_Pointer(list.Window, pointer);
-    Look_Of_Button looks[Kept_Items::Most];
-    for (int i = 0; i < run.count; ++i) {
-        Buttons& item = *list.Item[run.first + i];
-        looks[i] = Settle_Look(item, pointed && PtInRect(&item.Rect, pointer));
-        const int place = run.first + i - before.first;
-        if (place < 0 || place >= before.count || !(kept.looks[place] == looks[i])) item.Draw();
+    for (int i = run.first; i < run.end; ++i) {
+        Buttons& item = *list.Item[i];
+        const auto look = Look_Of(item, Settle(item, pointed && PtInRect(&item.Rect, pointer)));
+        auto& shown = kept.looks[i % Kept_Items::Most];
+        if (i < first || i >= end || shown != look) item.Draw();
+        shown = look;
     }
-    if (!keeps) return;
-    kept = {list.Color.get(), list.Item_X, origin, run, {}};
-    std::copy_n(looks, run.count, kept.looks);
+    kept.ground = list.Color.get();
+    kept.left = list.Item_X;
+    kept.origin = origin;
+    kept.run = run;
 }
 
 /// Tells an item of the pointer. One that shows already what it would then show need not hear of it.
@@ -307,13 +279,6 @@ int Tell(Buttons& item, int kind, const POINT& pointer, bool in_list) {
     const int answer = item.Select(kind);
     if (passive) item.Hover = Hover_Normal;
     return answer;
-}
-
-/// Takes an item out of view. It keeps no region: thousands of items could each have been seen last at a
-/// place of its own.
-void Hide(Buttons& item) {
-    item.Shown = 0;
-    Drop_Region(item);
 }
 
 constexpr Grow_Place Grow_In_List{".\\list.cpp", 158, 155};
@@ -331,11 +296,16 @@ Lists& Lists::operator=(const Lists& other) { return Reassign(*this, other); }
 
 Lists::~Lists() { Release_Items(Item); }
 
+/// Counts the items, which may be others than before.
+void Lists::Count() {
+    Nb_Item = Low_16(Count_Items(Item));
+    Shown_Items.end = std::clamp(int{Nb_Item}, Shown_Items.first, Shown_Items.end);
+    All_Left = false;
+}
+
 int Lists::Grow(int count, int flags) {
     const int done = Grow_Items(*this, Item, count, Flags_For_New(*this, flags), Grow_In_List);
-    Nb_Item = Low_16(Count_Items(Item));
-    Shown_Count = std::clamp(Nb_Item - Shown_First, 0, Shown_Count);
-    All_Left = false;
+    Count();
     return done;
 }
 
@@ -345,18 +315,14 @@ void Lists::Init(HWND window) {
     Default_Grey(*this);
     Bind(*this, window);
     Renew_Font(*this);
-    Title_Height = Metrics_Of(Font).tmHeight;
     Init_Frame(*this);
     Scroll_Bar.Width = 0;
     Picture = 0;
-    Nb_Item = Low_16(Count_Items(Item));
-    Shown_Count = std::clamp(Nb_Item - Shown_First, 0, Shown_Count);
-    All_Left = false;
+    Count();
     if (Nb_Item == 0) return;
 
     const Area area = Has_Flag(*this, FLAG_INNER_FRAME) ? Inner_Frame_Of(Area_Of(*this)) : Area_Of(*this);
-    const Item_Size size =
-        Is_Column(*this) ? Lay_Out_Column(*this, area, Title()) : Lay_Out_Row(*this, area, Title());
+    const Item_Size size = Is_Column(*this) ? Lay_Out_Column(*this, area) : Lay_Out_Row(*this, area);
     Origin = Is_Column(*this) ? Item_Y : Item_X;
     Init_Items(*this, size);
     if (Has_Bar(*this)) Scroll_Bar.Init(window);
@@ -377,40 +343,29 @@ void Lists::Draw() {
     Update();
 }
 
-int Lists::Title() const { return Name ? Title_Height : 0; }
-
-bool Lists::Shows(int index) const {
-    return index >= Shown_First && index < Shown_First + Shown_Count && Item[index]->Shown;
-}
-
 /// Finds the items that stand wholly in the inner area, and gets them ready.
 void Lists::Choose_Shown() {
-    const Area inner = Inner_Area(*this, Purpose::Painting, Title());
-    const Run before{Shown_First, Shown_Count};
+    const Area inner = Inner_Area(*this);
+    for (int i = Shown_Items.first; i < Shown_Items.end; ++i)
+        Item[i]->Shown = 0;
     Place_Items(*this, Origin);
-    const Run run = Items_In(*this, Origin, inner);
-    for (int i = before.first; i < before.first + before.count; ++i) {
-        if (i < run.first || i >= run.first + run.count) Hide(*Item[i]);
-    }
-    Shown_First = run.first;
-    Shown_Count = run.count;
-    for (int i = run.first; i < run.first + run.count; ++i) {
+    Shown_Items = Items_In(*this, Origin, inner);
+    auto& [first, end] = Shown_Items;
+    for (int i = first; i < end; ++i) {
         Place_Item(*this, Origin, i);
-        Buttons& item = *Item[i];
-        item.Shown = Stands_In(item, inner);
-        if (item.Shown) {
-            item.Init(Window);
-        } else {
-            Hide(item);
-        }
+        Item[i]->Shown = Stands_In(*Item[i], inner);
+        if (Item[i]->Shown) Init_Without_Region(*Item[i], Window);
     }
+    while (first < end && !Item[first]->Shown)
+        ++first;
+    while (first < end && !Item[end - 1]->Shown)
+        --end;
     All_Left = false;
 }
 
 /// Paints the inner area and the items in it.
 void Lists::Update() {
-    if (!Has_Size(*this)) return;
-    const Area inner = Inner_Area(*this, Purpose::Painting, Title());
+    const Area inner = Inner_Area(*this);
     short& first = Item_DX ? Item_X : Item_Y;
     if (Has_Bar(*this)) {
         Origin = Truncate(double{Scroll_Bar.Val});
@@ -418,22 +373,18 @@ void Lists::Update() {
     } else if (first != Within_16(Origin)) {
         Origin = first;  // the application has moved the items
     }
-    if (Has_Flag(*this, FLAG_OUTLINE) || !Item) {
-        Canvas canvas(*this, Inside(*this));
-        return Paint_Ground(canvas, *this, inner);
-    }
-    Choose_Shown();
-    const Run run = Shown_Run(*this, {Shown_First, Shown_Count});
-    if (Scroll_As_Pixels(*this, inner, run)) {
+    const bool with_items = !Has_Flag(*this, FLAG_OUTLINE) && Item;
+    if (with_items) Choose_Shown();
+    if (with_items && Scroll_As_Pixels(*this, inner, Shown_Items)) {
         Canvas canvas(*this, Filled_By(inner), Picture);
-        return Move_Items(canvas, *this, inner, run, Origin, Picture != 0);
+        if (Picture) return Move_Items(canvas, *this, inner, Shown_Items, Origin);
     }
     // Items without room turn their frames inside out, beyond the inner area.
     Reach reach = Inside(*this);
     if (!Has_Flag(*this, FLAG_NO_BODY)) reach.covered = Filled_By(inner);
     Canvas canvas(*this, reach);
     Paint_Ground(canvas, *this, inner);
-    for (int i = Shown_First; i < Shown_First + Shown_Count; ++i) {
+    for (int i = Shown_Items.first; with_items && i < Shown_Items.end; ++i) {
         if (Item[i]->Shown) Item[i]->Draw();
     }
 }
@@ -449,25 +400,22 @@ int Lists::Select(int event) {
         if (Any_Button_Held()) Follow_Bar();
         return 0;
     }
-    const Area inner = Inner_Area(*this, Purpose::Events, Title());
+    // An item that reaches the outermost pixel is painted but takes no clicks.
+    Area area = Inner_Area(*this);
+    --area.right;
+    --area.top;
+    const auto takes_events = [&](int i) { return Item[i]->Shown && Stands_In(*Item[i], area); };
     int result = 0;
-    for (int i = Shown_First; i < Shown_First + Shown_Count; ++i) {
+    for (int i = Shown_Items.first; i < Shown_Items.end; ++i) {
         Place_Item(*this, Origin, i);
-        Buttons& item = *Item[i];
-        if (item.Shown && Stands_In(item, inner) && Tell(item, kind, pointer, inside)) result = 1;
+        if (takes_events(i) && Tell(*Item[i], kind, pointer, inside)) result = 1;
     }
-    if (inside) {
-        All_Left = false;
-        return result;
-    }
-    for (int i = 0; i < Nb_Item && !All_Left; ++i) {
+    for (int i = 0; i < Nb_Item && !inside && !All_Left; ++i) {
         // Those in view have been told; a static one notes nothing.
-        const bool told =
-            i >= Shown_First && i < Shown_First + Shown_Count && Item[i]->Shown && Stands_In(*Item[i], inner);
-        if (!told) Item[i]->Hover = Hover_Normal;
+        if (!Shown_Items.Has(i) || !takes_events(i)) Item[i]->Hover = Hover_Normal;
     }
-    All_Left = true;
-    return 0;
+    All_Left = !inside;
+    return inside ? result : 0;
 }
 
 /// Takes the value under the pointer from the scroll bar.
@@ -484,8 +432,8 @@ int Lists::Read() {
     if (!pointer) return -1;
     // An item under the pointer begins at most its own size before it.
     const Area before{pointer->x - Item[0]->Width, pointer->x, pointer->y - Item[0]->Height, pointer->y};
-    const Run run = Items_In(*this, Origin, before);
-    for (int i = run.first; i < run.first + run.count; ++i) {
+    const Item_Run run = Items_In(*this, Origin, before);
+    for (int i = run.first; i < run.end; ++i) {
         Place_Item(*this, Origin, i);
         const Buttons& item = *Item[i];
         if (!Has_Flag(item, FLAG_PASSIVE) && Area_Of(item).Holds(*pointer)) return i;
@@ -505,7 +453,7 @@ void Lists::Scroll(int amount) {
 void Lists::Deselect() {
     if (State == 0 || !Has_Size(*this) || Never_Highlights(*this)) return;
     if (Has_Bar(*this)) Scroll_Bar.Deselect();
-    for (int i = Shown_First; i < Shown_First + Shown_Count; ++i) {
+    for (int i = Shown_Items.first; i < Shown_Items.end; ++i) {
         if (Item[i]->Shown) Item[i]->Deselect();
     }
 }
@@ -515,7 +463,7 @@ void Lists::Mark(int index, short value) {
     if (index < 0 || index >= Nb_Item) return;
     Buttons& item = *Item[index];
     item.Value = value;
-    if (Has_Flag(*this, FLAG_NO_BODY) || !Shows(index)) return;
+    if (Has_Flag(*this, FLAG_NO_BODY) || !Shown_Items.Has(index) || !item.Shown) return;
     Place_Item(*this, Origin, index);
     item.Adjust();
 }

@@ -23,14 +23,19 @@ struct List_Fields {
 };
 
 namespace galdren {
+/// A run of items, by their indexes.
+struct Item_Run {
+    int first{};
+    int end{};  ///< behind the last
+    bool Has(int index) const { return index >= first && index < end; }
+};
+
 /// What a list keeps for itself.
 struct List_State {
-    int Origin{};        ///< coordinate of item 0 along the list, in the range of a list of any length
-    int Title_Height{};  ///< what a name takes at the top
-    int Shown_First{};   ///< the items that the last `Update` looked at, the only ones that take events
-    int Shown_Count{};   ///< their number
-    unsigned Picture{};  ///< number of the kept picture of the inner area; 0 when there is none
-    bool All_Left{};     ///< every item has been told that the pointer left
+    int Origin{};          ///< coordinate of item 0 along the list, in the range of a list of any length
+    Item_Run Shown_Items;  ///< those that the last `Update` showed, the only ones that take events
+    unsigned Picture{};    ///< number of the kept picture of the inner area; 0 when there is none
+    bool All_Left{};       ///< every item has been told that the pointer left
 };
 }  // namespace galdren
 
@@ -75,8 +80,7 @@ class GALDREN_TOOLS_API Lists : public Tools, public List_Fields, private galdre
     void Adjust();
 
   private:
-    int Title() const;
-    bool Shows(int index) const;
+    void Count();
     void Choose_Shown();
     void Update();
     void Follow_Bar();

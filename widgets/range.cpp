@@ -8,11 +8,22 @@
 
 namespace galdren {
 
-float Clamp_Value(float value, float start, float end, bool reversed) {
-    const float low = reversed ? end : start;
-    const float high = reversed ? start : end;
-    if (low >= value) return low;
-    return value >= high ? high : value;
+int Usual_Arrow(const Tools_Fields& bar) {
+    return std::min(Bar_Thickness(bar), Bar_Length(bar) / 2 - CURSEUR);
+}
+
+int Arrow_Under_Pointer(HWND window, const Area& area, bool vertical, int size) {
+    POINT position{};
+    if (!Find_Pointer(window, position)) return 0;
+    const int distance = vertical ? position.y - area.bottom : position.x - area.left;
+    const int length = vertical ? area.top - area.bottom : area.right - area.left;
+    if (distance < size) return -1;
+    return distance > length - size ? 1 : 0;
+}
+
+void Paint_Arrows(Canvas& canvas, bool vertical, int inset, int size, const Area& area) {
+    Paint_Arrow(canvas, vertical ? ARROW_DOWN : ARROW_LEFT, inset, size, area);
+    Paint_Arrow(canvas, vertical ? ARROW_UP : ARROW_RIGHT, inset, size, area);
 }
 
 float Fraction(float value, float start, float end) {
@@ -25,12 +36,13 @@ int Round_Offset(float offset) {
     return std::clamp(Truncate(double{offset} + 0.5), -Farthest, Farthest);
 }
 
-short Thumb_For(float visible, float total, int room) {
+void Size_Thumb(short& half, float visible, float total, int room) {
+    if (room <= 0) return;
     const float part = std::fabs(visible);
     const float whole = std::fabs(total);
     const float half_room = static_cast<float>(room) * 0.5F;
-    if (part >= whole) return Low_16(Truncate(half_room));
-    return Low_16(std::max(int{CURSEUR}, Truncate(part / whole * half_room)));
+    half = Low_16(part >= whole ? Truncate(half_room)
+                                : std::max(int{CURSEUR}, Truncate(part / whole * half_room)));
 }
 
 bool Pointer_Along(const Tools_Fields& bar, int& distance) {
@@ -40,19 +52,35 @@ bool Pointer_Along(const Tools_Fields& bar, int& distance) {
     return true;
 }
 
-void Paint_Thumb_Light(Canvas& canvas, const Area& thumb, int top_end) {
-    canvas.Column(thumb.left, thumb.bottom, thumb.top, Thumb_Light);
-    canvas.Row(thumb.left, top_end, thumb.top, Thumb_Light);
+void Thumb::Paint_Face(Canvas& canvas) const {
+    const auto [left, right, bottom, top] = area;
+    canvas.Box({left + 1, right, bottom, vertical ? top : top - 1}, Thumb_Grey);
+    if (vertical) {
+        canvas.Row(left + 1, right - 1, bottom + half - 1, Thumb_Light);
+    } else {
+        canvas.Column(left + half, bottom + 1, top, Thumb_Light);
+    }
 }
 
-void Paint_Thumb_Dark(Canvas& canvas, const Area& thumb) {
-    canvas.Row(thumb.left + 1, thumb.right, thumb.bottom, Black);
-    canvas.Column(thumb.right, thumb.bottom, thumb.top, Black);
+void Thumb::Paint_Light(Canvas& canvas, int end) const {
+    canvas.Column(area.left, area.bottom, area.top, Thumb_Light);
+    canvas.Row(area.left, end, area.top, Thumb_Light);
 }
 
-void Paint_Thumb_Shadow(Canvas& canvas, const Area& thumb) {
-    canvas.Row(thumb.left + 2, thumb.right - 1, thumb.bottom + 1, Black);
-    canvas.Column(thumb.right - 1, thumb.bottom + 1, thumb.top - 1, Black);
+void Thumb::Paint_Dark(Canvas& canvas) const {
+    canvas.Row(area.left + 1, area.right, area.bottom, Black);
+    canvas.Column(area.right, area.bottom, area.top, Black);
+}
+
+void Thumb::Paint_Shadow(Canvas& canvas, int top) const {
+    const auto [left, right, bottom, end] = area;
+    canvas.Row(left + 2, right - 1, bottom + 1, Black);
+    canvas.Column(right - 1, bottom + 1, end - 1, Black);
+    if (vertical) {
+        canvas.Row(left + 1, right, bottom + half, Black);
+    } else {
+        canvas.Column(left + half - 1, bottom + 1, top, Black);
+    }
 }
 
 }  // namespace galdren

@@ -5,8 +5,8 @@
 #include "tools/dimensions.h"
 #include "tools/font_cache.h"
 #include "tools/sharing.h"
-#include "tools/window.h"
 #include "widgets/items.h"
+#include "widgets/range.h"
 
 using namespace galdren;
 
@@ -14,12 +14,8 @@ namespace {
 
 constexpr Grow_Place Grow_In_Selector{".\\select.cpp", 218, 215};
 
-bool Is_Column(const Selects& selector) { return Has_Flag(selector, FLAG_VERTICAL); }
-
 /// Between the outer edge, the value area and the item.
 int Margin_Of(const Selects& selector) { return std::max(Frame_Width(selector) + 2, 4); }
-
-Area Value_Area(const Selects& selector) { return Area_Of(selector.Value_Box); }
 
 Buttons& Shown_Item(const Selects& selector) { return *selector.Item[selector.Current]; }
 
@@ -55,9 +51,9 @@ Area Room_Beside_Caption(const Selects& selector) {
 
 /// Between the arrows.
 Area Item_Area(const Selects& selector) {
-    Area area = Value_Area(selector);
+    Area area = Area_Of(selector.Value_Box);
     const int margin = selector.Arrow_Size + Margin_Of(selector);
-    if (Is_Column(selector)) {
+    if (Is_Vertical(selector)) {
         area.bottom += margin;
         area.top -= margin;
     } else {
@@ -89,16 +85,12 @@ void Hold_In_Range(Selects& selector) {
     if (selector.Current < 0 || selector.Current >= selector.Nb_Item) selector.Current = 0;
 }
 
-void Step_Once(Selects& selector, int step) {
-    const int next = selector.Current + step;
-    const int last = selector.Nb_Item - 1;
-    selector.Current = Low_16(next < 0 ? last : next > last ? 0 : next);
-}
-
 /// Steps to the next item that is not to be skipped; after one pass it stays where it is.
 void Step(Selects& selector, int step) {
-    for (int tries = 0; tries < selector.Nb_Item; ++tries) {
-        Step_Once(selector, step);
+    const int last = selector.Nb_Item - 1;
+    for (int tries = 0; tries <= last; ++tries) {
+        const int next = selector.Current + step;
+        selector.Current = Low_16(next < 0 ? last : next > last ? 0 : next);
         if (!Is_Skipped(selector)) return;
     }
 }
@@ -110,23 +102,10 @@ void Settle(Selects& selector) {
 }
 
 void Press_Arrows(Selects& selector) {
-    POINT position{};
-    if (!Find_Pointer(selector.Window, position)) return;
-    const bool column = Is_Column(selector);
-    const Boxs& value = selector.Value_Box;
-    const int distance = column ? position.y - value.Y : position.x - value.X;
-    const int forwards = column ? -1 : 1;
-    if (distance < selector.Arrow_Size) {
-        Step(selector, -forwards);
-    } else if (distance > (column ? value.Height : value.Width) - selector.Arrow_Size) {
-        Step(selector, forwards);
-    }
-}
-
-void Paint_Inside(Canvas& canvas, const Selects& selector, bool highlighted) {
-    const Boxs& frame = selector.Frame;
-    const unsigned long* body = highlighted ? frame.Cur_Graph_Select : frame.Cur_Graph_Normal;
-    Paint_Body(canvas, frame, highlighted, body, frame.Flag, Frame_Width(selector) + 1, Area_Of(frame));
+    const bool column = Is_Vertical(selector);
+    const Area area = Area_Of(selector.Value_Box);
+    const int arrow = Arrow_Under_Pointer(selector.Window, area, column, selector.Arrow_Size);
+    if (arrow != 0) Step(selector, column ? -arrow : arrow);
 }
 
 /// What the value area takes of the caption's room, its frame included.
@@ -142,11 +121,22 @@ void Paint_Name(Canvas& canvas, const Selects& selector) {
     Paint_Caption(canvas, selector.Font, selector.Name, flags, area, selector.Border);
 }
 
-void Paint_Arrows(Canvas& canvas, const Selects& selector) {
-    const bool column = Is_Column(selector);
-    const Area area = Value_Area(selector);
-    Paint_Arrow(canvas, column ? ARROW_DOWN : ARROW_LEFT, 0, selector.Arrow_Size, area);
-    Paint_Arrow(canvas, column ? ARROW_UP : ARROW_RIGHT, 0, selector.Arrow_Size, area);
+/// Caption, arrows and item.
+void Update(Selects& selector) {
+    Hold_In_Range(selector);
+    Canvas canvas(selector, Inside(selector));
+    Paint_Name(canvas, selector);
+    Paint_Arrows(canvas, Is_Vertical(selector), 0, selector.Arrow_Size, Area_Of(selector.Value_Box));
+    if (selector.Nb_Item > 0) Shown_Item(selector).Draw();
+}
+
+/// The inside and what stands on it, as the pointer has it look.
+void Paint_State(Selects& selector, bool highlighted) {
+    Canvas canvas(selector, Inside(selector));
+    const Boxs& frame = selector.Frame;
+    const unsigned long* body = highlighted ? frame.Cur_Graph_Select : frame.Cur_Graph_Normal;
+    Paint_Body(canvas, frame, highlighted, body, frame.Flag, Frame_Width(selector) + 1, Area_Of(frame));
+    Update(selector);
 }
 
 /// An outline, the caption and the item as an outline; no arrows.
@@ -188,11 +178,7 @@ void Selects::Init(HWND window) {
     Bind(*this, window);
     Renew_Font(*this);
     Init_Frame(*this);
-    if (Arrow_Size == 0) {
-        const int across = Is_Column(*this) ? Width : Height;
-        const int along = Is_Column(*this) ? Height : Width;
-        Arrow_Size = Low_16(std::min(across, along / 2 - CURSEUR));
-    }
+    if (Arrow_Size == 0) Arrow_Size = Low_16(Usual_Arrow(*this));
     Set_Place(Value_Box, Not_Turned(Room_Beside_Caption(*this)));
     Copy_Clip(Value_Box, *this);
     Note_Items(*this);
@@ -213,7 +199,7 @@ void Selects::Draw() {
         Paint_Thin(canvas, *this);
     } else if (!Has_Flag(*this, FLAG_NO_BODY)) {
         if (!Has_Flag(*this, SELECTOR_NO_FRAME)) Frame.Draw();
-        Update();
+        Update(*this);
     }
 }
 
@@ -224,11 +210,7 @@ int Selects::Select(int event) {
     if (Event_Kind(event) == EVENT_TEST) return inside;
     if (Has_Flag(*this, FLAG_PASSIVE)) return 0;
     if (inside && Event_Kind(event) == EVENT_PRESS) Press_Arrows(*this);
-    if (Hover_Changes(*this, Hover, inside)) {
-        Canvas canvas(*this, Inside(*this));
-        Paint_Inside(canvas, *this, inside);
-        Update();
-    }
+    if (Hover_Changes(*this, Hover, inside)) Paint_State(*this, inside);
     return inside;
 }
 
@@ -242,7 +224,7 @@ int Selects::Scroll(short amount) {
     if (!Has_Size(*this) || Has_Flag(*this, FLAG_PASSIVE)) return Current;
     if (Nb_Item == 0) return 0;
     Step(*this, -amount);
-    Update();
+    Update(*this);
     return Current;
 }
 
@@ -252,25 +234,14 @@ void Selects::Adjust() {
     Settle(*this);
     if (Current == Last_Current || Has_Flag(*this, FLAG_PASSIVE)) return;
     Last_Current = Current;
-    if (!Has_Flag(*this, FLAG_NO_BODY)) Update();
+    if (!Has_Flag(*this, FLAG_NO_BODY)) Update(*this);
 }
 
 void Selects::Deselect() {
     if (State == 0 || !Has_Size(*this) || Never_Highlights(*this)) return;
-    if (Hover != Hover_Highlighted) {
+    if (Hover == Hover_Highlighted) {
+        Paint_State(*this, false);
+    } else {
         Hover = Hover_Unknown;
-        return;
     }
-    Canvas canvas(*this, Inside(*this));
-    Paint_Inside(canvas, *this, false);
-    Update();
-}
-
-/// Paints caption, arrows and item.
-void Selects::Update() {
-    Hold_In_Range(*this);
-    Canvas canvas(*this, Inside(*this));
-    Paint_Name(canvas, *this);
-    Paint_Arrows(canvas, *this);
-    if (Nb_Item > 0) Shown_Item(*this).Draw();
 }

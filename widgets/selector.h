@@ -64,7 +64,4 @@ class GALDREN_TOOLS_API Selects : public Tools, public Selector_Fields {
     void Deselect();
     /// Repaints after `Current` changed.
     void Adjust();
-
-  private:
-    void Update();
 };

@@ -3,17 +3,47 @@
 #include <algorithm>
 
 #include "tools/dimensions.h"
-#include "tools/sharing.h"
 #include "widgets/range.h"
 
 using namespace galdren;
 
 namespace {
 
-/// Side of the arrow boxes.
-int Arrow_Side(const Sliders& slider) {
-    if (slider.Arrow_Dim != 0) return slider.Arrow_Dim;
-    return std::min(Bar_Thickness(slider), Bar_Length(slider) / 2 - CURSEUR);
+int Arrow_Side(const Sliders& slider) { return slider.Arrow_Dim ? slider.Arrow_Dim : Usual_Arrow(slider); }
+
+int Track_Length(const Sliders& slider) {
+    return Bar_Length(slider) - 2 * (Bar_Thickness(slider) + slider.Curs_Half + Frame_Width(slider));
+}
+
+void Fill_Table(Sliders& slider) {
+    slider.Tab_Num = Low_16(std::clamp(Track_Length(slider) + 2, -32768, Sliders::Most_Positions));
+    if (slider.Tab_Num <= 1) return;
+    const float step = (slider.End_Val - slider.Start_Val) / static_cast<float>(slider.Tab_Num - 1);
+    float value = slider.Start_Val;
+    for (int i = 0; i < slider.Tab_Num; ++i, value += step)
+        slider.Tab[i] = value;
+}
+
+/// Moves the value by `n` steps, towards the start end when positive. When reversed it is held at the bound
+/// that it moves away from, and comes back into range with the next `Adjust`.
+void Step_Value(Sliders& slider, int n) {
+    const auto [low, high] = Bounds_Of(slider);
+    const float change = static_cast<float>(n) * slider.Step;
+    const float moved = Has_Flag(slider, SLIDER_REVERSED) ? slider.Val + change : slider.Val - change;
+    slider.Val = n >= 1 ? std::max(moved, low) : std::min(moved, high);
+}
+
+void Press_Arrows(Sliders& slider) {
+    const int arrow =
+        Arrow_Under_Pointer(slider.Window, Area_Of(slider), Is_Vertical(slider), Arrow_Side(slider));
+    if (arrow != 0) Step_Value(slider, -arrow);
+}
+
+/// Distance of the thumb from the start end, less the frame.
+int Thumb_Offset(const Sliders& slider) {
+    const float fraction = Fraction(slider.Val, slider.Start_Val, slider.End_Val);
+    const auto start = static_cast<float>(Bar_Thickness(slider));
+    return Round_Offset(static_cast<float>(Track_Length(slider)) * fraction + start);
 }
 
 void Paint_Inside(Canvas& canvas, const Sliders& slider, bool highlighted, const unsigned long* body) {
@@ -25,50 +55,31 @@ void Paint_Bevel(Canvas& canvas, const Sliders& slider) {
     Paint_Frame(canvas, slider.Color, 0, true, width, Area_Of(slider));
 }
 
-/// One step of the value by an arrow. When reversed it is held at the bound that it moves away from, and
-/// comes back into range with the owner's `Adjust`.
-void Step_Value(Sliders& slider, bool at_far_end) {
-    float& value = slider.Val;
-    if (!Has_Flag(slider, SLIDER_REVERSED)) {
-        value = at_far_end ? std::min(value + slider.Step, slider.End_Val)
-                           : std::max(value - slider.Step, slider.Start_Val);
-    } else {
-        value = at_far_end ? std::min(value - slider.Step, slider.Start_Val)
-                           : std::max(value + slider.Step, slider.End_Val);
-    }
+void Paint_Cursor(Canvas& canvas, const Sliders& slider) {
+    if (Has_Flag(slider, FLAG_NO_BODY)) return;
+    const Area area = Area_Of(slider);
+    const int inset = Frame_Width(slider) + 2;
+    const bool vertical = Is_Vertical(slider);
+    Paint_Arrows(canvas, vertical, inset, Arrow_Side(slider), area);
+    if (Bar_Length(slider) < 2 * Bar_Thickness(slider)) return;
+
+    const int offset = Thumb_Offset(slider) - (vertical ? 1 : 2);
+    const Thumb thumb(vertical, slider.Curs_Half, area.Inset(inset), offset);
+    thumb.Paint_Face(canvas);
+    thumb.Paint_Light(canvas, thumb.area.right - 1);
+    thumb.Paint_Dark(canvas);
+    thumb.Paint_Shadow(canvas, thumb.area.top - 1);
 }
 
-void Press_Arrows(Sliders& slider) {
-    int distance = 0;
-    if (!Pointer_Along(slider, distance)) return;
-    const int side = Arrow_Side(slider);
-    if (distance < side) {
-        Step_Value(slider, false);
-    } else if (distance > Bar_Length(slider) - side) {
-        Step_Value(slider, true);
-    }
-}
-
-void Fill_Table(Sliders& slider) {
-    const int positions =
-        Bar_Length(slider) - 2 * Bar_Thickness(slider) - 2 * slider.Curs_Half - 2 * Frame_Width(slider) + 2;
-    slider.Tab_Num = Low_16(std::clamp(positions, -32768, Sliders::Most_Positions));
-    if (slider.Tab_Num <= 1) return;
-    const float step = (slider.End_Val - slider.Start_Val) / static_cast<float>(slider.Tab_Num - 1);
-    float value = slider.Start_Val;
-    for (int i = 0; i < slider.Tab_Num; ++i, value += step)
-        slider.Tab[i] = value;
+/// The inside and what stands on it, as the pointer has it look.
+void Paint_State(Sliders& slider, bool highlighted) {
+    Canvas canvas(slider, Inside(slider));
+    Paint_Inside(canvas, slider, highlighted,
+                 highlighted ? slider.Cur_Graph_Select : slider.Cur_Graph_Normal);
+    Paint_Cursor(canvas, slider);
 }
 
 }  // namespace
-
-Sliders::Sliders() = default;
-
-Sliders::Sliders(const Sliders& other) = default;
-
-Sliders& Sliders::operator=(const Sliders& other) { return Reassign(*this, other); }
-
-Sliders::~Sliders() = default;
 
 void Sliders::Init(HWND window) {
     Forget_Withdrawn_Images(*this);
@@ -88,8 +99,7 @@ void Sliders::Init(HWND window) {
 
 void Sliders::Larg_Adjust(float larg, float total) {
     if (!Has_Size(*this)) return;
-    const int room = Bar_Length(*this) - 2 * (Bar_Thickness(*this) + SPACE);
-    if (room > 0) Curs_Half = Thumb_For(larg, total, room);
+    Size_Thumb(Curs_Half, larg, total, Bar_Length(*this) - 2 * (Bar_Thickness(*this) + SPACE));
 }
 
 float Sliders::Read() {
@@ -105,29 +115,25 @@ float Sliders::Read() {
 
 int Sliders::Select(int event) {
     Check(*this, "Sliders::Select");
-    if (!Has_Size(*this)) return 0;
-    return Select_Bar(
-        *this, event, [this](bool highlighted) { Paint_State(highlighted); },
-        [this] { Press_Arrows(*this); });
+    return Has_Size(*this) ? Select_Bar(*this, event, Paint_State, Press_Arrows) : 0;
 }
 
 void Sliders::Deselect() {
     Check(*this, "Sliders::Deselect");
-    if (!Has_Size(*this)) return;
-    Deselect_Bar(*this, [this](bool highlighted) { Paint_State(highlighted); });
+    if (Has_Size(*this)) Deselect_Bar(*this, Paint_State);
 }
 
 void Sliders::Draw() {
     Check(*this, "Sliders::Draw");
     if (!Has_Size(*this)) return;
     Clamp_Value(*this);
-    Canvas canvas(*this, Inside(*this));
+    Canvas canvas(*this, Whole_Bar(*this));
     if (Has_Flag(*this, FLAG_OUTLINE)) Paint_Outline(canvas, Area_Of(*this));
     if (!Has_Flag(*this, FLAG_NO_BODY)) {
         if (!Has_Flag(*this, FLAG_STATIC)) canvas.Box(Area_Of(*this), Color.get());
         Paint_Bevel(canvas, *this);
     }
-    Paint_Thumb();
+    Paint_Thumb(canvas, *this, false, Paint_Cursor);
 }
 
 void Sliders::Adjust() {
@@ -139,79 +145,14 @@ void Sliders::Adjust() {
     Clamp_Value(*this);
     Paint_Inside(canvas, *this, Select_State == Hover_Highlighted, Cur_Graph_Select);
     Paint_Bevel(canvas, *this);
-    Paint_Thumb();
+    Paint_Thumb(canvas, *this, false, Paint_Cursor);
 }
 
 float Sliders::Scroll(int n) {
     Check(*this, "Sliders::Scroll");
     if (!Has_Size(*this)) return 0.0F;
     if (Has_Flag(*this, FLAG_PASSIVE)) return Val;
-    const float change = static_cast<float>(n) * Step;
-    if (Has_Flag(*this, SLIDER_REVERSED)) {
-        Val += change;
-        Val = n >= 1 ? std::max(Val, End_Val) : std::min(Val, Start_Val);
-    } else {
-        Val -= change;
-        Val = n >= 1 ? std::max(Val, Start_Val) : std::min(Val, End_Val);
-    }
+    Step_Value(*this, n);
     Adjust();
     return Val;
-}
-
-/// The inside and what stands on it, as the pointer has it look.
-void Sliders::Paint_State(bool highlighted) {
-    Canvas canvas(*this, Inside(*this));
-    Paint_Inside(canvas, *this, highlighted, highlighted ? Cur_Graph_Select : Cur_Graph_Normal);
-    Cursor();
-}
-
-int Sliders::Posit() {
-    const int thickness = Bar_Thickness(*this);
-    const int track = Bar_Length(*this) - 2 * Curs_Half - 2 * Frame_Width(*this) - 2 * thickness;
-    const float fraction = Fraction(Val, Start_Val, End_Val);
-    return Round_Offset(static_cast<float>(track) * fraction + static_cast<float>(thickness));
-}
-
-/// Arrows and thumb; with images of the application, the inside beneath them too.
-void Sliders::Paint_Thumb() {
-    if (!Graph_Select && !Graph_Normal) {
-        Cursor();
-    } else {
-        Select_State = Hover_Unknown;
-        Select(Capture);
-    }
-}
-
-void Sliders::Cursor() {
-    if (Has_Flag(*this, FLAG_NO_BODY)) return;
-    Canvas canvas(*this, Inside(*this));
-    const Area area = Area_Of(*this);
-    const int border = Frame_Width(*this);
-    const bool vertical = Is_Vertical(*this);
-    Paint_Arrow(canvas, vertical ? ARROW_DOWN : ARROW_LEFT, border + 2, Arrow_Side(*this), area);
-    Paint_Arrow(canvas, vertical ? ARROW_UP : ARROW_RIGHT, border + 2, Arrow_Side(*this), area);
-    if (Bar_Length(*this) < 2 * Bar_Thickness(*this)) return;
-
-    Area thumb = area.Inset(border + 2);
-    const int start = border + Posit();
-    const int groove_from = Curs_Half - 1;
-    if (vertical) {
-        thumb.bottom = area.bottom + start + 1;
-        thumb.top = thumb.bottom + 2 * Curs_Half - 1;
-        canvas.Box({thumb.left + 1, thumb.right, thumb.bottom, thumb.top}, Thumb_Grey);
-        Paint_Thumb_Light(canvas, thumb, thumb.right - 1);
-        canvas.Row(thumb.left + 1, thumb.right - 1, thumb.bottom + groove_from, Thumb_Light);
-        Paint_Thumb_Dark(canvas, thumb);
-        Paint_Thumb_Shadow(canvas, thumb);
-        canvas.Row(thumb.left + 1, thumb.right, thumb.bottom + groove_from + 1, Black);
-    } else {
-        thumb.left = area.left + start;
-        thumb.right = thumb.left + 2 * Curs_Half - 1;
-        canvas.Box({thumb.left + 1, thumb.right, thumb.bottom, thumb.top - 1}, Thumb_Grey);
-        Paint_Thumb_Light(canvas, thumb, thumb.right - 1);
-        canvas.Column(thumb.left + groove_from + 1, thumb.bottom + 1, thumb.top, Thumb_Light);
-        Paint_Thumb_Dark(canvas, thumb);
-        Paint_Thumb_Shadow(canvas, thumb);
-        canvas.Column(thumb.left + groove_from, thumb.bottom + 1, thumb.top - 1, Black);
-    }
 }

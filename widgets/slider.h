@@ -9,7 +9,8 @@
 ///
 /// The slider steps its value when an arrow is pressed, and else leaves it alone: when `Select` answers 1
 /// with a button down, the owner stores what `Read` answers in `Val` and calls `Adjust`. The value of every
-/// position of the thumb is worked out by `Init`, so that dragging computes nothing.
+/// position of the thumb is worked out by `Init`, so that dragging computes nothing. Every field is zero at
+/// first; copies take all of them, the table included.
 class GALDREN_TOOLS_API Sliders : public Tools {
   public:
     static constexpr int Most_Positions = 4096;  ///< entries of `Tab`
@@ -25,15 +26,6 @@ class GALDREN_TOOLS_API Sliders : public Tools {
     short Select_State{};         ///< 0 unknown, 1 painted highlighted, 2 painted normal
     short Capture{};              ///< 1 while a press that began here goes on, with `SLIDER_KEEP_GRAB`
     short Tab_Num{};              ///< entries of `Tab` that count
-
-    /// Every field zero.
-    Sliders();
-    /// Copies every field, the table included; what the source owns is shared.
-    Sliders(const Sliders& other);
-    /// Lets go of what this slider owns and copies every field.
-    Sliders& operator=(const Sliders& other);
-    /// Lets go of what every control owns.
-    ~Sliders();
 
     /// Binds the slider to a window and works out its table. To be called again after a change of place,
     /// size, range or `Curs_Half`.
@@ -58,10 +50,4 @@ class GALDREN_TOOLS_API Sliders : public Tools {
     /// Moves the value by `n` steps, towards the start end when positive, and repaints.
     /// @return the new value
     float Scroll(int n);
-
-  private:
-    int Posit();
-    void Paint_State(bool highlighted);
-    void Paint_Thumb();
-    void Cursor();
 };

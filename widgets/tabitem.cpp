@@ -32,51 +32,51 @@ unsigned long Body_Color(const TabItems& tab, bool highlighted) {
 
 /// The corners of the edge around a tab.
 struct Trapezoid {
-    Trapezoid(const Area& area, int slant)
+    Trapezoid(const TabItems& tab, const Area& area)
         : left_foot{area.left, area.bottom + 1},
-          left_top{area.left + slant, area.top - 1},
-          right_top{area.right - slant, area.top - 1},
+          left_top{area.left + Slant_Of(tab), area.top - 1},
+          right_top{area.right - Slant_Of(tab), area.top - 1},
           right_foot{area.right, area.bottom + 1} {}
     POINT left_foot, left_top, right_top, right_foot;
 };
 
-void Paint_Edge(Canvas& canvas, const TabItems& tab, bool front, const Area& area) {
-    constexpr unsigned long Page_Edge = 0xAAAAAA;
-    const Trapezoid edge(area, Slant_Of(tab));
-    if (front) {
-        canvas.Lines({edge.left_foot, edge.left_top, edge.right_top, edge.right_foot}, Black);
-    } else {
-        canvas.Lines({edge.left_foot, edge.left_top, edge.right_top, edge.right_foot, edge.left_foot}, Black);
-    }
-    canvas.Row(area.right, area.left, area.bottom, front ? Page_Edge : White);
-    canvas.Row(area.right, area.left, area.bottom - 1, front ? Page_Edge : Light_Grey);
+void Paint_Sides(Canvas& canvas, const Trapezoid& edge, unsigned long color) {
+    canvas.Lines({edge.left_foot, edge.left_top}, color);
+    canvas.Row(edge.left_top.x, edge.right_top.x, edge.left_top.y, color);
+    canvas.Lines({edge.right_top, edge.right_foot}, color);
 }
 
-void Paint_Flat(Canvas& canvas, const TabItems& tab, const Area& area) {
-    const Trapezoid edge(area, Slant_Of(tab));
-    canvas.Polygon({edge.left_foot, edge.left_top, edge.right_top, edge.right_foot}, Shaded(tab.Color).get());
-    canvas.Lines({edge.left_foot, edge.left_top, edge.right_top, edge.right_foot}, Outline_Blue);
+/// What is below a tab: its base line, and two rows of the page's edge.
+void Paint_Base(Canvas& canvas, const Area& area) {
     canvas.Row(area.right, area.left, area.bottom + 1, Black);
     canvas.Row(area.right, area.left, area.bottom, White);
     canvas.Row(area.right, area.left, area.bottom - 1, Light_Grey);
 }
 
-/// Where the body lies between its wings, all four edges included, when the upper edge of the tab is that of
-/// `top`.
-Area Middle_Of(const Area& top) { return {top.left + 1, top.right - 2, top.bottom + 2, top.top - 2}; }
-
-/// The lit edge of the left end; x is that of the end's top. It goes down to `foot`.
-void Paint_Left_Bevel(Canvas& canvas, int x, int top, const POINT& foot, bool straight) {
-    const int turn = straight ? 1 : 0;
-    canvas.Polygon({foot, {foot.x + 2, foot.y - turn}, {x + 2, top - 2 - turn}, {x, top - 2}}, White);
-    canvas.Lines({foot, {x, top - 1}}, Black);
+void Paint_Edge(Canvas& canvas, const TabItems& tab, bool front, const Area& area) {
+    Paint_Sides(canvas, {tab, area}, Black);
+    if (!front) return Paint_Base(canvas, area);
+    constexpr unsigned long Page_Edge = 0xAAAAAA;
+    canvas.Row(area.right, area.left, area.bottom, Page_Edge);
+    canvas.Row(area.right, area.left, area.bottom - 1, Page_Edge);
 }
 
-/// The edge of the right end, in the shade.
-void Paint_Right_Bevel(Canvas& canvas, int x, int top, const POINT& foot, bool straight) {
+void Paint_Flat(Canvas& canvas, const TabItems& tab, const Area& area) {
+    const Trapezoid edge(tab, area);
+    canvas.Polygon({edge.left_foot, edge.left_top, edge.right_top, edge.right_foot}, Shaded(tab.Color).get());
+    Paint_Sides(canvas, edge, Outline_Blue);
+    Paint_Base(canvas, area);
+}
+
+/// The bevel along an end, from its foot to its peak.
+/// @param inward  1 at the left end, -1 at the right one
+void Paint_Bevel(Canvas& canvas, const POINT& foot, const POINT& peak, int inward, bool straight,
+                 unsigned long color) {
     const int turn = straight ? 1 : 0;
-    canvas.Polygon({{x, top - 2}, {x - 2, top - 2 - turn}, {foot.x - 2, foot.y - turn}, foot}, Dark_Grey);
-    canvas.Lines({{x, top - 1}, foot}, Black);
+    const int inner = 2 * inward;
+    canvas.Polygon(
+        {foot, {foot.x + inner, foot.y - turn}, {peak.x + inner, peak.y - 1 - turn}, {peak.x, peak.y - 1}},
+        color);
 }
 
 /// Takes away the edge of the page below the front tab, so that both are one.
@@ -88,30 +88,11 @@ void Merge_With_Page(Canvas& canvas, const TabItems& tab, int left, int right, i
     canvas.Column(left + 1, y0 + 1, y0 - 1, White);
 }
 
-/// The body with a triangle at either end. Where both go outward the three are one polygon.
-void Paint_Body_And_Wings(Canvas& canvas, const Area& top, const POINT& left_wing, const POINT& right_wing,
-                          unsigned long color) {
-    const POINT left_foot{top.left, top.bottom + 2};
-    const POINT left_shoulder{top.left + 1, top.top - 2};
-    const POINT right_shoulder{top.right - 1, top.top - 2};
-    const POINT right_foot{top.right - 1, top.bottom + 2};
-    const bool wide = top.right - top.left > 2;
-    if (wide && left_wing.x <= top.left && right_wing.x >= top.right - 1) {
-        canvas.Polygon({left_foot, left_wing, left_shoulder, right_shoulder, right_wing, right_foot}, color);
-        return;
-    }
-    canvas.Box({top.left + 1, top.right - 1, top.bottom + 1, top.top - 2}, color);
-    canvas.Polygon({right_shoulder, right_wing, right_foot}, color);
-    canvas.Polygon({left_foot, left_wing, left_shoulder}, color);
-}
-
-/// The body, its wings and bevels, below the upper edge of `top`. A tab too small for them is its edge alone.
+/// The body with a triangle at either end, its bevels and its edges, below the upper edge of `top`. A tab too
+/// small for them is its edge alone.
 void Paint_Shape(Canvas& canvas, const TabItems& tab, const Area& top, unsigned long color) {
     const int slant = Slant_Of(tab);
-    const int x0 = top.left;
-    const int x1 = top.right;
-    const int y0 = top.bottom;
-    const int y1 = top.top;
+    const auto [x0, x1, y0, y1] = top;
     if (x1 - x0 + 2 * slant < 4 || y1 - y0 < 4) return;
     const int half = slant / 2;
     const int middle = (y0 + y1) / 2;
@@ -120,15 +101,20 @@ void Paint_Shape(Canvas& canvas, const TabItems& tab, const Area& top, unsigned 
     const POINT left_foot = left ? POINT{x0 - slant, y0 + 2} : POINT{x0 - slant + half, middle};
     const POINT right_foot = right ? POINT{x1 + slant, y0 + 2} : POINT{x1 + slant - half, middle};
     // With an odd slant, the point of a wing is a pixel short of that of its bevel.
-    const POINT left_wing = left ? left_foot : POINT{x0 - half, middle};
-    const POINT right_wing = right ? right_foot : POINT{x1 + half, middle};
+    const POINT left_wing{left ? left_foot.x + 2 : x0 - half + 2, left_foot.y};
+    const POINT right_wing{right ? right_foot.x - 2 : x1 + half - 2, right_foot.y};
 
-    Paint_Body_And_Wings(canvas, top, {left_wing.x + 2, left_wing.y}, {right_wing.x - 2, right_wing.y},
-                         color);
+    canvas.Box({x0 + 1, x1 - 1, y0 + 1, y1 - 2}, color);
+    canvas.Polygon({{x1 - 1, y1 - 2}, right_wing, {x1 - 1, y0 + 2}}, color);
+    canvas.Polygon({{x0, y0 + 2}, left_wing, {x0 + 1, y1 - 2}}, color);
     canvas.Row(x0 + 1, x1 - 1, y1 - 2, White);
     canvas.Row(x0 + 1, x1 - 1, y1 - 3, Light_Grey);
-    Paint_Left_Bevel(canvas, x0, y1, left_foot, left);
-    Paint_Right_Bevel(canvas, x1, y1, right_foot, right);
+    const POINT left_peak{x0, y1 - 1};
+    const POINT right_peak{x1, y1 - 1};
+    Paint_Bevel(canvas, left_foot, left_peak, 1, left, White);
+    canvas.Lines({left_foot, left_peak}, Black);
+    Paint_Bevel(canvas, right_foot, right_peak, -1, right, Dark_Grey);
+    canvas.Lines({right_peak, right_foot}, Black);
     if (Is_Front(tab)) Merge_With_Page(canvas, tab, x0 - slant, x1 + slant, y0);
 }
 
@@ -166,17 +152,20 @@ void Paint_Look(Canvas& canvas, const TabItems& tab, bool highlighted) {
 
 /// Whether a caption painted before the body would be painted over.
 bool Body_Hides_Name(const TabItems& tab) {
-    return !Has_Flag(tab, FLAG_STATIC) && !tab.Cur_Graph_Normal && !tab.Cur_Graph_Select &&
+    const Area top = Top_Of(tab);
+    const Area between_wings{top.left + 1, top.right - 2, top.bottom + 2, top.top - 2};
+    return !tab.Cur_Graph_Normal && !tab.Cur_Graph_Select &&
            Caption_Stays_Inside(tab.Font, tab.Name, Caption_Flags(tab), Area_Of(tab), tab.Border,
-                                Middle_Of(Top_Of(tab)));
+                                between_wings);
 }
 
 /// The whole tab, highlighted when the pointer is inside.
 void Paint_Whole(Canvas& canvas, TabItems& tab) {
     Paint_Edge(canvas, tab, Is_Front(tab), Area_Of(tab));
-    if (!Has_Flag(tab, FLAG_STATIC)) Choose_Bodies(tab);
-    if (!Body_Hides_Name(tab)) Paint_Name(canvas, tab, Caption_Flags(tab));
-    if (Has_Flag(tab, FLAG_STATIC)) return;
+    const bool is_static = Has_Flag(tab, FLAG_STATIC);
+    if (!is_static) Choose_Bodies(tab);
+    if (is_static || !Body_Hides_Name(tab)) Paint_Name(canvas, tab, Caption_Flags(tab));
+    if (is_static) return;
     tab.Hover = Hover_Unknown;
     const bool passive = Has_Flag(tab, FLAG_PASSIVE);
     const bool inside = !passive && Pointer_Inside(tab);

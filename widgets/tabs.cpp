@@ -72,9 +72,8 @@ void Choose_Ends(const Tabs& set) {
     const int front = Front_Of(set) ? set.Value : INT_MIN / 2;
     int index = 0;
     for (TabItems* tab : Row_Of(set)) {
-        int ends = TAB_RIGHT_STRAIGHT;
-        if (index == 0 || index == front) ends |= TAB_LEFT_STRAIGHT;
-        if (index == front - 1) ends &= ~TAB_RIGHT_STRAIGHT;
+        const int right = index == front - 1 ? 0 : TAB_RIGHT_STRAIGHT;
+        const int ends = index == 0 || index == front ? right | TAB_LEFT_STRAIGHT : right;
         tab->Shape = Low_16((tab->Shape & ~0xFF) | ends);
         ++index;
     }
@@ -89,11 +88,6 @@ void From_Back_To_Front(const Tabs& set, Visit visit) {
         if (*tab != front) visit(**tab);
     }
     if (front) visit(*front);
-}
-
-/// The front tab has the next `Select` paint it, on top of neighbours that light up beside it.
-void Forget_Front(const Tabs& set) {
-    if (TabItems* front = Front_Of(set)) front->Hover = Hover_Unknown;
 }
 
 /// One of the three lines around a page: from the end of the row down the left side, along the bottom and up
@@ -139,13 +133,15 @@ void Tabs::Init(HWND window) {
     Note_Size(*this);
 }
 
-/// Paints all tabs.
+/// Paints all tabs. The front tab has the next `Select` paint it, on top of neighbours that light up beside
+/// it.
 void Tabs::Update() {
-    if (!Has_Size(*this)) return;
     Choose_Ends(*this);
-    if (Has_Flag(*this, FLAG_OUTLINE) || !Has_Room(*this)) return;
-    const Canvas for_all_tabs(Window, {Area_Of(*this).Inset(-Tab_Overhang)});
-    From_Back_To_Front(*this, [](TabItems& tab) { tab.Draw(); });
+    if (!Has_Flag(*this, FLAG_OUTLINE) && Has_Room(*this)) {
+        const Canvas for_all_tabs(Window, {Area_Of(*this).Inset(-Tab_Overhang)});
+        From_Back_To_Front(*this, [](TabItems& tab) { tab.Draw(); });
+    }
+    if (TabItems* front = Front_Of(*this)) front->Hover = Hover_Unknown;
 }
 
 void Tabs::Draw() {
@@ -157,7 +153,6 @@ void Tabs::Draw() {
     for (TabItems* tab : Row_Of(*this))
         tab->Value = tab == front;
     Update();
-    Forget_Front(*this);
 }
 
 void Tabs::Adjust() {
@@ -170,7 +165,6 @@ void Tabs::Adjust() {
     if (Has_Flag(*this, FLAG_NO_BODY)) return;
     // All of them: a neighbour that lights up has painted over the end of the next one.
     Update();
-    Forget_Front(*this);
 }
 
 int Tabs::Select(int event) {

@@ -2,21 +2,22 @@
 
 #include <algorithm>
 #include <cstdarg>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <iterator>
+#include <new>
+#include <string_view>
 #include <utility>
 
 #include "tools/dimensions.h"
 #include "tools/font.h"
 #include "tools/font_cache.h"
 #include "tools/sharing.h"
-#include "tools/window.h"
 #include "util/error.h"
 #include "util/program.h"
 #include "widgets/items.h"
 #include "widgets/scroll.h"
-#include "widgets/text_parts.h"
 
 using namespace galdren;
 
@@ -27,7 +28,6 @@ constexpr int Title_Height = 20;
 
 bool Has_V_Bar(const Texts& field) { return Has_Flag(field, TEXT_V_BAR); }
 bool Has_H_Bar(const Texts& field) { return Has_Flag(field, TEXT_H_BAR); }
-bool Has_Bars(const Texts& field) { return Has_Flag(field, TEXT_V_BAR | TEXT_H_BAR); }
 
 /// What a bar takes away from the output.
 int Bar_Room() { return SPACE + CURSEUR; }
@@ -40,7 +40,8 @@ Area Output_Area(const Texts& field) {
     if (field.Name) area.top -= SPACE + Title_Height;
     if (Has_V_Bar(field)) area.left += Bar_Room();
     if (Has_H_Bar(field)) area.bottom += Bar_Room();
-    if (Is_Reading(field) || Has_Flag(field, TEXT_INPUT_ROOM)) area.bottom += 3 * border + field.Line_Height;
+    const bool has_input = field.Mode & TEXT_READING || Has_Flag(field, TEXT_INPUT_ROOM);
+    if (has_input) area.bottom += 3 * border + field.Line_Height;
     return area;
 }
 
@@ -107,62 +108,30 @@ void For_Bars(Texts& field, Act act) {
     if (Has_H_Bar(field)) act(field.H_Slider);
 }
 
-/// The look that a code in an output line switches to.
-struct Look {
-    unsigned long color;
-    HFONT font;
-};
-
-/// Follows a byte of an output line.
-/// @return false when it is text
-bool Switch_Look(Look& look, const Texts& field, unsigned char byte) {
-    constexpr unsigned long Code_Colors[] = {0xFF0000, Black, White, 0x0000FF, 0x00FFFF, 0x00A000};
-    if (byte >= TEXT_BLUE && byte <= TEXT_GREEN) {
-        look.color = Code_Colors[byte - TEXT_BLUE];
-    } else if (byte == TEXT_NORMAL_FONT) {
-        look.font = field.Font;
-    } else if (byte == TEXT_BOLD_FONT) {
-        look.font = field.Bold_Font;
-    } else if (byte == TEXT_OBLIQUE_FONT) {
-        look.font = field.Oblique_Font;
-    } else {
-        return false;
-    }
-    return true;
-}
-
-/// Writes an output line run by run.
+/// Writes an output line run by run, as its codes switch colour and font.
 /// @return its width
 int Write_Line(Canvas& canvas, const Texts& field, const char* line, int x, int y) {
-    Look look{Black, field.Font};
-    char run[Texts::Line_Room];
-    int length = 0;
+    constexpr char Codes[] = "\1\2\3\4\5\6\360\361\362";
+    constexpr unsigned long Code_Colors[] = {0xFF0000, Black, White, 0x0000FF, 0x00FFFF, 0x00A000};
+    const HFONT code_fonts[] = {field.Font, field.Bold_Font, field.Oblique_Font};
+    unsigned long color = Black;
+    HFONT font = field.Font;
     int width = 0;
-    const auto end_run = [&] {
-        if (length == 0) return;
-        run[length] = '\0';
-        width += canvas.Write_Run(look.font, run, x + width, y, look.color);
-        length = 0;
-    };
-    for (; *line; ++line) {
-        Look next = look;
-        if (Switch_Look(next, field, static_cast<unsigned char>(*line))) {
-            end_run();
-            look = next;
-        } else if (length < Texts::Line_Room - 1) {
-            run[length++] = *line;
+    while (*line) {
+        char run[Texts::Line_Room];
+        const std::string_view text(line, std::strcspn(line, Codes));
+        run[text.copy(run, sizeof run - 1)] = '\0';
+        if (!text.empty()) width += canvas.Write_Run(font, run, x + width, y, color);
+        line += text.size();
+        const auto code = static_cast<unsigned char>(*line);
+        if (code >= TEXT_NORMAL_FONT) {
+            font = code_fonts[code - TEXT_NORMAL_FONT];
+        } else if (code != 0) {
+            color = Code_Colors[code - TEXT_BLUE];
         }
+        if (code != 0) ++line;
     }
-    end_run();
     return width;
-}
-
-/// The frame around the input line.
-void Paint_Input_Frame(Canvas& canvas, const Texts& field) {
-    constexpr int Rings = 2;
-    const Area box = Input_Area(field);
-    if (box.right < box.left) return;
-    Paint_Frame(canvas, field.Color, 1, true, Rings, {box.left, box.right, box.bottom, box.top - 1});
 }
 
 void Paint_Title(Canvas& canvas, const Texts& field) {
@@ -198,9 +167,39 @@ void Set_Input_Box(Texts& field) {
     std::transform(std::begin(edges), std::end(edges), field.Input_Box, Low_16);
 }
 
-/// The lowest output line that stands wholly above the bottom.
-int First_Shown(int scrolled, int line_height) {
-    return scrolled <= 0 || line_height < 1 ? 0 : (scrolled + line_height - 1) / line_height;
+/// Makes an array of zeroed entries where there is none yet.
+/// @return false when the memory cannot be had
+template <class Entry>
+bool Ensure_Array(Entry*& array, std::size_t count) {
+    if (!array) array = new (std::nothrow) Entry[count]();
+    return array != nullptr;
+}
+
+/// Brings the oldest entry of an array to the front, where the newest is to be.
+template <class Entry>
+void Bring_Oldest(Entry* array, int count) {
+    std::rotate(array, array + count - 1, array + count);
+}
+
+/// Puts a copy of a text in place of another one.
+void Replace(char*& entry, std::string_view text) {
+    delete[] entry;
+    entry = Duplicate(text);
+}
+
+void Release_Texts(char**& texts, int count) {
+    if (Let_Go(Thing::Array, texts)) {
+        std::for_each(texts, texts + count, [](const char* text) { delete[] text; });
+        delete[] texts;
+    }
+    texts = nullptr;
+}
+
+/// Lets go of what a field owns but its fonts.
+void Release_Lines(Texts& field) {
+    Release_Texts(field.Lines, Texts::Most_Lines);
+    Release_Texts(field.History, Texts::Most_History);
+    Release_Array(std::exchange(field.Line_Width, nullptr));
 }
 
 }  // namespace
@@ -232,18 +231,16 @@ void Texts::Init(HWND window) {
     Renew(*this, Font, "medium", "r");
     Renew(*this, Bold_Font, "bold", "r");
     Renew(*this, Oblique_Font, "medium", "o");
-    {
-        Line_Height = Metrics_Of(Font).tmHeight;
-        Char_Width = Width_Of(Font, "H");
-        Even_Lines = Line_Height > 0 && Metrics_Of(Bold_Font).tmHeight <= Line_Height &&
-                     Metrics_Of(Oblique_Font).tmHeight <= Line_Height;
-    }
+    Line_Height = Metrics_Of(Font).tmHeight;
+    Char_Width = Width_Of(Font, "H");
+    Even_Lines = Line_Height > 0 && Metrics_Of(Bold_Font).tmHeight <= Line_Height &&
+                 Metrics_Of(Oblique_Font).tmHeight <= Line_Height;
     Picture = 0;
     Set_Input_Box(*this);
     if (!Has_V_Bar(*this)) V_Slider = Sliders();
     if (!Has_H_Bar(*this)) H_Slider = Sliders();
     V_Slider.Window = H_Slider.Window = nullptr;  // the bars are set anew whatever they were
-    if (Has_Bars(*this)) Rescale_Cursor();
+    Rescale_Cursor();
 }
 
 void Texts::Draw() {
@@ -258,16 +255,8 @@ void Texts::Draw() {
     if (Name) Paint_Title(canvas, *this);
     Place_Bars(*this);
     For_Bars(*this, [](Sliders& bar) { bar.Draw(); });
-    Paint_Contents();
-}
-
-/// The output and, while reading, the input line.
-void Texts::Paint_Contents() {
     Re_Write();
-    if (!Is_Reading(*this)) return;
-    Canvas canvas(*this, {Common(Area_Of(*this), Input_Area(*this))});
-    Paint_Input_Frame(canvas, *this);
-    Read_Echo(Line, Cursor_Pos);
+    Paint_Input();
 }
 
 void Texts::Cleanup() {
@@ -276,7 +265,7 @@ void Texts::Cleanup() {
     Release_Lines(*this);
     Picture = 0;
     std::fill_n(Line, Line_Room, '\0');
-    if (Has_Bars(*this)) Rescale_Cursor();
+    Rescale_Cursor();
     Mode = 0;
 }
 
@@ -286,8 +275,7 @@ int Texts::Select(int event) {
     if (Has_Flag(*this, FLAG_PASSIVE)) {
         if (!Never_Highlights(*this)) {
             if (V_Slider.Width != 0) V_Slider.Deselect();
-            // A console that never reads has no input line, and its box would stand on the output.
-            if (Is_Reading(*this)) Read_Echo(Line, Cursor_Pos);
+            Read_Echo();
         }
         return 0;
     }
@@ -295,7 +283,8 @@ int Texts::Select(int event) {
     if (Has_V_Bar(*this) && Select_Bar(V_Slider, event)) return 1;
     if (Has_H_Bar(*this) && Select_Bar(H_Slider, event)) return 1;
     const bool inside = Pointer_Inside(*this);
-    Show_Pointer(inside ? Hover_Highlighted : Hover_Normal);
+    const short before = std::exchange(Select_State, inside ? Hover_Highlighted : Hover_Normal);
+    if (Select_State != before) Read_Echo();  // the caret goes with the pointer
     return inside;
 }
 
@@ -309,16 +298,11 @@ bool Texts::Select_Bar(Sliders& bar, int event) {
     return true;
 }
 
-/// Notes where the pointer is; the caret goes with it.
-void Texts::Show_Pointer(short hover) {
-    if (std::exchange(Select_State, hover) != hover && Is_Reading(*this)) Read_Echo(Line, Cursor_Pos);
-}
-
 void Texts::Deselect() {
     if (State == 0 || !Has_Size(*this) || Never_Highlights(*this)) return;
     if (V_Slider.Width != 0) V_Slider.Deselect();
     Select_State = Hover_Normal;
-    if (Is_Reading(*this)) Read_Echo(Line, Cursor_Pos);
+    Read_Echo();
 }
 
 void Texts::Scroll(int n) {
@@ -338,7 +322,7 @@ void Texts::Write(const char* format, ...) {
     Check(*this, "Text::Write");
     va_list arguments;
     va_start(arguments, format);
-    Append(1, format, arguments);
+    Append(true, format, arguments);
     va_end(arguments);
 }
 
@@ -347,26 +331,25 @@ void Texts::OverWrite(const char* format, ...) {
     Check(*this, "Text::OverWrite");
     va_list arguments;
     va_start(arguments, format);
-    Append(0, format, arguments);
+    Append(false, format, arguments);
     va_end(arguments);
 }
 
-/// Formats a text and appends it.
-/// @param new_lines  1 begins a new line, 0 replaces the newest
-void Texts::Append(int new_lines, const char* format, va_list arguments) {
+/// Formats a text and appends it, or puts it in place of the newest line.
+void Texts::Append(bool new_line, const char* format, va_list arguments) {
     if (!Has_Size(*this) || !format) return;
     char text[Line_Room];
-    if (!Format_Line(text, format, arguments) || Has_Flag(*this, FLAG_PASSIVE)) return;
-    if (!Scroll_1(new_lines)) return;
+    if (std::vsnprintf(text, sizeof text, format, arguments) < 0 || !Make_Line(new_line)) return;
     const char* begin = text;
     for (const char* end; (end = std::strchr(begin, '\n')) != nullptr; begin = end + 1) {
-        Lines[0] = Duplicate({begin, end});
-        Scroll_1(1);
+        Replace(Lines[0], {begin, end});
+        Make_Line(true);
     }
-    Lines[0] = Duplicate(begin);
+    Replace(Lines[0], begin);
 
     const Shared_Context context(Window);
-    Paint_Contents();
+    Re_Write();
+    Paint_Input();
     Place_Bars(*this);
     For_Bars(*this, [](Sliders& bar) {
         bar.Val = 0.0F;
@@ -374,24 +357,36 @@ void Texts::Append(int new_lines, const char* format, va_list arguments) {
     });
 }
 
-/// @return whether there is a place for a line
-bool Texts::Scroll_1(int n) {
+/// Makes the newest line one that is to be written, the one before or a new one.
+/// @return whether there is a place for it
+bool Texts::Make_Line(bool anew) {
     if (Has_Flag(*this, FLAG_PASSIVE)) return false;
     if (!Ensure_Array(Lines, Most_Lines) || !Ensure_Array(Line_Width, Most_Lines)) {
         Error_Fct(hwnd, ERROR_LEVEL_MEMORY, "Texts: no memory for lines\n   name: %s", Name_Of(*this));
         return false;
     }
-    Appended = std::min(Appended + n, Most_Lines);
-    Renewed = std::max(std::min(Renewed + n, Most_Lines), 1);
-    if (n == 0) {
-        Free_Texts(Lines, 0, 1);
-        Line_Width[0] = 0;
-        return true;
+    if (anew) {
+        Bring_Oldest(Lines, Most_Lines);
+        Bring_Oldest(Line_Width, Most_Lines);
+        Appended = std::min(Appended + 1, Most_Lines);
+        Renewed = std::min(Renewed + 1, Most_Lines);
     }
-    Free_Texts(Lines, Most_Lines - n, Most_Lines);
-    Move_Entries(Lines, Most_Lines, n);
-    Move_Entries(Line_Width, Most_Lines, n);
+    Renewed = std::max(Renewed, 1);
+    Line_Width[0] = 0;
     return true;
+}
+
+/// Takes the input line over into output and history.
+bool Texts::Enter() {
+    const std::string_view line(Line, strnlen(Line, Line_Room - 1));
+    if (!Has_Flag(*this, TEXT_SINGLE_LINE) && Make_Line(true)) Replace(Lines[0], line);
+    if (Ensure_Array(History, Most_History)) {
+        Bring_Oldest(History, Most_History);
+        Replace(History[0], line);
+    }
+    Mode |= TEXT_ENTERED;
+    V_Slider.Val = 0.0F;
+    return false;
 }
 
 void Texts::Re_Write() {
@@ -401,22 +396,21 @@ void Texts::Re_Write() {
     constexpr int Margin = 2;
     const Output_View view{Margin - Scrolled(Has_H_Bar(*this), H_Slider),
                            Scrolled(Has_V_Bar(*this), V_Slider),
-                           {Color.get(), Has_Flag(*this, TEXT_SINGLE_LINE), {Font, Bold_Font, Oblique_Font}}};
+                           Color.get(),
+                           Has_Flag(*this, TEXT_SINGLE_LINE),
+                           {Font, Bold_Font, Oblique_Font}};
     Canvas canvas(*this, {area.left, area.right - 1, area.bottom + 1, area.top}, Picture);
     Area part = area;
-    int low = 0;
-    int high = 0;
-    if (canvas.Kept() && Move_Kept(canvas, view, area.top - area.bottom, low, high)) {
-        part.bottom = area.bottom + low;
-        part.top = area.bottom + high;
-    }
+    if (canvas.Kept()) Move_Kept(canvas, view, part);
     Painted = view;
     Appended = Renewed = 0;
 
-    canvas.Box(part, view.look.color);
+    canvas.Box(part, view.color);
     const Canvas::Narrow_Clip clip = canvas.Narrow(part);
-    const int count = view.look.single ? 1 : Most_Lines;
-    for (int k = First_Shown(view.scrolled, Line_Height); k < count; ++k) {
+    const int count = view.single ? 1 : Most_Lines;
+    // The lowest line that stands wholly above the bottom.
+    const bool is_up = view.scrolled > 0 && Line_Height > 0;
+    for (int k = is_up ? (view.scrolled + Line_Height - 1) / Line_Height : 0; k < count; ++k) {
         const int rise = k * Line_Height - view.scrolled;
         if (rise > Height) break;
         const int y = area.bottom + rise;
@@ -428,24 +422,25 @@ void Texts::Re_Write() {
     if (Is_Shared(Thing::Array, Lines)) Picture = 0;
 }
 
-/// Moves the lines on the kept picture to where they stand now.
-/// @param height     of the output
-/// @param low, high  receive between which heights the output has to be painted
-/// @return false, with nothing moved, when all of it has to be painted
-bool Texts::Move_Kept(galdren::Canvas& canvas, const Output_View& view, int height, int& low,
-                      int& high) const {
-    const bool same_look =
-        Even_Lines && view.x == Painted.x && view.look == Painted.look && !view.look.single;
+/// Moves the lines on the kept picture to where they stand now, if they can be.
+/// @param part  the output; receives the part of it that has to be painted
+void Texts::Move_Kept(Canvas& canvas, const Output_View& view, Area& part) const {
+    Output_View before = Painted;
+    before.scrolled = view.scrolled;
+    const bool same_look = Even_Lines && view == before && !view.single;
     // A line that the bottom edge would cut is not painted at all, so only whole lines can be moved.
-    if (!same_look || view.scrolled % Line_Height != 0 || Painted.scrolled % Line_Height != 0) return false;
+    if (!same_look || view.scrolled % Line_Height != 0 || Painted.scrolled % Line_Height != 0) return;
 
+    const int height = part.top - part.bottom;
     const int rise = Appended * Line_Height + Painted.scrolled - view.scrolled;
     const int from_bottom = std::max(rise, Renewed * Line_Height - view.scrolled);
-    if (std::abs(rise) >= height || (rise < 0 && from_bottom > 0)) return false;
+    if (std::abs(rise) >= height || (rise < 0 && from_bottom > 0)) return;
     canvas.Raise(rise);
-    low = rise < 0 ? height + rise : 0;
-    high = rise < 0 ? height : std::min(from_bottom, height);
-    return true;
+    if (rise < 0) {
+        part.bottom = part.top + rise;
+    } else {
+        part.top = part.bottom + std::min(from_bottom, height);
+    }
 }
 
 void Texts::Rescale_Cursor() {

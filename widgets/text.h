@@ -2,14 +2,16 @@
 /// Text fields: a console with an input line, or an entry field of one line.
 #pragma once
 
+#include <array>
 #include <cstdarg>
 
 #include "../tools/tools.h"
-#include "text_fields.h"
+#include "slider.h"
 
 namespace galdren {
 class Canvas;
-}
+struct Area;
+}  // namespace galdren
 
 /// Bits of `Flag` that text fields add. `SLIDER_KEEP_GRAB` is handed on to the scroll bars.
 /// @{
@@ -35,6 +37,46 @@ enum Text_Code : unsigned char {
     TEXT_NORMAL_FONT = 240,
     TEXT_BOLD_FONT = 241,
     TEXT_OBLIQUE_FONT = 242
+};
+
+/// Bits of `Texts::Mode`.
+enum Text_Mode : unsigned char {
+    TEXT_READING = 1,  ///< the input line takes keys
+    TEXT_ENTERED = 2,  ///< a line was entered
+    TEXT_CHANGED = 4   ///< the line changed, with `TEXT_REPORT_CHANGES`
+};
+
+/// Values of `Texts::Caret`.
+enum Text_Caret : unsigned char {
+    CARET_AT_POINTER = 0,  ///< shown while the pointer is inside
+    CARET_SHOWN = 1,       ///< shown wherever the pointer is
+    CARET_AWAY = 2         ///< not shown
+};
+
+/// The fields of a text field, all zero at first.
+struct Text_Fields {
+    static constexpr int Most_Lines = 4096;    ///< output lines that are kept
+    static constexpr int Most_History = 50;    ///< entered lines that are kept
+    static constexpr int Line_Room = 256;      ///< bytes of a line with its end
+    static constexpr int Longest_Input = 254;  ///< characters that can be typed
+
+    short Bar_Dim{};         ///< thickness of the scroll bars in pixels; 0 means `CURSEUR`
+    unsigned char Mode{};    ///< see `Text_Mode`; 0 while idle
+    char Line[Line_Room]{};  ///< the input line
+    short Select_State{};    ///< 0 unknown, 1 the pointer is inside and the caret is shown, 2 outside
+    int Char_Width{};        ///< width of "H" in the normal font, in pixels
+    int Line_Height{};       ///< height of the normal font and pitch of the output lines, in pixels
+    HFONT Bold_Font{};       ///< font of the input line and of `TEXT_BOLD_FONT`; owned
+    HFONT Oblique_Font{};    ///< font of `TEXT_OBLIQUE_FONT`; owned
+    char** Lines{};          ///< `Most_Lines` output lines, the newest first, null where there is none; owned
+    char** History{};        ///< `Most_History` entered lines, the newest first; owned
+    short* Line_Width{};     ///< width of each output line when it was painted last, in pixels; owned
+    Sliders V_Slider;      ///< vertical scroll bar; its `Val` is how far the output is scrolled up, in pixels
+    Sliders H_Slider;      ///< horizontal scroll bar; its `Val` is how far it is scrolled right
+    short History_Pos{};   ///< index of the entered line that Up brings next
+    short Cursor_Pos{};    ///< index in `Line` of the character behind the caret
+    short Input_Box[4]{};  ///< input line: left, right, top, bottom
+    unsigned char Caret{};  ///< see `Text_Caret`; set by `Show_Caret`
 };
 
 /// A console: output lines that the application appends, the newest at the bottom, and below them an input
@@ -95,42 +137,27 @@ class GALDREN_TOOLS_API Texts : public Tools, public Text_Fields {
     void OverWrite(const char* format, ...) GALDREN_PRINTF(2, 3);
 
   private:
-    void Read_Echo(char* const text, short cursor);
-    bool Scroll_1(int n);
-    void Scroll_2(int n);
+    bool Make_Line(bool anew);
+    void Append(bool new_line, const char* format, va_list arguments);
     void Re_Write();
     void Rescale_Cursor();
-    void Paint_Contents();
-    void Append(int new_lines, const char* format, va_list arguments);
     bool Select_Bar(Sliders& bar, int event);
-    void Show_Pointer(short hover);
+    void Paint_Input();
+    void Read_Echo();
     bool Take(int key);
-    void Note_Change();
     bool Enter();
-    bool Escape();
-    bool Insert(char character);
-    bool Erase(int position);
-    bool Move_To(int position);
-    bool Recall_Older();
-    bool Recall_Newer();
     bool Paste();
 
-    struct Output_Look {
-        unsigned long color;  ///< of the ground
-        bool single;          ///< only the newest line shows
-        HFONT fonts[3];
-        bool operator==(const Output_Look& other) const {
-            return color == other.color && single == other.single && fonts[0] == other.fonts[0] &&
-                   fonts[1] == other.fonts[1] && fonts[2] == other.fonts[2];
-        }
-    };
     /// What the output looks like, apart from its lines.
     struct Output_View {
-        int x;         ///< where lines begin, from the left edge of the output
-        int scrolled;  ///< pixels that are below its bottom edge
-        Output_Look look;
+        int x;                ///< where lines begin, from the left edge of the output
+        int scrolled;         ///< pixels that are below its bottom edge
+        unsigned long color;  ///< of the ground
+        bool single;          ///< only the newest line shows
+        std::array<HFONT, 3> fonts;
+        bool operator==(const Output_View& other) const = default;
     };
-    bool Move_Kept(galdren::Canvas& canvas, const Output_View& view, int height, int& low, int& high) const;
+    void Move_Kept(galdren::Canvas& canvas, const Output_View& view, galdren::Area& part) const;
 
     unsigned Picture{};     // number of the output's kept picture, 0 when there is none
     Output_View Painted{};  // on that picture

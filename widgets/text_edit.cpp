@@ -1,6 +1,7 @@
 #include <algorithm>
-#include <cctype>
+#include <climits>
 #include <cstdarg>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <string_view>
@@ -8,9 +9,7 @@
 #include "tools/base.h"
 #include "tools/font_cache.h"
 #include "tools/keyboard.h"
-#include "tools/sharing.h"
 #include "widgets/text.h"
-#include "widgets/text_parts.h"
 
 using namespace galdren;
 
@@ -19,32 +18,6 @@ namespace {
 constexpr int Key_Backspace = 8;
 constexpr int Key_Enter = 13;
 constexpr int Key_Escape = 27;
-constexpr int Key_Paste = KEY_CONTROL | 'V';
-constexpr int Key_Keypad_Point = KEY_KEYPAD | VK_DECIMAL;
-
-/// A navigation key, on its own or on the keypad without NumLock.
-enum class Motion { None, Left, Right, Home, End, Up, Down, Delete };
-
-Motion Motion_Of(int key) {
-    struct Row {
-        int key;
-        int keypad;
-        Motion motion;
-    };
-    static constexpr Row Motions[] = {
-        {KEY_NAVIGATION | VK_LEFT, KEY_KEYPAD | VK_NUMPAD4, Motion::Left},
-        {KEY_NAVIGATION | VK_RIGHT, KEY_KEYPAD | VK_NUMPAD6, Motion::Right},
-        {KEY_NAVIGATION | VK_HOME, KEY_KEYPAD | VK_NUMPAD7, Motion::Home},
-        {KEY_NAVIGATION | VK_END, KEY_KEYPAD | VK_NUMPAD1, Motion::End},
-        {KEY_NAVIGATION | VK_UP, KEY_KEYPAD | VK_NUMPAD8, Motion::Up},
-        {KEY_NAVIGATION | VK_DOWN, KEY_KEYPAD | VK_NUMPAD2, Motion::Down},
-        {KEY_NAVIGATION | VK_DELETE, KEY_KEYPAD | VK_DELETE, Motion::Delete},
-    };
-    for (const Row& row : Motions) {
-        if (key == row.key || key == row.keypad) return row.motion;
-    }
-    return Motion::None;
-}
 
 bool Is_One_Of(char character, const char* set) { return character && std::strchr(set, character); }
 
@@ -74,65 +47,101 @@ const char* History_Entry(const Texts& field, int index) {
     return field.History && index >= 0 && index < Texts::Most_History ? field.History[index] : nullptr;
 }
 
-/// The clipboard for a scope; it stays closed when another window has it open.
-class Open_Clipboard {
+/// What the clipboard holds as text, for a scope; nothing when another window has it open.
+class Clipboard_Text {
   public:
-    explicit Open_Clipboard(HWND window) : opened(OpenClipboard(window) != 0) {}
-    ~Open_Clipboard() {
+    explicit Clipboard_Text(HWND window)
+        : opened(OpenClipboard(window) != 0),
+          block(opened ? GetClipboardData(CF_TEXT) : nullptr),
+          bytes(block ? static_cast<const char*>(GlobalLock(block)) : nullptr) {}
+    ~Clipboard_Text() {
+        if (bytes) GlobalUnlock(block);
         if (opened) CloseClipboard();
     }
-    Open_Clipboard(const Open_Clipboard&) = delete;
-    Open_Clipboard& operator=(const Open_Clipboard&) = delete;
-    HGLOBAL Text() const { return opened ? GetClipboardData(CF_TEXT) : nullptr; }
+    Clipboard_Text(const Clipboard_Text&) = delete;
+    Clipboard_Text& operator=(const Clipboard_Text&) = delete;
+    /// It may be the block that ends, and not the text.
+    std::string_view Get() const { return {bytes, bytes ? strnlen(bytes, GlobalSize(block)) : 0}; }
 
   private:
     bool opened;
-};
-
-/// Global memory locked for a scope.
-class Locked_Memory {
-  public:
-    explicit Locked_Memory(HGLOBAL block)
-        : handle(block), bytes(block ? static_cast<const char*>(GlobalLock(block)) : nullptr) {}
-    ~Locked_Memory() {
-        if (bytes) GlobalUnlock(handle);
-    }
-    Locked_Memory(const Locked_Memory&) = delete;
-    Locked_Memory& operator=(const Locked_Memory&) = delete;
-    const char* begin() const { return bytes; }
-    /// The end of the text, or of the block when it does not end itself.
-    const char* end() const { return bytes ? std::find(bytes, bytes + GlobalSize(handle), '\0') : nullptr; }
-
-  private:
-    HGLOBAL handle;
+    HGLOBAL block;
     const char* bytes;
 };
 
-/// What of the input line fits into its box.
-struct Visible_Input {
-    char text[Texts::Line_Room];  ///< what is shown, "#" for every character of a password
-    char before_caret[Texts::Line_Room];
-};
+void Note_Change(Texts& field) {
+    if (Has_Flag(field, TEXT_REPORT_CHANGES)) field.Mode |= TEXT_CHANGED;
+}
 
-/// Begins as far left as the cursor allows.
-Visible_Input Fit_Input(const Texts& field, const char* line, int cursor, int room) {
-    Visible_Input all{};
-    std::strncpy(all.text, line, sizeof all.text - 1);
-    if (Has_Flag(field, TEXT_PASSWORD)) std::fill_n(all.text, std::strlen(all.text), '#');
-    std::copy_n(all.text, cursor, all.before_caret);
+// Edits, which answer whether the input line has to be painted.
+
+bool Move_To(Texts& field, int position) {
+    field.Cursor_Pos = Low_16(std::clamp(position, 0, Input_Length(field)));
+    return true;
+}
+
+bool Erase(Texts& field, int position) {
+    const int length = Input_Length(field);
+    char* const line = field.Line;
+    if (position < length) std::copy(line + position + 1, line + length + 1, line + position);
+    field.Cursor_Pos = Low_16(position);
+    Note_Change(field);
+    return true;
+}
+
+bool Insert(Texts& field, char character) {
+    char* const line = field.Line;
+    if (!Accepts(field, character) || Input_Length(field) >= Texts::Longest_Input) return false;
+    if (Has_Flag(field, TEXT_INTEGER) && std::strtol(line, nullptr, 10) == 0) {
+        // What is typed over a zero replaces it.
+        std::fill_n(line, Texts::Line_Room, '\0');
+        field.Cursor_Pos = 0;
+    }
+    char* const end = line + Texts::Line_Room - 1;
+    std::copy_backward(line + field.Cursor_Pos, end - 1, end);
+    line[field.Cursor_Pos++] = character;
+    *end = '\0';
+    Note_Change(field);
+    return true;
+}
+
+bool Recall_Older(Texts& field) {
+    Note_Change(field);
+    const char* entry = History_Entry(field, field.History_Pos);
+    if (!entry) return false;
+    ++field.History_Pos;
+    Recall(field, entry);
+    return true;
+}
+
+/// Goes back by one entry, so that Up and then Down show the same one twice.
+bool Recall_Newer(Texts& field) {
+    Note_Change(field);
+    const char* entry = History_Entry(field, field.History_Pos - 1);
+    if (entry) --field.History_Pos;
+    Recall(field, entry ? entry : "");
+    return true;
+}
+
+/// The box of the input line.
+Area Input_Area(const Texts& field) {
+    return {field.Input_Box[0], field.Input_Box[1], field.Input_Box[3], field.Input_Box[2]};
+}
+
+Reach Input_Reach(const Texts& field) { return {Common(Area_Of(field), Input_Area(field))}; }
+
+/// The first character from which a text fits into `room`.
+int First_Visible(HFONT font, const char* text, int length, int room) {
     int first = 0;
-    for (int beyond = cursor; first < beyond;) {
+    for (int beyond = length; first < beyond;) {
         const int middle = (first + beyond) / 2;
-        if (Width_Of(field.Bold_Font, all.before_caret + middle) <= room) {
+        if (Width_Of(font, text + middle) <= room) {
             beyond = middle;
         } else {
             first = middle + 1;
         }
     }
-    Visible_Input visible{};
-    std::strcpy(visible.text, all.text + first);
-    std::strcpy(visible.before_caret, all.before_caret + first);
-    return visible;
+    return first;
 }
 
 }  // namespace
@@ -144,9 +153,9 @@ void Texts::Read(const char* format, ...) {
     char text[Line_Room] = {};
     va_list arguments;
     va_start(arguments, format);
-    if (format) Format_Line(text, format, arguments);
+    if (format && std::vsnprintf(text, sizeof text, format, arguments) < 0) text[0] = '\0';
     va_end(arguments);
-    const bool keeps_cursor = Has_Flag(*this, TEXT_REPORT_CHANGES) && Is_Reading(*this);
+    const bool keeps_cursor = Has_Flag(*this, TEXT_REPORT_CHANGES) && Mode & TEXT_READING;
     std::strncpy(Line, text, Line_Room);
     History_Pos = 0;
     Mode = TEXT_READING;
@@ -163,169 +172,121 @@ char* Texts::Update() {
 void Texts::Input(int key) {
     Check(*this, "Text::Input");
     if (!Has_Size(*this) || Has_Flag(*this, FLAG_NO_BODY | FLAG_PASSIVE)) return;
-    if (Take(key)) Read_Echo(Line, Cursor_Pos);
+    if (Take(key)) Read_Echo();
 }
 
 /// Acts on a key.
 /// @return whether the input line has to be painted
 bool Texts::Take(int key) {
-    if (!Is_Reading(*this)) return false;
+    if (!(Mode & TEXT_READING)) return false;
     Cursor_Pos = Low_16(std::clamp<int>(Cursor_Pos, 0, Input_Length(*this)));
-    switch (Motion_Of(key)) {
-        case Motion::Left:
-            return Move_To(Cursor_Pos - 1);
-        case Motion::Right:
-            return Move_To(Cursor_Pos + 1);
-        case Motion::Home:
-            return Move_To(0);
-        case Motion::End:
-            return Move_To(Line_Room);
-        case Motion::Up:
-            return Recall_Older();
-        case Motion::Down:
-            return Recall_Newer();
-        case Motion::Delete:
-            return Erase(Cursor_Pos);
-        default:
-            break;
-    }
     switch (key) {
+        case KEY_NAVIGATION | VK_LEFT:
+        case KEY_KEYPAD | VK_NUMPAD4:
+            return Move_To(*this, Cursor_Pos - 1);
+        case KEY_NAVIGATION | VK_RIGHT:
+        case KEY_KEYPAD | VK_NUMPAD6:
+            return Move_To(*this, Cursor_Pos + 1);
+        case KEY_NAVIGATION | VK_HOME:
+        case KEY_KEYPAD | VK_NUMPAD7:
+            return Move_To(*this, 0);
+        case KEY_NAVIGATION | VK_END:
+        case KEY_KEYPAD | VK_NUMPAD1:
+            return Move_To(*this, Line_Room);
+        case KEY_NAVIGATION | VK_UP:
+        case KEY_KEYPAD | VK_NUMPAD8:
+            return Recall_Older(*this);
+        case KEY_NAVIGATION | VK_DOWN:
+        case KEY_KEYPAD | VK_NUMPAD2:
+            return Recall_Newer(*this);
+        case KEY_NAVIGATION | VK_DELETE:
+        case KEY_KEYPAD | VK_DELETE:
+            return Erase(*this, Cursor_Pos);
+        case Key_Backspace:
+            return Cursor_Pos > 0 && Erase(*this, Cursor_Pos - 1);
         case Key_Enter:
         case KEY_KEYPAD | Key_Enter:
             return Enter();
-        case Key_Backspace:
-            return Cursor_Pos > 0 && Erase(Cursor_Pos - 1);
         case Key_Escape:
-            return Escape();
-        case Key_Paste:
+            Mode = 0;
+            Rescale_Cursor();
+            Draw();
+            return false;
+        case KEY_CONTROL | 'V':
             return Paste();
-        case Key_Keypad_Point:
-            return Insert('.');
+        case KEY_KEYPAD | VK_DECIMAL:
+            return Insert(*this, '.');
         default:
-            return key >= ' ' && key <= UCHAR_MAX && Insert(static_cast<char>(key));
+            return key >= ' ' && key <= UCHAR_MAX && Insert(*this, static_cast<char>(key));
     }
-}
-
-void Texts::Note_Change() {
-    if (Has_Flag(*this, TEXT_REPORT_CHANGES)) Mode |= TEXT_CHANGED;
-}
-
-bool Texts::Move_To(int position) {
-    Cursor_Pos = Low_16(std::clamp(position, 0, Input_Length(*this)));
-    return true;
-}
-
-bool Texts::Erase(int position) {
-    const int length = Input_Length(*this);
-    if (position < length) std::copy(Line + position + 1, Line + length + 1, Line + position);
-    Cursor_Pos = Low_16(position);
-    Note_Change();
-    return true;
-}
-
-bool Texts::Insert(char character) {
-    if (!Accepts(*this, character) || Input_Length(*this) >= Longest_Input) return false;
-    if (Has_Flag(*this, TEXT_INTEGER) && std::strtol(Line, nullptr, 10) == 0) {
-        // What is typed over a zero replaces it.
-        std::fill_n(Line, Line_Room, '\0');
-        Cursor_Pos = 0;
-    }
-    std::copy_backward(Line + Cursor_Pos, Line + Line_Room - 2, Line + Line_Room - 1);
-    Line[Cursor_Pos++] = character;
-    Line[Line_Room - 1] = '\0';
-    Note_Change();
-    return true;
-}
-
-bool Texts::Enter() {
-    const std::string_view line(Line, static_cast<std::size_t>(Input_Length(*this)));
-    if (!Has_Flag(*this, TEXT_SINGLE_LINE) && Scroll_1(1)) Lines[0] = Duplicate(line);
-    Scroll_2(1);
-    if (History) History[0] = Duplicate(line);
-    Mode |= TEXT_ENTERED;
-    V_Slider.Val = 0.0F;
-    return false;
-}
-
-bool Texts::Escape() {
-    Mode = 0;
-    if (Has_Flag(*this, TEXT_V_BAR | TEXT_H_BAR)) Rescale_Cursor();
-    Draw();
-    return false;
-}
-
-bool Texts::Recall_Older() {
-    Note_Change();
-    const char* entry = History_Entry(*this, History_Pos);
-    if (!entry) return false;
-    ++History_Pos;
-    Recall(*this, entry);
-    return true;
-}
-
-/// Goes back by one entry, so that Up and then Down show the same one twice.
-bool Texts::Recall_Newer() {
-    Note_Change();
-    const char* entry = History_Entry(*this, History_Pos - 1);
-    if (entry) --History_Pos;
-    Recall(*this, entry ? entry : "");
-    return true;
 }
 
 /// Takes the clipboard's text as if it were typed.
 bool Texts::Paste() {
     bool changed = false;
     if (IsClipboardFormatAvailable(CF_TEXT)) {
-        const Open_Clipboard clipboard(Window);
-        const Locked_Memory text(clipboard.Text());
+        const Clipboard_Text text(Window);
         bool full = false;
-        for (const char character : text) {
+        for (const char character : text.Get()) {
             const auto key = static_cast<unsigned char>(character);
             // There may be a megabyte of what has no room.
             if (key >= ' ' && (full || !Accepts(*this, character))) continue;
             changed = Take(key) || changed;
-            if (!Is_Reading(*this)) break;
+            if (!(Mode & TEXT_READING)) break;
             full = Input_Length(*this) >= Longest_Input;
         }
     }
-    Note_Change();
-    return changed && Is_Reading(*this);  // an Escape in the text has painted the field without its line
+    Note_Change(*this);
+    return changed;
 }
 
-void Texts::Scroll_2(int n) {
-    if (n < 1 || Has_Flag(*this, FLAG_PASSIVE) || !Ensure_Array(History, Most_History)) return;
-    Free_Texts(History, Most_History - n, Most_History);
-    Move_Entries(History, Most_History, n);
+/// The frame of the input line and what is in it, while reading.
+void Texts::Paint_Input() {
+    constexpr int Rings = 2;
+    if (!(Mode & TEXT_READING)) return;
+    Canvas canvas(*this, Input_Reach(*this));
+    const Area box = Input_Area(*this);
+    if (box.left <= box.right)
+        Paint_Frame(canvas, Color, 1, true, Rings, {box.left, box.right, box.bottom, box.top - 1});
+    Read_Echo();
 }
 
 void Texts::Show_Caret(Text_Caret how) {
     Check(*this, "Texts::Show_Caret");
     const bool changes = Caret != how;
     Caret = how;
-    if (changes && Has_Size(*this) && Is_Reading(*this)) Read_Echo(Line, Cursor_Pos);
+    if (changes && Has_Size(*this)) Read_Echo();
 }
 
-void Texts::Read_Echo(char* const text, short cursor) {
+/// What is in the input line, while reading. A console that only writes has none, and its box would stand on
+/// the output.
+void Texts::Read_Echo() {
     constexpr int Text_Gap = 4;
     constexpr int Caret_Gap = 3;
     constexpr unsigned long Caret_Yellow = 0x00FFFF;
     const Area box = Input_Area(*this);
     const int border = Frame_Width(*this);
-    if (box.right < box.left) return;
-    Canvas canvas(*this, {Common(Area_Of(*this), Input_Area(*this))});
+    if (!(Mode & TEXT_READING) || box.right < box.left) return;
+    Canvas canvas(*this, Input_Reach(*this));
     Paint_Body(canvas, *this, Select_State == Hover_Highlighted, nullptr, Flag, border + 1, box);
 
+    char text[Line_Room] = {};
+    std::copy_n(Line, Input_Length(*this), text);
+    if (Has_Flag(*this, TEXT_PASSWORD)) std::fill_n(text, Input_Length(*this), '#');
+    char before_caret[Line_Room] = {};
+    const int cursor = std::clamp<int>(Cursor_Pos, 0, Input_Length(*this));
+    std::copy_n(text, cursor, before_caret);
+    const int room = box.right - box.left - 4 * border;
+    const int first = First_Visible(Bold_Font, before_caret, cursor, room);
+
     const Canvas::Narrow_Clip clip = canvas.Narrow(box.Inset(border));
-    const int length = static_cast<int>(strnlen(text, Line_Room - 1));
-    const Visible_Input visible =
-        Fit_Input(*this, text, std::clamp<int>(cursor, 0, length), box.right - box.left - 4 * border);
     const int left = box.left + border;
     if (Caret == CARET_SHOWN || (Caret == CARET_AT_POINTER && Select_State == Hover_Highlighted)) {
-        const int caret = left + Width_Of(Bold_Font, visible.before_caret) + Caret_Gap;
+        const int caret = left + Width_Of(Bold_Font, before_caret + first) + Caret_Gap;
         canvas.Column(caret, box.bottom + border + 2, box.top - border - 2, Caret_Yellow);
         canvas.Column(caret + 1, box.bottom + border + 2, box.top - border - 2, Caret_Yellow);
     }
     const int height = Metrics_Of(Bold_Font).tmHeight;
     const int y = box.bottom + (box.top - box.bottom - height) / 2;
-    canvas.Write_Run(Bold_Font, visible.text, left + Text_Gap, y, Black);
+    canvas.Write_Run(Bold_Font, text + first, left + Text_Gap, y, Black);
 }

@@ -8,7 +8,7 @@
 #include <string_view>
 
 #include "tools/dimensions.h"
-#include "tools/sharing.h"
+#include "tools/lock.h"
 #include "util/error.h"
 #include "util/program.h"
 #include "widgets/padlock.h"
@@ -29,25 +29,22 @@ float From_Scale(const Valuators& valuator, float scaled) {
     return Has_Flag(valuator, VALUATOR_LOG_E) ? std::exp(scaled) : scaled;
 }
 
-bool Is_Logarithmic(const Valuators& valuator) {
-    return Has_Flag(valuator, VALUATOR_LOG_10 | VALUATOR_LOG_E);
-}
-
-/// Skips the digits of a width or precision; more of them than any field needs are refused.
-bool Skip_Number(const char*& at) {
-    constexpr std::size_t Most_Digits = 4;
-    const std::size_t digits = std::strspn(at, "0123456789");
-    at += digits;
-    return digits <= Most_Digits;
-}
-
-/// Skips one conversion of a floating-point number.
+/// Skips one conversion of a floating-point number. More digits than any field needs are refused.
 bool Skip_Conversion(const char*& at) {
+    const auto skip_digits = [&at] {
+        constexpr std::size_t Most_Digits = 4;
+        const std::size_t digits = std::strspn(at, "0123456789");
+        at += digits;
+        return digits <= Most_Digits;
+    };
     at += std::strspn(at, "-+ #0");
-    if (!Skip_Number(at)) return false;
-    if (*at == '.' && !Skip_Number(++at)) return false;
+    bool fits = skip_digits();
+    if (*at == '.') {
+        ++at;
+        fits = skip_digits() && fits;
+    }
     if (*at == 'l') ++at;
-    return *at != '\0' && std::strchr("eEfFgGaA", *at++);
+    return fits && *at != '\0' && std::strchr("eEfFgGaA", *at++);
 }
 
 /// Whether a printf format holds exactly one floating-point conversion and nothing else to fill in.
@@ -78,7 +75,7 @@ bool Is_New(std::string_view format) {
     return true;
 }
 
-/// Reports a format that cannot be used, each once.
+/// Reports a format that cannot be used, once.
 void Report_Format(const Valuators& valuator) {
     if (!Is_New(valuator.Format)) return;
     Error_Fct(hwnd, ERROR_LEVEL_WARNING, "Valuators: the format \"%s\" is not one number\n   name: %s",
@@ -115,9 +112,6 @@ void Paint_Number(Canvas& canvas, const Valuators& valuator, const char* format)
     Paint_Caption(canvas, valuator.Font, text, 0, field, valuator.Border);
 }
 
-/// In place of a format that is not that of one number.
-constexpr char Plain_Format[] = "%g";
-
 void Clear_Number(Canvas& canvas, const Valuators& valuator) {
     const Area inner = Area_Of(valuator).Inset(Frame_Width(valuator) + 1);
     canvas.Box({inner.right - valuator.Num_Width, inner.right, inner.bottom, inner.top},
@@ -153,52 +147,56 @@ void Fill_Table(Valuators& valuator) {
     const float range = To_Scale(valuator, valuator.End_Val) - start;
     const float step = positions > 1 ? range / static_cast<float>(positions - 1) : 0.0F;
     float value = valuator.Start_Val;
-    for (int i = 0; i < positions; ++i, value += step) {
-        valuator.Tab[i] =
-            Is_Logarithmic(valuator) ? From_Scale(valuator, static_cast<float>(i) * step + start) : value;
-    }
+    const bool linear = !Has_Flag(valuator, VALUATOR_LOG_10 | VALUATOR_LOG_E);
+    for (int i = 0; i < positions; ++i, value += step)
+        valuator.Tab[i] = linear ? value : From_Scale(valuator, static_cast<float>(i) * step + start);
 }
 
-void Take_Given_Images(Valuators& valuator) {
-    valuator.Cur_Graph_Select = valuator.Graph_Select;
-    valuator.Cur_Graph_Normal = valuator.Graph_Normal;
-    Note_Images(valuator);
+void Paint_Padlock(Canvas& canvas, const Thumb& thumb) {
+    const Area& area = thumb.area;
+    const Padlock padlock = Padlock_For(area.top - area.bottom - (thumb.vertical ? 0 : 1));
+    if (padlock.size == 0) return;
+    const int left = area.left + thumb.half - padlock.size / 2;
+    const int top = (area.bottom + area.top) / 2 + padlock.size / 2 - 1;
+    const Area place{left, left + padlock.size - 1, top - padlock.size + 1, top};
+    canvas.Pixels(padlock.pixels, padlock.size, padlock.size, 0, 0, place);
 }
 
-void Paint_Free_Thumb(Canvas& canvas, const Area& thumb, bool vertical, int half) {
-    canvas.Box({thumb.left + 1, thumb.right, thumb.bottom, vertical ? thumb.top : thumb.top - 1}, Thumb_Grey);
-    if (vertical) {
-        canvas.Row(thumb.left + 1, thumb.right - 1, thumb.bottom + half - 1, Thumb_Light);
-        canvas.Row(thumb.left + 1, thumb.right, thumb.bottom + half, Black);
+/// Distance of the thumb from the start of its room.
+int Thumb_Offset(const Valuators& valuator) {
+    const float fraction = Fraction(To_Scale(valuator, valuator.Val), To_Scale(valuator, valuator.Start_Val),
+                                    To_Scale(valuator, valuator.End_Val));
+    return Round_Offset(fraction * static_cast<float>(Track_Length(valuator)));
+}
+
+void Paint_Cursor(Canvas& canvas, const Valuators& valuator) {
+    if (Has_Flag(valuator, FLAG_NO_BODY)) return;
+    Area room = Area_Of(valuator).Inset(Trough_Inset(valuator, valuator.Format != nullptr));
+    room.right -= valuator.Num_Width;
+    const bool vertical = Is_Vertical(valuator);
+    const Thumb thumb(vertical, valuator.Curs_Half, room, Thumb_Offset(valuator));
+    const Area& area = thumb.area;
+    if (Has_Flag(valuator, VALUATOR_LOCKED)) {
+        canvas.Box({area.left + 1, area.right, area.bottom, area.top - 1}, Thumb_Light);
+        Paint_Padlock(canvas, thumb);
+        canvas.Outline(area.Inset(1), Outline_Blue);
     } else {
-        canvas.Column(thumb.left + half, thumb.bottom + 1, thumb.top, Thumb_Light);
-        canvas.Column(thumb.left + half - 1, thumb.bottom + 1, thumb.top, Black);
+        thumb.Paint_Face(canvas);
+        thumb.Paint_Shadow(canvas, area.top);
     }
-    Paint_Thumb_Shadow(canvas, thumb);
+    thumb.Paint_Light(canvas, vertical ? area.right - 1 : area.right);
+    thumb.Paint_Dark(canvas);
 }
 
-void Paint_Locked_Thumb(Canvas& canvas, const Area& thumb, bool vertical, int half) {
-    canvas.Box({thumb.left + 1, thumb.right, thumb.bottom, thumb.top - 1}, Thumb_Light);
-    const int room = thumb.top - thumb.bottom - (vertical ? 0 : 1);
-    const Padlock padlock = Padlock_For(room);
-    if (padlock.size > 0) {
-        const int left = thumb.left + half - padlock.size / 2;
-        const int top = (thumb.bottom + thumb.top) / 2 + padlock.size / 2 - 1;
-        const Area place{left, left + padlock.size - 1, top - padlock.size + 1, top};
-        canvas.Pixels(padlock.pixels, padlock.size, padlock.size, 0, 0, place);
-    }
-    canvas.Outline(thumb.Inset(1), Outline_Blue);
+/// The inside and what stands on it, as the pointer has it look.
+void Paint_State(Valuators& valuator, bool highlighted) {
+    Canvas canvas(valuator, Inside(valuator));
+    Paint_Inside(canvas, valuator, highlighted,
+                 highlighted ? valuator.Cur_Graph_Select : valuator.Cur_Graph_Normal, Trough_Area(valuator));
+    Paint_Cursor(canvas, valuator);
 }
 
 }  // namespace
-
-Valuators::Valuators() = default;
-
-Valuators::Valuators(const Valuators& other) = default;
-
-Valuators& Valuators::operator=(const Valuators& other) { return Reassign(*this, other); }
-
-Valuators::~Valuators() = default;
 
 void Valuators::Init(HWND window) {
     Forget_Withdrawn_Images(*this);
@@ -213,11 +211,13 @@ void Valuators::Init(HWND window) {
     Renew_Font(*this);
     if (Is_Vertical(*this)) Format = nullptr;
     if (!Format) Num_Width = 0;
-    Check_Format();
+    Used_Format();  // for its report
     Fill_Table(*this);
     Note_Size(*this);
     if (Never_Highlights(*this)) return;
-    Take_Given_Images(*this);
+    Cur_Graph_Select = Graph_Select;
+    Cur_Graph_Normal = Graph_Normal;
+    Note_Images(*this);
     Clamp_Value(*this);
 }
 
@@ -225,8 +225,7 @@ void Valuators::Larg_Adjust(float larg, float total) {
     Check(*this, "Valuators::Larg_Adjust");
     if (!Has_Size(*this)) return;
     const int number = Is_Vertical(*this) ? 0 : Num_Width;
-    const int room = Bar_Length(*this) - number - 2 * SPACE;
-    if (room > 0) Curs_Half = Thumb_For(larg, total, room);
+    Size_Thumb(Curs_Half, larg, total, Bar_Length(*this) - number - 2 * SPACE);
 }
 
 void Valuators::Lock(int how) {
@@ -246,23 +245,34 @@ float Valuators::Read() {
 int Valuators::Select(int event) {
     if (State == 0) return 0;
     Check(*this, "Valuator::Select");
-    if (!Has_Size(*this)) return 0;
-    return Select_Bar(
-        *this, event, [this](bool highlighted) { Paint_State(highlighted); }, [] {});
+    return Has_Size(*this) ? Select_Bar(*this, event, Paint_State, [](const Valuators&) {}) : 0;
 }
 
 void Valuators::Deselect() {
     Check(*this, "Valuator::Deselect");
-    if (!Has_Size(*this)) return;
-    Deselect_Bar(*this, [this](bool highlighted) { Paint_State(highlighted); });
+    if (Has_Size(*this)) Deselect_Bar(*this, Paint_State);
+}
+
+/// The format of the number field, or one in place of it that cannot be used; null when there is no such
+/// field. It is looked at again when its text is another one, which may stand at the same place.
+const char* Valuators::Used_Format() {
+    if (!Format) return nullptr;
+    if (!Checked_Format[0] || std::strcmp(Format, Checked_Format) != 0) {
+        Is_Number = Is_Number_Format(Format);
+        const std::string_view text(Format);
+        const bool fits = text.size() < sizeof Checked_Format;
+        Checked_Format[fits ? text.copy(Checked_Format, text.size()) : 0] = '\0';
+        if (!Is_Number) Report_Format(*this);
+    }
+    return Is_Number ? Format : "%g";
 }
 
 void Valuators::Draw() {
     Check(*this, "Valuator::Draw");
     if (!Has_Size(*this)) return;
-    Check_Format();
+    const char* const format = Used_Format();
     Clamp_Value(*this);
-    Canvas canvas(*this, Inside(*this));
+    Canvas canvas(*this, Whole_Bar(*this));
     if (Has_Flag(*this, FLAG_OUTLINE)) {
         Paint_Outline(canvas, Area_Of(*this));
         Paint_Name(canvas, *this);
@@ -271,16 +281,16 @@ void Valuators::Draw() {
         if (!Has_Flag(*this, FLAG_STATIC)) canvas.Box(Area_Of(*this), Color.get());
         Paint_Outer_Frame(canvas, *this, Frame_Width(*this));
         if (Has_Inner_Frame(*this)) Paint_Inner_Frame(canvas, *this);
-        if (Format) Paint_Number(canvas, *this, Number_Format ? Format : Plain_Format);
+        if (format) Paint_Number(canvas, *this, format);
     }
     Paint_Name(canvas, *this);
-    Paint_Thumb(Capture != 0);
+    Paint_Thumb(canvas, *this, Capture != 0, Paint_Cursor);
 }
 
 void Valuators::Adjust() {
     Check(*this, "Valuator::Adjust");
     if (!Has_Size(*this)) return;
-    Check_Format();
+    const char* const format = Used_Format();
     Canvas canvas(*this, Inside(*this));
     if (Has_Flag(*this, FLAG_OUTLINE)) {
         Paint_Outline(canvas, Area_Of(*this));
@@ -290,7 +300,7 @@ void Valuators::Adjust() {
     Clamp_Value(*this);
     if (Format) {
         Clear_Number(canvas, *this);
-        Paint_Number(canvas, *this, Number_Format ? Format : Plain_Format);
+        Paint_Number(canvas, *this, format);
         if (Border != 0) {
             Paint_Inner_Frame(canvas, *this);
         } else {
@@ -301,7 +311,7 @@ void Valuators::Adjust() {
     }
     Paint_Inside(canvas, *this, Select_State == Hover_Highlighted, Cur_Graph_Select,
                  Format ? Trough_Area(*this) : Area_Of(*this));
-    Paint_Thumb(false);
+    Paint_Thumb(canvas, *this, false, Paint_Cursor);
 }
 
 float Valuators::Scroll(int n) {
@@ -317,60 +327,4 @@ float Valuators::Scroll(int n) {
     Clamp_Value(*this);
     Adjust();
     return Val;
-}
-
-/// Looks at the format again when its text is another one, which may stand at the same place.
-void Valuators::Check_Format() {
-    if (!Format || (Checked_Format[0] && std::strcmp(Format, Checked_Format) == 0)) return;
-    Number_Format = Is_Number_Format(Format);
-    const std::string_view text(Format);
-    const bool fits = text.size() < sizeof Checked_Format;
-    Checked_Format[fits ? text.copy(Checked_Format, text.size()) : 0] = '\0';
-    if (!Number_Format) Report_Format(*this);
-}
-
-/// The inside and what stands on it, as the pointer has it look.
-void Valuators::Paint_State(bool highlighted) {
-    Canvas canvas(*this, Inside(*this));
-    Paint_Inside(canvas, *this, highlighted, highlighted ? Cur_Graph_Select : Cur_Graph_Normal,
-                 Trough_Area(*this));
-    Cursor();
-}
-
-int Valuators::Posit() {
-    const float fraction =
-        Fraction(To_Scale(*this, Val), To_Scale(*this, Start_Val), To_Scale(*this, End_Val));
-    return Round_Offset(fraction * static_cast<float>(Track_Length(*this)));
-}
-
-/// The thumb; with images of the application, the inside beneath it too.
-void Valuators::Paint_Thumb(bool grabbed) {
-    if (!Graph_Select && !Graph_Normal && !grabbed) {
-        Cursor();
-    } else {
-        Select_State = Hover_Unknown;
-        Select(Capture);
-    }
-}
-
-void Valuators::Cursor() {
-    if (Has_Flag(*this, FLAG_NO_BODY)) return;
-    Canvas canvas(*this, Inside(*this));
-    const int inset = Trough_Inset(*this, Format != nullptr);
-    const bool vertical = Is_Vertical(*this);
-    Area thumb = Area_Of(*this).Inset(inset);
-    (vertical ? thumb.bottom : thumb.left) += Posit();
-    if (vertical) {
-        thumb.right -= Num_Width;
-        thumb.top = thumb.bottom + 2 * Curs_Half - 1;
-    } else {
-        thumb.right = thumb.left + 2 * Curs_Half - 1;
-    }
-    if (Has_Flag(*this, VALUATOR_LOCKED)) {
-        Paint_Locked_Thumb(canvas, thumb, vertical, Curs_Half);
-    } else {
-        Paint_Free_Thumb(canvas, thumb, vertical, Curs_Half);
-    }
-    Paint_Thumb_Light(canvas, thumb, vertical ? thumb.right - 1 : thumb.right);
-    Paint_Thumb_Dark(canvas, thumb);
 }

@@ -15,7 +15,8 @@ constexpr unsigned long VALUATOR_LOG_E =
 /// A trough in which a thumb marks a value, on a linear or logarithmic scale. It is vertical with `Flag` 0x4.
 ///
 /// The valuator does not move its value with the pointer: when `Select` answers 1 with a button down, the
-/// owner stores what `Read` answers in `Val` and calls `Adjust`.
+/// owner stores what `Read` answers in `Val` and calls `Adjust`. Every field is zero at first; copies take
+/// all of them, the table included.
 class GALDREN_TOOLS_API Valuators : public Tools {
   public:
     static constexpr int Most_Positions = 4096;  ///< entries of `Tab`
@@ -32,15 +33,6 @@ class GALDREN_TOOLS_API Valuators : public Tools {
     short Select_State{};         ///< 0 unknown, 1 painted highlighted, 2 painted normal
     short Capture{};              ///< 1 while a press that began here goes on, with `SLIDER_KEEP_GRAB`
     short Tab_Num{};              ///< entries of `Tab` that count
-
-    /// Every field zero.
-    Valuators();
-    /// Copies every field, the table included; what the source owns is shared.
-    Valuators(const Valuators& other);
-    /// Lets go of what this valuator owns and copies every field.
-    Valuators& operator=(const Valuators& other);
-    /// Lets go of what every control owns.
-    ~Valuators();
 
     /// Binds the valuator to a window and works out its table. To be called again after a change of place,
     /// size, range, scale or `Curs_Half`. Does nothing with a negative `Num_Width`.
@@ -70,12 +62,8 @@ class GALDREN_TOOLS_API Valuators : public Tools {
     float Scroll(int n);
 
   private:
-    void Check_Format();
-    int Posit();
-    void Paint_State(bool highlighted);
-    void Paint_Thumb(bool grabbed);
-    void Cursor();
+    const char* Used_Format();
 
-    char Checked_Format[16]{};  // text of the format that was checked last; empty, of a longer one or none
-    bool Number_Format{};       // it holds one number
+    char Checked_Format[16]{};  // the format that was checked last; empty, of a longer one or none
+    bool Is_Number{};           // it holds one number
 };

@@ -339,7 +339,7 @@ TEST(Directory_Browser, Moves_What_It_Shows) {
     Call_Spy spy;
     window.Point_At(150, 150);
     all.Select(EVENT_MOVE), spy.Reset(), all.Select(EVENT_MOVE);
-    EXPECT_EQ(spy.Count("GetDC"), 0);
+    EXPECT_EQ(spy.Contexts(), 0);
 }
 
 TEST(Directory_Browser, Survives_Any_Path) {

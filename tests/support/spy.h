@@ -20,6 +20,8 @@ class Call_Spy {
 
     /// Calls of `function` since the spy came or was reset; 0 when the library does not import it.
     long long Count(const char* function) const;
+    /// Contexts of windows taken since then.
+    long long Contexts() const { return Count("GetDC") + Count("GetDCEx"); }
     void Reset();
     /// Makes the call of `function` that comes after `passed` more answer 0 instead of doing its work.
     void Fail(const char* function, int passed = 0);

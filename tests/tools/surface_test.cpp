@@ -117,8 +117,8 @@ TEST(Surface, Pairs_Nest) {
     });
     EXPECT_EQ(painted, (Area{1, 99, 3, 49}));
     EXPECT_EQ(Picture(inner).Painted(), (Area{5, 5, 8, 8}));
-    EXPECT_GT(spy.Count("GetDC"), 1);
-    EXPECT_EQ(spy.Count("GetDC"), spy.Count("ReleaseDC"));
+    EXPECT_GT(spy.Contexts(), 1);
+    EXPECT_EQ(spy.Contexts(), spy.Count("ReleaseDC"));
     Expect_Nothing_Taken();
 }
 

@@ -109,7 +109,7 @@ TEST(Check_Lists, Follow_The_Pointer) {
         Call_Spy spy;
         const Area painted = window.Changed([&] { EXPECT_EQ(list.Select(row.event), row.result); });
         EXPECT_EQ(painted != Nothing, row.paints);
-        EXPECT_EQ(spy.Count("GetDC"), row.paints) << "one surface for all, and none for nothing";
+        EXPECT_EQ(spy.Contexts(), row.paints) << "one surface for all, and none for nothing";
         EXPECT_EQ(hover, row.hover_after);
         const bool lit = hover == 1 && list.Enabled[row.item] && row.flag != FLAG_NO_BODY;
         EXPECT_EQ(window.Changed([&] { list.Deselect(); }) != Nothing, lit);

@@ -25,8 +25,8 @@ class Pointer_Protocol : public testing::Test {
     Area Changed(const std::function<void()>& action) {
         Call_Spy spy;
         const Area area = window.Changed(action);
-        EXPECT_EQ(spy.Count("GetDC") > 0, area != Nothing);
-        EXPECT_EQ(spy.Count("GetDC"), spy.Count("ReleaseDC"));
+        EXPECT_EQ(spy.Contexts() > 0, area != Nothing);
+        EXPECT_EQ(spy.Contexts(), spy.Count("ReleaseDC"));
         return area;
     }
 
@@ -264,7 +264,7 @@ TEST(Fonts, Are_Made_From_Words_And_Points) {
     EXPECT_EQ(Z_Create_Font(window, nullptr, nullptr, nullptr, 0), nullptr);
     Z_Delete_Font(window, nullptr);
     Z_Delete_Font(window, static_cast<HFONT>(GetStockObject(SYSTEM_FONT)));
-    EXPECT_EQ(spy.Count("GetDC") + spy.Count("DeleteObject"), 0);
+    EXPECT_EQ(spy.Contexts() + spy.Count("DeleteObject"), 0);
 }
 
 TEST(Fonts, Measure_And_Escape_Text) {
