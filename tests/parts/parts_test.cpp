@@ -462,6 +462,51 @@ TEST(Parts_Of_Lists, Come_Into_View_In_Lists_Of_Any_Length) {
     }
 }
 
+// However little room there is, what shows is found and pressed where it is.
+TEST(Parts_Of_Any_Size, Are_Pressed_Where_They_Are) {
+    static constexpr const char* Labels_Of_Items[] = {"a", "bb", "ccc", nullptr};
+    const auto name = [](auto& control) {
+        if constexpr (requires { control.List; }) {
+            control.List = Labels_Of_Items;
+        } else {
+            Name_Items(control, {"a", "bb", "ccc"});
+        }
+    };
+    Test_Window window(120, 120);
+    int pressed = 0;
+    const auto try_all = [&](auto kind, unsigned long flag, int width, int height) {
+        decltype(kind) control;
+        name(control);
+        Place(control, nullptr, 10, 10, width, height, flag);
+        control.Init(window);
+        control.Draw();
+        const Subject subject(control);
+        for (int part = 0; part < subject.parts->Count(control); ++part) {
+            subject.parts->Bring_Into_View(control, part);
+            if (!subject.Shows(part)) continue;
+            SCOPED_TRACE(testing::Message() << subject.parts->Name() << ' ' << flag << ' ' << width << " x "
+                                            << height << ": " << part);
+            ++pressed;
+            EXPECT_EQ(subject.parts->At(control, Middle(subject.Area(part))), part);
+            const unsigned before = subject.parts->Describe(control, part).state;
+            Press(window, subject, part);
+            const bool was_front = before & PART_CHOSEN;
+            EXPECT_TRUE(was_front || subject.parts->Describe(control, part).state != before);
+        }
+    };
+    for (int width = 1; width < 100; width += 9) {
+        for (int height = 1; height < 100; height += 7) {
+            try_all(Lists(), 0, width, height);
+            try_all(Lists(), FLAG_VERTICAL, width, height);
+            try_all(Lists(), FLAG_VERTICAL | FLAG_INNER_FRAME, width, height);
+            try_all(CheckLists(), 0, width, height);
+            try_all(CheckLists(), CHECKLIST_ONE_COLUMN, width, height);
+            try_all(Tabs(), 0, width, height);
+        }
+    }
+    EXPECT_GT(pressed, 1000);
+}
+
 // Directories in the temporary directory: 60 with long names, each with one below it.
 class Sample {
   public:
