@@ -344,6 +344,24 @@ TEST_F(Parts, Take_Keys_As_The_Wheel_And_Texts_As_Far_As_They_Are_Values) {
         subject.draw();
         EXPECT_TRUE(Same(shown, Picture(window)));
     }
+    // Back to what a control noted last, with something else shown since.
+    const auto shows_after = [&](const char* key, const std::function<void()>& change) {
+        change();
+        const Picture shown(window);
+        all.at(key).draw();
+        EXPECT_TRUE(Same(shown, Picture(window))) << key;
+    };
+    shows_after("hue", [&] {
+        const std::string noted = all.at("hue").Text(Whole);
+        Parts_Of(&hue).Set_Value(hue, Whole, "#0000FF");
+        Parts_Of(&hue).Set_Value(hue, Whole, "33.4");
+        Parts_Of(&hue).Set_Value(hue, Whole, "#00FF01");
+        EXPECT_EQ(all.at("hue").Text(Whole), noted);
+    });
+    shows_after("choice", [&] {
+        choice.Scroll(-1);
+        Parts_Of(&choice).Step(choice, Whole, Home);
+    });
     EXPECT_STREQ(secret.Line, "%s%n");
     EXPECT_STREQ(line.Update(), "-34") << "the application is told";
     EXPECT_EQ(output.V_Slider.Val, output.V_Slider.End_Val);
@@ -448,6 +466,17 @@ TEST(Parts_Of_Lists, Come_Into_View_In_Lists_Of_Any_Length) {
             const Picture scrolled(window);
             list.Draw();
             EXPECT_TRUE(Same(scrolled, Picture(window)));
+        }
+        // An item that shows takes clicks, wherever it is scrolled to.
+        subject.parts->Bring_Into_View(list, many / 2);
+        for (int pixel = 0; pixel < 60; ++pixel) {
+            list.Scroll_Bar.Val += 1;
+            list.Draw();
+            for (int item = many / 2 - page; item < many / 2 + page; ++item) {
+                const POINT middle = Middle(subject.Area(item));
+                window.Point_At(middle.x, middle.y);
+                EXPECT_EQ(subject.Shows(item), list.Select(EVENT_MOVE) == 1) << item << " after " << pixel;
+            }
         }
         const float there = list.Scroll_Bar.Val;
         for (const int item : {-1, many, std::numeric_limits<int>::max(), std::numeric_limits<int>::min()}) {
