@@ -76,7 +76,7 @@ inline bool Is_Inside(const RECT& inner, const RECT& outer) {
            inner.bottom <= outer.bottom;
 }
 
-inline RECT Whole(SIZE size) { return {0, 0, size.cx, size.cy}; }
+inline RECT Box_Of(SIZE size) { return {0, 0, size.cx, size.cy}; }
 
 inline SIZE Size_Of(const RECT& box) { return {box.right - box.left, box.bottom - box.top}; }
 /// @}

@@ -21,6 +21,9 @@ namespace galdren {
 /// Width of the ring in pixels.
 constexpr int Ring_Width = 2;
 
+/// Whether a window has the ring.
+bool Has_Ring(HWND window);
+
 /// Paints the ring again where something was painted.
 /// @param dc       a context of the window, in pixels of the client area
 /// @param painted  in pixels of the client area, y downward

@@ -49,7 +49,7 @@ Sheet* Held_Sheet(HWND window, SIZE client, const RECT& covered) {
     if (hold->Has_Picture_Of(client) || (sheet && sheet->users > 0)) return sheet.get();
     if (!sheet || !sheet->Has_Room(client)) sheet = Make_Sheet(client);
     if (!sheet) return nullptr;
-    const RECT whole = Whole(client);
+    const RECT whole = Box_Of(client);
     sheet->Stand_For(window, whole);
     if (!Is_Inside(whole, covered)) sheet->Read({Context_Of(*hold)}, whole);
     Put_Away_Context(*hold);

@@ -9,6 +9,7 @@
 
 #include "tools/cleanup.h"
 #include "tools/lock.h"
+#include "tools/ring.h"
 
 namespace galdren {
 
@@ -34,7 +35,10 @@ void Sheet::Copy_To(const Target& target, const RECT& area) {
 
 void Sheet::Show(const Target& target) {
     const RECT area = Common(painted, counts);
-    if (!Is_Empty(area)) Copy_To(target, area);
+    if (!Is_Empty(area)) {
+        Copy_To(target, area);
+        if (!target.mapped_height) Paint_Ring(window, target.dc, area);
+    }
     painted = {};
 }
 

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "tools/lock.h"
+#include "tools/ring.h"
 #include "tools/session.h"
 #include "tools/view.h"
 
@@ -55,6 +56,8 @@ void End_Pair(const Pair& pair) {
     if (!pair.own) return;
     if (!pair.sheet) {
         ReleaseDC(pair.window, pair.dc);
+        if (Has_Ring(pair.window))
+            Paint_Ring(pair.window, Window_Context(pair.window).Get(), Box_Of(pair.client));
         return;
     }
     pair.sheet->Note(Bounds_Of(pair.dc));
@@ -107,7 +110,7 @@ void Clip_Rect(int x, int y, int w, int h) {
     Clip_To({corners[0].x, corners[0].y, corners[1].x, corners[1].y});
 }
 
-void Clip_Reset() { Clip_To(Whole(Client_Size(Z_Window))); }
+void Clip_Reset() { Clip_To(Box_Of(Client_Size(Z_Window))); }
 
 namespace {
 
@@ -117,7 +120,7 @@ Sheet* Make_Batch_Sheet(HWND window, const RECT* area) {
     const SIZE client = Client_Size(window);
     if (client.cx < 1 || client.cy < 1) return nullptr;
     if (Sheet* const held = Held_Sheet(window, client, area ? *area : RECT{})) return held;
-    Sheet* const sheet = Free_Sheet(window, Whole(client));
+    Sheet* const sheet = Free_Sheet(window, Box_Of(client));
     if (!sheet) return nullptr;
     if (area) {
         sheet->counts = Common(sheet->place, *area);
@@ -144,7 +147,7 @@ void Begin_Batch(HWND window) { Open_Batch(window, nullptr); }
 void Begin_Batch(HWND window, const RECT& area, unsigned long color) {
     Open_Batch(window, &area);
     const SIZE client = Client_Size(window);
-    const RECT box = Common(area, Whole(client));
+    const RECT box = Common(area, Box_Of(client));
     if (Is_Empty(box)) return;
     const Area filled{static_cast<int>(box.left), static_cast<int>(box.right) - 1,
                       static_cast<int>(client.cy - box.bottom), static_cast<int>(client.cy - 1 - box.top)};
@@ -198,6 +201,9 @@ int Show_Hold(HWND window, HDC target, const RECT& area) {
     const Hold* const hold = Last_Of(The<Sessions>().holds, window);
     if (!hold || !hold->Has_Picture_Of(Client_Size(window))) return 0;
     const RECT shown = Common(area, hold->sheet->place);
-    if (!Is_Empty(shown)) hold->sheet->Copy_To({target}, shown);
+    if (!Is_Empty(shown)) {
+        hold->sheet->Copy_To({target}, shown);
+        Paint_Ring(window, target, shown);
+    }
     return 1;
 }

@@ -110,7 +110,7 @@ void View::Use(Sheet& used) {
 /// report, is none of its parts.
 bool View::Join(const Reach& reach) {
     if (!outer->sheet && !outer->dc) return false;
-    const RECT needed = Common(Device_Of(reach.area, outer->client.cy), Whole(outer->client));
+    const RECT needed = Common(Device_Of(reach.area, outer->client.cy), Box_Of(outer->client));
     const bool fits = !outer->sheet || Is_Empty(needed) || !Is_Empty(Common(needed, outer->sheet->place));
     if (!fits && !reach.is_part) return false;
     client = outer->client;
@@ -126,7 +126,7 @@ void View::Begin(const Reach& reach) {
     client = pair ? pair->client : Client_Size(window);
     const RECT all = Device_Of(reach.area, client.cy);
     const RECT covered = Device_Of(reach.covered, client.cy);
-    clip = Common(all, Whole(client));
+    clip = Common(all, Box_Of(client));
     if (Is_Empty(clip)) return;
     if (pair) {
         target = {pair->dc, pair->client.cy};

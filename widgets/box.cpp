@@ -82,7 +82,7 @@ void Boxs::Init(HWND window) {
 void Boxs::Draw() {
     Check(*this, "Box::Draw");
     if (!Has_Size(*this)) return;
-    Canvas canvas(*this, Whole(*this));
+    Canvas canvas(*this, Reach_Of(*this));
     if (Has_Flag(*this, FLAG_OUTLINE)) {
         Paint_Outline(canvas, Area_Of(*this));
         Paint_Name(canvas, *this);

@@ -210,7 +210,7 @@ void Buttons::Draw() {
     Check(*this, "Button::Draw");
     if (!Has_Size(*this)) return;
     Last_Value = Value;
-    Canvas canvas(*this, Whole(*this));
+    Canvas canvas(*this, Reach_Of(*this));
     if (Has_Flag(*this, FLAG_OUTLINE)) {
         Paint_Outline(canvas, Area_Of(*this));
         Paint_Name(canvas, *this, Flag);
@@ -241,7 +241,7 @@ void Buttons::Adjust() {
     if (!Has_Size(*this) || Has_Flag(*this, FLAG_NO_BODY)) return;
     if (!Has_Flag(*this, BUTTON_LAMP) && Value == Last_Value) return;
     Last_Value = Value;
-    Canvas canvas(*this, Whole(*this));
+    Canvas canvas(*this, Reach_Of(*this));
     Paint_Whole(canvas, *this);
 }
 

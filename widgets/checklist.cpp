@@ -64,7 +64,7 @@ void Paint_Mark(Canvas& canvas, const Buttons& box) {
 }
 
 void Paint_Check(Buttons& box) {
-    Canvas canvas(box, Whole(box));
+    Canvas canvas(box, Reach_Of(box));
     box.Draw();
     if (Has_Mark(box)) Paint_Mark(canvas, box);
 }

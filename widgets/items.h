@@ -67,7 +67,7 @@ inline Area Covered_By(const Tools_Fields& control) {
 }
 
 /// The reach of a paint of a whole control that is frame and body, and perhaps a lamp, which may be higher.
-inline Reach Whole(const Tools_Fields& control) {
+inline Reach Reach_Of(const Tools_Fields& control) {
     const Area covered = Covered_By(control);
     const bool complete = Area_Of(control).Holds(covered) && !Has_Flag(control, BUTTON_LAMP);
     return complete ? Covering(covered) : Around(control);

@@ -153,6 +153,12 @@ Area Inner_Area(const Lists& list) {
     return inner;
 }
 
+/// Where items take events: one that reaches the outermost pixel is painted but takes none.
+Area Event_Area(const Lists& list) {
+    const Area inner = Inner_Area(list);
+    return {inner.left, inner.right - 1, inner.bottom, inner.top - 1};
+}
+
 bool Stands_In(const Buttons& item, const Area& area) {
     return item.X >= area.left && item.Y >= area.bottom && item.X + item.Width <= area.right &&
            item.Y + item.Height <= area.top;
@@ -400,10 +406,7 @@ int Lists::Select(int event) {
         if (Any_Button_Held()) Follow_Bar();
         return 0;
     }
-    // An item that reaches the outermost pixel is painted but takes no clicks.
-    Area area = Inner_Area(*this);
-    --area.right;
-    --area.top;
+    const Area area = Event_Area(*this);
     const auto takes_events = [&](int i) { return Item[i]->Shown && Stands_In(*Item[i], area); };
     int result = 0;
     for (int i = Shown_Items.first; i < Shown_Items.end; ++i) {
@@ -475,4 +478,31 @@ void Lists::Adjust() {
     Mark(Last_Current, 0);
     Mark(Current, 1);
     Last_Current = Current;
+}
+
+void Lists::Bring_Into_View(int index) {
+    Check(*this, "Lists::Bring_Into_View");
+    if (!Has_Size(*this) || !Has_Bar(*this) || index < 0 || index >= Nb_Item) return;
+    const Area inner = Event_Area(*this);
+    const Buttons& item = *Item[index];
+    const int low = Item_DX ? inner.left : inner.bottom;
+    const int high = Item_DX ? inner.right - item.Width : inner.top - item.Height;
+    const int way = index * Step_Of(*this);  // from item 0
+    const int origin = Truncate(double{Scroll_Bar.Val});
+    const int in_view = std::max(low - way, std::min(origin, high - way));
+    const Shared_Context context(Window);
+    if (origin != in_view) {
+        Scroll_Bar.Val = static_cast<float>(in_view);
+        Scroll_Bar.Adjust();
+    }
+    if (Truncate(double{Scroll_Bar.Val}) != Origin) Update();
+}
+
+RECT Lists::Item_Place(int index) const {
+    if (index < 0 || index >= Nb_Item || !Shown_Items.Has(index) || !Item[index]->Shown) return {};
+    Place_Item(*this, Origin, index);
+    const Buttons& item = *Item[index];
+    if (!Has_Size(item) || !Stands_In(item, Event_Area(*this))) return {};
+    const Area area = Area_Of(item);
+    return {area.left, area.bottom, area.right + 1, area.top + 1};
 }

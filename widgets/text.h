@@ -120,6 +120,8 @@ class GALDREN_TOOLS_API Texts : public Tools, public Text_Fields {
     /// reading.
     /// @return `Line`; null when nothing happened
     char* Update();
+    /// Whether the filters of the field let a character in.
+    bool Accepts(char character) const;
     /// Takes one key while reading.
     /// @param key  a key code as `Parse_Keyboard` gives it
     void Input(int key);

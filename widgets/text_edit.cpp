@@ -19,15 +19,6 @@ constexpr int Key_Backspace = 8;
 constexpr int Key_Enter = 13;
 constexpr int Key_Escape = 27;
 
-bool Is_One_Of(char character, const char* set) { return character && std::strchr(set, character); }
-
-/// Whether the field's filters let a character in.
-bool Accepts(const Texts& field, char character) {
-    if (Has_Flag(field, TEXT_FLOAT) && !Is_One_Of(character, "0123456789+-.e")) return false;
-    if (Has_Flag(field, TEXT_INTEGER) && !Is_One_Of(character, "0123456789+-")) return false;
-    return !Has_Flag(field, TEXT_HEXADECIMAL) || Is_One_Of(character, "0123456789abcdefABCDEF");
-}
-
 int Input_Length(const Texts& field) {
     return static_cast<int>(std::find(field.Line, field.Line + Texts::Line_Room - 1, '\0') - field.Line);
 }
@@ -91,7 +82,7 @@ bool Erase(Texts& field, int position) {
 
 bool Insert(Texts& field, char character) {
     char* const line = field.Line;
-    if (!Accepts(field, character) || Input_Length(field) >= Texts::Longest_Input) return false;
+    if (!field.Accepts(character) || Input_Length(field) >= Texts::Longest_Input) return false;
     if (Has_Flag(field, TEXT_INTEGER) && std::strtol(line, nullptr, 10) == 0) {
         // What is typed over a zero replaces it.
         std::fill_n(line, Texts::Line_Room, '\0');
@@ -230,7 +221,7 @@ bool Texts::Paste() {
         for (const char character : text.Get()) {
             const auto key = static_cast<unsigned char>(character);
             // There may be a megabyte of what has no room.
-            if (key >= ' ' && (full || !Accepts(*this, character))) continue;
+            if (key >= ' ' && (full || !Accepts(character))) continue;
             changed = Take(key) || changed;
             if (!(Mode & TEXT_READING)) break;
             full = Input_Length(*this) >= Longest_Input;
@@ -249,6 +240,13 @@ void Texts::Paint_Input() {
     if (box.left <= box.right)
         Paint_Frame(canvas, Color, 1, true, Rings, {box.left, box.right, box.bottom, box.top - 1});
     Read_Echo();
+}
+
+bool Texts::Accepts(char character) const {
+    const auto is_one_of = [character](const char* set) { return character && std::strchr(set, character); };
+    if (Has_Flag(*this, TEXT_FLOAT) && !is_one_of("0123456789+-.e")) return false;
+    if (Has_Flag(*this, TEXT_INTEGER) && !is_one_of("0123456789+-")) return false;
+    return !Has_Flag(*this, TEXT_HEXADECIMAL) || is_one_of("0123456789abcdefABCDEF");
 }
 
 void Texts::Show_Caret(Text_Caret how) {

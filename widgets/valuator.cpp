@@ -75,6 +75,9 @@ bool Is_New(std::string_view format) {
     return true;
 }
 
+/// In place of a format that cannot be used, or of none.
+constexpr const char* Plain_Format = "%g";
+
 /// Reports a format that cannot be used, once.
 void Report_Format(const Valuators& valuator) {
     if (!Is_New(valuator.Format)) return;
@@ -102,11 +105,10 @@ void Paint_Name(Canvas& canvas, const Valuators& valuator) {
                   valuator.Border);
 }
 
-void Paint_Number(Canvas& canvas, const Valuators& valuator, const char* format) {
+void Paint_Number(Canvas& canvas, const Valuators& valuator) {
     constexpr std::size_t Longest = 128;
     char text[Longest];
-    const int length = std::snprintf(text, sizeof text, format, double{valuator.Val});
-    if (length < 0) return;
+    valuator.Print_Number(text, sizeof text);
     const int left = valuator.X + valuator.Width - valuator.Num_Width - Frame_Width(valuator) - 1;
     const Area field{left, left + valuator.Num_Width, valuator.Y, valuator.Y + valuator.Height};
     Paint_Caption(canvas, valuator.Font, text, 0, field, valuator.Border);
@@ -255,7 +257,7 @@ void Valuators::Deselect() {
 
 /// The format of the number field, or one in place of it that cannot be used; null when there is no such
 /// field. It is looked at again when its text is another one, which may stand at the same place.
-const char* Valuators::Used_Format() {
+const char* Valuators::Used_Format() const {
     if (!Format) return nullptr;
     if (!Checked_Format[0] || std::strcmp(Format, Checked_Format) != 0) {
         Is_Number = Is_Number_Format(Format);
@@ -264,13 +266,13 @@ const char* Valuators::Used_Format() {
         Checked_Format[fits ? text.copy(Checked_Format, text.size()) : 0] = '\0';
         if (!Is_Number) Report_Format(*this);
     }
-    return Is_Number ? Format : "%g";
+    return Is_Number ? Format : Plain_Format;
 }
 
 void Valuators::Draw() {
     Check(*this, "Valuator::Draw");
     if (!Has_Size(*this)) return;
-    const char* const format = Used_Format();
+    Used_Format();  // for its report
     Clamp_Value(*this);
     Canvas canvas(*this, Whole_Bar(*this));
     if (Has_Flag(*this, FLAG_OUTLINE)) {
@@ -281,7 +283,7 @@ void Valuators::Draw() {
         if (!Has_Flag(*this, FLAG_STATIC)) canvas.Box(Area_Of(*this), Color.get());
         Paint_Outer_Frame(canvas, *this, Frame_Width(*this));
         if (Has_Inner_Frame(*this)) Paint_Inner_Frame(canvas, *this);
-        if (format) Paint_Number(canvas, *this, format);
+        if (Format) Paint_Number(canvas, *this);
     }
     Paint_Name(canvas, *this);
     Paint_Thumb(canvas, *this, Capture != 0, Paint_Cursor);
@@ -290,7 +292,7 @@ void Valuators::Draw() {
 void Valuators::Adjust() {
     Check(*this, "Valuator::Adjust");
     if (!Has_Size(*this)) return;
-    const char* const format = Used_Format();
+    Used_Format();  // for its report
     Canvas canvas(*this, Inside(*this));
     if (Has_Flag(*this, FLAG_OUTLINE)) {
         Paint_Outline(canvas, Area_Of(*this));
@@ -300,7 +302,7 @@ void Valuators::Adjust() {
     Clamp_Value(*this);
     if (Format) {
         Clear_Number(canvas, *this);
-        Paint_Number(canvas, *this, format);
+        Paint_Number(canvas, *this);
         if (Border != 0) {
             Paint_Inner_Frame(canvas, *this);
         } else {
@@ -327,4 +329,10 @@ float Valuators::Scroll(int n) {
     Clamp_Value(*this);
     Adjust();
     return Val;
+}
+
+void Valuators::Print_Number(char* text, std::size_t room) const {
+    const char* const format = Used_Format();
+    const int length = std::snprintf(text, room, format ? format : Plain_Format, double{Val});
+    if (length < 0 && room > 0) text[0] = '\0';
 }
