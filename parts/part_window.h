@@ -18,7 +18,7 @@ struct Part_Owner {
     const Class_Parts* parts = nullptr;
     const char* description = nullptr;  ///< name that the application gave it; null without one
     int mnemonic = 0;                   ///< capital letter or digit that goes with Alt; 0 without one
-    unsigned serial = 0;                ///< of this control alone, as long as the window lives
+    unsigned serial = 0;                ///< from 1 on, of this control alone, as long as the window lives
     bool shown = true;                  ///< it is painted
     bool enabled = true;                ///< it takes events
 };
@@ -59,3 +59,7 @@ class Part_Window {
   protected:
     ~Part_Window() = default;
 };
+
+/// What a part is called: the description that the application gave its control, else its caption. A control
+/// that is changed and has neither is called after the label that was added just before it.
+std::string Spoken_Name(const Part_Window& window, Part_Place place);
