@@ -238,11 +238,11 @@ HRESULT Access_Spot::Press() const { return Action() && window.Press(place) ? S_
 HRESULT Access_Spot::Set_Value(const std::wstring& value) const {
     if (Is_Client()) return DISP_E_MEMBERNOTFOUND;
     const Part part = Described();
-    if (!Has_Value(part)) return DISP_E_MEMBERNOTFOUND;
     if (!Is_Ready(part, owner) || part.state & PART_READ_ONLY) return E_ACCESSDENIED;
     std::string text;
     if (!Narrow(value, text)) return E_INVALIDARG;
-    return window.Set_Value(place, text.c_str()) ? S_OK : E_INVALIDARG;
+    if (window.Set_Value(place, text.c_str())) return S_OK;
+    return Has_Value(part) ? E_INVALIDARG : DISP_E_MEMBERNOTFOUND;
 }
 
 }  // namespace galdren
