@@ -21,6 +21,13 @@ void Stay_Loaded() {
                        &self);
 }
 
+/// Starts COM on this thread, whose application does without. It is not ended: the call that ends the last
+/// window may come from a client.
+bool Start_Com() {
+    static const auto start = Find<decltype(CoInitializeEx)>("ole32.dll", "CoInitializeEx");
+    return start && SUCCEEDED(start(nullptr, COINIT_APARTMENTTHREADED));
+}
+
 }  // namespace
 
 LRESULT Hand_Out(WPARAM wparam, IUnknown* object) {
@@ -28,7 +35,8 @@ LRESULT Hand_Out(WPARAM wparam, IUnknown* object) {
     if (!make) return 0;
     static const bool stays = (Stay_Loaded(), true);
     static_cast<void>(stays);
-    const LRESULT result = make(__uuidof(IAccessible), wparam, object);
+    LRESULT result = make(__uuidof(IAccessible), wparam, object);
+    if (result == CO_E_NOTINITIALIZED && Start_Com()) result = make(__uuidof(IAccessible), wparam, object);
     return result > 0 ? result : 0;
 }
 
