@@ -85,13 +85,23 @@ Spoken Spoken::Named(VARIANT answer) const {
     return {};
 }
 
-Spoken Spoken::At_Middle() const {
+Spoken Spoken::At(POINT point) const {
+    VARIANT answer;
+    VariantInit(&answer);
+    object_->accHitTest(point.x, point.y, &answer);
+    return answer.vt == VT_DISPATCH ? Named(answer).At(point) : Named(answer);
+}
+
+POINT Spoken::Middle() const {
     const RECT place = Place();
+    return {(place.left + place.right) / 2, (place.top + place.bottom) / 2};
+}
+
+Spoken Found_At(POINT point) {
     IAccessible* found = nullptr;
     VARIANT child;
     VariantInit(&child);
-    AccessibleObjectFromPoint({(place.left + place.right) / 2, (place.top + place.bottom) / 2}, &found,
-                              &child);
+    AccessibleObjectFromPoint(point, &found, &child);
     if (!found) return {};
     return {std::shared_ptr<IAccessible>(found, Let_Go()), child.lVal};
 }

@@ -36,8 +36,8 @@ class Spoken {
     Spoken Child(long number) const;
     /// The child that an answer of this object names; nothing for an empty answer.
     Spoken Named(VARIANT answer) const;
-    /// What is at the middle of its place, as the system finds it.
-    Spoken At_Middle() const;
+    /// The innermost thing at a point on the screen; nothing when the point is outside of this.
+    Spoken At(POINT point) const;
 
     std::string Name() const;
     std::string Value() const;
@@ -50,6 +50,7 @@ class Spoken {
     /// All of it in a line, such as "Keep: check box, checked, focusable (Uncheck)".
     std::string Line() const;
 
+    POINT Middle() const;
     HRESULT Set_Value(const wchar_t* value) const;
     HRESULT Act() const { return object_->accDoDefaultAction(Id()); }
 
@@ -60,6 +61,9 @@ class Spoken {
 
 /// Lines of an object and all below it, those of parts indented.
 std::string Read_Aloud(const Spoken& root);
+
+/// What the system finds at a point on the screen.
+Spoken Found_At(POINT point);
 
 /// Handles the messages that this thread has.
 void Pump();
