@@ -2,6 +2,7 @@
 
 #include "parts/access_object.h"
 #include "parts/access_terms.h"
+#include "parts/by_name.h"
 #include "parts/wide_text.h"
 
 namespace galdren {
@@ -61,7 +62,7 @@ HRESULT Access_Spot::Find(unsigned serial, long child) {
 }
 
 std::wstring Access_Spot::Name() const {
-    return Is_Client() ? Title_Of(window.Window()) : Wide_Of(Spoken_Name(window, place));
+    return Is_Client() ? Title_Of(window.Window()) : Wide_Of(Name_Of_Part(window, place));
 }
 
 long Access_Spot::Role() const {

@@ -59,7 +59,3 @@ class Part_Window {
   protected:
     ~Part_Window() = default;
 };
-
-/// What a part is called: the description that the application gave its control, else its caption. A control
-/// that is changed and has neither is called after the label that was added just before it.
-std::string Spoken_Name(const Part_Window& window, Part_Place place);
