@@ -28,7 +28,7 @@ long State_Of_Client(const Part_Window& window) {
     long state = STATE_SYSTEM_FOCUSABLE;
     if (!IsWindowVisible(window.Window())) state |= STATE_SYSTEM_INVISIBLE;
     if (!IsWindowEnabled(window.Window())) state |= STATE_SYSTEM_UNAVAILABLE;
-    if (Has_System_Focus(window) && window.Focus().control < 0) state |= STATE_SYSTEM_FOCUSED;
+    if (window.Focus().control < 0 && Has_System_Focus(window)) state |= STATE_SYSTEM_FOCUSED;
     return state;
 }
 
@@ -74,7 +74,7 @@ long Access_Spot::State() const {
     const Part part = Described();
     long state = State_Of(part, owner);
     if (Can_Have_Focus(part)) state |= STATE_SYSTEM_FOCUSABLE;
-    if (Has_System_Focus(window) && window.Focus() == place) state |= STATE_SYSTEM_FOCUSED;
+    if (window.Focus() == place && Has_System_Focus(window)) state |= STATE_SYSTEM_FOCUSED;
     return state;
 }
 
