@@ -16,10 +16,24 @@ UINT Carrying_Message() {
     return message;
 }
 
+/// Holds a lock for a scope.
+class Locked {
+  public:
+    explicit Locked(SRWLOCK& taken) : lock(taken) { AcquireSRWLockExclusive(&lock); }
+    ~Locked() { ReleaseSRWLockExclusive(&lock); }
+    Locked(const Locked&) = delete;
+    Locked& operator=(const Locked&) = delete;
+
+  private:
+    SRWLOCK& lock;
+};
+
 }  // namespace
 
 /// A question on its way. Whoever asked reads the answer once it is done, or leaves.
 struct Access_Link::Call {
+    explicit Call(Access_Question asked) : question(std::move(asked)) {}
+
     Access_Question question;
     Access_Answer answer{};
     HRESULT result = E_FAIL;
@@ -43,7 +57,7 @@ void Access_Link::Cut() {
 }
 
 std::vector<Object_Holder> Access_Link::Held_Objects() {
-    const std::lock_guard lock(mutex);
+    const Locked locked(lock);
     std::vector<Object_Holder> held;
     held.reserve(objects.size());
     for (const auto& [serial, object] : objects) {
@@ -91,13 +105,13 @@ HRESULT Access_Link::Answer_Here(const Access_Question& question, Access_Answer&
 }
 
 WPARAM Access_Link::Park(std::shared_ptr<Call> call) {
-    const std::lock_guard lock(mutex);
+    const Locked locked(lock);
     calls.emplace(++last_call, std::move(call));
     return last_call;
 }
 
 std::shared_ptr<Access_Link::Call> Access_Link::Withdraw(WPARAM number) {
-    const std::lock_guard lock(mutex);
+    const Locked locked(lock);
     const auto found = calls.find(number);
     if (found == calls.end()) return nullptr;
     std::shared_ptr<Call> call = std::move(found->second);
@@ -106,7 +120,7 @@ std::shared_ptr<Access_Link::Call> Access_Link::Withdraw(WPARAM number) {
 }
 
 Object_Holder Access_Link::Object(unsigned serial) {
-    const std::lock_guard lock(mutex);
+    const Locked locked(lock);
     const auto known = objects.find(serial);
     if (known != objects.end()) {
         known->second->AddRef();
@@ -119,7 +133,7 @@ Object_Holder Access_Link::Object(unsigned serial) {
 
 ULONG Access_Link::Count_Down(Access_Object& object) {
     // Within the lock, so that nobody gets an object whose last use has just ended.
-    const std::lock_guard lock(mutex);
+    const Locked locked(lock);
     const ULONG left = --object.uses;
     if (left == 0) objects.erase(object.serial);
     return left;

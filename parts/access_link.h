@@ -8,7 +8,6 @@
 #include <atomic>
 #include <functional>
 #include <memory>
-#include <mutex>
 #include <string>
 #include <unordered_map>
 #include <variant>
@@ -87,7 +86,7 @@ class Access_Link : public std::enable_shared_from_this<Access_Link> {
     Part_Window* served;  // null when cut
     std::atomic<HWND> window;
     const DWORD thread;
-    std::mutex mutex;  // for what follows
+    SRWLOCK lock = SRWLOCK_INIT;  // for what follows
     std::unordered_map<unsigned, Access_Object*> objects;
     std::unordered_map<WPARAM, std::shared_ptr<Call>> calls;  // that wait for the window's thread
     WPARAM last_call = 0;
