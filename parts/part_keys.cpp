@@ -5,30 +5,13 @@
 #include <string_view>
 #include <utility>
 
+#include "parts/key_code.h"
 #include "tools/keyboard.h"
 #include "tools/ring.h"
 
 namespace {
 
 constexpr DWORD Longest_Pause = 1000;  // in typing a name, in milliseconds
-
-/// Where a key leads; nothing for one that is no arrow and its like. Without NumLock the keypad has them too.
-std::optional<Part_Move> Move_Of(int code) {
-    struct Row {
-        int key, on_keypad;
-        Part_Move move;
-    };
-    constexpr Row Rows[] = {
-        {VK_LEFT, VK_NUMPAD4, Part_Move::Left},     {VK_RIGHT, VK_NUMPAD6, Part_Move::Right},
-        {VK_UP, VK_NUMPAD8, Part_Move::Up},         {VK_DOWN, VK_NUMPAD2, Part_Move::Down},
-        {VK_PRIOR, VK_NUMPAD9, Part_Move::Page_Up}, {VK_NEXT, VK_NUMPAD3, Part_Move::Page_Down},
-        {VK_HOME, VK_NUMPAD7, Part_Move::Home},     {VK_END, VK_NUMPAD1, Part_Move::End},
-    };
-    for (const Row& row : Rows) {
-        if (code == (KEY_NAVIGATION | row.key) || code == (KEY_KEYPAD | row.on_keypad)) return row.move;
-    }
-    return {};
-}
 
 bool Is_Enter(int code) { return code == VK_RETURN || code == (KEY_KEYPAD | VK_RETURN); }
 
@@ -212,14 +195,19 @@ void Part_Keys::Hide_Ring() {
     Update();
 }
 
+void Part_Keys::Show_Ring() {
+    uses_keys = true;
+    Update();
+}
+
 void Part_Keys::Update() {
     if (const int now = number < 0 ? -1 : window.Number_Of(serial); now >= 0) number = now;
     const Part_Place place = active ? Focus() : Part_Place{};
-    Show_Caret(place.control);
-    Show_Ring(place);
+    Place_Caret(place.control);
+    Place_Ring(place);
 }
 
-void Part_Keys::Show_Caret(int control) {
+void Part_Keys::Place_Caret(int control) {
     const auto show = [this](int in, Text_Caret how) {
         const Part_Owner owner = window.Owner(in);
         owner.parts->Show_Caret(*owner.control, how);
@@ -233,7 +221,7 @@ void Part_Keys::Show_Caret(int control) {
     if (control >= 0) show(control, CARET_SHOWN);
 }
 
-void Part_Keys::Show_Ring(Part_Place place) {
+void Part_Keys::Place_Ring(Part_Place place) {
     std::optional<RECT> next;
     if (uses_keys && place.control >= 0 && window.Window()) {
         const Part_Owner owner = window.Owner(place.control);
@@ -269,7 +257,7 @@ bool Part_Keys::Act(int code) {
     if (const int turn = Turn_Of(code)) return Turn_Tab(turn < 0);
     if (code & KEY_CONTROL) return false;
     const Part_Place place = Focus();
-    if (const auto move = Move_Of(code & ~KEY_SHIFT)) return place.control >= 0 && Move(place, *move);
+    if (const auto move = galdren::Move_Of(code)) return place.control >= 0 && Move(place, *move);
     if (Is_Character(code) && place.control >= 0 && Type(place, static_cast<char>(code))) return true;
     if (code & KEY_ALT) return Go_To_Mnemonic(code & ~(KEY_ALT | KEY_SHIFT));
     if (code == VK_ESCAPE) return Press_Button(cancel_button);

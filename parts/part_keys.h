@@ -78,13 +78,15 @@ class Part_Keys {
 
     /// The ring goes until the next key, for the mouse is used.
     void Hide_Ring();
+    /// The ring may show, for a key was used that this object has not taken.
+    void Show_Ring();
 
     /// Puts ring and caret where the part is now; to be called after every change of the controls.
     void Update();
 
   private:
-    void Show_Caret(int control);
-    void Show_Ring(Part_Place place);
+    void Place_Caret(int control);
+    void Place_Ring(Part_Place place);
     void Remember(Part_Place place);
     bool Act(int code);
     Part_Use Use_Of(Part_Place place) const;
