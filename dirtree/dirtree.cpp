@@ -24,7 +24,7 @@ using namespace galdren;
 
 namespace {
 
-constexpr int Row_Height = 18;
+constexpr int Row_Height = DirTrees::Row_Pitch;
 constexpr int Indent = 18;  // of each depth
 constexpr int Name_Offset = 28;
 constexpr int Name_Drop = 4;  // below the baseline
@@ -512,4 +512,68 @@ int DirTrees::Press_Row() {
     const Paint_Batch batch(Window);
     Draw();
     return 2;
+}
+
+namespace {
+
+/// What of a control's height is above the rows.
+int Above_Rows() { return SPACE + Name_Drop; }
+
+/// Where the name of a row begins, and the lowest pixels of it.
+POINT Name_Start(const DirTrees& tree, int row) {
+    const POINT scrolled = Scrolled(tree);
+    const Boxs& list = tree.List_Box;
+    return {list.X + 2 * SPACE - scrolled.x + Indent * tree.Row[row].depth + Name_Offset,
+            list.Y + list.Height + scrolled.y - Above_Rows() - Row_Height * (row + 1) + 1};
+}
+
+/// Moves a bar that is needed, by so many pixels as its contents are to move.
+void Move_Bar(Sliders& bar, int pixels) {
+    if (pixels == 0 || Has_Flag(bar, FLAG_PASSIVE)) return;
+    bar.Val += static_cast<float>(pixels);
+    bar.Adjust();
+}
+
+/// How far something from `low` to `high` has to move to be between two ends, its lower end before all.
+int Way_Between(int low, int high, int low_end, int high_end) {
+    if (low < low_end) return low_end - low;
+    return high > high_end ? std::max(high_end - high, low_end - low) : 0;
+}
+
+}  // namespace
+
+RECT DirTrees::Row_Place(int row) const {
+    if (!Has_Row(row) || row < Pixels_Scrolled(Vertical_Bar) / Row_Height) return {};
+    const POINT start = Name_Start(*this, row);
+    const RECT name{start.x, start.y, start.x + Row[row].node->width, start.y + Row_Height};
+    const RECT shown = Common(name, List_Box.Rect);
+    return Is_Empty(shown) ? RECT{} : shown;
+}
+
+int DirTrees::Row_At(POINT place) const {
+    const int top = Pixels_Scrolled(Vertical_Bar) + List_Box.Y + List_Box.Height - Above_Rows();
+    const int row = (top - place.y) / Row_Height;
+    const RECT area = Row_Place(row);
+    return PtInRect(&area, place) ? row : -1;
+}
+
+void DirTrees::Bring_Into_View(int row) {
+    if (!Has_Size(*this) || !Has_Row(row)) return;
+    const POINT start = Name_Start(*this, row);
+    const RECT& list = List_Box.Rect;
+    const POINT before = Scrolled(*this);
+    Move_Bar(Vertical_Bar, Way_Between(start.y, start.y + Row_Height, list.top, list.bottom));
+    Move_Bar(Horizontal_Bar, -Way_Between(start.x, start.x + Row[row].node->width, list.left, list.right));
+    const POINT after = Scrolled(*this);
+    if (before.x != after.x || before.y != after.y) Dir_Tree_Draw2();
+}
+
+bool DirTrees::Open_Row(int row, bool open) {
+    const unsigned from = open ? DIR_CLOSED : DIR_OPEN;
+    if (!Has_Size(*this) || !Has_Row(row) || Row[row].depth == 0 || !Has_Flag(*Row[row].node, from))
+        return false;
+    if (!Dir_Tree_Expand(row, Row[row].depth - 1)) return false;
+    Dir_Tree_Update2(false);
+    Dir_Tree_Draw2();
+    return true;
 }

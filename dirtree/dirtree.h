@@ -60,6 +60,21 @@ class GALDREN_TOOLS_API DirTrees : public Tools, public Dir_Tree_Fields {
     /// Scrolls by wheel steps, up when positive; over the horizontal bar, to the right.
     void Scroll(int amount);
 
+    static constexpr int Row_Pitch = 18;  ///< height of a row in pixels
+
+    /// Where a press chooses the directory of a row, as far as it shows: its name. Like `Rect`; empty when it
+    /// does not show, and for a number that no row has.
+    RECT Row_Place(int row) const;
+    /// The row that shows its name at a place; -1 when there is none.
+    /// @param place  in logical pixels
+    int Row_At(POINT place) const;
+    /// Scrolls as little as it takes to have a row and the beginning of its name in view, and repaints.
+    /// Nothing happens for a number that no row has, and along bars that there is no need for.
+    void Bring_Into_View(int row);
+    /// Opens or closes the branch of a row, as a press on its mark does.
+    /// @return false when it has none, or is open or closed already
+    bool Open_Row(int row, bool open);
+
   private:
     bool Dir_Tree_Start(const char* path);
     Dir_Tree* Dir_Tree_Current(Dir_Tree* from, const char* path);

@@ -16,9 +16,10 @@ int Class_Parts::At(const Tools& control, POINT place) const {
 int Class_Parts::First(const Tools& control) const { return Count(control) > 0 ? 0 : Whole; }
 
 int Class_Parts::Next(const Tools& control, int part, Part_Move move) const {
-    constexpr int Page = 10;
     const int last = Count(control) - 1;
     if (last < 0) return Whole;
+    if (part < 0 || part > last) part = Whole;
+    const int page = std::min(Page(control), last + 1);
     switch (move) {
         case Part_Move::Left:
         case Part_Move::Up:
@@ -27,9 +28,9 @@ int Class_Parts::Next(const Tools& control, int part, Part_Move move) const {
         case Part_Move::Down:
             return std::min(part + 1, last);
         case Part_Move::Page_Up:
-            return std::max(part - Page, 0);
+            return std::max(part - page, 0);
         case Part_Move::Page_Down:
-            return std::min(part + Page, last);
+            return std::min(part + page, last);
         case Part_Move::Home:
             return 0;
         case Part_Move::End:
@@ -39,6 +40,8 @@ int Class_Parts::Next(const Tools& control, int part, Part_Move move) const {
 }
 
 void Class_Parts::Bring_Into_View(Tools&, int) const {}
+
+int Class_Parts::Page(const Tools&) const { return 10; }
 
 bool Class_Parts::Step(Tools&, int, Part_Move) const { return false; }
 

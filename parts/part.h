@@ -129,4 +129,6 @@ class Class_Parts {
 
   protected:
     ~Class_Parts() = default;
+    /// How many parts a Page key passes.
+    virtual int Page(const Tools& control) const;
 };

@@ -528,3 +528,29 @@ void Lists::Adjust() {
     Mark(Current, 1);
     Last_Current = Current;
 }
+
+void Lists::Bring_Into_View(int index) {
+    Check(*this, "Lists::Bring_Into_View");
+    if (!Has_Size(*this) || !Has_Bar(*this) || index < 0 || index >= Nb_Item) return;
+    const Area inner = Inner_Area(*this, Purpose::Events, Title());
+    const Buttons& item = *Item[index];
+    const int low = Item_DX ? inner.left : inner.bottom;
+    const int high = Item_DX ? inner.right - item.Width : inner.top - item.Height;
+    const int place = Truncate(double{Scroll_Bar.Val}) + index * Step_Of(*this);
+    const int in_view = std::max(low, std::min(place, high));
+    const Shared_Context context(Window);
+    if (place != in_view) {
+        Scroll_Bar.Val += static_cast<float>(in_view - place);
+        Scroll_Bar.Adjust();
+    }
+    if (Truncate(double{Scroll_Bar.Val}) != Origin) Update();
+}
+
+RECT Lists::Item_Place(int index) const {
+    if (index < 0 || index >= Nb_Item || !Shows(index)) return {};
+    Place_Item(*this, Origin, index);
+    const Buttons& item = *Item[index];
+    if (!Stands_In(item, Inner_Area(*this, Purpose::Events, Title()))) return {};
+    const Area area = Area_Of(item);
+    return {area.left, area.bottom, area.right + 1, area.top + 1};
+}

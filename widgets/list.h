@@ -74,6 +74,13 @@ class GALDREN_TOOLS_API Lists : public Tools, public List_Fields, private galdre
     /// Moves the mark from `Last_Current` to `Current`.
     void Adjust();
 
+    /// Scrolls as little as it takes to have an item wholly in view, and repaints. Nothing happens for an
+    /// index that no item has, and without a scroll bar.
+    void Bring_Into_View(int index);
+    /// Where an item takes events, like `Rect`; empty for one that does not show, and for an index that no
+    /// item has.
+    RECT Item_Place(int index) const;
+
   private:
     int Title() const;
     bool Shows(int index) const;

@@ -46,15 +46,6 @@ Motion Motion_Of(int key) {
     return Motion::None;
 }
 
-bool Is_One_Of(char character, const char* set) { return character && std::strchr(set, character); }
-
-/// Whether the field's filters let a character in.
-bool Accepts(const Texts& field, char character) {
-    if (Has_Flag(field, TEXT_FLOAT) && !Is_One_Of(character, "0123456789+-.e")) return false;
-    if (Has_Flag(field, TEXT_INTEGER) && !Is_One_Of(character, "0123456789+-")) return false;
-    return !Has_Flag(field, TEXT_HEXADECIMAL) || Is_One_Of(character, "0123456789abcdefABCDEF");
-}
-
 int Input_Length(const Texts& field) {
     return static_cast<int>(std::find(field.Line, field.Line + Texts::Line_Room - 1, '\0') - field.Line);
 }

@@ -4,10 +4,11 @@
 
 #include <algorithm>
 #include <cstdarg>
+#include <cstring>
 #include <new>
 
 #include "tools/area.h"
-#include "widgets/text_fields.h"
+#include "widgets/text.h"
 
 namespace galdren {
 
@@ -16,6 +17,15 @@ inline bool Is_Reading(const Text_Fields& field) { return (field.Mode & TEXT_REA
 /// The box of the input line.
 inline Area Input_Area(const Text_Fields& field) {
     return {field.Input_Box[0], field.Input_Box[1], field.Input_Box[3], field.Input_Box[2]};
+}
+
+inline bool Is_One_Of(char character, const char* set) { return character && std::strchr(set, character); }
+
+/// Whether the field's filters let a character in.
+inline bool Accepts(const Texts& field, char character) {
+    if ((field.Flag & TEXT_FLOAT) && !Is_One_Of(character, "0123456789+-.e")) return false;
+    if ((field.Flag & TEXT_INTEGER) && !Is_One_Of(character, "0123456789+-")) return false;
+    return !(field.Flag & TEXT_HEXADECIMAL) || Is_One_Of(character, "0123456789abcdefABCDEF");
 }
 
 /// Formats into the room of one line and cuts what is too long.

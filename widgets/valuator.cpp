@@ -374,3 +374,9 @@ void Valuators::Cursor() {
     Paint_Thumb_Light(canvas, thumb, vertical ? thumb.right - 1 : thumb.right);
     Paint_Thumb_Dark(canvas, thumb);
 }
+
+void Valuators::Print_Number(char* text, std::size_t room) const {
+    const bool usable = Format && Is_Number_Format(Format);
+    const int length = std::snprintf(text, room, usable ? Format : Plain_Format, double{Val});
+    if (length < 0 && room > 0) text[0] = '\0';
+}

@@ -2,6 +2,8 @@
 /// Valuators: sliders that set a value, with a name in the trough and a number field.
 #pragma once
 
+#include <cstddef>
+
 #include "slider.h"
 
 /// Bits of `Flag` that valuators add to those of sliders.
@@ -68,6 +70,10 @@ class GALDREN_TOOLS_API Valuators : public Tools {
     /// Moves the value by `n` steps, down when positive (up when reversed), and repaints.
     /// @return the new value
     float Scroll(int n);
+    /// Writes the value as the number field shows it, or would show it without a format.
+    /// @param text  receives it, cut where the room ends
+    /// @param room  bytes that `text` takes, with the end
+    void Print_Number(char* text, std::size_t room) const;
 
   private:
     void Check_Format();

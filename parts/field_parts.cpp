@@ -1,0 +1,134 @@
+// Description of text fields.
+#include <algorithm>
+#include <cstring>
+
+#include "parts/classes.h"
+#include "parts/describe.h"
+#include "widgets/text_parts.h"
+
+using namespace galdren;
+
+namespace {
+
+bool Is_Line(const Texts& field) { return Has_Bit(field, TEXT_SINGLE_LINE); }
+
+bool Takes_Keys(const Texts& field) { return Is_Line(field) || Is_Reading(field); }
+
+std::string Input_Of(const Texts& field) {
+    if (Has_Bit(field, TEXT_PASSWORD)) return {};
+    return std::string(field.Line, strnlen(field.Line, Texts::Line_Room));
+}
+
+/// An output line without the codes that switch its look.
+std::string Plain(const char* line) {
+    const auto is_code = [](char character) {
+        const auto byte = static_cast<unsigned char>(character);
+        return (byte >= TEXT_BLUE && byte <= TEXT_GREEN) ||
+               (byte >= TEXT_NORMAL_FONT && byte <= TEXT_OBLIQUE_FONT);
+    };
+    std::string plain(line, strnlen(line, Texts::Line_Room));
+    plain.erase(std::remove_if(plain.begin(), plain.end(), is_code), plain.end());
+    return plain;
+}
+
+/// The newest output lines, the newest one last.
+std::string Output_Of(const Texts& field) {
+    constexpr int Most_Lines = 8;
+    std::string output;
+    for (int line = 0; field.Lines && line < Most_Lines && field.Lines[line]; ++line)
+        output.insert(0, Plain(field.Lines[line]) + (line ? "\n" : ""));
+    return output;
+}
+
+/// Whether the keys that write a text would all be taken.
+bool Can_Be_Typed(const Texts& field, std::string_view text) {
+    return text.size() <= std::size_t{Texts::Longest_Input} &&
+           std::all_of(text.begin(), text.end(), [&](char character) {
+               return static_cast<unsigned char>(character) >= ' ' && Accepts(field, character);
+           });
+}
+
+class Field_Parts final : public Parts_For<Texts> {
+  public:
+    const char* Name() const override { return "Texts"; }
+
+    Part Describe(const Tools& control, int) const override {
+        const Texts& field = Own(control);
+        Part part = Whole_Of(field, Is_Line(field) ? Part_Role::Field : Part_Role::Console, Use_Of(field));
+        part.value = Takes_Keys(field) ? Input_Of(field) : Output_Of(field);
+        Note(part, PART_PROTECTED, Takes_Keys(field) && Has_Bit(field, TEXT_PASSWORD));
+        Note(part, PART_READ_ONLY, !Is_Reading(field));
+        return part;
+    }
+
+    /// Scrolls the output. What a field takes by the keyboard is not for this.
+    bool Step(Tools& control, int, Part_Move move) const override {
+        Texts& field = Own(control);
+        if (!Is_Active(field) || Use_Of(field) != Part_Use::Step) return false;
+        switch (move) {
+            case Part_Move::Left:
+            case Part_Move::Right:
+                return Scroll_Aside(field, move == Part_Move::Right ? -1 : 1);
+            case Part_Move::Up:
+                return Scroll_Lines(field, -1);
+            case Part_Move::Down:
+                return Scroll_Lines(field, 1);
+            case Part_Move::Page_Up:
+                return Scroll_Lines(field, -Page(field));
+            case Part_Move::Page_Down:
+                return Scroll_Lines(field, Page(field));
+            case Part_Move::Home:
+                return Scroll_Lines(field, -Texts::Most_Lines);
+            case Part_Move::End:
+                return Scroll_Lines(field, Texts::Most_Lines);
+        }
+        return false;
+    }
+
+    bool Set_Value(Tools& control, int, const char* text) const override {
+        Texts& field = Own(control);
+        if (!text || !Is_Active(field) || Has_Bit(field, FLAG_NO_BODY) || !Is_Reading(field)) return false;
+        if (!Can_Be_Typed(field, text)) return false;
+        field.Read("%s", text);
+        if (Has_Bit(field, TEXT_REPORT_CHANGES)) field.Mode |= TEXT_CHANGED;
+        return true;
+    }
+
+    void For_Members(Tools& control, const std::function<void(Tools&)>& visit) const override {
+        Texts& field = Own(control);
+        visit(field.V_Slider);
+        visit(field.H_Slider);
+    }
+
+  private:
+    static Part_Use Use_Of(const Texts& field) {
+        if (Takes_Keys(field)) return Part_Use::Type;
+        return Has_Bit(field, TEXT_V_BAR | TEXT_H_BAR) ? Part_Use::Step : Part_Use::None;
+    }
+
+    /// Lines that show at a time but one.
+    int Page(const Tools& control) const override {
+        const Texts& field = Own(control);
+        return field.Line_Height > 0 ? std::max(field.V_Slider.Height / field.Line_Height - 1, 1) : 1;
+    }
+
+    /// @param lines  towards the newest when above 0
+    static bool Scroll_Lines(Texts& field, int lines) {
+        if (!Has_Bit(field, TEXT_V_BAR)) return false;
+        field.Scroll(lines);
+        return true;
+    }
+
+    static bool Scroll_Aside(Texts& field, int steps) {
+        if (!Has_Bit(field, TEXT_H_BAR)) return false;
+        field.H_Slider.Scroll(steps);
+        field.Draw();
+        return true;
+    }
+};
+
+constexpr Field_Parts The_Field_Parts;
+
+}  // namespace
+
+const Class_Parts& Parts_Of(const Texts*) { return The_Field_Parts; }
