@@ -361,14 +361,15 @@ bool Part_Keys::Go_To_Mnemonic(int letter) {
         int control = (start + i) % count;
         const Part_Owner owner = window.Owner(control);
         if (owner.mnemonic == 0 || owner.mnemonic != letter || !owner.shown) continue;
-        if (Describe(owner, Whole).role == Part_Role::Text) {
+        const bool is_label = Describe(owner, Whole).role == Part_Role::Text;
+        if (is_label) {
             do {
                 ++control;
             } while (control < count && !Can_Have(control));
         }
         if (!Set_Focus({control, Whole})) continue;
         const Part_Place place = Focus();
-        if (place.part == Whole && Is_Pressed_By_Space(Use_Of(place))) Press(place);
+        if (!is_label && place.part == Whole && Is_Pressed_By_Space(Use_Of(place))) Press(place);
         return true;
     }
     return false;
