@@ -142,7 +142,7 @@ class List_Parts final : public Parts_For<Lists> {
         if (step == 0 || !PtInRect(&list.Rect, place)) return Whole;
         const int nearest = ((list.Item_DX ? place.x : place.y) - Origin(list)) / step;
         for (int item = nearest - 1; item <= nearest + 1; ++item) {
-            const RECT area = Has_Part(list, item) ? Describe(list, item).area : RECT{};
+            const RECT area = list.Item_Place(item);
             if (PtInRect(&area, place)) return item;
         }
         return Whole;
