@@ -358,21 +358,25 @@ bool Part_Keys::Go_To_Mnemonic(int letter) {
     const int count = window.Count();
     const int start = Focus().control;
     for (int i = 1; i <= count; ++i) {
-        int control = (start + i) % count;
+        const int control = (start + i) % count;
         const Part_Owner owner = window.Owner(control);
         if (owner.mnemonic == 0 || owner.mnemonic != letter || !owner.shown) continue;
         const bool is_label = Describe(owner, Whole).role == Part_Role::Text;
-        if (is_label) {
-            do {
-                ++control;
-            } while (control < count && !Can_Have(control));
-        }
-        if (!Set_Focus({control, Whole})) continue;
+        const int target = is_label ? Behind(control) : control;
+        if (!Set_Focus({target, Whole})) continue;
         const Part_Place place = Focus();
         if (!is_label && place.part == Whole && Is_Pressed_By_Space(Use_Of(place))) Press(place);
         return true;
     }
     return false;
+}
+
+/// The first control behind another that keys can work; the number of controls when there is none.
+int Part_Keys::Behind(int control) const {
+    do {
+        ++control;
+    } while (control < window.Count() && !Can_Have(control));
+    return control;
 }
 
 /// The tab set whose tabs are turned; -1 when there is none.

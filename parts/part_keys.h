@@ -98,6 +98,7 @@ class Part_Keys {
     bool Type(Part_Place place, char character);
     bool Search(Part_Place place, char character);
     bool Go_To_Mnemonic(int letter);
+    int Behind(int control) const;
     int Tab_Set() const;
     bool Turn_Tab(bool back);
 

@@ -263,6 +263,7 @@ bool Popup::On_Message(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam) 
             Lay_Out(dialog, LOWORD(lparam), HIWORD(lparam));
             // The origin is at the bottom: a new height moves everything.
             InvalidateRect(dialog, nullptr, FALSE);
+            if (keys) keys->Update();
             return false;
         case WM_ERASEBKGND:
             // The background covers everything.
