@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <optional>
 
+#include "parts/key_code.h"
+
 using galdren::Meet;
 
 namespace {
@@ -129,12 +131,6 @@ bool Is_Inside(const Tools& control, POINT logical) {
     return Is_Shown(control) && PtInRect(&control.Rect, logical);
 }
 
-/// The code of a key message. Escape is a key like any other: the parser would have the window closed.
-int Key_Code(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
-    if (message == WM_CHAR && wparam == VK_ESCAPE) return VK_ESCAPE;
-    return Parse_Keyboard(window, message, wparam, lparam);
-}
-
 /// Whether a key is meant for the application rather than for the text in which it is pressed.
 bool Is_Command(UINT message, int code) {
     if (message == WM_CHAR) return false;
@@ -142,26 +138,6 @@ bool Is_Command(UINT message, int code) {
     const int key = code & 0xFF;
     const bool edits = (key >= VK_PRIOR && key <= VK_DOWN) || key == VK_INSERT || key == VK_DELETE;
     return code & KEY_NAVIGATION && !edits;
-}
-
-bool Is_Digit(int code) { return code >= '0' && code <= '9'; }
-
-/// AltGr is Ctrl and Alt to the system.
-bool Is_Alt_Gr_Down() { return getkey(VK_CONTROL) && getkey(VK_MENU); }
-
-/// What a key means to the control in which it is pressed. The parser gives digits when their key goes down,
-/// and tells the keypad's keys from the others; in a text each is the character that the keyboard's layout
-/// makes of it.
-int Typed(UINT message, WPARAM wparam, int code) {
-    if (message == WM_CHAR) {
-        const int character = wparam > 0xFF ? 0 : static_cast<int>(wparam);
-        return Is_Digit(character) || (character >= ' ' && Is_Alt_Gr_Down()) ? character : code;
-    }
-    const int key = code & ~KEY_SHIFT;
-    if (Is_Digit(key) || key & KEY_KEYPAD_DIGIT) return 0;  // the character follows
-    constexpr char Operators[] = "*+,-./";
-    const int operation = key - (KEY_KEYPAD | VK_MULTIPLY);
-    return operation >= 0 && operation <= VK_DIVIDE - VK_MULTIPLY ? Operators[operation] : code;
 }
 
 }  // namespace
@@ -555,12 +531,12 @@ bool Host::Offer(UINT message, int code) const {
 
 bool Host::On_Key(UINT message, WPARAM wparam, LPARAM lparam) {
     if (!Wants_Keys()) return false;
-    const int code = Key_Code(window, message, wparam, lparam);
+    const int code = galdren::Key_Code(window, message, wparam, lparam);
     if ((code & ~KEY_SHIFT) == VK_TAB && Move_Focus((code & KEY_SHIFT) != 0)) return true;
     const bool for_application = !Key_Taker() || Is_Command(message, code);
     if (for_application && Offer(message, code)) return true;
     const Entry* taker = Key_Taker();
-    const int key = taker ? Typed(message, wparam, code) : 0;
+    const int key = taker ? galdren::Typed_Key(message, wparam, code) : 0;
     if (!key) return false;
     taker->calls->input(*taker->control, key);
     Notify(*taker, &Handlers::Change);

@@ -462,6 +462,126 @@ TEST(Parts_Of_Lists, Come_Into_View_In_Lists_Of_Any_Length) {
     }
 }
 
+// Directories in the temporary directory: 60 with long names, each with one below it.
+class Sample {
+  public:
+    Sample() {
+        char temporary[MAX_PATH] = "";
+        GetTempPathA(MAX_PATH, temporary);
+        root = temporary + std::string("galdren_parts_") + std::to_string(GetCurrentProcessId());
+        Add("");
+        for (int i = 0; i < 60; ++i) {
+            const std::string name = "\\directory with a long name " + std::to_string(100 + i);
+            Add(name);
+            Add(name + "\\inner");
+        }
+    }
+    ~Sample() {
+        for (auto made = all.rbegin(); made != all.rend(); ++made)
+            RemoveDirectoryA(made->c_str());
+    }
+    Sample(const Sample&) = delete;
+    Sample& operator=(const Sample&) = delete;
+    std::string root;
+
+  private:
+    void Add(const std::string& name) {
+        all.push_back(root + name);
+        EXPECT_TRUE(CreateDirectoryA(all.back().c_str(), nullptr));
+    }
+    std::vector<std::string> all;
+};
+
+TEST(Parts_Of_Trees, Are_Rows_And_A_Button) {
+    const Sample sample;
+    Test_Window window(320, 400);
+    DirTrees tree;
+    Place(tree, nullptr, 10, 20, 200, 360, 0);
+    tree.Init(window);
+    EXPECT_EQ(Parts_Of(&tree).Count(tree), 1);
+    tree.Set(sample.root.c_str());
+    window.Point_At(-1, -1);
+    tree.Draw();
+    const Subject subject(tree);
+    const Class_Parts& parts = *subject.parts;
+    const int parent = parts.First(tree);
+    EXPECT_STREQ(Parts_Of(&tree).Describe(tree, Whole).value.c_str(), tree.Read());
+    EXPECT_FALSE(parts.Step(tree, parent, Part_Move::Right)) << "it is open";
+    EXPECT_TRUE(parts.Step(tree, parent, Part_Move::Left));
+    EXPECT_TRUE(parts.Step(tree, parent, Part_Move::Right));
+    const int row = parent + 31;
+    EXPECT_EQ(parts.Next(tree, row, Part_Move::Left), parent);
+    EXPECT_EQ(parts.Next(tree, parent, Part_Move::Right), parent + 1);
+    EXPECT_EQ(parts.Next(tree, row, Part_Move::Right), row);
+    EXPECT_EQ(parts.Next(tree, 0, Part_Move::Left), 0);
+    EXPECT_EQ(parts.Next(tree, 0, Part_Move::End), tree.Nb_Row - 1);
+    EXPECT_EQ(parts.Next(tree, tree.Nb_Row - 1, Part_Move::Down), tree.Nb_Row);
+    EXPECT_EQ(subject.Text(row), "Row 'directory with a long name 130' out-of-view closed");
+
+    // Every row can be brought into view, and only what has to move does.
+    const int page = parts.Next(tree, row, Part_Move::Page_Down) - row;
+    for (const int next : {row, row + page, row - 1, tree.Nb_Row - 1, 0, row}) {
+        SCOPED_TRACE(next);
+        parts.Bring_Into_View(tree, next);
+        ASSERT_TRUE(subject.Shows(next));
+        const RECT area = subject.Area(next);
+        EXPECT_EQ(area.bottom - area.top, int{DirTrees::Row_Pitch});
+        EXPECT_EQ(parts.At(tree, Middle(area)), next);
+        EXPECT_EQ(parts.At(tree, {area.left, area.top}), next);
+        EXPECT_NE(parts.At(tree, {area.left - 1, area.top}), next);
+        const float scrolled = tree.Vertical_Bar.Val;
+        parts.Bring_Into_View(tree, next);
+        EXPECT_EQ(tree.Vertical_Bar.Val, scrolled);
+        const Picture moved(window);
+        tree.Draw();
+        EXPECT_TRUE(Same(moved, Picture(window)));
+    }
+    for (const int count = tree.Nb_Row; tree.Vertical_Bar.Val > 0; tree.Vertical_Bar.Val -= 5) {
+        tree.Draw();
+        for (int shown = 0; shown < count; ++shown) {
+            if (!subject.Shows(shown)) continue;
+            const POINT middle = Middle(subject.Area(shown));
+            ASSERT_EQ(parts.At(tree, middle), shown);
+            if (shown % 7) continue;
+            window.Point_At(middle.x, middle.y);
+            tree.Select(EVENT_PRESS | EVENT_LEFT);
+            ASSERT_EQ(tree.Current, tree.Row[shown].node);
+        }
+        window.Point_At(-1, -1);
+    }
+    parts.Bring_Into_View(tree, row);
+    Press(window, subject, row);
+    EXPECT_EQ(subject.Text(row), "Row 'directory with a long name 130' chosen closed");
+    EXPECT_EQ(parts.First(tree), row);
+    EXPECT_EQ(parts.Describe(tree, row).level, parts.Describe(tree, parent).level + 1);
+
+    // A copy has rows of its own once the tree changes.
+    DirTrees copy(tree);
+    EXPECT_TRUE(Parts_Of(&copy).Step(copy, row, Part_Move::Right));
+    EXPECT_EQ(copy.Nb_Row, tree.Nb_Row + 1);
+    EXPECT_EQ(copy.Row[row + 1].node->name, std::string("inner"));
+    EXPECT_TRUE(Parts_Of(&copy).Step(copy, row, Part_Move::Left));
+    EXPECT_FALSE(Parts_Of(&copy).Step(copy, row, Part_Move::Left));
+    EXPECT_FALSE(tree.Open_Row(row, false));
+    for (const int none :
+         {-1, tree.Nb_Row, std::numeric_limits<int>::max(), std::numeric_limits<int>::min()}) {
+        tree.Bring_Into_View(none);
+        EXPECT_FALSE(tree.Open_Row(none, true));
+        EXPECT_EQ(tree.Row_Place(none).right, 0);
+    }
+    const int button = tree.Nb_Row;
+    EXPECT_EQ(subject.Text(button), "Button 'Refresh'");
+    EXPECT_EQ(parts.At(tree, Middle(subject.Area(button))), button);
+    tree.Veil = VEIL_HIDDEN;
+    parts.For_Members(tree, [](Tools& member) { member.Veil = VEIL_HIDDEN; });
+    EXPECT_EQ(window.Changed([&] {
+        Press(window, subject, button);
+        parts.Step(tree, row, Part_Move::Right);
+        parts.Bring_Into_View(tree, 0);
+    }),
+              Nothing);
+}
+
 // Whatever state a control is in, it answers, changes nothing and survives.
 template <class Control>
 void Ask_All(Control& control) {
