@@ -10,6 +10,7 @@
 #include <optional>
 #include <span>
 
+#include "parts/access.h"
 #include "parts/classes.h"
 #include "parts/key_code.h"
 #include "parts/part_keys.h"
@@ -166,7 +167,7 @@ class Popup final : public Part_Window {
     HWND Window() const override { return background.Window; }
     int Count() const override { return First_Button + static_cast<int>(answers.size()); }
     Part_Owner Owner(int number) const override;
-    int Number_Of(unsigned serial) const override { return static_cast<int>(serial); }
+    int Number_Of(unsigned serial) const override { return static_cast<int>(serial) - 1; }
     int Control_At(POINT place) const override;
     Part_Place Focus() const override { return keys ? keys->Focus() : Part_Place{}; }
     bool Set_Focus(Part_Place place) override { return keys && keys->Set_Focus(place); }
@@ -202,7 +203,8 @@ class Popup final : public Part_Window {
     std::span<const Answer> answers;
     std::atomic<bool> open{};
     std::optional<Owner_Window> owner;
-    std::optional<Part_Keys> keys;  // while the dialog is open
+    std::optional<Part_Keys> keys;  // while the dialog is open, as the next
+    std::optional<Access> access;
     char* message{};
     bool answered{};  // by a button
     int wheel{};      // what is left of the wheel's movement after whole steps
@@ -231,6 +233,7 @@ int Popup::Run(const char* title, const char* caption, char* text, short width, 
     owner.emplace();
     const INT_PTR result = DialogBoxIndirectParamA(owner->Instance(), dialog.Get(), owner->Window(),
                                                    Procedure, reinterpret_cast<LPARAM>(this));
+    access.reset();
     keys.reset();
     owner.reset();
     field.Name = nullptr;
@@ -255,6 +258,11 @@ INT_PTR CALLBACK Popup::Procedure(HWND dialog, UINT message, WPARAM wparam, LPAR
 
 /// @return whether the dialog manager has nothing more to do
 bool Popup::On_Message(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam) {
+    LRESULT result = 0;
+    if (access && access->Message(message, wparam, lparam, result)) {
+        SetWindowLongPtrA(dialog, DWLP_MSGRESULT, result);
+        return true;
+    }
     switch (message) {
         case WM_INITDIALOG:
             On_Open(dialog);
@@ -354,7 +362,9 @@ void Popup::On_Open(HWND dialog) {
     GetClientRect(dialog, &client);
     Lay_Out(dialog, client.right, client.bottom);
     Fill();
+    access.emplace(*this);
     keys.emplace(*this, [this](const RECT& area) { Repaint(area); });
+    keys->Set_On_Focus([this](Part_Place place) { access->Tell(Part_Change::Focus, place); });
     keys->Set_Default(&buttons[0]);
     keys->Set_Focus({First_Button, Whole});
 }
@@ -434,7 +444,7 @@ void Popup::End(std::size_t button) {
 
 Part_Owner Popup::Owner(int number) const {
     Part_Owner owned;
-    owned.serial = static_cast<unsigned>(number);
+    owned.serial = static_cast<unsigned>(number) + 1;
     owned.control = controls[number];
     if (number == Text_Number) {
         owned.parts = &Parts_Of(&field);

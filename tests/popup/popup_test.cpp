@@ -7,6 +7,7 @@
 #include "Galdren_Tools.h"
 #include "popup/template.h"
 #include "tests/support/keys.h"
+#include "tests/support/reader.h"
 #include "tests/support/spy.h"
 #include "tests/support/window.h"
 
@@ -336,4 +337,22 @@ TEST(Dialogs, Leave_Nothing_Behind) {
     EXPECT_EQ(Gdi_Objects(), with_controls);
     Tools_Lib_Cleanup();
     EXPECT_EQ(Gdi_Objects(), at_first);
+}
+
+TEST(Dialogs, Are_Read_And_Answered_By_Screen_Readers) {
+    Popup_Call call;
+    EXPECT_EQ(call.Run(PopUp_Querry, "Save it?", 0, 0,
+                       [](HWND dialog) {
+                           const Spoken root(dialog);
+                           EXPECT_EQ(Read_Aloud(root),
+                                     "Caption: dialog, focusable\n"
+                                     "  Caption: text, read only = Save it?\n\n"
+                                     "  Yes: push button, focused, focusable (Press)\n"
+                                     "  No: push button, focusable (Press)\n");
+                           EXPECT_EQ(root.Child(2).Shortcut(), "Alt+Y");
+                           EXPECT_EQ(root.At(root.Child(3).Middle()).Name(), "No");
+                           EXPECT_EQ(root.Child(2).Act(), S_OK);
+                       }),
+              1);
+    EXPECT_TRUE(call.ended);
 }
