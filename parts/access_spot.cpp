@@ -234,7 +234,11 @@ HRESULT Access_Spot::Take_Selection() const {
     return window.Press(place) ? S_OK : E_FAIL;
 }
 
-HRESULT Access_Spot::Press() const { return Action() && window.Press(place) ? S_OK : E_FAIL; }
+HRESULT Access_Spot::Press() const {
+    if (!Action()) return E_FAIL;
+    window.Set_Focus(place);  // as by a click, where keys can work it
+    return window.Press(place) ? S_OK : E_FAIL;
+}
 
 HRESULT Access_Spot::Set_Value(const std::wstring& value) const {
     if (Is_Client()) return DISP_E_MEMBERNOTFOUND;

@@ -50,7 +50,48 @@ void Read_Lines(const Spoken& spoken, int depth, std::string& lines) {
         Read_Lines(spoken.Child(number), depth + 1, lines);
 }
 
+std::string heard;
+
+const char* Name_Of_Event(DWORD event) {
+    switch (event) {
+        case EVENT_OBJECT_FOCUS:
+            return "focus";
+        case EVENT_OBJECT_VALUECHANGE:
+            return "value";
+        case EVENT_OBJECT_STATECHANGE:
+            return "state";
+        case EVENT_OBJECT_SELECTION:
+            return "chosen";
+        case EVENT_OBJECT_SHOW:
+            return "shown";
+        case EVENT_OBJECT_HIDE:
+            return "hidden";
+        default:
+            return nullptr;
+    }
+}
+
+void CALLBACK Hear(HWINEVENTHOOK, DWORD event, HWND window, LONG object, LONG child, DWORD, DWORD) {
+    const char* name = Name_Of_Event(event);
+    if (!name || (object != OBJID_CLIENT && object <= 0)) return;
+    IAccessible* found = nullptr;
+    VARIANT number;
+    AccessibleObjectFromEvent(window, static_cast<DWORD>(object), static_cast<DWORD>(child), &found, &number);
+    const Spoken part(std::shared_ptr<IAccessible>(found, Let_Go()), number.lVal);
+    heard += (heard.empty() ? "" : ", ") + std::string(name) + ' ' + (found ? part.Name() : "?");
+}
+
 }  // namespace
+
+Listener::Listener()
+    : hook_(SetWinEventHook(EVENT_MIN, EVENT_MAX, GetModuleHandleA(nullptr), Hear, GetCurrentProcessId(), 0,
+                            WINEVENT_INCONTEXT)) {
+    heard.clear();
+}
+
+Listener::~Listener() { UnhookWinEvent(hook_); }
+
+std::string Listener::Take() { return std::exchange(heard, {}); }
 
 VARIANT Number(long number) {
     VARIANT variant;

@@ -65,6 +65,21 @@ std::string Read_Aloud(const Spoken& root);
 /// What the system finds at a point on the screen.
 Spoken Found_At(POINT point);
 
+/// While it lives, listens to what windows of this process tell screen readers of their parts.
+class Listener {
+  public:
+    Listener();
+    ~Listener();
+    Listener(const Listener&) = delete;
+    Listener& operator=(const Listener&) = delete;
+
+    /// What was heard since the last call, such as "focus Apply, value Depth".
+    std::string Take();
+
+  private:
+    HWINEVENTHOOK hook_;
+};
+
 /// Handles the messages that this thread has.
 void Pump();
 
