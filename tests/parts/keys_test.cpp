@@ -267,6 +267,22 @@ TEST_F(Keys, Do_What_The_Part_Is_For) {
     EXPECT_EQ(window.Done(), " press list 2");
 }
 
+TEST_F(Keys, What_Gets_The_Keyboard_Comes_Into_View) {
+    list.Current = 7;
+    float before = list.Scroll_Bar.Val;
+    const auto scrolled = [&] { return std::exchange(before, list.Scroll_Bar.Val) != list.Scroll_Bar.Val; };
+    Start("list");
+    EXPECT_EQ(window.Focused(), "list 7");
+    EXPECT_FALSE(scrolled()) << "the mouse may have pressed its bar";
+    Start("gain");
+    EXPECT_EQ(window.After({Shift | Tab}), "list 7:");
+    EXPECT_TRUE(scrolled());
+    Start("list", 1);
+    EXPECT_TRUE(scrolled());
+    Start("list");
+    EXPECT_EQ(window.Focused(), "list 1") << "it stays";
+}
+
 TEST_F(Keys, Typing_Goes_To_Names_In_Lists) {
     const std::pair<std::vector<int>, const char*> rows[] = {
         {{'b'}, "list 4"},           {{'B'}, "list 4"},
