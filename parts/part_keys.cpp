@@ -159,6 +159,12 @@ Part_Place Part_Keys::Focus() const {
 }
 
 bool Part_Keys::Set_Focus(Part_Place place) {
+    const bool stays = place.control >= 0 && place.control == Focus().control && place.part == Whole;
+    return stays || Go_To(place, place.part != Whole);
+}
+
+/// See `Set_Focus`; for `Whole` the part may be brought into view, too.
+bool Part_Keys::Go_To(Part_Place place, bool into_view) {
     const Part_Place before = Focus();
     if (place.control >= 0) {
         if (place.control >= window.Count()) return false;
@@ -166,7 +172,7 @@ bool Part_Keys::Set_Focus(Part_Place place) {
         const std::optional<int> taker = Taker(owner, place.part);
         if (!taker) return false;
         place.part = *taker;
-        if (place.part != Whole) owner.parts->Bring_Into_View(*owner.control, place.part);
+        if (into_view && place.part != Whole) owner.parts->Bring_Into_View(*owner.control, place.part);
     }
     Remember(place);
     Update();
@@ -349,7 +355,7 @@ bool Part_Keys::Go_On(bool back) {
     if (start < 0) start = std::clamp(number, 0, count) - (back ? 0 : 1);
     for (int i = 1; i <= count; ++i) {
         const int control = (start + (back ? count - i : i) + count) % count;
-        if (Can_Have(control)) return control != before && Set_Focus({control, Whole});
+        if (Can_Have(control)) return control != before && Go_To({control, Whole}, true);
     }
     return false;
 }
@@ -363,7 +369,7 @@ bool Part_Keys::Go_To_Mnemonic(int letter) {
         if (owner.mnemonic == 0 || owner.mnemonic != letter || !owner.shown) continue;
         const bool is_label = Describe(owner, Whole).role == Part_Role::Text;
         const int target = is_label ? Behind(control) : control;
-        if (!Set_Focus({target, Whole})) continue;
+        if (target != Focus().control && !Go_To({target, Whole}, true)) continue;
         const Part_Place place = Focus();
         if (!is_label && place.part == Whole && Is_Pressed_By_Space(Use_Of(place))) Press(place);
         return true;

@@ -6,6 +6,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "part_window.h"
 
@@ -48,8 +49,9 @@ class Part_Keys {
 
     /// The part that has the keyboard; no control, when none has.
     Part_Place Focus() const;
-    /// Gives a part the keyboard, or takes it away with no control. `Whole` of a control that has parts means
-    /// the one that keys begin with. It is brought into view.
+    /// Gives a part the keyboard and brings it into view, or takes the keyboard away with no control. `Whole`
+    /// of a control that has parts means the part that has the keyboard already, else the one that keys begin
+    /// with; then nothing is scrolled.
     /// @return false for a part that cannot have it: of a control that is hidden, disabled or passive, or
     ///         that keys do not work
     bool Set_Focus(Part_Place place);
@@ -87,6 +89,7 @@ class Part_Keys {
   private:
     void Place_Caret(int control);
     void Place_Ring(Part_Place place);
+    bool Go_To(Part_Place place, bool into_view);
     void Remember(Part_Place place);
     bool Act(int code);
     Part_Use Use_Of(Part_Place place) const;
