@@ -551,6 +551,7 @@ RECT DirTrees::Row_Place(int row) const {
 }
 
 int DirTrees::Row_At(POINT place) const {
+    if (!PtInRect(&List_Box.Rect, place)) return -1;
     const int top = Pixels_Scrolled(Vertical_Bar) + List_Box.Y + List_Box.Height - Above_Rows();
     const int row = (top - place.y) / Row_Height;
     const RECT area = Row_Place(row);

@@ -72,9 +72,9 @@ class Surface_Aside {
     bool given_back = false;
 };
 
-/// The icon, when its place touches the box.
+/// The icon, when its place touches the box and the box is painted.
 const Icon_Entry* Find_Shown(Boxs* box, int x, int y, const char* name) {
-    if (!box) return nullptr;
+    if (!box || box->Veil) return nullptr;
     const auto* icon = static_cast<const Icon_Entry*>(Icon_Read(box, name));
     if (!icon) return nullptr;
     const Area area = Area_Of(*box);

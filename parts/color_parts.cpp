@@ -14,10 +14,11 @@ using namespace galdren;
 
 namespace {
 
-/// Hue, lightness and saturation, from 0 to 1.
-using HLS = std::array<float, 3>;
+/// Red, green and blue, or hue, lightness and saturation; each from 0 to 1.
+using Channels = std::array<float, 3>;
 
-constexpr float Widest_Channel = 255.0F;
+constexpr int Channel_Count = 3;
+constexpr double Widest_Byte = 255.0;
 constexpr double Percent = 100.0;
 constexpr float Last_Hue = 0.99F;  // the end of a trough; 1 would be the first hue again
 
@@ -28,21 +29,29 @@ unsigned long Pack(int red, int green, int blue) {
     return byte(red) | byte(green) << 8 | byte(blue) << 16 | 0xFF000000;
 }
 
-/// Each byte counts as the middle of its step.
-HLS HLS_Of(unsigned long color) {
-    const auto channel = [&](int i) {
-        return (static_cast<float>(Byte_Of(color, i)) + 0.5F) / Widest_Channel;
-    };
-    HLS hls{};
-    RGB_to_HLS(channel(0), channel(1), channel(2), &hls[0], &hls[1], &hls[2]);
+/// Where a byte lies in its channel: in the middle of its step.
+float Fraction_Of(double byte) { return static_cast<float>((byte + 0.5) / Widest_Byte); }
+
+Channels RGB_Of(unsigned long color) {
+    return {Fraction_Of(Byte_Of(color, 0)), Fraction_Of(Byte_Of(color, 1)), Fraction_Of(Byte_Of(color, 2))};
+}
+
+Channels HLS_Of(unsigned long color) {
+    const auto [red, green, blue] = RGB_Of(color);
+    Channels hls{};
+    RGB_to_HLS(red, green, blue, &hls[0], &hls[1], &hls[2]);
     return hls;
 }
 
-unsigned long Color_Of(const HLS& hls) {
-    float red = 0, green = 0, blue = 0;
-    HLS_to_RGB(hls[0], hls[1], hls[2], &red, &green, &blue);
-    const auto byte = [](float channel) { return Truncate(double{channel * Widest_Channel}); };
-    return Pack(byte(red), byte(green), byte(blue));
+unsigned long From_RGB(const Channels& rgb) {
+    const auto byte = [](float channel) { return Truncate(double{channel} * Widest_Byte); };
+    return Pack(byte(rgb[0]), byte(rgb[1]), byte(rgb[2]));
+}
+
+unsigned long From_HLS(const Channels& hls) {
+    Channels rgb{};
+    HLS_to_RGB(std::min(hls[0], Last_Hue), hls[1], hls[2], &rgb[0], &rgb[1], &rgb[2]);
+    return From_RGB(rgb);
 }
 
 std::string Written(unsigned long color) {
@@ -62,12 +71,17 @@ std::optional<unsigned long> Parse_Color(const char* text) {
     return Pack(bytes >> 16, bytes >> 8 & 0xFF, bytes & 0xFF);
 }
 
-/// Shows a colour also when the editor has noted it as one that it showed before others.
+/// Shows a colour. `Adjust` does nothing for the one that the editor has noted, whatever its thumbs show.
 template <class Editor>
 void Show(Editor& editor, unsigned long color) {
-    const bool noted = color == editor.Last_Value && color != editor.Value;
     editor.Value = color;
-    noted ? editor.Draw() : editor.Adjust();
+    color == editor.Last_Value ? editor.Draw() : editor.Adjust();
+}
+
+/// What a value in a trough becomes by a number of steps.
+float Stepped(Valuators& trough, float value, int steps) {
+    trough.Val = value;
+    return trough.Scroll(-steps);
 }
 
 /// Does what `Class_Parts::Store` says.
@@ -96,7 +110,7 @@ class Hue_Parts final : public Parts_For<Hue_Edit> {
         Hue_Edit& editor = Own(control);
         if (!Is_Active(editor)) return false;
         if (const std::optional<int> steps = Steps_Of(move)) {
-            editor.Scroll(-*steps);
+            Turn(editor, Stepped(editor.Hue, HLS_Of(editor.Value)[0], *steps));
         } else {
             Turn(editor, move == Part_Move::Home ? 0.0F : Last_Hue);
         }
@@ -130,9 +144,9 @@ class Hue_Parts final : public Parts_For<Hue_Edit> {
 
   private:
     static void Turn(Hue_Edit& editor, float hue) {
-        HLS hls = HLS_Of(editor.Value);
-        hls[0] = std::min(hue, Last_Hue);
-        Show(editor, Color_Of(hls));
+        Channels hls = HLS_Of(editor.Value);
+        hls[0] = hue;
+        Show(editor, From_HLS(hls));
     }
 };
 
@@ -142,12 +156,12 @@ class Color_Parts final : public Parts_For<Color_Edit> {
 
     /// The channels and, with one, the mode button.
     int Count(const Tools& control) const override {
-        return Has_Bit(control, COLOR_EDIT_MODE_BUTTON) ? Channels + 1 : Channels;
+        return Has_Bit(control, COLOR_EDIT_MODE_BUTTON) ? Channel_Count + 1 : Channel_Count;
     }
 
     Part Describe(const Tools& control, int part) const override {
         const Color_Edit& editor = Own(control);
-        if (part == Channels && Count(editor) > Channels)
+        if (part == Channel_Count && Count(editor) > Channel_Count)
             return Button_Of(editor, editor.Mode_Button, Part_Role::Button, Part_Use::Press);
         return Is_Channel(part) ? Channel(editor, part) : All(editor);
     }
@@ -158,9 +172,10 @@ class Color_Parts final : public Parts_For<Color_Edit> {
         if (!Is_Active(editor) || !Is_Channel(part) || move == Part_Move::Up || move == Part_Move::Down)
             return false;
         if (const std::optional<int> steps = Steps_Of(move)) {
-            editor.Scroll(-*steps);
+            const auto index = static_cast<std::size_t>(part);
+            Set_Channel(editor, index, Stepped(*Troughs(editor)[index], Channels_Of(editor)[index], *steps));
         } else {
-            Set_Channel(editor, part, move == Part_Move::Home ? 0 : Most(editor));
+            Set_Channel(editor, static_cast<std::size_t>(part), move == Part_Move::Home ? 0.0F : 1.0F);
         }
         return true;
     }
@@ -171,11 +186,13 @@ class Color_Parts final : public Parts_For<Color_Edit> {
         if (Is_Channel(part)) {
             const std::optional<Number_Text> number = Parse_Number(text);
             if (!number || !(number->unit.empty() || number->unit == Unit(editor))) return false;
-            Set_Channel(editor, part, std::clamp(number->number, 0.0, Most(editor)));
+            const double held = std::clamp(number->number, 0.0, Most(editor));
+            const float fraction = Is_HLS(editor) ? static_cast<float>(held / Percent) : Fraction_Of(held);
+            Set_Channel(editor, static_cast<std::size_t>(part), fraction);
             return true;
         }
         const std::optional<unsigned long> color = Parse_Color(text);
-        if (!color || (part == Channels && Count(editor) > Channels)) return false;
+        if (!color || (part == Channel_Count && Count(editor) > Channel_Count)) return false;
         Show(editor, *color);
         return true;
     }
@@ -193,13 +210,25 @@ class Color_Parts final : public Parts_For<Color_Edit> {
     }
 
   private:
-    static constexpr int Channels = 3;
-
-    static bool Is_Channel(int part) { return part >= 0 && part < Channels; }
+    static bool Is_Channel(int part) { return part >= 0 && part < Channel_Count; }
     static bool Is_HLS(const Color_Edit& editor) { return Has_Bit(editor, COLOR_EDIT_HLS); }
 
+    static Channels Channels_Of(const Color_Edit& editor) {
+        return Is_HLS(editor) ? HLS_Of(editor.Value) : RGB_Of(editor.Value);
+    }
+
+    static std::array<Valuators*, Channel_Count> Troughs(Color_Edit& editor) {
+        return {&editor.Chan_1, &editor.Chan_2, &editor.Chan_3};
+    }
+
+    static void Set_Channel(Color_Edit& editor, std::size_t channel, float fraction) {
+        Channels channels = Channels_Of(editor);
+        channels[channel] = fraction;
+        Show(editor, Is_HLS(editor) ? From_HLS(channels) : From_RGB(channels));
+    }
+
     /// Red, green and blue are told as bytes, the others in percent.
-    static double Most(const Color_Edit& editor) { return Is_HLS(editor) ? Percent : double{Widest_Channel}; }
+    static double Most(const Color_Edit& editor) { return Is_HLS(editor) ? Percent : Widest_Byte; }
     static const char* Unit(const Color_Edit& editor) { return Is_HLS(editor) ? "%" : ""; }
 
     static Part All(const Color_Edit& editor) {
@@ -209,8 +238,8 @@ class Color_Parts final : public Parts_For<Color_Edit> {
     }
 
     static Part Channel(const Color_Edit& editor, int channel) {
-        static constexpr const char* Names[][Channels] = {{"Red", "Green", "Blue"},
-                                                          {"Hue", "Lightness", "Saturation"}};
+        static constexpr const char* Names[][Channel_Count] = {{"Red", "Green", "Blue"},
+                                                               {"Hue", "Lightness", "Saturation"}};
         const Valuators* const troughs[] = {&editor.Chan_1, &editor.Chan_2, &editor.Chan_3};
         const auto index = static_cast<std::size_t>(channel);
         Part part = Button_Of(editor, *troughs[index], Part_Role::Slider, Part_Use::Step);
@@ -222,20 +251,6 @@ class Color_Parts final : public Parts_For<Color_Edit> {
         std::snprintf(text, sizeof text, Is_HLS(editor) ? "%.0f %%" : "%.0f", number);
         part.value = text;
         return part;
-    }
-
-    static void Set_Channel(Color_Edit& editor, int channel, double number) {
-        const auto index = static_cast<std::size_t>(channel);
-        if (Is_HLS(editor)) {
-            HLS hls = HLS_Of(editor.Value);
-            hls[index] = static_cast<float>(number / Percent);
-            if (index == 0) hls[index] = std::min(hls[index], Last_Hue);
-            Show(editor, Color_Of(hls));
-        } else {
-            int bytes[] = {Byte_Of(editor.Value, 0), Byte_Of(editor.Value, 1), Byte_Of(editor.Value, 2)};
-            bytes[index] = Truncate(number + 0.5);
-            Show(editor, Pack(bytes[0], bytes[1], bytes[2]));
-        }
     }
 };
 

@@ -67,20 +67,21 @@ class Field_Parts final : public Parts_For<Texts> {
         if (!Is_Active(field) || Use_Of(field) != Part_Use::Step) return false;
         switch (move) {
             case Part_Move::Left:
+                return Scroll(field, TEXT_H_BAR, field.H_Slider, 1);
             case Part_Move::Right:
-                return Scroll_Aside(field, move == Part_Move::Right ? -1 : 1);
+                return Scroll(field, TEXT_H_BAR, field.H_Slider, -1);
             case Part_Move::Up:
-                return Scroll_Lines(field, -1);
+                return Scroll(field, TEXT_V_BAR, field.V_Slider, -1);
             case Part_Move::Down:
-                return Scroll_Lines(field, 1);
+                return Scroll(field, TEXT_V_BAR, field.V_Slider, 1);
             case Part_Move::Page_Up:
-                return Scroll_Lines(field, -Page(field));
+                return Scroll(field, TEXT_V_BAR, field.V_Slider, -Page(field));
             case Part_Move::Page_Down:
-                return Scroll_Lines(field, Page(field));
+                return Scroll(field, TEXT_V_BAR, field.V_Slider, Page(field));
             case Part_Move::Home:
-                return Scroll_Lines(field, -Texts::Most_Lines);
+                return Scroll(field, TEXT_V_BAR, field.V_Slider, -Texts::Most_Lines);
             case Part_Move::End:
-                return Scroll_Lines(field, Texts::Most_Lines);
+                return Scroll(field, TEXT_V_BAR, field.V_Slider, Texts::Most_Lines);
         }
         return false;
     }
@@ -94,6 +95,15 @@ class Field_Parts final : public Parts_For<Texts> {
         return true;
     }
 
+    void Show_Caret(Tools& control, Text_Caret how) const override {
+        Texts& field = Own(control);
+        if (Has_Place(field)) {
+            field.Show_Caret(how);
+        } else {
+            field.Caret = how;
+        }
+    }
+
     void For_Members(Tools& control, const std::function<void(Tools&)>& visit) const override {
         Texts& field = Own(control);
         visit(field.V_Slider);
@@ -103,7 +113,7 @@ class Field_Parts final : public Parts_For<Texts> {
   private:
     static Part_Use Use_Of(const Texts& field) {
         if (Takes_Keys(field)) return Part_Use::Type;
-        return Has_Bit(field, TEXT_V_BAR | TEXT_H_BAR) ? Part_Use::Step : Part_Use::None;
+        return field.V_Slider.End_Val > 0 || field.H_Slider.End_Val > 0 ? Part_Use::Step : Part_Use::None;
     }
 
     /// Lines that show at a time but one.
@@ -112,17 +122,12 @@ class Field_Parts final : public Parts_For<Texts> {
         return field.Line_Height > 0 ? std::max(field.V_Slider.Height / field.Line_Height - 1, 1) : 1;
     }
 
-    /// @param lines  towards the newest when above 0
-    static bool Scroll_Lines(Texts& field, int lines) {
-        if (!Has_Bit(field, TEXT_V_BAR)) return false;
-        field.Scroll(lines);
-        return true;
-    }
-
-    static bool Scroll_Aside(Texts& field, int steps) {
-        if (!Has_Bit(field, TEXT_H_BAR)) return false;
-        field.H_Slider.Scroll(steps);
-        field.Draw();
+    /// Scrolls by the steps of a bar; those above 0 lead to the newest line, or to the left.
+    /// @return whether the field has the bar
+    static bool Scroll(Texts& field, unsigned long bit, Sliders& bar, int steps) {
+        if (!Has_Bit(field, bit)) return false;
+        const float before = bar.Val;
+        if (bar.Scroll(steps) != before) field.Draw();
         return true;
     }
 };

@@ -139,10 +139,10 @@ class List_Parts final : public Parts_For<Lists> {
     int At(const Tools& control, POINT place) const override {
         const Lists& list = Own(control);
         const int step = Step_Of(list);
-        if (step == 0) return Whole;
+        if (step == 0 || !PtInRect(&list.Rect, place)) return Whole;
         const int nearest = ((list.Item_DX ? place.x : place.y) - Origin(list)) / step;
         for (int item = nearest - 1; item <= nearest + 1; ++item) {
-            const RECT area = Has_Part(list, item) ? Describe(list, item).area : RECT{};
+            const RECT area = list.Item_Place(item);
             if (PtInRect(&area, place)) return item;
         }
         return Whole;
@@ -153,7 +153,9 @@ class List_Parts final : public Parts_For<Lists> {
         return Has_Part(list, list.Current) ? list.Current : Class_Parts::First(control);
     }
 
-    void Bring_Into_View(Tools& control, int item) const override { Own(control).Bring_Into_View(item); }
+    void Bring_Into_View(Tools& control, int item) const override {
+        if (Has_Place(control)) Own(control).Bring_Into_View(item);
+    }
 
     bool Set_Value(Tools& control, int item, const char* text) const override {
         Lists& list = Own(control);
@@ -187,7 +189,9 @@ class List_Parts final : public Parts_For<Lists> {
 
     /// Coordinate of the first item. The fields cannot tell that of one that is scrolled far away.
     static int Origin(const Lists& list) {
-        if (list.Scroll_Bar.Width != 0) return Truncate(double{list.Scroll_Bar.Val});
+        constexpr int Farthest = 1 << 29;
+        if (list.Scroll_Bar.Width != 0)
+            return std::clamp(Truncate(double{list.Scroll_Bar.Val}), -Farthest, Farthest);
         return list.Item_DX ? list.Item_X : list.Item_Y;
     }
 

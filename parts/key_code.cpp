@@ -32,4 +32,22 @@ int Typed_Key(UINT message, WPARAM wparam, int code) {
     return operation >= 0 && operation <= VK_DIVIDE - VK_MULTIPLY ? Operators[operation] : code;
 }
 
+std::optional<Part_Move> Move_Of(int code) {
+    struct Row {
+        int key, on_keypad;
+        Part_Move move;
+    };
+    constexpr Row Rows[] = {
+        {VK_LEFT, VK_NUMPAD4, Part_Move::Left},     {VK_RIGHT, VK_NUMPAD6, Part_Move::Right},
+        {VK_UP, VK_NUMPAD8, Part_Move::Up},         {VK_DOWN, VK_NUMPAD2, Part_Move::Down},
+        {VK_PRIOR, VK_NUMPAD9, Part_Move::Page_Up}, {VK_NEXT, VK_NUMPAD3, Part_Move::Page_Down},
+        {VK_HOME, VK_NUMPAD7, Part_Move::Home},     {VK_END, VK_NUMPAD1, Part_Move::End},
+    };
+    const int alone = code & ~KEY_SHIFT;
+    for (const Row& row : Rows) {
+        if (alone == (KEY_NAVIGATION | row.key) || alone == (KEY_KEYPAD | row.on_keypad)) return row.move;
+    }
+    return {};
+}
+
 }  // namespace galdren

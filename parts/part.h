@@ -106,7 +106,7 @@ class Class_Parts {
     virtual void Bring_Into_View(Tools& control, int part) const;
 
     /// Changes a part by a key, as the wheel would: steps a value, opens or closes a branch, scrolls lines.
-    /// The pointer is on the part meanwhile.
+    /// It does not matter where the pointer is.
     /// @return whether the key means anything to the part
     virtual bool Step(Tools& control, int part, Part_Move move) const;
 

@@ -5,30 +5,13 @@
 #include <string_view>
 #include <utility>
 
+#include "parts/key_code.h"
 #include "tools/keyboard.h"
 #include "tools/ring.h"
 
 namespace {
 
 constexpr DWORD Longest_Pause = 1000;  // in typing a name, in milliseconds
-
-/// Where a key leads; nothing for one that is no arrow and its like. Without NumLock the keypad has them too.
-std::optional<Part_Move> Move_Of(int code) {
-    struct Row {
-        int key, on_keypad;
-        Part_Move move;
-    };
-    constexpr Row Rows[] = {
-        {VK_LEFT, VK_NUMPAD4, Part_Move::Left},     {VK_RIGHT, VK_NUMPAD6, Part_Move::Right},
-        {VK_UP, VK_NUMPAD8, Part_Move::Up},         {VK_DOWN, VK_NUMPAD2, Part_Move::Down},
-        {VK_PRIOR, VK_NUMPAD9, Part_Move::Page_Up}, {VK_NEXT, VK_NUMPAD3, Part_Move::Page_Down},
-        {VK_HOME, VK_NUMPAD7, Part_Move::Home},     {VK_END, VK_NUMPAD1, Part_Move::End},
-    };
-    for (const Row& row : Rows) {
-        if (code == (KEY_NAVIGATION | row.key) || code == (KEY_KEYPAD | row.on_keypad)) return row.move;
-    }
-    return {};
-}
 
 bool Is_Enter(int code) { return code == VK_RETURN || code == (KEY_KEYPAD | VK_RETURN); }
 
@@ -176,6 +159,12 @@ Part_Place Part_Keys::Focus() const {
 }
 
 bool Part_Keys::Set_Focus(Part_Place place) {
+    const bool stays = place.control >= 0 && place.control == Focus().control && place.part == Whole;
+    return stays || Go_To(place, place.part != Whole);
+}
+
+/// See `Set_Focus`; for `Whole` the part may be brought into view, too.
+bool Part_Keys::Go_To(Part_Place place, bool into_view) {
     const Part_Place before = Focus();
     if (place.control >= 0) {
         if (place.control >= window.Count()) return false;
@@ -183,7 +172,7 @@ bool Part_Keys::Set_Focus(Part_Place place) {
         const std::optional<int> taker = Taker(owner, place.part);
         if (!taker) return false;
         place.part = *taker;
-        if (place.part != Whole) owner.parts->Bring_Into_View(*owner.control, place.part);
+        if (into_view && place.part != Whole) owner.parts->Bring_Into_View(*owner.control, place.part);
     }
     Remember(place);
     Update();
@@ -212,14 +201,19 @@ void Part_Keys::Hide_Ring() {
     Update();
 }
 
+void Part_Keys::Show_Ring() {
+    uses_keys = true;
+    Update();
+}
+
 void Part_Keys::Update() {
     if (const int now = number < 0 ? -1 : window.Number_Of(serial); now >= 0) number = now;
     const Part_Place place = active ? Focus() : Part_Place{};
-    Show_Caret(place.control);
-    Show_Ring(place);
+    Place_Caret(place.control);
+    Place_Ring(place);
 }
 
-void Part_Keys::Show_Caret(int control) {
+void Part_Keys::Place_Caret(int control) {
     const auto show = [this](int in, Text_Caret how) {
         const Part_Owner owner = window.Owner(in);
         owner.parts->Show_Caret(*owner.control, how);
@@ -233,7 +227,7 @@ void Part_Keys::Show_Caret(int control) {
     if (control >= 0) show(control, CARET_SHOWN);
 }
 
-void Part_Keys::Show_Ring(Part_Place place) {
+void Part_Keys::Place_Ring(Part_Place place) {
     std::optional<RECT> next;
     if (uses_keys && place.control >= 0 && window.Window()) {
         const Part_Owner owner = window.Owner(place.control);
@@ -269,7 +263,7 @@ bool Part_Keys::Act(int code) {
     if (const int turn = Turn_Of(code)) return Turn_Tab(turn < 0);
     if (code & KEY_CONTROL) return false;
     const Part_Place place = Focus();
-    if (const auto move = Move_Of(code & ~KEY_SHIFT)) return place.control >= 0 && Move(place, *move);
+    if (const auto move = galdren::Move_Of(code)) return place.control >= 0 && Move(place, *move);
     if (Is_Character(code) && place.control >= 0 && Type(place, static_cast<char>(code))) return true;
     if (code & KEY_ALT) return Go_To_Mnemonic(code & ~(KEY_ALT | KEY_SHIFT));
     if (code == VK_ESCAPE) return Press_Button(cancel_button);
@@ -361,7 +355,7 @@ bool Part_Keys::Go_On(bool back) {
     if (start < 0) start = std::clamp(number, 0, count) - (back ? 0 : 1);
     for (int i = 1; i <= count; ++i) {
         const int control = (start + (back ? count - i : i) + count) % count;
-        if (Can_Have(control)) return control != before && Set_Focus({control, Whole});
+        if (Can_Have(control)) return control != before && Go_To({control, Whole}, true);
     }
     return false;
 }
@@ -370,20 +364,25 @@ bool Part_Keys::Go_To_Mnemonic(int letter) {
     const int count = window.Count();
     const int start = Focus().control;
     for (int i = 1; i <= count; ++i) {
-        int control = (start + i) % count;
+        const int control = (start + i) % count;
         const Part_Owner owner = window.Owner(control);
         if (owner.mnemonic == 0 || owner.mnemonic != letter || !owner.shown) continue;
-        if (Describe(owner, Whole).role == Part_Role::Text) {
-            do {
-                ++control;
-            } while (control < count && !Can_Have(control));
-        }
-        if (!Set_Focus({control, Whole})) continue;
+        const bool is_label = Describe(owner, Whole).role == Part_Role::Text;
+        const int target = is_label ? Behind(control) : control;
+        if (target != Focus().control && !Go_To({target, Whole}, true)) continue;
         const Part_Place place = Focus();
-        if (place.part == Whole && Is_Pressed_By_Space(Use_Of(place))) Press(place);
+        if (!is_label && place.part == Whole && Is_Pressed_By_Space(Use_Of(place))) Press(place);
         return true;
     }
     return false;
+}
+
+/// The first control behind another that keys can work; the number of controls when there is none.
+int Part_Keys::Behind(int control) const {
+    do {
+        ++control;
+    } while (control < window.Count() && !Can_Have(control));
+    return control;
 }
 
 /// The tab set whose tabs are turned; -1 when there is none.

@@ -6,6 +6,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "part_window.h"
 
@@ -48,8 +49,9 @@ class Part_Keys {
 
     /// The part that has the keyboard; no control, when none has.
     Part_Place Focus() const;
-    /// Gives a part the keyboard, or takes it away with no control. `Whole` of a control that has parts means
-    /// the one that keys begin with. It is brought into view.
+    /// Gives a part the keyboard and brings it into view, or takes the keyboard away with no control. `Whole`
+    /// of a control that has parts means the part that has the keyboard already, else the one that keys begin
+    /// with; then nothing is scrolled.
     /// @return false for a part that cannot have it: of a control that is hidden, disabled or passive, or
     ///         that keys do not work
     bool Set_Focus(Part_Place place);
@@ -78,13 +80,16 @@ class Part_Keys {
 
     /// The ring goes until the next key, for the mouse is used.
     void Hide_Ring();
+    /// The ring may show, for a key was used that this object has not taken.
+    void Show_Ring();
 
     /// Puts ring and caret where the part is now; to be called after every change of the controls.
     void Update();
 
   private:
-    void Show_Caret(int control);
-    void Show_Ring(Part_Place place);
+    void Place_Caret(int control);
+    void Place_Ring(Part_Place place);
+    bool Go_To(Part_Place place, bool into_view);
     void Remember(Part_Place place);
     bool Act(int code);
     Part_Use Use_Of(Part_Place place) const;
@@ -96,6 +101,7 @@ class Part_Keys {
     bool Type(Part_Place place, char character);
     bool Search(Part_Place place, char character);
     bool Go_To_Mnemonic(int letter);
+    int Behind(int control) const;
     int Tab_Set() const;
     bool Turn_Tab(bool back);
 

@@ -44,7 +44,8 @@ class Part_Window {
 
     /// The part that has the keyboard; no control, when none has.
     virtual Part_Place Focus() const = 0;
-    /// Gives a part the keyboard, or takes it away with no control. It is brought into view.
+    /// Gives a part the keyboard, or takes it away with no control. A part that is named by its number is
+    /// brought into view.
     /// @return false for a part that cannot have it
     virtual bool Set_Focus(Part_Place place) = 0;
 

@@ -536,11 +536,12 @@ void Lists::Bring_Into_View(int index) {
     const Buttons& item = *Item[index];
     const int low = Item_DX ? inner.left : inner.bottom;
     const int high = Item_DX ? inner.right - item.Width : inner.top - item.Height;
-    const int place = Truncate(double{Scroll_Bar.Val}) + index * Step_Of(*this);
-    const int in_view = std::max(low, std::min(place, high));
+    const int way = index * Step_Of(*this);  // from item 0
+    const int origin = Truncate(double{Scroll_Bar.Val});
+    const int in_view = std::max(low - way, std::min(origin, high - way));
     const Shared_Context context(Window);
-    if (place != in_view) {
-        Scroll_Bar.Val += static_cast<float>(in_view - place);
+    if (origin != in_view) {
+        Scroll_Bar.Val = static_cast<float>(in_view);
         Scroll_Bar.Adjust();
     }
     if (Truncate(double{Scroll_Bar.Val}) != Origin) Update();
