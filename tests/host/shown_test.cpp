@@ -193,7 +193,7 @@ TEST_F(Shown_Test, Pages_Follow_Their_Tabs) {
     inner.Value = 1, inner.Adjust();
     Send(WM_TIMER, 0, 0, 0);
     EXPECT_EQ(shown(), "btid");
-    tabs.Value = 0, tabs.Adjust();
+    tabs.Value = 0, host->Refresh(tabs);
     const Picture first = Painted();
     EXPECT_EQ(shown(), "lvt") << "and all on the pages of inner tabs";
     EXPECT_TRUE(Same(All_Painted(), first));
