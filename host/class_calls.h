@@ -25,8 +25,7 @@ struct Class_Calls {
     bool (*lies_across)(const Tools& control);                      // see `Lies_Across`
     int overhang;         // that it may paint beyond its rectangle, in pixels
     bool tells_of_moves;  // its `Init` is the library's, which counts the rectangles that it changes
-    bool is_label;        // it may name the control that is added after it
-    bool is_list;
+    bool is_list;         // all that it scrolls is its row or column of items
 };
 
 /// The most that any class has as `overhang`.
@@ -105,7 +104,6 @@ constexpr Class_Calls Make_Calls() {
     // A tab joins with the page below and beside it.
     constexpr bool is_tab = std::derived_from<Control, Tabs> || std::derived_from<Control, TabItems>;
     calls.overhang = is_tab ? Most_Overhang : 0;
-    calls.is_label = std::derived_from<Control, Labels>;
     calls.is_list = std::derived_from<Control, Lists>;
     if constexpr (requires { Class_Of(&Control::Init); })
         calls.tells_of_moves = Is_Of_Library<decltype(Class_Of(&Control::Init))>;

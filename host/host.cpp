@@ -51,14 +51,14 @@ void Host::Add_Entry(Tools& control, const galdren::Class_Calls& calls,
                      std::shared_ptr<const galdren::Handlers> handlers) {
     entries.Add(control, calls, std::move(handlers));
     // The keyboard shows the caret of the field that has it, wherever the pointer is.
-    if (calls.field) calls.field(control)->Show_Caret(CARET_AWAY);
+    calls.parts().Show_Caret(control, CARET_AWAY);
     stale = true;
 }
 
 /// Leaves a control as it would be without a host.
 void Host::Give_Back(const Entry& entry) {
     if (entry.hidden || entry.disabled) Set_Veil(entry, VEIL_NONE);
-    if (entry.calls->field) entry.calls->field(*entry.control)->Show_Caret(CARET_AT_POINTER);
+    if (entry.calls->field) entry.calls->parts().Show_Caret(*entry.control, CARET_AT_POINTER);
 }
 
 /// Forgets what points at a control that is no longer here; null means all.
@@ -96,7 +96,8 @@ void Host::Init_All() {
         entry.calls->init(*entry.control, window);
         Renew_Veil(entry);
     }
-    if (entries.With_Serial(wanted_serial)) Focus(entries.With_Serial(wanted_serial)->control);
+    if (const Entry* const wanted = entries.With_Serial(wanted_serial)) Focus(wanted->control);
+    if (const Entry* const focused = entries.With_Serial(focus_serial)) Begin_Reading(*focused);
     keys->Update();
 }
 

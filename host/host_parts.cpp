@@ -79,6 +79,7 @@ bool Host::Press_Part(Part_Place place) {
         current = &control;
         answered = Tell(*entry, EVENT_PRESS | EVENT_LEFT, true);
     }
+    if (entry->calls->input) keys->Set_Focus(place);
     if (answered) Notify(*entry, {Host_Event::Press, answered, 1});
     BUTTON_RELEASE(1);
     if (!watch.Has_Host()) return true;
@@ -122,28 +123,18 @@ HWND Host::Parts_View::Window() const { return host.window; }
 int Host::Parts_View::Count() const { return static_cast<int>(host.entries.Count()); }
 
 Part_Owner Host::Parts_View::Owner(int number) const {
-    const auto index = static_cast<std::size_t>(number);
-    const Entry& entry = host.entries[index];
+    const Entry& entry = host.entries[static_cast<std::size_t>(number)];
     Part_Owner owner;
     owner.control = entry.control;
     owner.parts = &entry.calls->parts();
-    owner.description = Name_Of(index);
-    owner.mnemonic = entry.extras ? entry.extras->mnemonic : 0;
+    if (entry.extras) {
+        if (!entry.extras->description.empty()) owner.description = entry.extras->description.c_str();
+        owner.mnemonic = entry.extras->mnemonic;
+    }
     owner.serial = entry.serial;
     owner.shown = !entry.hidden;
     owner.enabled = !entry.disabled;
     return owner;
-}
-
-/// The name that a control has apart from its caption: a label that was added before one without a caption
-/// stands beside it.
-const char* Host::Parts_View::Name_Of(std::size_t number) const {
-    const Entry& entry = host.entries[number];
-    if (entry.extras && !entry.extras->description.empty()) return entry.extras->description.c_str();
-    const bool has_caption = entry.control->Name && *entry.control->Name;
-    if (has_caption || number == 0 || entry.calls->is_label || !entry.calls->select) return nullptr;
-    const Entry& before = host.entries[number - 1];
-    return before.calls->is_label ? before.control->Name : nullptr;
 }
 
 int Host::Parts_View::Number_Of(unsigned serial) const { return host.entries.Number_Of(serial); }

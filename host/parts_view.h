@@ -21,7 +21,5 @@ class Host::Parts_View final : public Part_Window {
     bool Set_Value(Part_Place place, const char* text) override;
 
   private:
-    const char* Name_Of(std::size_t number) const;
-
     Host& host;
 };
