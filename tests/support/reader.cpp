@@ -7,9 +7,9 @@ namespace galdren_test {
 
 namespace {
 
-/// "-" for no text, an error as its number.
+/// "(none)" for no text, an error as its number.
 std::string Text(HRESULT result, BSTR text) {
-    char bytes[512] = "-";
+    char bytes[512] = "(none)";
     if (FAILED(result))
         std::snprintf(bytes, sizeof bytes, "%08lX", static_cast<unsigned long>(result));
     else if (text)
