@@ -459,8 +459,7 @@ bool Popup::Press(Part_Place place) {
 }
 
 bool Popup::Step(Part_Place place, Part_Move move) {
-    const bool scrolls = field.V_Slider.End_Val > 0;
-    if (place.control != Text_Number || !scrolls || !Window()) return false;
+    if (place.control != Text_Number || !Window()) return false;
     const Paint_Batch batch(Window());
     return Parts_Of(&field).Step(field, place.part, move);
 }

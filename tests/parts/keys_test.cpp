@@ -285,11 +285,17 @@ TEST_F(Keys, What_Gets_The_Keyboard_Comes_Into_View) {
 
 TEST_F(Keys, Typing_Goes_To_Names_In_Lists) {
     const std::pair<std::vector<int>, const char*> rows[] = {
-        {{'b'}, "list 4"},           {{'B'}, "list 4"},
-        {{'b', 'b'}, "list 5"},      {{'b', 'b', 'b', 'b'}, "list 4"},
-        {{'b', 'l', 'a'}, "list 5"}, {{'a', 'p', 'P'}, "list 2"},
-        {{'a'}, "list 2"},           {{'a', Down, 'c'}, "list 7"},
-        {{'b', 'x'}, "list 4"},      {{'-'}, "list 1"},
+        {{'b'}, "list 4"},
+        {{'B'}, "list 4"},
+        {{'b', 'b'}, "list 5"},
+        {{'b', 'b', 'b', 'b'}, "list 4"},
+        {{'b', 'l'}, "list 4"},
+        {{'b', 'l', 'a'}, "list 5"},
+        {{'a', 'p', 'P'}, "list 2"},
+        {{'a'}, "list 2"},
+        {{'a', Down, 'c'}, "list 7"},
+        {{'b', 'x'}, "list 4"},
+        {{'-'}, "list 1"},
         {{'c', 'y', ' '}, "list 7"},
     };
     for (const auto& [codes, wanted] : rows) {
@@ -311,8 +317,8 @@ TEST_F(Keys, Letters_With_Alt_And_Turned_Tabs) {
     EXPECT_EQ(window.After({Alt | Shift | 'M'}), "single 0:");
     EXPECT_EQ(window.After({Alt | '5'}), "gain:");
     EXPECT_EQ(window.After({Alt | 'X', Control | Alt | 'M', Alt, 'M'}), "gain: no no no no");
-    window["mute"].enabled = false;
-    EXPECT_EQ(window.After({Alt | 'M', Alt | 'M'}), "single 0:");
+    window["mute"].enabled = window["label"].shown = false;
+    EXPECT_EQ(window.After({Alt | 'M', Alt | 'M', Alt | 'V'}), "single 0: no");
 
     EXPECT_EQ(window.After({Control | Tab}), "single 0: press tabs 2");
     EXPECT_EQ(window.After({Control | Page_Down, Control | Shift | Tab}),
@@ -345,6 +351,7 @@ TEST_F(Keys, What_Is_Pressed_May_Change_Everything) {
     EXPECT_EQ(window.Focused(), "gain");
     Start("list", 7);
     list.Grow(3, 0);
+    EXPECT_EQ(window.Focused(), "list 2");
     EXPECT_EQ(window.After({Up}), "list 1: press list 1");
     window.on_press = [&] { window.keys.reset(); };
     Start("ok");
@@ -355,8 +362,8 @@ TEST_F(Keys, What_Is_Pressed_May_Change_Everything) {
 TEST_F(Keys, Ring_And_Caret_Show_Where_They_Act) {
     std::vector<std::pair<int, int>> told;
     keys.Set_On_Focus([&](Part_Place place) { told.emplace_back(place.control, place.part); });
-    const auto ring_at = [&](const Tools& control) {
-        const Picture shown(window.window);
+    const auto ring_at = [](const Tools& control, const Keyed_Window& of) {
+        const Picture shown(of.window);
         const int x = control.Rect.right, y = (control.Rect.top + control.Rect.bottom) / 2;
         return shown.At(x, y) == 0xFFFFFF && shown.At(x + 1, y) == 0;
     };
@@ -364,12 +371,12 @@ TEST_F(Keys, Ring_And_Caret_Show_Where_They_Act) {
     entry.Caret = CARET_AWAY;
     Start("apply");
     keys.Set_Active(true);
-    EXPECT_FALSE(ring_at(apply)) << "no key yet";
+    EXPECT_FALSE(ring_at(apply, window)) << "no key yet";
     keys.Take(Tab);
-    EXPECT_TRUE(ring_at(mute));
+    EXPECT_TRUE(ring_at(mute, window));
     EXPECT_TRUE(window.repainted.empty());
     Start("entry");
-    EXPECT_TRUE(ring_at(entry));
+    EXPECT_TRUE(ring_at(entry, window));
     ASSERT_EQ(window.repainted.size(), 1U);
     EXPECT_EQ(window.repainted[0].left, mute.Rect.left - 2);
     EXPECT_EQ(window.repainted[0].top, mute.Rect.top - 2);
@@ -395,6 +402,12 @@ TEST_F(Keys, Ring_And_Caret_Show_Where_They_Act) {
                                                       {entry_number, Whole},
                                                       {color_number, 0},
                                                       {entry_number, Whole}}));
+
+    Keyed_Window lonely;
+    lonely.Add(apply, "apply");
+    lonely.keys->Set_Active(true);
+    EXPECT_EQ(lonely.After({Tab, Tab}), "apply: no") << "nowhere to go";
+    EXPECT_TRUE(ring_at(apply, lonely));
 }
 
 namespace {

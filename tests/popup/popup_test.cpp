@@ -208,7 +208,11 @@ TEST(Dialogs, Of_Two_Kinds_Are_Worked_By_Keys_One_In_The_Other) {
     const auto ask = [&](HWND message) {
         SendMessageA(message, WM_KEYDOWN, VK_TAB, 0);
         const Picture ring(message);
-        call.script = [](HWND) { Type_Keys({VK_TAB, VK_TAB, VK_RETURN}); };
+        call.script = [&](HWND) {
+            UpdateWindow(message);
+            EXPECT_FALSE(Same(Picture(message), ring));
+            Type_Keys({VK_TAB, VK_TAB, VK_RETURN});
+        };
         EXPECT_EQ(PopUp_Querry(Caption, Caption, call.text.data(), 0, 0), 1);
         EXPECT_EQ(GetFocus(), message);
         EXPECT_TRUE(Same(Picture(message), ring)) << "it is there again";
@@ -223,7 +227,7 @@ TEST(Dialogs, Show_The_Ring_Once_Keys_Are_Used) {
     Popup_Call call;
     call.Run(PopUp_Querry, "?", 0, 0, [&](HWND dialog) {
         const int left = (Client_Size(dialog).x - 18) / 2 + 12;  // of "No"
-        SendMessageA(dialog, WM_KEYDOWN, VK_TAB, 0);
+        SendMessageA(dialog, WM_KEYDOWN, VK_RIGHT, 0);
         const Picture ring(dialog);
         EXPECT_EQ(ring.At(left - 1, 20), White);
         EXPECT_EQ(ring.At(left - 2, 20), Black);
