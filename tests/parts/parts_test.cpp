@@ -507,6 +507,8 @@ TEST(Parts_Of_Any_Size, Are_Pressed_Where_They_Are) {
     EXPECT_GT(pressed, 1000);
 }
 
+const std::string Long_Name = "directory with a name that is longer than can be pressed ";
+
 // Directories in the temporary directory: 60 with long names, each with one below it.
 class Sample {
   public:
@@ -516,7 +518,7 @@ class Sample {
         root = temporary + std::string("galdren_parts_") + std::to_string(GetCurrentProcessId());
         Add("");
         for (int i = 0; i < 60; ++i) {
-            const std::string name = "\\directory with a long name " + std::to_string(100 + i);
+            const std::string name = "\\" + Long_Name + std::to_string(100 + i);
             Add(name);
             Add(name + "\\inner");
         }
@@ -537,11 +539,13 @@ class Sample {
     std::vector<std::string> all;
 };
 
-TEST(Parts_Of_Trees, Are_Rows_And_A_Button) {
+class Parts_Of_Trees : public testing::TestWithParam<int> {};
+
+TEST_P(Parts_Of_Trees, Are_Rows_And_A_Button) {
     const Sample sample;
-    Test_Window window(320, 400);
+    Test_Window window(620, 400);
     DirTrees tree;
-    Place(tree, nullptr, 10, 20, 200, 360, 0);
+    Place(tree, nullptr, 10, 20, GetParam(), 360, 0);
     tree.Init(window);
     EXPECT_EQ(Parts_Of(&tree).Count(tree), 1);
     tree.Set(sample.root.c_str());
@@ -561,7 +565,7 @@ TEST(Parts_Of_Trees, Are_Rows_And_A_Button) {
     EXPECT_EQ(parts.Next(tree, 0, Part_Move::Left), 0);
     EXPECT_EQ(parts.Next(tree, 0, Part_Move::End), tree.Nb_Row - 1);
     EXPECT_EQ(parts.Next(tree, tree.Nb_Row - 1, Part_Move::Down), tree.Nb_Row);
-    EXPECT_EQ(subject.Text(row), "Row 'directory with a long name 130' out-of-view closed");
+    EXPECT_EQ(subject.Text(row), "Row '" + Long_Name + "130' out-of-view closed");
 
     // Every row can be brought into view, and only what has to move does.
     const int page = parts.Next(tree, row, Part_Move::Page_Down) - row;
@@ -596,7 +600,7 @@ TEST(Parts_Of_Trees, Are_Rows_And_A_Button) {
     }
     parts.Bring_Into_View(tree, row);
     Press(window, subject, row);
-    EXPECT_EQ(subject.Text(row), "Row 'directory with a long name 130' chosen closed");
+    EXPECT_EQ(subject.Text(row), "Row '" + Long_Name + "130' chosen closed");
     EXPECT_EQ(parts.First(tree), row);
     EXPECT_EQ(parts.Describe(tree, row).level, parts.Describe(tree, parent).level + 1);
 
@@ -626,6 +630,9 @@ TEST(Parts_Of_Trees, Are_Rows_And_A_Button) {
     }),
               Nothing);
 }
+
+// Long names do not fit, and can be pressed at their beginning only.
+INSTANTIATE_TEST_SUITE_P(Narrow_And_Wide, Parts_Of_Trees, testing::Values(200, 600));
 
 // Whatever state a control is in, it answers, changes nothing and survives.
 template <class Control>
