@@ -28,6 +28,10 @@ constexpr int Row_Height = DirTrees::Row_Pitch;
 constexpr int Indent = 18;  // of each depth
 constexpr int Name_Offset = 28;
 constexpr int Name_Drop = 4;  // below the baseline
+
+// Presses count in columns as wide as an indent: that of the mark, then those that choose the row.
+constexpr int Column_Start = 5;
+constexpr int Name_Columns = 6;
 constexpr unsigned long Blue = 0xFF0000;
 
 constexpr unsigned long Upright_Bar = FLAG_VERTICAL | SLIDER_REVERSED | SLIDER_KEEP_GRAB;
@@ -408,9 +412,8 @@ bool DirTrees::Dir_Tree_Expand(int row, int column) {
 /// Makes the node of a row the current one when `column` is one of its picture and its name.
 /// @return whether it did
 bool DirTrees::Dir_Tree_Select(int row, int column) {
-    constexpr int Columns = 5;
     if (!Has_Row(row) || Has_Flag(*Row[row].node, DIR_NO_ACCESS)) return false;
-    if (column < Row[row].depth || column > Row[row].depth + Columns || !Own_Tree()) return false;
+    if (column < Row[row].depth || column >= Row[row].depth + Name_Columns || !Own_Tree()) return false;
     if (Current) Set_Flag(*Current, DIR_CURRENT, false);
     Current = Row[row].node;
     Set_Flag(*Current, DIR_CURRENT, true);
@@ -502,7 +505,7 @@ int DirTrees::Press_Row() {
     const POINT scrolled = Scrolled(*this);
     const int top = scrolled.y + List_Box.Y + List_Box.Height - SPACE - Name_Drop;
     const int row = (top - pointer->y) / Row_Height;
-    const int column = (pointer->x + scrolled.x - List_Box.X - 2 * SPACE - 5) / Indent;
+    const int column = (pointer->x + scrolled.x - List_Box.X - 2 * SPACE - Column_Start) / Indent;
     if (Dir_Tree_Expand(row, column)) {
         Dir_Tree_Update2(false);
         Dir_Tree_Draw2();
@@ -527,6 +530,11 @@ POINT Name_Start(const DirTrees& tree, int row) {
             list.Y + list.Height + scrolled.y - Above_Rows() - Row_Height * (row + 1) + 1};
 }
 
+/// How much of a name can be pressed.
+int Pressed_Width(const Dir_Row& row) {
+    return std::min<int>(row.node->width, Column_Start + Name_Columns * Indent - Name_Offset);
+}
+
 /// Moves a bar that is needed, by so many pixels as its contents are to move.
 void Move_Bar(Sliders& bar, int pixels) {
     if (pixels == 0 || Has_Flag(bar, FLAG_PASSIVE)) return;
@@ -545,7 +553,7 @@ int Way_Between(int low, int high, int low_end, int high_end) {
 RECT DirTrees::Row_Place(int row) const {
     if (!Has_Row(row) || row < Pixels_Scrolled(Vertical_Bar) / Row_Height) return {};
     const POINT start = Name_Start(*this, row);
-    const RECT name{start.x, start.y, start.x + Row[row].node->width, start.y + Row_Height};
+    const RECT name{start.x, start.y, start.x + Pressed_Width(Row[row]), start.y + Row_Height};
     const RECT shown = Common(name, List_Box.Rect);
     return Is_Empty(shown) ? RECT{} : shown;
 }

@@ -27,6 +27,7 @@ std::string Caption(const char* text) {
 
 void Put(Part& part, const Tools& control, const RECT& area) {
     part.area = Has_Place(control) ? Common(area, control.Rect) : RECT{};
+    part.state &= ~unsigned{PART_OUT_OF_VIEW};
     if (!Is_Empty(part.area)) return;
     part.area = {};
     part.state |= PART_OUT_OF_VIEW;

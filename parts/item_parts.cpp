@@ -25,6 +25,9 @@ class Check_List_Parts final : public Parts_For<CheckLists> {
         const bool single = Is_Single(list);
         Part part = Button_Of(list, list.Label[item], single ? Part_Role::Radio_Button : Part_Role::Check_Box,
                               single ? Part_Use::Choose : Part_Use::Toggle);
+        // Neighbours have an edge in common, which belongs to the item before.
+        const RECT& cell = list.Label[item].Rect;
+        Put(part, list, {cell.left + 1, cell.top, cell.right, cell.bottom - 1});
         Note(part, PART_PASSIVE, Is_Disabled(list, item));
         Note(part, PART_CHECKED, Is_Checked(list, item));
         return part;
@@ -129,7 +132,6 @@ class List_Parts final : public Parts_For<Lists> {
             return part;
         }
         Part part = Button_Of(list, *list.Item[item], Part_Role::List_Item, Part_Use::Choose);
-        part.state &= ~unsigned{PART_OUT_OF_VIEW};
         Put(part, list, list.Item_Place(item));
         Note(part, PART_CHOSEN, item == list.Current);
         return part;
@@ -333,11 +335,7 @@ class Tab_Set_Parts final : public Parts_For<Tabs> {
         }
         Part part = Button_Of(set, *set.Item[tab], Part_Role::Tab, Part_Use::Choose);
         Note(part, PART_CHOSEN, tab == set.Value);
-        // Where two overlap, the one before is meant.
-        RECT area = part.area;
-        if (tab > 0) area.left = std::max(area.left, set.Item[tab - 1]->Rect.right);
-        part.state &= ~unsigned{PART_OUT_OF_VIEW};
-        Put(part, set, area);
+        Put(part, set, Place(set, tab));
         return part;
     }
 
@@ -374,6 +372,14 @@ class Tab_Set_Parts final : public Parts_For<Tabs> {
 
   private:
     bool Has_Part(const Tabs& set, int tab) const { return tab >= 0 && tab < Count(set); }
+
+    /// Where two overlap, the one before is meant. Tabs that are narrower than they overlap do not show.
+    static RECT Place(const Tabs& set, int tab) {
+        RECT area = set.Item[tab]->Rect;
+        if (set.Count > 1 && set.Tab_Width < set.Slant) return {};
+        if (tab > 0) area.left = std::max(area.left, set.Item[tab - 1]->Rect.right);
+        return area;
+    }
 
     static void Show(Tabs& set, int tab) {
         set.Value = Low_16(tab);

@@ -551,7 +551,7 @@ RECT Lists::Item_Place(int index) const {
     if (index < 0 || index >= Nb_Item || !Shows(index)) return {};
     Place_Item(*this, Origin, index);
     const Buttons& item = *Item[index];
-    if (!Stands_In(item, Inner_Area(*this, Purpose::Events, Title()))) return {};
+    if (!Has_Size(item) || !Stands_In(item, Inner_Area(*this, Purpose::Events, Title()))) return {};
     const Area area = Area_Of(item);
     return {area.left, area.bottom, area.right + 1, area.top + 1};
 }

@@ -104,17 +104,15 @@ TEST(Gallery_Test, Lists_Scroll_And_Mark) {
     ASSERT_TRUE(Wait_Until([&] { return !Is_Lit(body); }));
     const unsigned plain = Screen_Color(body);
     ASSERT_TRUE(gallery.Point_At("Months"));
-    gallery.Turn_Wheel(-3);
+    gallery.Turn_Wheel(-1);
     EXPECT_TRUE(gallery.Says("wheel \"Months\": 3, April"));
-    gallery.Turn_Wheel(1);
-    EXPECT_TRUE(gallery.Says("wheel \"Months\": 2, March"));
     gallery.Press();
     gallery.Release();
-    EXPECT_TRUE(gallery.Says("press \"Months\": 5, June"));
+    EXPECT_TRUE(gallery.Says("press \"Months\": 6, July"));
     ASSERT_TRUE(gallery.Point_At("Long"));
     EXPECT_TRUE(Shows(body, Darker(plain, 40))) << "the mark";
-    gallery.Turn_Wheel(-200);
-    EXPECT_TRUE(gallery.Says("wheel \"Long\": 200, Item 200"));
+    gallery.Turn_Wheel(-60);
+    EXPECT_TRUE(gallery.Says("wheel \"Long\": 180, Item 180"));
     // The bar follows wherever the pointer goes while the button is down.
     ASSERT_TRUE(gallery.Point_At("Months"));
     gallery.Move_To(bar);
@@ -310,8 +308,8 @@ TEST(Gallery_Test, Directories_Are_Opened_Chosen_And_Refreshed) {
     EXPECT_TRUE(gallery.Says("press \"Chosen\": Read answers (null)"));
     press(name, first_row + 3 * row);
     EXPECT_TRUE(gallery.Says("press \"Chosen\": Read answers c:\\!galdren\\two & more\\"));
-    gallery.Turn_Wheel(-2);
-    EXPECT_TRUE(gallery.Says("wheel \"Chosen\": row 2"));
+    gallery.Turn_Wheel(-1);
+    EXPECT_TRUE(gallery.Says("wheel \"Chosen\": row 3"));
     EXPECT_EQ(gallery.Close(), 0u);
 }
 

@@ -37,11 +37,10 @@ std::string Text_Of(const Part& part) {
 /// A control with its description, as a host has it.
 struct Subject {
     template <class Control>
-    Subject(Control& made)
-        : control(&made), parts(&Parts_Of(&made)), draw([&made] { made.Draw(); }), select([&made](int event) {
-              if constexpr (requires { made.Select(event); }) return made.Select(event);
-              return 0;
-          }) {}
+    Subject(Control& made) : control(&made), parts(&Parts_Of(&made)), draw([&made] { made.Draw(); }) {
+        if constexpr (requires { made.Select(0); })
+            select = [&made](int event) { return made.Select(event); };
+    }
 
     std::string Text(int part) const { return Text_Of(parts->Describe(*control, part)); }
     RECT Area(int part) const { return parts->Describe(*control, part).area; }
@@ -50,7 +49,7 @@ struct Subject {
     Tools* control;
     const Class_Parts* parts;
     std::function<void()> draw;
-    std::function<int(int)> select;
+    std::function<int(int)> select = [](int) { return 0; };
 };
 
 POINT Middle(const RECT& area) { return {(area.left + area.right) / 2, (area.top + area.bottom) / 2}; }
@@ -349,7 +348,7 @@ TEST_F(Parts, Take_Keys_As_The_Wheel_And_Texts_As_Far_As_They_Are_Values) {
     EXPECT_STREQ(line.Update(), "-34") << "the application is told";
     EXPECT_EQ(output.V_Slider.Val, output.V_Slider.End_Val);
     // Nothing is taken by what is passive, and nothing that has no number.
-    for (auto& [key, subject] : all) {
+    for (const auto& [key, subject] : all) {
         SCOPED_TRACE(key);
         subject.control->Flag |= FLAG_PASSIVE;
         for (int part = Whole; part < subject.parts->Count(*subject.control); ++part) {
@@ -401,8 +400,9 @@ TEST_F(Parts, Are_Reached_By_Arrows) {
 
 // A control paints nothing when all of its members are hidden: no member has been forgotten.
 TEST_F(Parts, Have_All_Members_That_Paint) {
-    for (auto& [key, subject] : all) {
+    for (const auto& [key, named] : all) {
         SCOPED_TRACE(key);
+        const Subject& subject = named;
         subject.control->Veil = VEIL_HIDDEN;
         subject.parts->For_Members(*subject.control, [](Tools& member) { member.Veil = VEIL_HIDDEN; });
         const RECT area = subject.control->Rect;
@@ -462,6 +462,53 @@ TEST(Parts_Of_Lists, Come_Into_View_In_Lists_Of_Any_Length) {
     }
 }
 
+// However little room there is, what shows is found and pressed where it is.
+TEST(Parts_Of_Any_Size, Are_Pressed_Where_They_Are) {
+    static constexpr const char* Labels_Of_Items[] = {"a", "bb", "ccc", nullptr};
+    const auto name = [](auto& control) {
+        if constexpr (requires { control.List; }) {
+            control.List = Labels_Of_Items;
+        } else {
+            Name_Items(control, {"a", "bb", "ccc"});
+        }
+    };
+    Test_Window window(120, 120);
+    int pressed = 0;
+    const auto try_all = [&](auto kind, unsigned long flag, int width, int height) {
+        decltype(kind) control;
+        name(control);
+        Place(control, nullptr, 10, 10, width, height, flag);
+        control.Init(window);
+        control.Draw();
+        const Subject subject(control);
+        for (int part = 0; part < subject.parts->Count(control); ++part) {
+            subject.parts->Bring_Into_View(control, part);
+            if (!subject.Shows(part)) continue;
+            SCOPED_TRACE(testing::Message() << subject.parts->Name() << ' ' << flag << ' ' << width << " x "
+                                            << height << ": " << part);
+            ++pressed;
+            EXPECT_EQ(subject.parts->At(control, Middle(subject.Area(part))), part);
+            const unsigned before = subject.parts->Describe(control, part).state;
+            Press(window, subject, part);
+            const bool was_front = before & PART_CHOSEN;
+            EXPECT_TRUE(was_front || subject.parts->Describe(control, part).state != before);
+        }
+    };
+    for (int width = 1; width < 100; width += 9) {
+        for (int height = 1; height < 100; height += 7) {
+            try_all(Lists(), 0, width, height);
+            try_all(Lists(), FLAG_VERTICAL, width, height);
+            try_all(Lists(), FLAG_VERTICAL | FLAG_INNER_FRAME, width, height);
+            try_all(CheckLists(), 0, width, height);
+            try_all(CheckLists(), CHECKLIST_ONE_COLUMN, width, height);
+            try_all(Tabs(), 0, width, height);
+        }
+    }
+    EXPECT_GT(pressed, 1000);
+}
+
+const std::string Long_Name = "directory with a name that is longer than can be pressed ";
+
 // Directories in the temporary directory: 60 with long names, each with one below it.
 class Sample {
   public:
@@ -471,7 +518,7 @@ class Sample {
         root = temporary + std::string("galdren_parts_") + std::to_string(GetCurrentProcessId());
         Add("");
         for (int i = 0; i < 60; ++i) {
-            const std::string name = "\\directory with a long name " + std::to_string(100 + i);
+            const std::string name = "\\" + Long_Name + std::to_string(100 + i);
             Add(name);
             Add(name + "\\inner");
         }
@@ -492,11 +539,13 @@ class Sample {
     std::vector<std::string> all;
 };
 
-TEST(Parts_Of_Trees, Are_Rows_And_A_Button) {
+class Parts_Of_Trees : public testing::TestWithParam<int> {};
+
+TEST_P(Parts_Of_Trees, Are_Rows_And_A_Button) {
     const Sample sample;
-    Test_Window window(320, 400);
+    Test_Window window(620, 400);
     DirTrees tree;
-    Place(tree, nullptr, 10, 20, 200, 360, 0);
+    Place(tree, nullptr, 10, 20, GetParam(), 360, 0);
     tree.Init(window);
     EXPECT_EQ(Parts_Of(&tree).Count(tree), 1);
     tree.Set(sample.root.c_str());
@@ -516,7 +565,7 @@ TEST(Parts_Of_Trees, Are_Rows_And_A_Button) {
     EXPECT_EQ(parts.Next(tree, 0, Part_Move::Left), 0);
     EXPECT_EQ(parts.Next(tree, 0, Part_Move::End), tree.Nb_Row - 1);
     EXPECT_EQ(parts.Next(tree, tree.Nb_Row - 1, Part_Move::Down), tree.Nb_Row);
-    EXPECT_EQ(subject.Text(row), "Row 'directory with a long name 130' out-of-view closed");
+    EXPECT_EQ(subject.Text(row), "Row '" + Long_Name + "130' out-of-view closed");
 
     // Every row can be brought into view, and only what has to move does.
     const int page = parts.Next(tree, row, Part_Move::Page_Down) - row;
@@ -551,7 +600,7 @@ TEST(Parts_Of_Trees, Are_Rows_And_A_Button) {
     }
     parts.Bring_Into_View(tree, row);
     Press(window, subject, row);
-    EXPECT_EQ(subject.Text(row), "Row 'directory with a long name 130' chosen closed");
+    EXPECT_EQ(subject.Text(row), "Row '" + Long_Name + "130' chosen closed");
     EXPECT_EQ(parts.First(tree), row);
     EXPECT_EQ(parts.Describe(tree, row).level, parts.Describe(tree, parent).level + 1);
 
@@ -581,6 +630,9 @@ TEST(Parts_Of_Trees, Are_Rows_And_A_Button) {
     }),
               Nothing);
 }
+
+// Long names do not fit, and can be pressed at their beginning only.
+INSTANTIATE_TEST_SUITE_P(Narrow_And_Wide, Parts_Of_Trees, testing::Values(200, 600));
 
 // Whatever state a control is in, it answers, changes nothing and survives.
 template <class Control>
