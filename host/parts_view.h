@@ -4,7 +4,8 @@
 
 #include "host.h"
 
-/// The controls of a host as parts.
+/// @cond
+// The controls of a host as parts.
 class Host::Parts_View final : public Part_Window {
   public:
     explicit Parts_View(Host& viewed) : host(viewed) {}
@@ -23,3 +24,4 @@ class Host::Parts_View final : public Part_Window {
   private:
     Host& host;
 };
+/// @endcond

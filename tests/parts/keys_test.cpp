@@ -35,10 +35,9 @@ class Keyed_Window final : public Part_Window {
         owner.control = &made;
         owner.parts = &Parts_Of(&made);
         owner.serial = ++serials;
-        const auto select = [&made](int event) {
-            if constexpr (requires { made.Select(event); }) return made.Select(event);
-            return 0;
-        };
+        std::function<int(int)> select = [](int) { return 0; };
+        if constexpr (requires { made.Select(0); })
+            select = [&made](int event) { return made.Select(event); };
         controls.push_back({owner, select, std::move(name)});
         return controls.back().owner;
     }
