@@ -174,12 +174,14 @@ bool Host::On_Key(UINT message, WPARAM wparam, LPARAM lparam) {
 
     Entry* const taker = Key_Taker();
     const bool types = taker && Is_Reading(*taker);
-    const bool parts_first = !types || is_command || key == VK_ESCAPE;
+    // Of a line that is entered where no handler hears of it only the default button tells.
+    const bool for_default = types && Is_Enter(key) && Is_Single_Line(*taker) && !taker->handlers;
+    const bool parts_first = !types || is_command || key == VK_ESCAPE || for_default;
     if (parts_first && !Is_Tab(code) && Work_Parts(message, key, repeated)) return true;
     if (!taker || !key) return false;
 
     const Watch watch(*this);
-    const bool enters = types && Is_Enter(key) && Is_Single_Line(*taker);
+    const bool enters = types && Is_Enter(key) && Is_Single_Line(*taker) && !for_default;
     Type(*taker, key);
     if (enters && watch.Has_Host()) Work_Parts(message, key, repeated);  // the default button
     // What the system does with Alt and a key, such as closing the window, it does whoever has the focus.

@@ -111,7 +111,12 @@ TEST_F(Handlers_Test, Controls_Work_By_Themselves) {
         EXPECT_NE(color.Value, black);
         EXPECT_EQ(field.Mode, TEXT_READING);
         EXPECT_EQ(host->Focused(), &field);
+        host->Set_Default(&lamp);
         Type("ab\r");
+        EXPECT_EQ(lamp.Lamp, 0) << "pressed once more";
+        EXPECT_EQ(field.Mode, TEXT_READING) << "nobody would have it read on";
+        host->Set_Default(nullptr);
+        Type("\r");
         EXPECT_STREQ(field.Line, "ab");
         EXPECT_EQ(field.Mode & TEXT_ENTERED, TEXT_ENTERED) << "for the application to find";
     }
