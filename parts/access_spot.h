@@ -14,14 +14,16 @@ namespace galdren {
 /// until a call that changes the window. For the thread of the window.
 class Access_Spot {
   public:
+    /// The client area, until something is found.
+    Access_Spot(Access_Link& window_link, Part_Window& served) : link(window_link), window(served) {}
+
     /// @param serial  of the control whose object is asked; 0 for the object of the client area
     /// @param child   CHILDID_SELF, or the number of a control or a part from 1 on
     /// @return S_OK; CO_E_OBJNOTCONNECTED when the control has been removed; E_INVALIDARG without such a
     /// child
     HRESULT Find(unsigned serial, long child);
 
-    Access_Spot(Access_Link& window_link, Part_Window& served) : link(window_link), window(served) {}
-
+    /// Whether it is the client area, which has no owner.
     bool Is_Client() const { return place.control < 0; }
     const Part_Owner& Owner() const { return owner; }
     const Part_Place& Place() const { return place; }
