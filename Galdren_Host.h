@@ -2,4 +2,5 @@
 /// Galdren_Host: forwards the messages of a window to the controls in it. Include this one header.
 #pragma once
 
+#include "host/access.h"
 #include "host/host.h"

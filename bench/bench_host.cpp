@@ -91,6 +91,17 @@ class Our_Side {
         Require(host->Message(WM_MOUSEMOVE, 0, MAKELPARAM(client.x, client.y), result),
                 "the host leaves the message to others");
     }
+    /// Has the keyboard go on to the next button, with its ring.
+    void Tab() {
+        LRESULT result = 0;
+        const Tools* const before = host->Focused();
+        host->Message(WM_KEYDOWN, VK_TAB, 0, result);
+        Require(host->Focused() != before, "the keyboard stays where it is");
+    }
+    void Get_Keyboard() {
+        LRESULT result = 0;
+        host->Message(WM_SETFOCUS, 0, 0, result);
+    }
     void Hold() { host->Hold(); }
     /// Has each button go a pixel up, or back.
     void Shift(bool up) {
@@ -312,6 +323,24 @@ Result Held_Repaint() {
     return Compare(repaint(ours.Window()), repaint(native.Window()));
 }
 
+/// The ring goes on to the next button, and what it covered is painted.
+template <const Grid& grid>
+Result Focus_Moves() {
+    Our_Side ours(grid);
+    ours.Get_Keyboard();
+    ours.Tab();
+    constexpr int Tabs = 50;
+    return {bench::Time({[&ours] {
+                             for (int i = 0; i < Tabs; ++i) {
+                                 ours.Tab();
+                                 UpdateWindow(ours.Target());
+                             }
+                             bench::Flush();
+                         },
+                         Tabs, [&ours] { ours.Window().Raise(); }}),
+            {}};
+}
+
 /// Makes the window a pixel higher or as it was, and has it painted.
 void Resize(const Stage& stage, bool higher) {
     SetWindowPos(stage.Get(), nullptr, 0, 0, Stage::Width, Stage::Height + higher,
@@ -391,6 +420,8 @@ const Register rows[] = {
     Register({"host: 2 x 2 repainted in a chain of 640", "us", At_Most(1000), Small_Repaint<Chain>}),
     Register({"host: 200 repainted, held, on display", "us", Of_Native(1.3), Held_Repaint}),
     Register({"host: resized by a pixel, on display", "us", Of_Native(1.3), Resized}),
+    Register({"host: Tab among 200, on display", "us", At_Most(200), Focus_Moves<Hundreds>}),
+    Register({"host: Tab among 20,000, on display", "us", At_Most(200), Focus_Moves<Ten_Thousands>}),
     Register({"host: a button made, added, Init", "us", At_Most(0.6), Made_And_Added}),
 };
 

@@ -190,6 +190,7 @@ void Take_Tabs(Stage& stage) {
 }
 
 void Type(Stage&, Texts& field) {
+    field.Show_Caret(CARET_SHOWN);  // as with the keyboard focus, which the window does not have
     for (const char* key = "-1a2.5e+g"; *key; ++key)
         field.Input(*key);
 }

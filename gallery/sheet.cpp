@@ -79,9 +79,14 @@ void Sheet::Press(Buttons& button) const {
            std::to_string(button.Flag & BUTTON_LAMP ? button.Lamp : button.Read()));
 }
 
-void Sheet::Show() const {
-    for (const Item& item : items)
+void Sheet::Show(const char* title) const {
+    const char* label = title;
+    for (const Item& item : items) {
         item.show();
+        const bool has_caption = item.control->Name && *item.control->Name;
+        if (item.is_label && has_caption) label = item.control->Name;
+        if (!has_caption) host.Describe(*item.control, label);
+    }
 }
 
 void Sheet::Fit(SIZE client) {

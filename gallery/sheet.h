@@ -2,6 +2,7 @@
 /// A sheet of controls: what one page, the header and the status line are made of.
 #pragma once
 
+#include <concepts>
 #include <functional>
 #include <span>
 #include <string>
@@ -49,7 +50,7 @@ class Sheet {
         items.push_back(
             {control,
              [this, &added = *control, on_press, on_change] { host.Add(added, on_press, on_change); },
-             Move<Control>});
+             Move<Control>, std::same_as<Control, Labels>});
         return *control;
     }
 
@@ -64,8 +65,10 @@ class Sheet {
     /// A light plate without reaction, to put a control on whose own text is dark.
     Boxs& Paper(const Place& place);
 
-    /// Adds the controls to the host, above those that it has.
-    void Show() const;
+    /// Adds the controls to the host, above those that it has. Screen readers call one without a caption
+    /// after the label before it, which is mostly the title of its group.
+    /// @param title  what they call those that stand before the first label
+    void Show(const char* title) const;
     /// Moves the controls to where they stand in a client area of this size. They need `Init` afterwards.
     void Fit(SIZE client);
     /// The controls in order of addition.
@@ -82,6 +85,7 @@ class Sheet {
         std::shared_ptr<Tools> control;
         std::function<void()> show;
         void (*move)(Tools& control, int right, int up);
+        bool is_label;
     };
 
     template <class Control>

@@ -54,7 +54,7 @@ class Stage {
             if (dress) dress(*control);
             if (look.dress) look.dress(*control);
         }
-        sheet.Show();
+        sheet.Show(nullptr);
         host.Init_All();
         Paint();
         const Place right = Right_Place(size);

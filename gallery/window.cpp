@@ -60,6 +60,7 @@ Window::Window(HINSTANCE instance, bool log)
     hwnd = window;
     host.Set_Background(ground_color);
     host.Set_On_Paint([this] { Paint_Page(); });
+    Serve_Screen_Readers(host);
     Build_Tabs_Of_Pages();
     Build_Status();
     SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
@@ -114,7 +115,8 @@ void Window::Show_Page(std::size_t index) {
         page_tabs.Item[i]->Color = i == index ? page_color : back_tab_color;
     host.Clear();
     host.Add(page_tabs, [this](Tabs&) { Choose_Page_Of_Tab(); });
-    sheet->Show();
+    host.Describe(page_tabs, "Pages");
+    sheet->Show(Pages()[index].title);
     host.Add(status_box);
     host.Add(status_text);
     host.Add(status_cost);

@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "Galdren_Host.h"
 #include "gallery/pages.h"
-#include "host/host.h"
 
 namespace gallery {
 

@@ -16,19 +16,24 @@
 #include <functional>
 #include <memory>
 #include <type_traits>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
 #include "../Galdren_Tools.h"
-#include "place_index.h"
+#include "../parts/part_keys.h"
+#include "blend.h"
+#include "class_calls.h"
+#include "entries.h"
+#include "handlers.h"
+#include "host_event.h"
+#include "host_service.h"
 
 /// Draws the controls of one window and tells them of the pointer and the keys.
 ///
 /// The host does not own controls: each must outlive the host or be removed. They are painted in the order in
 /// which they were added, and the last one added is the topmost under the pointer. A passive control hides
 /// what it covers from the pointer and gets no events itself; a control without `Select`, such as a label,
-/// is only drawn. A control with `Input` takes keys: one of these has the keyboard focus.
+/// is only drawn. One control has the keyboard focus, of those that keys can work.
 /// For the thread that runs the window.
 ///
 /// Controls and the whole host may be changed from inside every callback: `Remove`, `Clear`, `Add`.
@@ -36,7 +41,7 @@ class Host {
   public:
     /// Serves the window `served`, which has to exist already but need not be visible yet. Reports at level 2
     /// when the application was compiled with other headers than the library (`Check_Tools_Layout`).
-    explicit Host(HWND served) : window(served) { Check_Tools_Layout(); }
+    explicit Host(HWND served);
     ~Host();
     Host(const Host&) = delete;
     Host& operator=(const Host&) = delete;
@@ -57,19 +62,45 @@ class Host {
     /// is painted anew.
     void Set_On_Paint(std::function<void()> draw);
 
+    /// @name Controls
+    /// @{
+
     /// Adds a control on top of those before. It is initialised by the application or by `Init_All`.
+    ///
+    /// Without a handler it works by itself: what a press or a drag with the left button has chosen is stored
+    /// and shown, and a field of one line takes keys as soon as it has the focus. With handlers that take the
+    /// control alone they store, and the host stores nothing.
     /// @param control    a control of any class
     /// @param on_press   called when the left button goes down on the control and its `Select` answers 1
     /// @param on_change  called when the control's `Select` answers 1 to the pointer dragged with the left
-    ///                   button, after its `Scroll` for the wheel, and after its `Input` for a key
+    ///                   button, after its `Scroll` for the wheel, and after its `Input` for a key; with
+    ///                   `Button_State` 0 after wheel and keys
     template <std::derived_from<Tools> Control>
     void Add(Control& control, std::type_identity_t<std::function<void(Control&)>> on_press = {},
              std::type_identity_t<std::function<void(Control&)>> on_change = {}) {
-        std::shared_ptr<const Handlers> handlers;
-        if (on_press || on_change)
-            handlers = std::make_shared<Handlers_For<Control>>(std::move(on_press), std::move(on_change));
-        entries.push_back({&control, &class_calls<Control>, std::move(handlers)});
-        stale = true;
+        std::shared_ptr<const galdren::Handlers> handlers;
+        if (on_press || on_change) {
+            handlers =
+                std::make_shared<galdren::Plain_Handlers<Control>>(std::move(on_press), std::move(on_change));
+        }
+        Add_Entry(control, galdren::class_calls<Control>, std::move(handlers));
+    }
+
+    /// Adds a control with a handler that is told what happened, of which there are two kinds:
+    ///
+    /// - One that returns nothing is told when the control has a new value, or was pressed with the left
+    ///   button. The host has stored the value.
+    /// - One that returns a bool is asked before the host stores anything, and of presses and drags with the
+    ///   other buttons, too. After true the host stores nothing, and a right click brings no
+    ///   WM_CONTEXTMENU; after false both are as without a handler.
+    /// @param handler  takes the control and a `Host_Event`
+    template <std::derived_from<Tools> Control, galdren::Takes_Event<Control> Handler>
+    void Add(Control& control, Handler handler) {
+        using Kind = galdren::Event_Handler<Control, galdren::Handler_Result<Handler, Control>>;
+        std::shared_ptr<const galdren::Handlers> handlers;
+        if (typename Kind::Callback callback = std::move(handler))
+            handlers = std::make_shared<Kind>(std::move(callback));
+        Add_Entry(control, galdren::class_calls<Control>, std::move(handlers));
     }
 
     /// Forgets a control; one that was never added is ignored. What it painted stays until the next paint.
@@ -90,19 +121,77 @@ class Host {
     /// null when there is none.
     const Tools* Current() const { return current; }
 
+    /// What the last `Select` answered, for callbacks to which it is not all the same what it was but 0.
+    int Answer() const { return answer; }
+
+    /// @}
+    /// @name Shown and hidden, enabled and disabled
+    /// Fields of the controls stay as they are. Controls that were not added are ignored.
+    /// @{
+
+    /// Hides a control, or shows it again. A hidden one paints nothing, also from its own members, and hears
+    /// of nothing; what is behind it can be pressed.
+    void Set_Shown(const Tools& control, bool shown);
+    /// Whether a control is neither hidden nor on a page that is not in front.
+    bool Is_Shown(const Tools& control) const;
+
+    /// Disables a control, or enables it again. A disabled one is shown half blended with what is behind it,
+    /// and hears of nothing, but hides what it covers from the pointer.
+    void Set_Enabled(const Tools& control, bool enabled);
+    /// Whether a control is not disabled.
+    bool Is_Enabled(const Tools& control) const;
+
+    /// Puts controls on a page of a tab set: they are shown while `Value` of the tabs is the number of the
+    /// page, and the tabs themselves are shown. The host looks at `Value` with every message.
+    /// @param tabs      a tab set that was added
+    /// @param page      index of its tab
+    /// @param controls  controls that were added
+    template <std::derived_from<Tools>... Controls>
+    void Set_Page(const Tabs& tabs, int page, const Controls&... controls) {
+        (Put_On_Page(tabs, page, controls), ...);
+    }
+
+    /// @}
+    /// @name Keyboard
+    /// @{
+
     /// Called with the code of a key (see `Parse_Keyboard`; Escape is 27, and nothing is closed) when no
-    /// control has the keyboard focus. Commands, which are keys with Ctrl or Alt and function keys, come here
-    /// before the control that has the focus gets them.
+    /// field has the keyboard focus. Commands, which are keys with Ctrl or Alt and function keys, come here
+    /// before the field that has the focus gets them.
     /// @param take  answers whether it took the key; when it destroyed the host it must answer true
     void Set_On_Key(std::function<bool(int)> take);
 
-    /// Gives a control that takes keys the keyboard focus, or none with null. Another control is ignored.
+    /// Gives a control that keys can work the keyboard focus, or takes it away with null. Another control is
+    /// ignored.
     void Focus(const Tools* control);
     /// The control that has the keyboard focus, null when there is none. It keeps it while it is passive or
     /// has no size, and gets no keys meanwhile.
-    const Tools* Focused() const { return focused; }
-    /// What the last `Select` answered, for callbacks to which it is not all the same what it was but 0.
-    int Answer() const { return answer; }
+    const Tools* Focused() const;
+
+    /// The letter or digit that gives a control the focus, and presses it, together with Alt; 0 for none.
+    void Set_Mnemonic(const Tools& control, char key);
+    /// The button that Enter presses wherever the focus is; null for none.
+    void Set_Default(const Tools* button);
+    /// The button that Escape presses wherever the focus is; null for none.
+    void Set_Cancel(const Tools* button);
+
+    /// @}
+    /// @name Parts: what keys, screen readers and tests see
+    /// @{
+
+    /// The controls as parts. It lives as long as the host.
+    Part_Window& Parts();
+
+    /// Gives a control a name for those who cannot see it, in place of its caption; null or "" for none.
+    void Describe(const Tools& control, const char* name);
+
+    /// To be called after the application has changed the value of a control, for who cannot see it.
+    void Tell_Changed(const Tools& control);
+
+    /// Adds a service, which lives as long as the host.
+    void Serve(std::unique_ptr<Host_Service> service);
+
+    /// @}
 
     /// Takes one message of the window.
     /// @return true when the window procedure is to return `result`, false when the message is not for the
@@ -110,169 +199,118 @@ class Host {
     bool Message(UINT message, WPARAM wparam, LPARAM lparam, LRESULT& result);
 
   private:
-    /// What a class of controls can do; null where the class has no such member.
-    struct Class_Calls {
-        void (*init)(Tools& control, HWND window);
-        void (*draw)(Tools& control);
-        int (*select)(Tools& control, int event);
-        void (*scroll)(Tools& control, int steps);
-        void (*input)(Tools& control, int key);
-        int overhang;         // that it may paint beyond its rectangle, in pixels
-        bool tells_of_moves;  // its `Init` is the library's, which counts the rectangles that it changes
+    class Parts_View;
+    class Watch;
+    struct Page_Set {
+        const Tabs* tabs;
+        short shown;  // `Value` when it was looked at last
     };
+    using Entry = galdren::Entry;
 
-    struct Handlers {
-        virtual ~Handlers() = default;
-        virtual void Press(Tools& control) const = 0;
-        virtual void Change(Tools& control) const = 0;
-    };
+    // host.cpp
+    void Add_Entry(Tools& control, const galdren::Class_Calls& calls,
+                   std::shared_ptr<const galdren::Handlers> handlers);
+    static void Give_Back(const Entry& entry);
+    void Forget_Control(const Tools* control);
+    bool Handle(UINT message, WPARAM wparam, LPARAM lparam, LRESULT& result);
 
-    template <class Control>
-    struct Handlers_For final : Handlers {
-        using Callback = std::function<void(Control&)>;
-        Handlers_For(Callback press, Callback change)
-            : on_press(std::move(press)), on_change(std::move(change)) {}
-        void Press(Tools& control) const override { Call(on_press, control); }
-        void Change(Tools& control) const override { Call(on_change, control); }
-        static void Call(const Callback& callback, Tools& control) {
-            if (callback) callback(static_cast<Control&>(control));
-        }
-        Callback on_press;
-        Callback on_change;
-    };
+    // host_events.cpp
+    bool Notify(const Entry& told, const Host_Event& event);
+    bool Store(const Entry& entry, const Host_Event& event);
+    void Follow_Change(const Entry& entry);
+    void Tell_Services(Part_Change change, Part_Place place) const;
+    void Tell_Of_Part(const Entry& entry, int part) const;
 
-    struct Entry {
-        Tools* control;
-        const Class_Calls* calls;
-        std::shared_ptr<const Handlers> handlers;  // null without; kept alive by the call while one runs
-    };
-
-    static constexpr int Most_Overhang = 2;
-
-    template <class Result, class Class, class... Arguments>
-    static std::type_identity<Class> Class_Of(Result (Class::*)(Arguments...));
-    template <class Class, class... Classes>
-    static constexpr bool Is_One_Of = (std::same_as<Class, std::type_identity<Classes>> || ...);
-    template <class Class>
-    static constexpr bool Is_Of_Library =
-        Is_One_Of<Class, Boxs, Buttons, CheckLists, Color_Edit, DirTrees, Hue_Edit, Labels, Lists, Selects,
-                  Sliders, TabItems, Tabs, Texts, Valuators>;
-
-    template <class Control>
-    static constexpr Class_Calls Make_Calls() {
-        Class_Calls calls{};
-        calls.init = [](Tools& control, HWND target) { static_cast<Control&>(control).Init(target); };
-        calls.draw = [](Tools& control) { static_cast<Control&>(control).Draw(); };
-        // A tab joins with the page below and beside it.
-        constexpr bool is_tab = std::derived_from<Control, Tabs> || std::derived_from<Control, TabItems>;
-        calls.overhang = is_tab ? Most_Overhang : 0;
-        if constexpr (requires { Class_Of(&Control::Init); })
-            calls.tells_of_moves = Is_Of_Library<decltype(Class_Of(&Control::Init))>;
-        if constexpr (requires(Control & c) { c.Select(0); }) {
-            calls.select = [](Tools& control, int event) {
-                return static_cast<int>(static_cast<Control&>(control).Select(event));
-            };
-        }
-        if constexpr (requires(Control & c) { c.Scroll(0); }) {
-            calls.scroll = [](Tools& control, int steps) {
-                using Steps = Scroll_Argument<Control>;
-                static_cast<Control&>(control).Scroll(
-                    static_cast<Steps>(Wheel_Steps<Control>(control, steps)));
-            };
-        }
-        if constexpr (requires(Control & c) { c.Input(0); }) {
-            calls.input = [](Tools& control, int key) { static_cast<Control&>(control).Input(key); };
-        }
-        return calls;
-    }
-
-    /// A bar scrolls towards its start end, which is the lower one when it stands upright; the wheel turned
-    /// away from the user goes up. The output of a text field starts at its bottom.
-    template <class Control>
-    static int Wheel_Steps(const Tools& control, int steps) {
-        if (std::derived_from<Control, Texts>) return -steps;
-        constexpr bool has_bar = std::derived_from<Control, Sliders> ||
-                                 std::derived_from<Control, Valuators> || std::derived_from<Control, Lists>;
-        return has_bar && control.Flag & FLAG_VERTICAL ? -steps : steps;
-    }
-
-    template <class Result, class Control, class Steps>
-    static Steps Argument_Of(Result (Control::*)(Steps));
-    /// Some classes scroll by a short, others by an int.
-    template <class Control>
-    using Scroll_Argument = decltype(Argument_Of(&Control::Scroll));
-
-    template <class Control>
-    static inline constexpr Class_Calls class_calls = Make_Calls<Control>();
-
-    void Forget_Entries();
-    void Mark(const RECT& area);
-    const Entry* Find(const Tools* control) const;
-    std::size_t Number_Of(const Entry& entry) const {
-        return static_cast<std::size_t>(&entry - entries.data());
-    }
-    bool Is_As_Noted(std::size_t number) const;
-    bool Are_Places_Noted() const;
-    const galdren::Place_Index& Places() const;
-    const Entry* At(POINT logical) const;
-    static RECT Painted_Area(const Entry& entry);
-    bool Is_Below(const Entry& entry, bool hidden) const;
-
+    // host_pointer.cpp
+    template <class Member>
+    int Beneath_Others(const Entry& entry, Member member);
     int Tell(const Entry& entry, int event, bool repaints);
     void Leave();
     bool Hand_Over(POINT logical);
     int Point(POINT client, int event);
-    static void Notify(const Entry& entry, void (Handlers::*callback)(Tools&) const);
-
     bool On_Move(WPARAM keys, POINT client);
     void On_Leave();
-    bool On_Press(int button, WPARAM keys, POINT client);
+    bool On_Press(int button, WPARAM keys, POINT client, bool second);
     bool On_Release(int button, WPARAM keys, POINT client);
     bool On_Capture_Lost(HWND now);
-    bool On_Wheel(WPARAM wparam, POINT screen);
 
-    static bool Takes_Keys(const Entry& entry);
-    const Entry* Key_Taker() const;
+    // host_wheel.cpp
+    int Wheel_Steps(const Entry& entry, int delta, bool across);
+    bool On_Wheel(int delta, POINT screen, bool across);
+
+    // host_keys.cpp
     bool Wants_Keys() const;
-    bool Move_Focus(bool back);
+    Entry* Key_Taker();
+    void Begin_Reading(const Entry& entry);
+    void Follow_Focus(Part_Place place);
+    void Focus_By_Press(const Entry& entry, POINT logical);
+    void Focus_By_Release();
     bool Offer(UINT message, int code) const;
+    void Type(Entry& taker, int key);
+    bool Work_Parts(UINT message, int key, bool repeated);
     bool On_Key(UINT message, WPARAM wparam, LPARAM lparam);
 
+    // host_parts.cpp
+    Entry* Workable(Part_Place place);
+    bool Press_Part(Part_Place place);
+    bool Change_Part(Part_Place place, const Host_Event& event,
+                     const std::function<bool(const Class_Parts&, Tools&)>& change);
+    void Let_Go(const Entry& entry);
+    void Point_Again();
+
+    // host_visibility.cpp
+    void Put_On_Page(const Tabs& tabs, int page, const Tools& control);
+    bool Is_On_Hidden_Page(const Entry& entry) const;
+    void Follow_Pages();
+    void Show_Or_Hide(Entry& entry);
+    void Show_Or_Hide_All();
+    static void Set_Veil(const Entry& entry, unsigned char veil);
+    static void Renew_Veil(const Entry& entry);
+
+    // host_paint.cpp
+    void Refresh_Area(const RECT& area);
+    void Mark(const RECT& area);
+    void Mark_Disabled(const RECT& area);
     void Paint();
     void Paint_Held(HDC target, const RECT& area);
     RECT Paint_Marked();
     RECT Paint_Area(RECT area);
     bool Grow_To_Controls(RECT& area) const;
-    std::vector<std::size_t> Painted_In(const RECT& area) const;
     void Paint_Ground(const RECT& area) const;
+    void Draw(const Entry& entry);
+    void Draw_Disabled(const Entry& entry);
 
     HWND window;
+    galdren::Entries entries;
+    std::shared_ptr<const int> life;  // gone with the host
+    std::shared_ptr<const std::function<void()>> on_paint;
+    std::shared_ptr<const std::function<bool(int)>> on_key;
+
     Colors background{170, 170, 170};
     bool holds = false;        // see `Hold`
     bool stale = true;         // the picture held is to be painted anew
     RECT held_client{};        // the client area of which it is
     std::vector<RECT> marked;  // parts of it that are to be painted anew, in logical pixels
-    std::shared_ptr<const std::function<void()>> on_paint;
-    std::shared_ptr<const std::function<bool(int)>> on_key;
-    std::vector<Entry> entries;
-    // What is known of them is worked out when it is asked for: adding many should cost no more than to note
-    // them.
-    mutable std::unordered_map<const Tools*, std::size_t>
-        numbers;                       // of the entries, the first of each control
-    mutable std::size_t numbered = 0;  // entries that `numbers` has
-    mutable std::vector<RECT> noted;   // the hit rectangles that `index` has
-    mutable unsigned placements = 0;   // `Tools_Placements` then
-    mutable galdren::Place_Index index;
-    mutable std::size_t alone = 0;              // that the pointer was in last, when nothing lies above
-    mutable std::vector<std::size_t> untold;    // entries of applications' classes, which move unnoticed
-    mutable std::vector<std::size_t> unplaced;  // entries without an area yet
-    POINT pointer{};                            // where the pointer was seen last, on the screen
-    Tools* current = nullptr;                   // the control that gets the pointer's events
-    int answer = 0;                             // of the last `Select`
-    bool inside = false;    // whether the pointer was inside it then; while a button is held it may leave
-    unsigned held = 0;      // one bit for each button that went down here; the mouse is captured while not 0
-    bool tracking = false;  // WM_MOUSELEAVE has been asked for
-    const Tools* focused = nullptr;
+    galdren::Blend blend;      // for controls that are disabled
+    std::size_t disabled = 0;  // their number
+
+    POINT pointer{};           // where the pointer was seen last, on the screen
+    Tools* current = nullptr;  // the control that gets the pointer's events
+    int answer = 0;            // of the last `Select`
+    bool inside = false;       // whether the pointer was inside it then; while a button is held it may leave
+    bool right_taken = false;  // the application took the right button when it went down
+    unsigned held = 0;         // one bit for each button that went down here; captures the mouse if not 0
+    bool tracking = false;     // WM_MOUSELEAVE has been asked for
     const Tools* wheel_control = nullptr;
-    int wheel_rest = 0;  // what is left of the wheel's movement after whole steps
+    int wheel_rest = 0;         // what is left of the wheel's movement after whole steps
+    bool wheel_across = false;  // which wheel that was
+
+    std::vector<Page_Set> pages;
+    std::vector<std::unique_ptr<Host_Service>> services;
+    std::unique_ptr<Parts_View> parts;
+    std::unique_ptr<Part_Keys> keys;
+    unsigned focus_serial = 0;    // of the control that got the keyboard last; 0 for none
+    unsigned wanted_serial = 0;   // of the control that is to have it once it can; 0 for none
+    unsigned pressed_serial = 0;  // of the control that gets it when the left button goes up; 0 for none
+    int pressed_part = Whole;     // and its part
 };

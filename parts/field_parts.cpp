@@ -97,6 +97,15 @@ class Field_Parts final : public Parts_For<Texts> {
         return true;
     }
 
+    void Show_Caret(Tools& control, Text_Caret how) const override {
+        Texts& field = Own(control);
+        if (Has_Place(field)) {
+            field.Show_Caret(how);
+        } else {
+            field.Caret = how;
+        }
+    }
+
     void For_Members(Tools& control, const std::function<void(Tools&)>& visit) const override {
         Texts& field = Own(control);
         visit(field.V_Slider);
@@ -106,7 +115,7 @@ class Field_Parts final : public Parts_For<Texts> {
   private:
     static Part_Use Use_Of(const Texts& field) {
         if (Takes_Keys(field)) return Part_Use::Type;
-        return Has_Bit(field, TEXT_V_BAR | TEXT_H_BAR) ? Part_Use::Step : Part_Use::None;
+        return field.V_Slider.End_Val > 0 || field.H_Slider.End_Val > 0 ? Part_Use::Step : Part_Use::None;
     }
 
     /// Lines that show at a time but one.

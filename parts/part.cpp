@@ -49,4 +49,6 @@ bool Class_Parts::Set_Value(Tools&, int, const char*) const { return false; }
 
 bool Class_Parts::Store(Tools&, int) const { return false; }
 
+void Class_Parts::Show_Caret(Tools&, Text_Caret) const {}
+
 void Class_Parts::For_Members(Tools&, const std::function<void(Tools&)>&) const {}

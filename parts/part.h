@@ -12,6 +12,7 @@
 #include <string>
 
 #include "../tools/tools.h"
+#include "../widgets/text_fields.h"
 
 /// What a part is.
 enum class Part_Role {
@@ -118,6 +119,10 @@ class Class_Parts {
     /// @param event  kind of the event, `EVENT_PRESS` or `EVENT_DRAG`
     /// @return whether there was anything to store
     virtual bool Store(Tools& control, int event) const;
+
+    /// Shows the caret of a control that takes what is typed, or takes it away; nothing for any other. The
+    /// control need not be initialised.
+    virtual void Show_Caret(Tools& control, Text_Caret how) const;
 
     /// Calls `visit` for every control that this one is made of, and that paints.
     virtual void For_Members(Tools& control, const std::function<void(Tools&)>& visit) const;

@@ -18,7 +18,7 @@ struct Part_Owner {
     const Class_Parts* parts = nullptr;
     const char* description = nullptr;  ///< name that the application gave it; null without one
     int mnemonic = 0;                   ///< capital letter or digit that goes with Alt; 0 without one
-    unsigned serial = 0;                ///< of this control alone, as long as the window lives
+    unsigned serial = 0;                ///< from 1 on, of this control alone, as long as the window lives
     bool shown = true;                  ///< it is painted
     bool enabled = true;                ///< it takes events
 };
@@ -44,7 +44,8 @@ class Part_Window {
 
     /// The part that has the keyboard; no control, when none has.
     virtual Part_Place Focus() const = 0;
-    /// Gives a part the keyboard, or takes it away with no control. It is brought into view.
+    /// Gives a part the keyboard, or takes it away with no control. A part that is named by its number is
+    /// brought into view.
     /// @return false for a part that cannot have it
     virtual bool Set_Focus(Part_Place place) = 0;
 

@@ -10,10 +10,15 @@
 #include <optional>
 #include <span>
 
+#include "parts/access.h"
+#include "parts/classes.h"
+#include "parts/key_code.h"
+#include "parts/part_keys.h"
 #include "popup/template.h"
 #include "tools/arithmetic.h"
 #include "tools/cleanup.h"
 #include "tools/input.h"
+#include "tools/keyboard.h"
 #include "tools/lock.h"
 #include "tools/surface.h"
 #include "util/error.h"
@@ -33,10 +38,11 @@ constexpr int No_Answer = -1;
 struct Answer {
     const char* caption;
     int value;
+    char letter;  // that answers so too; 0 for none
 };
 
-constexpr Answer Message_Answers[] = {{"OK", 0}};
-constexpr Answer Question_Answers[] = {{"Yes", 1}, {"No", 0}};
+constexpr Answer Message_Answers[] = {{"OK", 0, 0}};
+constexpr Answer Question_Answers[] = {{"Yes", 1, 'Y'}, {"No", 0, 'N'}};
 constexpr std::size_t Most_Answers = std::max(std::size(Message_Answers), std::size(Question_Answers));
 
 /// Keeps a flag set for a scope, which only one can do at a time.
@@ -57,16 +63,16 @@ class Claim {
 
 /// The active window, to which a dialog belongs. The dialog manager disables it, and leaves it so when the
 /// dialog is not ended but destroyed; at the end of the scope it is as it was.
-class Owner {
+class Owner_Window {
   public:
-    Owner() : window(GetActiveWindow()), enabled(IsWindowEnabled(window) != FALSE) {}
-    ~Owner() {
+    Owner_Window() : window(GetActiveWindow()), enabled(IsWindowEnabled(window) != FALSE) {}
+    ~Owner_Window() {
         if (!enabled) return;
         Enable();
         if (GetActiveWindow() != window) SetActiveWindow(window);
     }
-    Owner(const Owner&) = delete;
-    Owner& operator=(const Owner&) = delete;
+    Owner_Window(const Owner_Window&) = delete;
+    Owner_Window& operator=(const Owner_Window&) = delete;
 
     HWND Window() const { return window; }
     HINSTANCE Instance() const {
@@ -148,8 +154,9 @@ void Write_Lines(Texts& field, char* text) {
         Write_Text(field, newest[i % Texts::Most_Lines]);
 }
 
-/// The dialogs of one kind, of which one can be open. The controls stay from one to the next.
-class Popup {
+/// The dialogs of one kind, of which one can be open. The controls stay from one to the next. For the
+/// keyboard they are the text and then the buttons.
+class Popup final : public Part_Window {
   public:
     /// @param function  name of the function in reports
     Popup(const char* function, std::span<const Answer> offered) : label(function), answers(offered) {}
@@ -157,7 +164,21 @@ class Popup {
     /// Lets go of all that the controls hold, unless the dialog is open.
     void Release();
 
+    HWND Window() const override { return background.Window; }
+    int Count() const override { return First_Button + static_cast<int>(answers.size()); }
+    Part_Owner Owner(int number) const override;
+    int Number_Of(unsigned serial) const override { return static_cast<int>(serial) - 1; }
+    int Control_At(POINT place) const override;
+    Part_Place Focus() const override { return keys ? keys->Focus() : Part_Place{}; }
+    bool Set_Focus(Part_Place place) override { return keys && keys->Set_Focus(place); }
+    bool Press(Part_Place place) override;
+    bool Step(Part_Place place, Part_Move move) override;
+    bool Set_Value(Part_Place, const char*) override { return false; }
+
   private:
+    static constexpr int Text_Number = 0;
+    static constexpr int First_Button = 1;
+
     static INT_PTR CALLBACK Procedure(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam);
     bool On_Message(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam);
 
@@ -165,24 +186,32 @@ class Popup {
     void Lay_Out(HWND dialog, int width, int height);
     void Fill();
     void On_Open(HWND dialog);
+    void Repaint(const RECT& area);
     void On_Paint(HWND dialog);
     void On_Close(HWND dialog);
     void On_Destroy();
     void On_Move(HWND dialog, LPARAM position);
     bool On_Button(HWND dialog, int kind, LPARAM position);
     void On_Wheel(HWND dialog, int delta);
+    bool On_Key(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam);
+    bool Take(HWND dialog, int key, bool repeated);
+    void Go_Aside(bool back);
     void Tell(int event);
+    void End(std::size_t button);
 
     const char* label;
     std::span<const Answer> answers;
     std::atomic<bool> open{};
-    std::optional<Owner> owner;
+    std::optional<Owner_Window> owner;
+    std::optional<Part_Keys> keys;  // while the dialog is open, as the next
+    std::optional<Access> access;
     char* message{};
     bool answered{};  // by a button
     int wheel{};      // what is left of the wheel's movement after whole steps
     Boxs background;
     Buttons buttons[Most_Answers];
     Texts field;
+    Tools* const controls[First_Button + Most_Answers] = {&field, &buttons[0], &buttons[1]};
 };
 
 bool Application_Quits() {
@@ -204,6 +233,8 @@ int Popup::Run(const char* title, const char* caption, char* text, short width, 
     owner.emplace();
     const INT_PTR result = DialogBoxIndirectParamA(owner->Instance(), dialog.Get(), owner->Window(),
                                                    Procedure, reinterpret_cast<LPARAM>(this));
+    access.reset();
+    keys.reset();
     owner.reset();
     field.Name = nullptr;
     message = nullptr;
@@ -227,6 +258,11 @@ INT_PTR CALLBACK Popup::Procedure(HWND dialog, UINT message, WPARAM wparam, LPAR
 
 /// @return whether the dialog manager has nothing more to do
 bool Popup::On_Message(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam) {
+    LRESULT result = 0;
+    if (access && access->Message(message, wparam, lparam, result)) {
+        SetWindowLongPtrA(dialog, DWLP_MSGRESULT, result);
+        return true;
+    }
     switch (message) {
         case WM_INITDIALOG:
             On_Open(dialog);
@@ -235,6 +271,7 @@ bool Popup::On_Message(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam) 
             Lay_Out(dialog, LOWORD(lparam), HIWORD(lparam));
             // The origin is at the bottom: a new height moves everything.
             InvalidateRect(dialog, nullptr, FALSE);
+            if (keys) keys->Update();
             return false;
         case WM_ERASEBKGND:
             // The background covers everything.
@@ -260,6 +297,23 @@ bool Popup::On_Message(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam) 
         case WM_MOUSEWHEEL:
             On_Wheel(dialog, GET_WHEEL_DELTA_WPARAM(wparam));
             return false;
+        case WM_ACTIVATE:
+            if (keys) keys->Set_Active(LOWORD(wparam) != WA_INACTIVE);
+            return false;
+        case WM_GETDLGCODE:
+            // Or the dialog manager would keep Tab, Enter, Escape and the arrows to itself.
+            SetWindowLongPtrA(dialog, DWLP_MSGRESULT,
+                              DLGC_WANTALLKEYS | DLGC_WANTARROWS | DLGC_WANTCHARS | DLGC_WANTTAB);
+            return true;
+        case WM_KEYDOWN:
+        case WM_KEYUP:
+        case WM_CHAR:
+        case WM_SYSKEYDOWN:
+            return On_Key(dialog, message, wparam, lparam);
+        case WM_COMMAND:
+            // What other programs send in place of Enter and Escape.
+            if (wparam == IDOK) return Take(dialog, VK_RETURN, false);
+            return wparam == IDCANCEL && Take(dialog, VK_ESCAPE, false);
         default:
             return false;
     }
@@ -308,6 +362,19 @@ void Popup::On_Open(HWND dialog) {
     GetClientRect(dialog, &client);
     Lay_Out(dialog, client.right, client.bottom);
     Fill();
+    access.emplace(*this);
+    keys.emplace(*this, [this](const RECT& area) { Repaint(area); });
+    keys->Set_On_Focus([this](Part_Place place) { access->Tell(Part_Change::Focus, place); });
+    keys->Set_Default(&buttons[0]);
+    keys->Set_Focus({First_Button, Whole});
+}
+
+/// @param area  in logical pixels
+void Popup::Repaint(const RECT& area) {
+    RECT client{};
+    GetClientRect(Window(), &client);
+    const RECT turned{area.left, client.bottom - area.bottom, area.right, client.bottom - area.top};
+    InvalidateRect(Window(), &turned, FALSE);
 }
 
 void Popup::On_Paint(HWND dialog) {
@@ -326,6 +393,7 @@ void Popup::On_Close(HWND dialog) {
 }
 
 void Popup::On_Destroy() {
+    keys->Set_Active(false);
     field.Cleanup();
     background.Window = nullptr;
 }
@@ -349,10 +417,10 @@ bool Popup::On_Button(HWND dialog, int kind, LPARAM position) {
     Note_Pointer(dialog, position);
     const int event = kind | Buttons_Held();
     if (event == 0) return false;
+    if (kind == EVENT_PRESS) keys->Hide_Ring();
     for (std::size_t i = 0; i < answers.size(); ++i) {
         if (buttons[i].Select(event) != 1) continue;
-        answered = true;
-        EndDialog(dialog, answers[i].value);
+        End(i);
         return true;
     }
     const Paint_Batch batch(dialog);
@@ -367,6 +435,76 @@ void Popup::On_Wheel(HWND dialog, int delta) {
     if (steps == 0 || !field.Select(EVENT_TEST)) return;
     const Paint_Batch batch(dialog);
     field.Scroll(-steps);
+}
+
+void Popup::End(std::size_t button) {
+    answered = true;
+    EndDialog(Window(), answers[button].value);
+}
+
+Part_Owner Popup::Owner(int number) const {
+    Part_Owner owned;
+    owned.serial = static_cast<unsigned>(number) + 1;
+    owned.control = controls[number];
+    if (number == Text_Number) {
+        owned.parts = &Parts_Of(&field);
+    } else {
+        owned.parts = &Parts_Of(&buttons[0]);
+        owned.mnemonic = answers[static_cast<std::size_t>(number - First_Button)].letter;
+    }
+    return owned;
+}
+
+int Popup::Control_At(POINT place) const {
+    for (int number = Count() - 1; number >= 0; --number) {
+        if (PtInRect(&controls[number]->Rect, place)) return number;
+    }
+    return -1;
+}
+
+bool Popup::Press(Part_Place place) {
+    if (place.control < First_Button || !Window()) return false;
+    End(static_cast<std::size_t>(place.control - First_Button));
+    return true;
+}
+
+bool Popup::Step(Part_Place place, Part_Move move) {
+    if (place.control != Text_Number || !Window()) return false;
+    const Paint_Batch batch(Window());
+    return Parts_Of(&field).Step(field, place.part, move);
+}
+
+/// @return whether the key meant anything
+bool Popup::On_Key(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam) {
+    const int key = Typed_Key(message, wparam, Key_Code(dialog, message, wparam, lparam));
+    return key != 0 && Take(dialog, key, Is_Repeated(lparam));
+}
+
+/// What the button that has the keyboard makes nothing of scrolls the text, or goes to a button beside.
+/// @param repeated  a key that is held, perhaps since before the dialog opened, answers nothing
+bool Popup::Take(HWND dialog, int key, bool repeated) {
+    if (key == VK_ESCAPE) {
+        if (!repeated) On_Close(dialog);
+        return true;
+    }
+    if (keys->Take(key, repeated)) return true;
+    if (const std::optional<Part_Move> move = Move_Of(key)) {
+        keys->Show_Ring();
+        const bool back = *move == Part_Move::Left || *move == Part_Move::Up;
+        const bool on = *move == Part_Move::Right || *move == Part_Move::Down;
+        if (!Step({Text_Number, Whole}, *move) && (back || on)) Go_Aside(back);
+        return true;
+    }
+    const int letter = key >= 'a' && key <= 'z' ? key - 'a' + 'A' : key;
+    return keys->Take(KEY_ALT | letter, repeated);
+}
+
+/// Goes to the button beside, all round.
+void Popup::Go_Aside(bool back) {
+    const auto count = static_cast<int>(answers.size());
+    const int now = Focus().control - First_Button;  // below 0 on the text
+    const int next = back ? std::max(now, 0) + count - 1 : std::max(now, -1) + 1;
+    Set_Focus({First_Button + next % count, Whole});
 }
 
 struct Kinds {

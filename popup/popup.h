@@ -5,6 +5,10 @@
 /// returns. One dialog of each kind can be open: a second call meanwhile, from a timer for instance, is
 /// reported at level 11 and answers -1.
 ///
+/// Enter and Space press the button that has the keyboard, the first one to begin with; Tab and the arrows go
+/// to another; Y and N answer a question; Escape does what the close box does. Arrows up and down, Page Up,
+/// Page Down, Home and End scroll the text.
+///
 /// A message of up to 256 bytes is shown up to its 255th. A longer one is cut into its lines, with zeros
 /// written into the caller's text where they end; each line is shown up to its 255th byte, empty ones not at
 /// all, and of more than 4095 the first are left out. In both, "%%" is shown as "%", and the codes of

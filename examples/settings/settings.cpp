@@ -32,33 +32,29 @@ struct Dialog {
     Host host;
 
     explicit Dialog(HWND window) : host(window) {
-        const auto take = [](Valuators& bar) {
-            if (Button_State) bar.Val = bar.Read(), bar.Adjust();  // the wheel has done both already
-        };
-        const auto take_mask = [](CheckLists& list) { list.Value = list.Read(), list.Adjust(); };
-        const auto take_item = [](Lists& list) { list.Current = short(list.Read()), list.Adjust(); };
-        const auto toggle = [](Buttons& lamp) { lamp.Lamp = lamp.Value = !lamp.Value, lamp.Adjust(); };
         host.Set_Background(Colors(76, 81, 90));
         Add(panel, nullptr, 12, 178, 496, 250, FLAG_STATIC | FLAG_PASSIVE);
         Add_Entry(title_label, "Title", title, 386, 0);
         Add_Entry(copies_label, "Copies", copies, 350, TEXT_INTEGER);
-        Add(format, "Format", 28, 308, 272, 32, FLAG_TEXT_MIDDLE | FLAG_TEXT_LEFT, &Selects::Adjust);
+        Add(format, "Format", 28, 308, 272, 32, FLAG_TEXT_MIDDLE | FLAG_TEXT_LEFT);
         format.Value_Width = 208;
         Name_Items(format, formats);
-        Add(quality, "Quality", 28, 272, 272, VAL_DIM, SLIDER_KEEP_GRAB | FLAG_TEXT_LEFT, take, take);
+        Add(quality, "Quality", 28, 272, 272, VAL_DIM, SLIDER_KEEP_GRAB | FLAG_TEXT_LEFT);
         quality.Start_Val = 1, quality.End_Val = 100, quality.Format = "%.0f %%", quality.Num_Width = NUM_DIM;
-        Add(extra, "Extras", 28, 190, 272, 72, CHECKLIST_NAME_LEFT, take_mask);
+        Add(extra, "Extras", 28, 190, 272, 72, CHECKLIST_NAME_LEFT);
         extra.List = extras;
         Add(size_label, "Size in pixels", 320, 386, 172, 26, FLAG_TEXT_LEFT);
-        Add(size, nullptr, 320, 240, 172, 144, FLAG_VERTICAL | SLIDER_KEEP_GRAB, take_item);
+        Add(size, nullptr, 320, 240, 172, 144, FLAG_VERTICAL | SLIDER_KEEP_GRAB);
         Name_Items(size, sizes);
-        Add(replace, "Replace old pictures", 320, 190, 172, 36, BUTTON_LAMP, toggle);
+        Add(replace, "Replace old pictures", 320, 190, 172, 36, BUTTON_LAMP);
         Add(reset, "Reset", 292, 132, 100, 34, 0, [this](Buttons&) { Show({}); });
         Add(ok, "OK", 408, 132, 100, 34, 0, [this](Buttons&) { Report(Read_Back()); });
         Add(summary, "What the program got", 12, 12, 496, 108, TEXT_V_BAR | SLIDER_KEEP_GRAB);
         summary.Color = Colors(196, 200, 206);
         host.Init_All();
         host.Focus(&title);
+        host.Set_Default(&ok);
+        host.Describe(size, "Size in pixels");
         Show({});
     }
 
@@ -96,16 +92,8 @@ struct Dialog {
     }
 
     void Add_Entry(Labels& label, const char* name, Texts& field, int y, unsigned long flag) {
-        const auto begin = [](Texts& entry) {
-            if (entry.Mode == 0) entry.Read("%s", entry.Line);  // after Escape
-        };
-        const auto enter = [this](Texts& entry) {
-            if (!entry.Update()) return;
-            entry.Read("%s", entry.Line);
-            Report(Read_Back());
-        };
         Add(label, name, 28, y, 60, 26, FLAG_TEXT_LEFT);
-        Add(field, nullptr, 92, y, 208, 26, flag | TEXT_SINGLE_LINE, begin, enter);
+        Add(field, nullptr, 92, y, 208, 26, flag | TEXT_SINGLE_LINE);
         field.Color = Colors(222, 225, 230);
     }
 

@@ -38,6 +38,8 @@ class Gallery {
   public:
     explicit Gallery(const std::string& page);
 
+    HWND Window() const { return window_; }
+
     /// Waits until the gallery says this line, after all those that were waited for before.
     bool Says(const std::string& line);
     /// Whether the gallery has told of a press since the last line waited for.

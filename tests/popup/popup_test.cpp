@@ -6,6 +6,8 @@
 
 #include "Galdren_Tools.h"
 #include "popup/template.h"
+#include "tests/support/keys.h"
+#include "tests/support/reader.h"
 #include "tests/support/spy.h"
 #include "tests/support/window.h"
 
@@ -19,30 +21,41 @@ constexpr const char* Dialog_Class = "#32770";
 using Dialog_Function = decltype(&PopUp_Message);
 using Script = std::function<void(HWND)>;
 
-/// Opens dialogs. Once one is painted, a script acts on it, and then it is closed unless that ended it.
+/// Opens dialogs. Once one is painted, a script acts on it. When that, and the keys that it typed, have not
+/// ended the dialog, it is closed.
 struct Popup_Call {
     Test_Window owner{200, 100};
     const char* caption = Caption;
     std::string text;
-    int Run(Dialog_Function open, const std::string& message, int width, int height, Script script = {}) {
-        static Script waiting;
-        waiting = std::move(script);
+    Script script;
+    bool ended = false;  // by the script or its keys
+
+    int Run(Dialog_Function open, const std::string& message, int width, int height, Script act = {}) {
+        static Popup_Call* running;
+        running = this;
         text = message;
+        script = std::move(act);
+        ended = true;
         SetActiveWindow(owner);
-        SetTimer(nullptr, 0, USER_TIMER_MINIMUM, [](HWND, UINT, UINT_PTR timer, DWORD) {
-            const HWND dialog = FindWindowA(Dialog_Class, nullptr);
-            if (!IsWindowVisible(dialog)) return;
-            KillTimer(nullptr, timer);
-            UpdateWindow(dialog);
-            PostMessageA(dialog, WM_CLOSE, 0, 0);
-            if (const Script act = std::exchange(waiting, {})) act(dialog);
-        });
+        const UINT_PTR timer =
+            SetTimer(nullptr, 0, USER_TIMER_MINIMUM, [](HWND, UINT, UINT_PTR, DWORD) { running->Tick(); });
         const int result = open(caption, caption, caption ? text.data() : nullptr, static_cast<short>(width),
                                 static_cast<short>(height));
+        KillTimer(nullptr, timer);
         EXPECT_TRUE(!owner || IsWindowEnabled(owner));
         EXPECT_EQ(GetActiveWindow(), owner);
         EXPECT_FALSE(FindWindowA(Dialog_Class, nullptr));
         return result;
+    }
+
+    /// Timers come after all input.
+    void Tick() {
+        const HWND dialog = FindWindowA(Dialog_Class, nullptr);
+        if (!IsWindowVisible(dialog)) return;
+        UpdateWindow(dialog);
+        if (const Script act = std::exchange(script, {})) return act(dialog);
+        ended = false;
+        SendMessageA(dialog, WM_CLOSE, 0, 0);
     }
 };
 
@@ -129,16 +142,118 @@ TEST(Dialogs, Answer_To_Presses_On_Their_Buttons) {
     expect(Open, PopUp_Querry, 150, 20);
     expect(Open, PopUp_Querry, 40, 90);
     expect(Open, PopUp_Querry, 40, 20, WM_LBUTTONUP);
+    EXPECT_EQ(call.Run(PopUp_Querry, "?", 0, 0, [](HWND) { PostQuitMessage(0); }), -1);
     MSG message;
-    const auto quit = [&](HWND dialog) {
-        PeekMessageA(&message, dialog, WM_CLOSE, WM_CLOSE, PM_REMOVE);
-        PostQuitMessage(0);
-    };
-    EXPECT_EQ(call.Run(PopUp_Querry, "?", 0, 0, quit), -1);
     EXPECT_TRUE(PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
 }
 
-TEST(Dialogs, Scroll_By_Whole_Steps_Of_The_Wheel) {
+TEST(Dialogs, Answer_To_Keys) {
+    constexpr int Open = -2, Shift = KEY_SHIFT, Alt = KEY_ALT, Control = KEY_CONTROL;
+    struct Row {
+        Dialog_Function open;
+        std::initializer_list<int> keys;
+        int answer;
+        std::string text = "?";
+    };
+    std::string lines;
+    for (int i = 0; i < 60; ++i)
+        lines += std::to_string(i) + '\n';
+    const Row rows[] = {
+        {PopUp_Message, {VK_RETURN}, 0},
+        {PopUp_Message, {VK_SPACE}, 0},
+        {PopUp_Message, {VK_ESCAPE}, 0},
+        {PopUp_Message, {VK_TAB, VK_RIGHT, VK_UP, VK_RETURN}, 0},
+        {PopUp_Message, {'Y', 'N', 'O', VK_F1, VK_HOME, Control | VK_RETURN, VK_BACK}, Open},
+        {PopUp_Querry, {VK_RETURN}, 1},
+        {PopUp_Querry, {VK_SPACE}, 1},
+        {PopUp_Querry, {VK_ESCAPE}, 0},
+        {PopUp_Querry, {'Y'}, 1},
+        {PopUp_Querry, {'N'}, 0},
+        {PopUp_Querry, {Shift | 'Y'}, 1},
+        {PopUp_Querry, {Alt | 'N'}, 0},
+        {PopUp_Querry, {Alt | 'Y'}, 1},
+        {PopUp_Querry, {Control | 'Y', 'X', '1', VK_OEM_PLUS}, Open},
+        {PopUp_Querry, {VK_TAB, VK_RETURN}, 0},
+        {PopUp_Querry, {VK_TAB, VK_TAB, VK_SPACE}, 1},
+        {PopUp_Querry, {Shift | VK_TAB, VK_SPACE}, 0},
+        {PopUp_Querry, {VK_RIGHT, VK_RETURN}, 0},
+        {PopUp_Querry, {VK_RIGHT, VK_RIGHT, VK_RETURN}, 1},
+        {PopUp_Querry, {VK_LEFT, VK_RETURN}, 0},
+        {PopUp_Querry, {VK_DOWN, VK_RETURN}, 0},
+        {PopUp_Querry, {VK_DOWN, VK_UP, VK_RETURN}, 1},
+        {PopUp_Querry, {VK_TAB, VK_TAB, VK_RIGHT, VK_RIGHT, VK_RETURN}, 0, lines},  // from the text
+        {PopUp_Querry, {VK_TAB, VK_TAB, VK_RETURN}, 1, lines},
+        {PopUp_Querry, {VK_TAB, VK_UP, VK_PRIOR, VK_HOME, VK_RETURN}, 0, lines},
+    };
+    Popup_Call call;
+    for (const Row& row : rows) {
+        SCOPED_TRACE(&row - rows);
+        const int answer = call.Run(row.open, row.text, 0, 0, [&](HWND) { Type_Keys(row.keys); });
+        EXPECT_EQ(call.ended ? answer : Open, row.answer);
+    }
+    // A key that was down before the dialog opened.
+    const auto held = [](HWND dialog) {
+        for (const int key : {VK_RETURN, VK_ESCAPE}) {
+            SendMessageA(dialog, WM_KEYDOWN, static_cast<WPARAM>(key), 1 << 30);
+            SendMessageA(dialog, WM_CHAR, static_cast<WPARAM>(key), 1 << 30);
+        }
+    };
+    call.Run(PopUp_Querry, "?", 0, 0, held);
+    EXPECT_FALSE(call.ended);
+    EXPECT_EQ(call.Run(PopUp_Querry, "?", 0, 0, [](HWND d) { SendMessageA(d, WM_COMMAND, IDOK, 0); }), 1);
+    EXPECT_EQ(call.Run(PopUp_Querry, "?", 0, 0, [](HWND d) { SendMessageA(d, WM_COMMAND, IDCANCEL, 0); }), 0);
+}
+
+TEST(Dialogs, Of_Two_Kinds_Are_Worked_By_Keys_One_In_The_Other) {
+    Popup_Call call;
+    const auto ask = [&](HWND message) {
+        SendMessageA(message, WM_KEYDOWN, VK_TAB, 0);
+        const Picture ring(message);
+        call.script = [&](HWND) {
+            UpdateWindow(message);
+            EXPECT_FALSE(Same(Picture(message), ring));
+            Type_Keys({VK_TAB, VK_TAB, VK_RETURN});
+        };
+        EXPECT_EQ(PopUp_Querry(Caption, Caption, call.text.data(), 0, 0), 1);
+        EXPECT_EQ(GetFocus(), message);
+        EXPECT_TRUE(Same(Picture(message), ring)) << "it is there again";
+        call.script = [](HWND) { Type_Keys({VK_RETURN}); };
+    };
+    call.Run(PopUp_Message, "first", 0, 0, ask);
+    EXPECT_TRUE(call.ended);
+}
+
+TEST(Dialogs, Show_The_Ring_Once_Keys_Are_Used) {
+    constexpr std::uint32_t White = 0xFFFFFF, Black = 0;
+    Popup_Call call;
+    call.Run(PopUp_Querry, "?", 0, 0, [&](HWND dialog) {
+        const int left = (Client_Size(dialog).x - 18) / 2 + 12;  // of "No"
+        SendMessageA(dialog, WM_KEYDOWN, VK_RIGHT, 0);
+        const Picture ring(dialog);
+        EXPECT_EQ(ring.At(left - 1, 20), White);
+        EXPECT_EQ(ring.At(left - 2, 20), Black);
+        Mouse(dialog, WM_LBUTTONDOWN, 150, 90);
+        UpdateWindow(dialog);
+        EXPECT_TRUE(Looks_Right(dialog, true, {"?", ""}));
+        EXPECT_TRUE(IsWindowVisible(dialog));
+    });
+}
+
+TEST(Dialogs, Leave_The_Keyboard_On_A_Button_When_The_Text_Is_Pressed) {
+    Popup_Call call;
+    const int answer = call.Run(PopUp_Querry, "?", 0, 0, [](HWND dialog) {
+        RECT place;
+        GetWindowRect(dialog, &place);
+        SetCursorPos((place.left + place.right) / 2, (place.top + place.bottom) / 2);
+        mouse_event(MOUSEEVENTF_LEFTDOWN, 0, 0, 0, 0);
+        Type_Keys({VK_RETURN});
+    });
+    mouse_event(MOUSEEVENTF_LEFTUP, 0, 0, 0, 0);
+    EXPECT_TRUE(call.ended) << "with the button held";
+    EXPECT_EQ(answer, 1);
+}
+
+TEST(Dialogs, Scroll_By_Whole_Steps_Of_The_Wheel_And_By_Keys) {
     std::string lines;
     for (int i = 0; i < 60; ++i)
         lines += std::to_string(i % 10) + '\n';
@@ -157,6 +272,18 @@ TEST(Dialogs, Scroll_By_Whole_Steps_Of_The_Wheel) {
         EXPECT_TRUE(Same(after(-60), start));
         Mouse(dialog, WM_MOUSEMOVE, 2, 90);
         EXPECT_TRUE(Same(after(120), start)) << "beside the text";
+
+        const auto key = [&](WPARAM pressed) {
+            SendMessageA(dialog, WM_KEYDOWN, pressed, 0);
+            return Picture(dialog);
+        };
+        const Picture end = key(VK_END), up = key(VK_UP), home = key(VK_HOME);
+        EXPECT_FALSE(Same(up, end));
+        EXPECT_FALSE(Same(home, up));
+        EXPECT_TRUE(Same(key(VK_PRIOR), home));
+        key(VK_END), key(VK_NEXT);
+        EXPECT_TRUE(Same(key(VK_UP), up)) << "a line, wherever the pointer is";
+        EXPECT_TRUE(Same(key(VK_DOWN), end));
     });
 }
 
@@ -214,4 +341,22 @@ TEST(Dialogs, Leave_Nothing_Behind) {
     EXPECT_EQ(Gdi_Objects(), with_controls);
     Tools_Lib_Cleanup();
     EXPECT_EQ(Gdi_Objects(), at_first);
+}
+
+TEST(Dialogs, Are_Read_And_Answered_By_Screen_Readers) {
+    Popup_Call call;
+    EXPECT_EQ(call.Run(PopUp_Querry, "Save it?", 0, 0,
+                       [](HWND dialog) {
+                           const Spoken root(dialog);
+                           EXPECT_EQ(Read_Aloud(root),
+                                     "Caption: dialog, focusable\n"
+                                     "  Caption: text, read only = Save it?\n\n"
+                                     "  Yes: push button, focused, focusable (Press)\n"
+                                     "  No: push button, focusable (Press)\n");
+                           EXPECT_EQ(root.Child(2).Shortcut(), "Alt+Y");
+                           EXPECT_EQ(root.At(root.Child(3).Middle()).Name(), "No");
+                           EXPECT_EQ(root.Child(2).Act(), S_OK);
+                       }),
+              1);
+    EXPECT_TRUE(call.ended);
 }

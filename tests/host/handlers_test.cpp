@@ -1,0 +1,351 @@
+// What handlers are told, and what the host does where there are none.
+#include <iterator>
+#include <memory>
+#include <string>
+
+#include "Galdren_Host.h"
+#include "tests/support/keys.h"
+#include "tests/support/window.h"
+
+namespace galdren_test {
+namespace {
+
+constexpr int side = 400;
+
+void Put(Tools& control, int x, int y, int width, int height, unsigned long flag = 0) {
+    control.X = static_cast<short>(x);
+    control.Y = static_cast<short>(y);
+    control.Width = static_cast<short>(width);
+    control.Height = static_cast<short>(height);
+    control.Flag = flag;
+}
+
+/// A host and what a window procedure would send it.
+class Handlers_Test : public testing::Test {
+  protected:
+    ~Handlers_Test() override {
+        ReleaseCapture();
+        STATE_MASK(0);
+    }
+    bool Send(UINT message, WPARAM wparam, POINT logical) {
+        POINT place{logical.x, side - 1 - logical.y};
+        if (message == WM_MOUSEWHEEL || message == WM_MOUSEHWHEEL) ClientToScreen(window, &place);
+        LRESULT result = 0;
+        return host && host->Message(message, wparam, MAKELPARAM(place.x, place.y), result);
+    }
+    void Click(POINT at) {
+        Send(WM_LBUTTONDOWN, MK_LBUTTON, at);
+        Send(WM_LBUTTONUP, 0, at);
+    }
+    bool Wheel(UINT message, int delta, const Tools& control) {
+        return Send(message, MAKEWPARAM(0, static_cast<WORD>(delta)),
+                    {control.X + control.Width / 2, control.Y + control.Height / 2});
+    }
+    void Type(const char* text) {
+        for (; *text; ++text)
+            Send(WM_CHAR, static_cast<WPARAM>(*text), {});
+    }
+    /// The middle of a part of a control that was added as the `number`th.
+    POINT Middle_Of(Part_Place place) {
+        const Part_Owner owner = host->Parts().Owner(place.control);
+        const RECT area = owner.parts->Describe(*owner.control, place.part).area;
+        return {(area.left + area.right) / 2, (area.top + area.bottom) / 2};
+    }
+
+    Test_Window window{side, side};
+    std::unique_ptr<Host> host = std::make_unique<Host>(window);
+};
+
+TEST_F(Handlers_Test, Controls_Work_By_Themselves) {
+    static const char* const rows[] = {"one", "two", "three", nullptr};
+    for (const bool by_parts : {false, true}) {
+        SCOPED_TRACE(by_parts ? "parts" : "pointer");
+        host = std::make_unique<Host>(window);
+        Buttons lamp, plain;
+        CheckLists checks;
+        Lists list;
+        Sliders slider;
+        Valuators value;
+        Selects selector;
+        Tabs tabs;
+        Color_Edit color;
+        Texts field;
+        Put(lamp, 10, 10, 90, 40, BUTTON_LAMP), Put(plain, 110, 10, 90, 40), Put(checks, 210, 10, 100, 80);
+        Put(list, 10, 100, 90, 120, FLAG_VERTICAL), Put(slider, 110, 100, 200, 16);
+        Put(value, 110, 130, 200, 24), Put(selector, 110, 170, 200, 30), Put(tabs, 10, 360, 300, 30);
+        Put(color, 110, 210, 200, 90), Put(field, 10, 310, 200, 26, TEXT_SINGLE_LINE);
+        checks.List = rows;
+        slider.End_Val = value.End_Val = 100;
+        list.Grow(3, 0), selector.Grow(3, 0), tabs.Grow(3, 0);
+        for (Tools* control : std::initializer_list<Tools*>{&lamp, &plain, &checks, &list, &slider, &value,
+                                                            &selector, &tabs, &color, &field})
+            control->Font_Name = "Arial", control->Font_Size = 9, control->Border = 1;
+        host->Add(lamp), host->Add(plain), host->Add(checks), host->Add(list), host->Add(slider);
+        host->Add(value), host->Add(selector), host->Add(tabs), host->Add(color), host->Add(field);
+        host->Init_All();
+        host->Refresh();
+        Send(WM_PAINT, 0, {});
+        const unsigned long black = color.Value;
+        if (by_parts) {
+            EXPECT_TRUE(host->Parts().Step({6}, Part_Move::Right));
+        } else {
+            Click({selector.X + selector.Width - 10, selector.Y + 15});
+        }
+        constexpr Part_Place places[] = {{0}, {1}, {2, 1}, {3, 2}, {4}, {5}, {7, 1}, {8, 2}, {9}};
+        for (const Part_Place place : places) {
+            if (by_parts) {
+                EXPECT_TRUE(host->Parts().Press(place)) << place.control;
+            } else {
+                Click(Middle_Of(place));
+            }
+            EXPECT_EQ(Button_State, 0u);
+        }
+        EXPECT_TRUE(lamp.Value == 1 && lamp.Lamp == 1);
+        EXPECT_EQ(plain.Value, 0) << "what it does is the application's";
+        EXPECT_EQ(checks.Value, 2);
+        EXPECT_EQ(list.Current, 2);
+        EXPECT_NEAR(slider.Val, 50, 5);
+        EXPECT_NEAR(value.Val, 50, 5);
+        EXPECT_EQ(selector.Current, 1);
+        EXPECT_EQ(tabs.Value, 1);
+        EXPECT_NE(color.Value, black);
+        EXPECT_EQ(field.Mode, TEXT_READING);
+        EXPECT_EQ(host->Focused(), &field);
+        host->Set_Default(&lamp);
+        Type("ab\r");
+        EXPECT_EQ(lamp.Lamp, 0) << "pressed once more";
+        EXPECT_EQ(field.Mode, TEXT_READING) << "nobody would have it read on";
+        host->Set_Default(nullptr);
+        Type("\r");
+        EXPECT_STREQ(field.Line, "ab");
+        EXPECT_EQ(field.Mode & TEXT_ENTERED, TEXT_ENTERED) << "for the application to find";
+    }
+}
+
+TEST_F(Handlers_Test, One_Is_Told_And_One_Is_Asked) {
+    std::string told, asked;
+    bool takes = false;
+    Valuators first, second;
+    Buttons push;
+    Put(first, 10, 10, 200, 24), Put(second, 10, 50, 200, 24), Put(push, 10, 90, 60, 30);
+    first.End_Val = second.End_Val = 100;
+    const auto note = [](std::string& log, const Host_Event& event, float value) {
+        static constexpr char kinds[] = "pdwks";
+        log += kinds[event.kind];
+        log += std::to_string(event.button) + (event.second ? "!" : "") + (value > 0 ? "+ " : " ");
+        EXPECT_EQ(event.answer, 1);
+    };
+    host->Add(first, [&](Valuators& bar, const Host_Event& event) { note(told, event, bar.Val); });
+    host->Add(second, [&](Valuators& bar, const Host_Event& event) {
+        note(asked, event, bar.Val);
+        return takes;
+    });
+    host->Add(push, [&](Buttons&, const Host_Event& event) { note(told, event, 0); });
+    host->Init_All();
+    const auto press_all = [&](const Tools& control) {
+        const POINT at{control.X + 100, control.Y + 12};
+        told.clear(), asked.clear();
+        Send(WM_LBUTTONDOWN, MK_LBUTTON, at);
+        Send(WM_MOUSEMOVE, MK_LBUTTON, {at.x + 9, at.y});
+        Send(WM_LBUTTONUP, 0, at);
+        Send(WM_LBUTTONDBLCLK, MK_LBUTTON, at);
+        Send(WM_LBUTTONUP, 0, at);
+        Send(WM_RBUTTONDOWN, MK_RBUTTON, at);
+        // The system makes WM_CONTEXTMENU of this when nobody takes it.
+        return Send(WM_RBUTTONUP, 0, at);
+    };
+    EXPECT_FALSE(press_all(first));
+    EXPECT_EQ(told, "p1+ d1+ p1!+ ") << "with the value stored, and of the left button";
+    EXPECT_FALSE(press_all(second));
+    EXPECT_EQ(asked, "p1 d1+ p1!+ p3+ ") << "before the value is stored, and of all buttons";
+    EXPECT_GT(second.Val, 40);
+    takes = true;
+    second.Val = 0, second.Adjust();
+    EXPECT_TRUE(press_all(second));
+    EXPECT_EQ(asked, "p1 d1 p1! p3 ");
+    EXPECT_EQ(second.Val, 0) << "the application takes it";
+    EXPECT_EQ(Send(WM_RBUTTONUP, 0, {300, 300}), false) << "once";
+    // A drag tells nothing new of a button.
+    told.clear();
+    Send(WM_LBUTTONDOWN, MK_LBUTTON, {20, 100});
+    Send(WM_MOUSEMOVE, MK_LBUTTON, {21, 100});
+    Send(WM_LBUTTONUP, 0, {21, 100});
+    EXPECT_EQ(told, "p1 ");
+}
+
+TEST_F(Handlers_Test, A_Button_Held_Does_Not_Make_A_Drag_Of_The_Wheel) {
+    Valuators event_bar, plain_bar;
+    Put(event_bar, 10, 10, 200, 24), Put(plain_bar, 10, 50, 200, 24);
+    event_bar.End_Val = plain_bar.End_Val = 1000;
+    event_bar.Val = plain_bar.Val = 100;
+    event_bar.Step = plain_bar.Step = 1;
+    int kind = -1;
+    host->Add(event_bar, [&](Valuators&, const Host_Event& event) { kind = event.kind; });
+    const auto take = [](Valuators& bar) {
+        if (Button_State) bar.Val = bar.Read(), bar.Adjust();
+    };
+    host->Add(plain_bar, take, take);
+    host->Init_All();
+    BUTTON_PRESS(3);
+    Wheel(WM_MOUSEWHEEL, 120, event_bar);
+    Wheel(WM_MOUSEWHEEL, 120, plain_bar);
+    EXPECT_EQ(kind, Host_Event::Wheel);
+    EXPECT_EQ(event_bar.Val, 99);
+    EXPECT_EQ(plain_bar.Val, 99);
+    EXPECT_EQ(Button_State, 2u) << "the right button still is";
+}
+
+/// How far a notch scrolls, for a scope.
+class Wheel_Setting {
+  public:
+    Wheel_Setting() { SystemParametersInfoA(SPI_GETWHEELSCROLLLINES, 0, &before, 0); }
+    ~Wheel_Setting() { Set(before); }
+    static void Set(UINT lines) { SystemParametersInfoA(SPI_SETWHEELSCROLLLINES, lines, nullptr, 0); }
+
+  private:
+    UINT before = 3;
+};
+
+TEST_F(Handlers_Test, Rows_Follow_The_Lines_Of_A_Notch) {
+    const Wheel_Setting setting;
+    Lists list;
+    Selects selector;
+    Put(list, 10, 10, 90, 200, FLAG_VERTICAL), Put(selector, 110, 10, 200, 30);
+    list.Grow(100, 0), selector.Grow(100, 0);
+    list.Item_Height = 20;
+    host->Add(list), host->Add(selector);
+    host->Init_All();
+    const float top = list.Scroll_Bar.Val, step = list.Scroll_Bar.Step;
+    const auto rows_after = [&](UINT lines, int delta) {
+        Wheel_Setting::Set(lines);
+        const float before = list.Scroll_Bar.Val;
+        Wheel(WM_MOUSEWHEEL, delta, list);
+        return (before - list.Scroll_Bar.Val) / step;
+    };
+    EXPECT_EQ(std::abs(rows_after(5, -120)), 5);
+    EXPECT_EQ(std::abs(rows_after(5, -24)), 1) << "a fifth of a notch is a line";
+    EXPECT_EQ(rows_after(5, -12), 0);
+    EXPECT_EQ(std::abs(rows_after(5, -12)), 1) << "the rest is kept";
+    const float page = std::abs(rows_after(WHEEL_PAGESCROLL, -120));
+    EXPECT_TRUE(page > 5 && page < 10) << page << " of about 9 rows in view";
+    EXPECT_EQ(rows_after(0, -120), 0) << "the user wants no wheel";
+    EXPECT_NE(list.Scroll_Bar.Val, top);
+    Wheel_Setting::Set(5);
+    Wheel(WM_MOUSEWHEEL, -120, selector);
+    EXPECT_TRUE(selector.Current == 1 || selector.Current == 99) << "values go by a step";
+}
+
+TEST_F(Handlers_Test, The_Wheel_That_Tilts_Moves_What_Lies_Across) {
+    Sliders flat, upright;
+    Lists row, column;
+    Texts text, narrow;
+    Put(flat, 10, 10, 150, 16), Put(upright, 180, 10, 16, 150, FLAG_VERTICAL);
+    Put(row, 10, 180, 150, 60), Put(column, 210, 10, 90, 100, FLAG_VERTICAL);
+    Put(text, 10, 260, 150, 100, TEXT_H_BAR | TEXT_V_BAR), Put(narrow, 200, 260, 150, 100, TEXT_V_BAR);
+    flat.End_Val = upright.End_Val = 100;
+    row.Grow(40, 0), column.Grow(40, 0);
+    int told = 0;
+    host->Add(flat, [&](Sliders&, const Host_Event& event) { told = event.steps; });
+    host->Add(upright), host->Add(row), host->Add(column), host->Add(text), host->Add(narrow);
+    host->Init_All();
+    for (Texts* field : {&text, &narrow})
+        field->Write("%s", std::string(200, 'x').c_str()), field->Draw();
+    const float row_start = row.Scroll_Bar.Val;
+    const float line_start = text.H_Slider.Val, height = text.V_Slider.Val;
+    for (const Tools* control : std::initializer_list<const Tools*>{&flat, &row, &text})
+        EXPECT_TRUE(Wheel(WM_MOUSEHWHEEL, 120, *control));
+    EXPECT_GT(flat.Val, 0) << "towards the right";
+    EXPECT_EQ(told, 1);
+    EXPECT_LT(row.Scroll_Bar.Val, row_start) << "the first item goes to the left";
+    EXPECT_GT(text.H_Slider.Val, line_start) << "wherever the pointer is in it";
+    EXPECT_EQ(text.V_Slider.Val, height);
+    for (const Tools* control : std::initializer_list<const Tools*>{&flat, &row, &text})
+        Wheel(WM_MOUSEHWHEEL, -120, *control);
+    EXPECT_EQ(flat.Val, 0);
+    EXPECT_EQ(row.Scroll_Bar.Val, row_start);
+    EXPECT_EQ(text.H_Slider.Val, line_start);
+    for (const Tools* control : std::initializer_list<const Tools*>{&upright, &column, &narrow})
+        EXPECT_FALSE(Wheel(WM_MOUSEHWHEEL, 120, *control)) << "nothing lies across";
+}
+
+TEST_F(Handlers_Test, A_Field_Reads_On_And_Tells_Of_Lines) {
+    Texts field;
+    Buttons ok, cancel;
+    Put(field, 10, 10, 200, 26, TEXT_SINGLE_LINE), Put(ok, 10, 50, 60, 30), Put(cancel, 80, 50, 60, 30);
+    std::string log;
+    host->Add(field, [&](Texts& told, const Host_Event& event) {
+        if (event.kind == Host_Event::Key && event.answer) log += told.Line + std::string(" ");
+    });
+    host->Add(ok, [&](Buttons&) { log += "ok "; });
+    host->Add(cancel, [&](Buttons&) { log += "cancel "; });
+    host->Set_Default(&ok);
+    host->Focus(&field);
+    host->Init_All();
+    EXPECT_EQ(host->Focused(), &field) << "as soon as it can have it";
+    Type("ab\rc\r");
+    EXPECT_EQ(log, "ab ok abc ok ");
+    Type("\x1b");
+    EXPECT_EQ(field.Mode, 0) << "left by Escape";
+    Click({20, 20});
+    EXPECT_EQ(field.Mode, TEXT_READING);
+    host->Set_Cancel(&cancel);
+    Type("\x1b");
+    EXPECT_EQ(log, "ab ok abc ok cancel ");
+    EXPECT_EQ(field.Mode, TEXT_READING);
+}
+
+/// What a handler does to the controls and the host.
+TEST_F(Handlers_Test, A_Handler_May_End_Everything) {
+    const char* const deeds[] = {"remove", "hide", "disable", "clear", "destroy"};
+    for (int deed = 0; deed < 5; ++deed) {
+        for (const bool is_asked : {false, true}) {
+            for (int way = 0; way < 6; ++way) {
+                SCOPED_TRACE(testing::Message() << deeds[deed] << ' ' << is_asked << " way " << way);
+                host = std::make_unique<Host>(window);
+                // Valid as long as the handler runs, and written to by nobody afterwards.
+                auto bar = std::make_unique<Valuators>();
+                Put(*bar, 10, 10, 200, 24);
+                bar->End_Val = 100;
+                int calls = 0;
+                const auto act = [&](Valuators& control) {
+                    ++calls;
+                    if (deed == 0) host->Remove(control);
+                    if (deed == 1) host->Set_Shown(control, false);
+                    if (deed == 2) host->Set_Enabled(control, false);
+                    if (deed == 3) host->Clear();
+                    if (deed == 4) host.reset();
+                };
+                if (is_asked) {
+                    host->Add(*bar,
+                              [&](Valuators& control, const Host_Event&) { return act(control), false; });
+                } else {
+                    host->Add(*bar, [&](Valuators& control, const Host_Event&) { act(control); });
+                }
+                host->Init_All();
+                host->Focus(bar.get());
+                const std::function<void()> ways[] = {
+                    [&] {
+                        Click({100, 20});
+                    },
+                    [&] { EXPECT_TRUE(host->Parts().Press({0})); },
+                    [&] { EXPECT_TRUE(host->Parts().Step({0}, Part_Move::Right)); },
+                    [&] { EXPECT_TRUE(host->Parts().Set_Value({0}, "30")); },
+                    [&] { Wheel(WM_MOUSEWHEEL, 120, *bar); },
+                    [&] { Send(WM_KEYDOWN, VK_RIGHT, {}); }};
+                ways[way]();
+                EXPECT_EQ(calls, 1);
+                STATE_MASK(0);
+                if (!host) continue;
+                if (deed == 0 || deed == 3) bar.reset();
+                Send(WM_MOUSEMOVE, 0, {100, 20});
+                Send(WM_CHAR, ' ', {});
+                EXPECT_EQ(host->Current(), nullptr);
+                EXPECT_EQ(calls, 1) << "it hears no more";
+                host.reset();
+            }
+        }
+    }
+}
+
+}  // namespace
+}  // namespace galdren_test

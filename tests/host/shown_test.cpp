@@ -1,0 +1,279 @@
+// Controls that are hidden, disabled or on a page that is not in front, and what services hear.
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "Galdren_Host.h"
+#include "tests/support/window.h"
+
+namespace galdren_test {
+namespace {
+
+constexpr int width = 320;
+constexpr int height = 200;
+
+void Put(Tools& control, int x, int y, int w, int h, unsigned long flag = 0) {
+    control.X = static_cast<short>(x);
+    control.Y = static_cast<short>(y);
+    control.Width = static_cast<short>(w);
+    control.Height = static_cast<short>(h);
+    control.Flag = flag;
+    control.Font_Name = "Arial";
+    control.Font_Size = 9;
+    control.Border = 1;
+}
+
+class Shown_Test : public testing::Test {
+  protected:
+    Shown_Test() {
+        Put(list, 10, 10, 100, 120, FLAG_VERTICAL);
+        Put(value, 120, 10, 180, 24);
+        Put(button, 120, 50, 80, 30);
+        Put(tabs, 10, 160, 300, 30);
+        value.End_Val = 100;
+        button.Name = "Press";
+        list.Grow(8, 0);
+        tabs.Grow(3, 0);
+        host->Set_Background(Colors(60, 120, 180));
+        host->Add(list), host->Add(value), host->Add(tabs);
+        host->Add(button, [this](Buttons&) { ++presses; });
+        host->Init_All();
+        Paint();
+    }
+    ~Shown_Test() override {
+        ReleaseCapture();
+        STATE_MASK(0);
+    }
+    bool Send(UINT message, WPARAM wparam, int x, int y) {
+        LRESULT result = 0;
+        return host->Message(message, wparam, MAKELPARAM(x, height - 1 - y), result);
+    }
+    void Click(int x, int y) {
+        Send(WM_LBUTTONDOWN, MK_LBUTTON, x, y);
+        Send(WM_LBUTTONUP, 0, x, y);
+    }
+    /// Paints what is to be painted anew.
+    void Paint() { Send(WM_PAINT, 0, 0, 0); }
+    Picture Painted() {
+        Paint();
+        return Picture(window);
+    }
+    Picture All_Painted() {
+        host->Refresh();
+        return Painted();
+    }
+
+    Test_Window window{width, height};
+    int presses = 0;
+    Lists list;
+    Valuators value;
+    Buttons button;
+    Tabs tabs;
+    Tools* const some[3] = {&list, &value, &button};
+    std::unique_ptr<Host> host = std::make_unique<Host>(window);
+};
+
+TEST_F(Shown_Test, What_Is_Hidden_Paints_And_Hears_Nothing) {
+    for (const bool holds : {false, true}) {
+        SCOPED_TRACE(holds);
+        if (holds) host->Hold();
+        const Picture shown = All_Painted();
+        Send(WM_MOUSEMOVE, 0, 140, 60);
+        for (Tools* control : some)
+            host->Set_Shown(*control, false);
+        EXPECT_EQ(host->Current(), nullptr);
+        const Picture hidden = Painted();
+        EXPECT_EQ(hidden.At(30, 30), 0x3C78B4u);
+        EXPECT_EQ(hidden.At(130, 60), 0x3C78B4u);
+        // New items take the veil when the list is initialised.
+        list.Current = holds ? 2 : 1, list.Grow(holds ? 14 : 12, 0), list.Init(nullptr), list.Adjust();
+        list.Item[1]->Draw(), list.Scroll_Bar.Draw(), list.Draw();
+        value.Val = 40, value.Adjust(), button.Value = 1, button.Adjust();
+        EXPECT_TRUE(Same(Picture(window), hidden)) << "members";
+        host->Init_All();
+        list.Draw(), value.Draw();
+        EXPECT_TRUE(Same(Painted(), hidden)) << "initialised anew";
+        Click(140, 60);
+        EXPECT_EQ(presses, 0);
+        EXPECT_FALSE(host->Parts().Press({3})) << "nor is it pressed by who cannot see it";
+        EXPECT_EQ(host->Parts().Control_At({140, 60}), -1);
+        EXPECT_TRUE(list.Flag == FLAG_VERTICAL && list.Width == 100);
+        for (Tools* control : some)
+            host->Set_Shown(*control, true);
+        value.Val = 0, button.Value = 0, list.Current = 0, list.Grow(8, 0), host->Init_All();
+        EXPECT_TRUE(Same(Painted(), shown));
+    }
+}
+
+TEST_F(Shown_Test, What_Is_Disabled_Is_Half_Of_Itself) {
+    const auto half = [](std::uint32_t a, std::uint32_t b, int shift) {
+        return static_cast<int>((a >> shift & 0xFF) + (b >> shift & 0xFF)) / 2;
+    };
+    for (const bool holds : {false, true}) {
+        SCOPED_TRACE(holds);
+        if (holds) host->Hold();
+        value.Val = 60, value.Init(nullptr);
+        for (Tools* control : some)
+            host->Set_Shown(*control, false);
+        const Picture ground = All_Painted();
+        for (Tools* control : some) {
+            host->Set_Shown(*control, true);
+            control->Flag |= FLAG_PASSIVE;
+        }
+        const Picture passive = All_Painted();
+        for (Tools* control : some) {
+            control->Flag &= ~FLAG_PASSIVE;
+            host->Set_Enabled(*control, false);
+        }
+        const auto is_half = [&](const Picture& now) {
+            int wrong = 0;
+            for (std::size_t i = 0; i < now.Pixels().size(); ++i) {
+                for (const int shift : {0, 8, 16}) {
+                    const int got = static_cast<int>(now.Pixels()[i] >> shift & 0xFF);
+                    wrong += std::abs(got - half(ground.Pixels()[i], passive.Pixels()[i], shift)) > 1;
+                }
+            }
+            return wrong;
+        };
+        const Picture disabled = Painted();
+        EXPECT_EQ(is_half(disabled), 0);
+        EXPECT_NE(disabled.At(140, 60), ground.At(140, 60));
+        EXPECT_TRUE(list.Flag == FLAG_VERTICAL && button.Flag == 0) << "passive only while it is painted";
+        EXPECT_TRUE(Same(All_Painted(), disabled)) << "never blended with itself";
+        button.Flag = FLAG_PASSIVE;
+        All_Painted();
+        EXPECT_EQ(button.Flag, FLAG_PASSIVE) << "what the application has set stays";
+        button.Flag = 0;
+
+        // A value that changes is painted with the next WM_PAINT, and blended too.
+        value.Val = 10, value.Adjust();
+        EXPECT_TRUE(Same(Picture(window), disabled)) << "not at once";
+        const Picture changed = Painted();
+        EXPECT_FALSE(Same(changed, disabled));
+        EXPECT_TRUE(Same(All_Painted(), changed));
+
+        Click(140, 60);
+        EXPECT_EQ(presses, 0);
+        EXPECT_EQ(host->Current(), nullptr);
+        EXPECT_FALSE(host->Parts().Press({3}) || host->Parts().Step({1}, Part_Move::Right) ||
+                     host->Parts().Set_Value({1}, "5") || host->Parts().Set_Focus({3}));
+        value.Val = 60;
+        for (Tools* control : some) {
+            host->Set_Enabled(*control, true);
+            control->Flag |= FLAG_PASSIVE;
+        }
+        EXPECT_TRUE(Same(Painted(), passive));
+        list.Flag &= ~FLAG_PASSIVE, value.Flag = button.Flag = 0;
+    }
+}
+
+TEST_F(Shown_Test, Pages_Follow_Their_Tabs) {
+    Tabs inner;
+    Buttons deep;
+    Put(inner, 120, 100, 180, 24), Put(deep, 220, 50, 60, 30);
+    inner.Grow(2, 0);
+    host->Add(inner), host->Add(deep);
+    host->Init_All();
+    host->Set_Page(tabs, 0, list, value);
+    host->Set_Page(tabs, 1, button, inner);
+    host->Set_Page(inner, 1, deep);
+    host->Set_Page(tabs, 0, tabs), host->Set_Page(inner, 0, tabs);  // a circle: ignored
+    const auto shown = [&] {
+        std::string names;
+        const std::pair<const Tools*, char> all[] = {{&list, 'l'}, {&value, 'v'}, {&button, 'b'},
+                                                     {&tabs, 't'}, {&inner, 'i'}, {&deep, 'd'}};
+        for (const auto& [control, name] : all)
+            if (host->Is_Shown(*control)) names += name;
+        return names;
+    };
+    EXPECT_EQ(shown(), "lvt");
+    Click(160, 170);  // the tab in the middle
+    EXPECT_EQ(tabs.Value, 1);
+    EXPECT_EQ(shown(), "bti") << "with the press, not with a later message";
+    inner.Value = 1, inner.Adjust();
+    Send(WM_TIMER, 0, 0, 0);
+    EXPECT_EQ(shown(), "btid");
+    tabs.Value = 0, host->Refresh(tabs);
+    const Picture first = Painted();
+    EXPECT_EQ(shown(), "lvt") << "and all on the pages of inner tabs";
+    EXPECT_TRUE(Same(All_Painted(), first));
+    tabs.Value = 1, host->Set_Shown(button, false);
+    Paint();
+    EXPECT_EQ(shown(), "tid");
+    host->Set_Shown(tabs, false);
+    EXPECT_EQ(shown(), "");
+    host->Remove(tabs);
+    EXPECT_EQ(shown(), "lvid") << "on no page any more";
+}
+
+/// Writes down what it hears: a letter for the change, the control and its part.
+class Listener : public Host_Service {
+  public:
+    explicit Listener(std::string& shared_log) : log(shared_log) {}
+    bool Message(UINT message, WPARAM, LPARAM, LRESULT& result) override {
+        result = 7;
+        return message == WM_USER;
+    }
+    void Changed(Part_Change change, Part_Place place) override {
+        log += "fvscSH"[static_cast<int>(change)];
+        log += std::to_string(place.control) + "/" + std::to_string(place.part) + " ";
+    }
+
+  private:
+    std::string& log;
+};
+
+TEST_F(Shown_Test, Services_Hear_Of_Changes) {
+    std::string log;
+    host->Serve(std::make_unique<Listener>(log));
+    LRESULT result = 0;
+    EXPECT_TRUE(host->Message(WM_USER, 0, 0, result));
+    EXPECT_EQ(result, 7);
+    const std::pair<std::function<void()>, const char*> rows[] = {
+        {[&] { Click(160, 20); }, "f1/-1 v1/-1 "},
+        {[&] { Click(160, 170); }, "c2/1 f2/1 "},
+        {[&] { Click(140, 60); }, "f3/-1 s3/-1 "},
+        {[&] { host->Parts().Set_Focus({1}); }, "f1/-1 "},
+        {[&] { host->Message(WM_KEYDOWN, VK_RIGHT, 0, result); }, "v1/-1 "},
+        {[&] { host->Tell_Changed(list); }, "c0/0 "},
+        {[&] { host->Set_Shown(button, false), host->Set_Shown(button, true); }, "H3/-1 S3/-1 "},
+        {[&] { host->Set_Enabled(button, false); }, "s3/-1 "},
+        {[&] { host->Focus(nullptr); }, "f-1/-1 "}};
+    for (const auto& [act, heard] : rows) {
+        log.clear();
+        act();
+        EXPECT_EQ(log, heard);
+    }
+}
+
+TEST_F(Shown_Test, Parts_Are_Found_By_Serial_Numbers_And_Places) {
+    Part_Window& parts = host->Parts();
+    const unsigned serial = parts.Owner(3).serial;
+    host->Describe(value, "Volume"), host->Set_Mnemonic(value, 'v');
+    EXPECT_STREQ(parts.Owner(1).description, "Volume");
+    EXPECT_EQ(parts.Owner(1).mnemonic, 'V');
+    EXPECT_EQ(parts.Control_At({140, 60}), 3);
+    host->Remove(list);
+    EXPECT_EQ(parts.Number_Of(serial), 2);
+    EXPECT_EQ(parts.Control_At({140, 60}), 2);
+    host->Remove(button), host->Add(button);
+    EXPECT_EQ(parts.Number_Of(serial), -1) << "a control that is added again is another one";
+    EXPECT_FALSE(parts.Press({3}) || parts.Press({-1}) || parts.Step({9}, Part_Move::Up));
+
+    // The pointer is over the tabs, and stays there for everybody to see.
+    Send(WM_MOUSEMOVE, 0, 60, 170);
+    const Picture lit(window);
+    const POINT pointer{ZCursor_X, ZCursor_Y};
+    EXPECT_TRUE(parts.Press({0})) << "which sets the middle";
+    EXPECT_GT(value.Val, 30);
+    value.Val = 0, value.Adjust();
+    EXPECT_TRUE(ZCursor_X == pointer.x && ZCursor_Y == pointer.y);
+    EXPECT_EQ(host->Current(), &tabs);
+    EXPECT_TRUE(Same(Picture(window), lit));
+    window.Close();
+    Send(WM_NCDESTROY, 0, 0, 0);
+    EXPECT_EQ(parts.Window(), nullptr);
+}
+
+}  // namespace
+}  // namespace galdren_test
