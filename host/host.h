@@ -217,7 +217,7 @@ class Host {
     // host_events.cpp
     bool Notify(const Entry& told, const Host_Event& event);
     bool Store(const Entry& entry, const Host_Event& event);
-    void Follow_Change(const Entry& entry);
+    void Tell_Of_Pointed(const Entry& entry) const;
     void Tell_Services(Part_Change change, Part_Place place) const;
     void Tell_Of_Part(const Entry& entry, int part) const;
 

@@ -75,11 +75,11 @@ bool Host::Notify(const Entry& told, const Host_Event& event) {
         const bool tells = stored || event.kind != Host_Event::Drag;
         if (handlers && kind == Handlers::Kind::Told && tells) handlers->Call(control, event);
     }
-    if (const Entry* const left = watch.Control()) {
-        Follow_Change(*left);
-    } else if (watch.Has_Host()) {
-        Follow_Pages();
-    }
+    if (!watch.Has_Host()) return taken;
+    Follow_Pages();
+    // The ring does not show while the mouse drags.
+    if (event.kind != Host_Event::Drag) keys->Update();
+    if (const Entry* const left = watch.Control()) Tell_Of_Pointed(*left);
     return taken;
 }
 
@@ -96,15 +96,11 @@ bool Host::Store(const Entry& entry, const Host_Event& event) {
            0;
 }
 
-/// Brings in line what hangs on the value of a control: pages, the ring, and what the services know.
-void Host::Follow_Change(const Entry& entry) {
-    const unsigned serial = entry.serial;
-    Follow_Pages();
-    keys->Update();
-    const Entry* const left = services.empty() ? nullptr : entries.With_Serial(serial);
-    if (!left) return;
+/// Tells the services of the part of a control that the pointer is on, which has changed.
+void Host::Tell_Of_Pointed(const Entry& entry) const {
+    if (services.empty()) return;
     const POINT place = From_Screen(window, {ZCursor_X, ZCursor_Y});
-    Tell_Of_Part(*left, left->calls->parts().At(*left->control, place));
+    Tell_Of_Part(entry, entry.calls->parts().At(*entry.control, place));
 }
 
 void Host::Tell_Changed(const Tools& control) {

@@ -79,14 +79,18 @@ bool Host::Press_Part(Part_Place place) {
         current = &control;
         answered = Tell(*entry, EVENT_PRESS | EVENT_LEFT, true);
     }
-    if (entry->calls->input) keys->Set_Focus(place);
-    if (answered) Notify(*entry, {Host_Event::Press, answered, 1});
+    // What was painted may have changed the host.
+    if (const Entry* const pressed = watch.Control()) {
+        if (pressed->calls->input)
+            keys->Set_Focus({static_cast<int>(entries.Number_Of(*pressed)), place.part});
+        if (answered) Notify(*pressed, {Host_Event::Press, answered, 1});
+    }
     BUTTON_RELEASE(1);
     if (!watch.Has_Host()) return true;
     const Paint_Batch batch(window);
     if (const Entry* const left = watch.Control()) Let_Go(*left);
     if (had_pointer && !held) Point_Again();
-    return true;
+    return answered != 0;
 }
 
 /// Tells a control that it has neither the pointer nor a button that is held.
@@ -109,7 +113,7 @@ bool Host::Change_Part(Part_Place place, const Host_Event& event,
     const Watch watch(*this, *entry);
     const Pointer_Scope there(Is_Empty(area) ? Nowhere : To_Screen(window, Middle(area)));
     if (!Beneath_Others(*entry, [&] { return change(described, control) ? 1 : 0; })) return false;
-    Notify(*entry, event);
+    if (const Entry* const changed = watch.Control()) Notify(*changed, event);
     // What has lit up because the pointer was shown there goes back.
     const Entry* const left = watch.Control();
     if (!left || !left->calls->select) return true;

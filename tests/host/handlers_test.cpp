@@ -165,6 +165,13 @@ TEST_F(Handlers_Test, One_Is_Told_And_One_Is_Asked) {
     EXPECT_EQ(asked, "p1 d1 p1! p3 ");
     EXPECT_EQ(second.Val, 0) << "the application takes it";
     EXPECT_EQ(Send(WM_RBUTTONUP, 0, {300, 300}), false) << "once";
+    Buttons lamp;
+    Put(lamp, 80, 90, 60, 30, BUTTON_LAMP);
+    host->Add(lamp, [&](Buttons&) { told = "old"; });
+    lamp.Init(window);
+    Click({90, 100});
+    EXPECT_EQ(told, "old");
+    EXPECT_EQ(lamp.Lamp, 0) << "a handler that takes the control alone stores by itself";
     // A drag tells nothing new of a button.
     told.clear();
     Send(WM_LBUTTONDOWN, MK_LBUTTON, {20, 100});

@@ -105,7 +105,20 @@ TEST_F(Shown_Test, What_Is_Hidden_Paints_And_Hears_Nothing) {
     }
 }
 
+/// Remembers its flags as it was painted.
+class Flag_Reader : public Tools {
+  public:
+    void Init(HWND target) { Window = target, Rect = {X, Y, X + Width + 1, Y + Height + 1}; }
+    void Draw() { painted_with = Flag; }
+    unsigned long painted_with = 0;
+};
+
 TEST_F(Shown_Test, What_Is_Disabled_Is_Half_Of_Itself) {
+    Flag_Reader reader;
+    Put(reader, 280, 60, 10, 10);
+    host->Add(reader);
+    host->Init_All();
+    host->Set_Enabled(reader, false);
     const auto half = [](std::uint32_t a, std::uint32_t b, int shift) {
         return static_cast<int>((a >> shift & 0xFF) + (b >> shift & 0xFF)) / 2;
     };
@@ -121,10 +134,15 @@ TEST_F(Shown_Test, What_Is_Disabled_Is_Half_Of_Itself) {
             control->Flag |= FLAG_PASSIVE;
         }
         const Picture passive = All_Painted();
+        EXPECT_TRUE(reader.painted_with == FLAG_PASSIVE && reader.Flag == 0);
+        Send(WM_MOUSEMOVE, 0, 20, 170);
         for (Tools* control : some) {
             control->Flag &= ~FLAG_PASSIVE;
             host->Set_Enabled(*control, false);
         }
+        host->Set_Enabled(tabs, false), host->Set_Enabled(tabs, true);
+        EXPECT_EQ(host->Current(), nullptr) << "who was disabled has lost the pointer";
+        Send(WM_MOUSELEAVE, 0, 0, 0);
         const auto is_half = [&](const Picture& now) {
             int wrong = 0;
             for (std::size_t i = 0; i < now.Pixels().size(); ++i) {
