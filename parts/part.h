@@ -12,7 +12,7 @@
 #include <string>
 
 #include "../tools/tools.h"
-#include "../widgets/text_fields.h"
+#include "../widgets/text.h"
 
 /// What a part is.
 enum class Part_Role {
