@@ -27,8 +27,6 @@ Host::Host(HWND served)
 Host::~Host() {
     life.reset();
     services.clear();
-    for (const Entry& entry : entries)
-        Give_Back(entry);
     if (holds) End_Hold(window);
 }
 
@@ -50,6 +48,9 @@ void Host::Set_On_Paint(std::function<void()> draw) {
 void Host::Add_Entry(Tools& control, const galdren::Class_Calls& calls,
                      std::shared_ptr<const galdren::Handlers> handlers) {
     entries.Add(control, calls, std::move(handlers));
+    // It may come from a host that is gone: that one does not touch controls any more, for they may be gone
+    // too.
+    if (control.Veil != VEIL_NONE) Set_Veil(entries[entries.Count() - 1], VEIL_NONE);
     // The keyboard shows the caret of the field that has it, wherever the pointer is.
     calls.parts().Show_Caret(control, CARET_AWAY);
     stale = true;

@@ -183,6 +183,7 @@ TEST_F(Shown_Test, What_Is_Disabled_Is_Half_Of_Itself) {
         EXPECT_TRUE(Same(Painted(), passive));
         list.Flag &= ~FLAG_PASSIVE, value.Flag = button.Flag = 0;
     }
+    host->Remove(reader);
 }
 
 TEST_F(Shown_Test, Pages_Follow_Their_Tabs) {
