@@ -39,7 +39,6 @@ struct Resolution {
     }
 };
 
-/// Character height in pixels of a font of `points`.
 int Pixel_Height(HWND window, short points) {
     static const Resolution resolution(window);
     constexpr short Default_Points = 12;

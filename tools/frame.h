@@ -1,5 +1,5 @@
 /// @file
-/// Frames and bodies.
+/// Frames, bodies and arrows.
 #pragma once
 
 #include "tools/canvas.h"
@@ -34,5 +34,8 @@ bool Fits_Size(const Tools_Fields& control, const void* buffer);
 /// The body; see `Tools::Fill_Select`.
 void Paint_Body(Canvas& canvas, const Tools_Fields& control, bool highlighted, const void* buffer,
                 unsigned long flags, int inset, const Area& area);
+
+/// An embossed arrow in an area; see `Tools::Arrow`.
+void Paint_Arrow(Canvas& canvas, short direction, int inset, int size, const Area& area);
 
 }  // namespace galdren

@@ -12,7 +12,6 @@ namespace galdren {
 
 namespace {
 
-/// The picture that is kept from paint to paint.
 struct Kept_Picture {
     std::unique_ptr<Sheet> sheet;
     unsigned number = 0;

@@ -4,6 +4,8 @@
 
 #include <windows.h>
 
+#include <optional>
+
 namespace galdren {
 
 SIZE Client_Size(HWND window);
@@ -31,8 +33,8 @@ class Window_Context {
     int saved = 0;  // state of a context that belongs to its window or class, and is not ours to change
 };
 
-/// Pointer position in the logical coordinates of `window`.
-/// @return false when there is no such window or its client area is empty
-bool Find_Pointer(HWND window, POINT& position);
+/// Pointer position in the logical coordinates of `window`; none when there is no such window or its client
+/// area is empty.
+std::optional<POINT> Find_Pointer(HWND window);
 
 }  // namespace galdren

@@ -15,7 +15,6 @@ void Paint_Name(Canvas& canvas, const Boxs& box) {
     Paint_Caption(canvas, box.Font, box.Name, flags, Area_Of(box), box.Border);
 }
 
-/// Body and caption.
 void Paint_Look(Canvas& canvas, const Boxs& box, bool highlighted) {
     const unsigned long* body = highlighted ? box.Cur_Graph_Select : box.Cur_Graph_Normal;
     const Area area = Area_Of(box);

@@ -1,8 +1,5 @@
 #include "widgets/padlock.h"
 
-#include <algorithm>
-#include <cstddef>
-
 namespace galdren {
 
 namespace {
@@ -53,27 +50,12 @@ constexpr unsigned char Padlock_8[8 * 8] = {
 };
 // clang-format on
 
-constexpr unsigned char Thumb_Level = 216;
-
-/// The pixels of a padlock. Its white surroundings take the colour of the locked thumb.
-template <std::size_t Count>
-struct Pixels {
-    unsigned long pixels[Count];
-    explicit Pixels(const unsigned char (&greys)[Count]) {
-        std::transform(greys, greys + Count, pixels,
-                       [](unsigned char grey) { return 0x01010101UL * std::min(grey, Thumb_Level); });
-    }
-};
-
 }  // namespace
 
 Padlock Padlock_For(int room) {
-    static const Pixels large(Padlock_16);
-    static const Pixels medium(Padlock_10);
-    static const Pixels small_one(Padlock_8);
-    if (room >= 16) return {16, large.pixels};
-    if (room >= 10) return {10, medium.pixels};
-    return room >= 8 ? Padlock{8, small_one.pixels} : Padlock{0, nullptr};
+    if (room >= 16) return {16, Padlock_16};
+    if (room >= 10) return {10, Padlock_10};
+    return room >= 8 ? Padlock{8, Padlock_8} : Padlock{0, nullptr};
 }
 
 }  // namespace galdren

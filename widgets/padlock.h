@@ -4,10 +4,11 @@
 
 namespace galdren {
 
-/// A square picture, pixel form, rows top-down.
+/// A square picture, rows top-down.
 struct Padlock {
+    static constexpr int Largest = 16;
     int size;  ///< 0 when there is none
-    const unsigned long* pixels;
+    const unsigned char* greys;
 };
 
 /// The largest padlock that fits in `room` pixels.

@@ -63,7 +63,6 @@ bool Is_Number_Format(const char* format) {
     return conversions == 1;
 }
 
-/// Whether a format is met for the first time.
 bool Is_New(std::string_view format) {
     constexpr std::size_t Most_Formats = 64;
     static std::size_t met[Most_Formats];  // hashes
@@ -75,11 +74,15 @@ bool Is_New(std::string_view format) {
     return true;
 }
 
-/// Reports a format that cannot be used, once.
-void Report_Format(const Valuators& valuator) {
-    if (!Is_New(valuator.Format)) return;
-    Error_Fct(hwnd, ERROR_LEVEL_WARNING, "Valuators: the format \"%s\" is not one number\n   name: %s",
-              valuator.Format, Name_Of(valuator));
+/// The format of the number field, or one in place of it that cannot be used, which is reported once; null
+/// when there is no such field. It is looked at every time, for another text may stand at the same place.
+const char* Used_Format(const Valuators& valuator) {
+    if (!valuator.Format || Is_Number_Format(valuator.Format)) return valuator.Format;
+    if (Is_New(valuator.Format)) {
+        Error_Fct(hwnd, ERROR_LEVEL_WARNING, "Valuators: the format \"%s\" is not one number\n   name: %s",
+                  valuator.Format, Name_Of(valuator));
+    }
+    return "%g";
 }
 
 /// Room between the edge and the trough: the frame, and the inner frame that a number field brings.
@@ -159,7 +162,11 @@ void Paint_Padlock(Canvas& canvas, const Thumb& thumb) {
     const int left = area.left + thumb.half - padlock.size / 2;
     const int top = (area.bottom + area.top) / 2 + padlock.size / 2 - 1;
     const Area place{left, left + padlock.size - 1, top - padlock.size + 1, top};
-    canvas.Pixels(padlock.pixels, padlock.size, padlock.size, 0, 0, place);
+    unsigned long pixels[Padlock::Largest * Padlock::Largest];
+    // Its white surroundings take the colour of the locked thumb.
+    std::transform(padlock.greys, padlock.greys + padlock.size * padlock.size, pixels,
+                   [](unsigned char grey) { return std::min(0x010101UL * grey, Thumb_Light); });
+    canvas.Pixels(pixels, padlock.size, padlock.size, 0, 0, place);
 }
 
 /// Distance of the thumb from the start of its room.
@@ -211,7 +218,7 @@ void Valuators::Init(HWND window) {
     Renew_Font(*this);
     if (Is_Vertical(*this)) Format = nullptr;
     if (!Format) Num_Width = 0;
-    Used_Format();  // for its report
+    Used_Format(*this);  // for its report
     Fill_Table(*this);
     Note_Size(*this);
     if (Never_Highlights(*this)) return;
@@ -237,9 +244,9 @@ void Valuators::Lock(int how) {
 float Valuators::Read() {
     Check(*this, "Valuator::Read");
     if (!Has_Size(*this) || Has_Flag(*this, FLAG_PASSIVE)) return 0.0F;
-    int distance = 0;
-    if (Has_Flag(*this, VALUATOR_LOCKED) || Tab_Num < 1 || !Pointer_Along(*this, distance)) return Val;
-    return Value_At(*this, distance - Curs_Half - Frame_Width(*this) + 1);
+    const std::optional<int> distance = Pointer_Along(*this);
+    if (Has_Flag(*this, VALUATOR_LOCKED) || Tab_Num < 1 || !distance) return Val;
+    return Value_At(*this, *distance - Curs_Half - Frame_Width(*this) + 1);
 }
 
 int Valuators::Select(int event) {
@@ -253,24 +260,10 @@ void Valuators::Deselect() {
     if (Has_Size(*this)) Deselect_Bar(*this, Paint_State);
 }
 
-/// The format of the number field, or one in place of it that cannot be used; null when there is no such
-/// field. It is looked at again when its text is another one, which may stand at the same place.
-const char* Valuators::Used_Format() {
-    if (!Format) return nullptr;
-    if (!Checked_Format[0] || std::strcmp(Format, Checked_Format) != 0) {
-        Is_Number = Is_Number_Format(Format);
-        const std::string_view text(Format);
-        const bool fits = text.size() < sizeof Checked_Format;
-        Checked_Format[fits ? text.copy(Checked_Format, text.size()) : 0] = '\0';
-        if (!Is_Number) Report_Format(*this);
-    }
-    return Is_Number ? Format : "%g";
-}
-
 void Valuators::Draw() {
     Check(*this, "Valuator::Draw");
     if (!Has_Size(*this)) return;
-    const char* const format = Used_Format();
+    const char* const format = Used_Format(*this);
     Clamp_Value(*this);
     Canvas canvas(*this, Whole_Bar(*this));
     if (Has_Flag(*this, FLAG_OUTLINE)) {
@@ -290,7 +283,7 @@ void Valuators::Draw() {
 void Valuators::Adjust() {
     Check(*this, "Valuator::Adjust");
     if (!Has_Size(*this)) return;
-    const char* const format = Used_Format();
+    const char* const format = Used_Format(*this);
     Canvas canvas(*this, Inside(*this));
     if (Has_Flag(*this, FLAG_OUTLINE)) {
         Paint_Outline(canvas, Area_Of(*this));

@@ -60,10 +60,4 @@ class GALDREN_TOOLS_API Valuators : public Tools {
     /// Moves the value by `n` steps, down when positive (up when reversed), and repaints.
     /// @return the new value
     float Scroll(int n);
-
-  private:
-    const char* Used_Format();
-
-    char Checked_Format[16]{};  // the format that was checked last; empty, of a longer one or none
-    bool Is_Number{};           // it holds one number
 };
