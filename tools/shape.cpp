@@ -21,12 +21,11 @@ Edge::Edge(POINT from, POINT to) {
 
 Pixel_Run Edge::Next_Flat() {
     const int from = x;
-    if (error <= 0) {
-        // A level line has all of its columns in one row.
-        const int ahead = rows == 0 ? columns_left : std::min(columns_left, -error / (2 * rows) + 1);
-        x += step * ahead;
-        error += 2 * rows * ahead;
-        columns_left -= ahead;
+    // A level line has all of its columns in one row.
+    if (rows == 0) x += step * std::exchange(columns_left, 0);
+    for (; columns_left > 0 && error <= 0; --columns_left) {
+        x += step;
+        error += 2 * rows;
     }
     const Pixel_Run run{std::min(from, x), std::max(from, x)};
     if (columns_left > 0) {
