@@ -7,7 +7,7 @@
 #include "tools/dimensions.h"
 #include "tools/font_cache.h"
 #include "tools/sharing.h"
-#include "tools/window.h"
+#include "tools/view.h"
 #include "util/error.h"
 #include "util/program.h"
 
@@ -20,6 +20,16 @@ std::atomic<unsigned> Placements;
 RECT Hit_Rectangle(const Tools_Fields& control) {
     const Area area = Area_Of(control);
     return {area.left, area.bottom, area.right + 1, area.top + 1};
+}
+
+void Renew_Region(Tools_Fields& control) {
+    if (Is_Empty(control.Room)) ++Placements;  // a part moves with its owner, or within it
+    const Area area = Area_Of(control);
+    const bool own = control.Region && !Is_Shared(Thing::Region, control.Region);
+    if (!own || !SetRectRgn(control.Region, area.left, area.bottom, area.right, area.top)) {
+        Drop_Region(control);
+        control.Region = CreateRectRgn(area.left, area.bottom, area.right, area.top);
+    }
 }
 
 }  // namespace
@@ -91,21 +101,6 @@ void Drop_Region(Tools_Fields& control) {
     if (Let_Go(Thing::Region, control.Region)) DeleteObject(control.Region);
     control.Region = control.Clip_Region = nullptr;
 }
-
-namespace {
-
-void Renew_Region(Tools_Fields& control) {
-    if (Is_Empty(control.Room)) ++Placements;  // a part moves with its owner, or within it
-    const Area area = Area_Of(control);
-    const bool own = control.Region && !Is_Shared(Thing::Region, control.Region);
-    if (!own || !SetRectRgn(control.Region, area.left, area.bottom, area.right, area.top)) {
-        Drop_Region(control);
-        control.Region = CreateRectRgn(area.left, area.bottom, area.right, area.top);
-    }
-    control.Clip_Region = control.Region;
-}
-
-}  // namespace
 
 void Bind(Tools_Fields& control, HWND window) {
     control.Window = window;
@@ -180,7 +175,7 @@ Images Take_Images(Tools_Fields& control) {
 }
 
 std::optional<POINT> Pointer_On(const Tools_Fields& control) {
-    const std::optional<POINT> pointer = Find_Pointer(control.Window);
+    const std::optional<POINT> pointer = Pointer_In_Paint(control.Window);
     return pointer && PtInRect(&control.Rect, *pointer) ? pointer : std::nullopt;
 }
 
