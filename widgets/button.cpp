@@ -53,8 +53,7 @@ void Paint_Name(Canvas& canvas, const Buttons& button, unsigned long flags) {
 }
 
 void Paint_Look(Canvas& canvas, const Buttons& button, bool highlighted, bool with_lamp) {
-    const unsigned long* body = highlighted ? button.Cur_Graph_Select : button.Cur_Graph_Normal;
-    Paint_Body(canvas, button, highlighted, body, button.Flag, Frame_Thickness(button) + 1, Area_Of(button));
+    Paint_Body(canvas, button, highlighted, Frame_Thickness(button) + 1, Area_Of(button));
     if (with_lamp) Paint_Lamp(canvas, button);
     Paint_Name(canvas, button, Caption_Flags(button));
 }

@@ -92,8 +92,7 @@ void Paint_Hover(const CheckLists& list, int item, bool highlighted) {
     if (!highlighted && Has_Mark(box)) {
         Paint_Mark(canvas, box);
     } else {
-        const unsigned long* body = highlighted ? box.Cur_Graph_Select : box.Cur_Graph_Normal;
-        Paint_Body(canvas, box, highlighted, body, box.Flag, Frame_Width(box) + 1, Area_Of(box));
+        Paint_Body(canvas, box, highlighted, Frame_Width(box) + 1, Area_Of(box));
     }
 }
 

@@ -207,7 +207,7 @@ Area Filled_By(const Area& inner) { return {inner.left, inner.right - 1, inner.b
 
 /// All that decides how an item looks, its place aside; of its name a hash.
 auto Look_Of(const Buttons& item, bool highlighted) {
-    return std::make_tuple(highlighted ? item.Cur_Graph_Select : item.Cur_Graph_Normal, item.Font,
+    return std::make_tuple(Body_Of(item, highlighted), item.Font,
                            item.Name ? std::hash<std::string_view>()(item.Name) : 0, item.Flag,
                            item.Color.get(), item.Width, item.Height, Frame_Thickness(item), item.Value,
                            item.Lamp, highlighted);

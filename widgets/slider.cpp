@@ -74,8 +74,7 @@ void Paint_Cursor(Canvas& canvas, const Sliders& slider) {
 /// The inside and what stands on it, as the pointer has it look.
 void Paint_State(Sliders& slider, bool highlighted) {
     Canvas canvas(slider, Inside(slider));
-    Paint_Inside(canvas, slider, highlighted,
-                 highlighted ? slider.Cur_Graph_Select : slider.Cur_Graph_Normal);
+    Paint_Inside(canvas, slider, highlighted, Body_Of(slider, highlighted));
     Paint_Cursor(canvas, slider);
 }
 
