@@ -1,17 +1,38 @@
 #include "tools/base.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cstdlib>
 
 #include "tools/dimensions.h"
 #include "tools/font_cache.h"
-#include "tools/region.h"
 #include "tools/sharing.h"
-#include "tools/window.h"
+#include "tools/view.h"
 #include "util/error.h"
 #include "util/program.h"
 
 namespace galdren {
+
+namespace {
+
+std::atomic<unsigned> Placements;
+
+RECT Hit_Rectangle(const Tools_Fields& control) {
+    const Area area = Area_Of(control);
+    return {area.left, area.bottom, area.right + 1, area.top + 1};
+}
+
+void Renew_Region(Tools_Fields& control) {
+    if (Is_Empty(control.Room)) ++Placements;  // a part moves with its owner, or within it
+    const Area area = Area_Of(control);
+    const bool own = control.Region && !Is_Shared(Thing::Region, control.Region);
+    if (!own || !SetRectRgn(control.Region, area.left, area.bottom, area.right, area.top)) {
+        Drop_Region(control);
+        control.Region = CreateRectRgn(area.left, area.bottom, area.right, area.top);
+    }
+}
+
+}  // namespace
 
 const char* Name_Of(const Tools_Fields& control) { return control.Name ? control.Name : "(null)"; }
 
@@ -71,14 +92,15 @@ void Default_Grey(Tools_Fields& control) {
     if (control.Color == Colors(0, 0, 0)) control.Color = Colors(170, 170, 170);
 }
 
-namespace {
-
-RECT Hit_Rectangle(const Tools_Fields& control) {
-    const Area area = Area_Of(control);
-    return {area.left, area.bottom, area.right + 1, area.top + 1};
+void Share_Region(HRGN region) {
+    ++Placements;  // a copy stands where its source does, without an `Init`
+    Share(Thing::Region, region);
 }
 
-}  // namespace
+void Drop_Region(Tools_Fields& control) {
+    if (Let_Go(Thing::Region, control.Region)) DeleteObject(control.Region);
+    control.Region = control.Clip_Region = nullptr;
+}
 
 void Bind(Tools_Fields& control, HWND window) {
     control.Window = window;
@@ -153,9 +175,10 @@ Images Take_Images(Tools_Fields& control) {
 }
 
 std::optional<POINT> Pointer_On(const Tools_Fields& control) {
-    POINT position{};
-    if (!Find_Pointer(control.Window, position) || !PtInRect(&control.Rect, position)) return std::nullopt;
-    return position;
+    const std::optional<POINT> pointer = Pointer_In_Paint(control.Window);
+    return pointer && PtInRect(&control.Rect, *pointer) ? pointer : std::nullopt;
 }
 
 }  // namespace galdren
+
+unsigned Tools_Placements() { return galdren::Placements; }

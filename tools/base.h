@@ -5,7 +5,6 @@
 #include <optional>
 
 #include "tools/arithmetic.h"
-#include "tools/arrow.h"
 #include "tools/caption.h"
 #include "tools/fields.h"
 #include "tools/frame.h"
@@ -85,6 +84,12 @@ bool Begin_Init(Tools_Fields& control, HWND& window, const char* label);
 
 /// Gives a black control the common grey.
 void Default_Grey(Tools_Fields& control);
+
+/// Notes one more holder of a region.
+void Share_Region(HRGN region);
+
+/// Takes the region of a control away; it goes unless a copy still holds it.
+void Drop_Region(Tools_Fields& control);
 
 /// Binds the control to the window: region and hit rectangle.
 void Bind(Tools_Fields& control, HWND window);

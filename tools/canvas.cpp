@@ -37,6 +37,32 @@ void Leave_Out(const Tools_Fields& control, const Reach& reach) {
     if (reach.picture) *reach.picture = 0;
 }
 
+/// Has a context count in pixels of the client area for a scope, and limits it to a rectangle: for what GDI
+/// works out from coordinates, and does not clip by itself.
+class Client_Pixels {
+  public:
+    Client_Pixels(HDC context, const POINT& begin, const RECT& clip, bool is_window)
+        : dc(context), origin(begin), saved(is_window ? SaveDC(context) : 0) {
+        OffsetViewportOrgEx(dc, -origin.x, -origin.y, nullptr);
+        IntersectClipRect(dc, clip.left, clip.top, clip.right, clip.bottom);
+    }
+    ~Client_Pixels() {
+        if (saved) {
+            RestoreDC(dc, saved);
+            return;
+        }
+        SelectClipRgn(dc, nullptr);
+        OffsetViewportOrgEx(dc, origin.x, origin.y, nullptr);
+    }
+    Client_Pixels(const Client_Pixels&) = delete;
+    Client_Pixels& operator=(const Client_Pixels&) = delete;
+
+  private:
+    HDC dc;
+    POINT origin;
+    int saved;
+};
+
 }  // namespace
 
 Canvas::Canvas(const Tools_Fields& control, const Reach& reach)
@@ -86,27 +112,48 @@ void Canvas::Outline(const Area& area, unsigned long color) {
     Row(area.right, area.left, area.bottom, color);
 }
 
-/// Fills one row of a shape; `y` is the device's.
-void Canvas::Fill_Run(const Pixel_Run& run, int y, unsigned long color) {
-    Fill({run.left, y, run.right + 1, y + 1}, color);
+/// Fills the rows from `top` to `bottom`, of which `next` gives the pixels in turn. Most runs are a few
+/// pixels long: what one costs besides them counts.
+template <class Next>
+void Canvas::Fill_Rows(int top, int bottom, unsigned long color, Next next) {
+    if (!view.sheet) {
+        for (int y = top; y <= bottom; ++y) {
+            const Pixel_Run run = next();
+            Fill({run.left, y, run.right + 1, y + 1}, color);
+        }
+        return;
+    }
+    const Raster& raster = view.sheet->Pixels();
+    const RECT clip = view.clip;
+    const auto pixel = static_cast<unsigned long>(Pixel_Of(color));
+    RECT filled{clip.right, clip.bottom, clip.left, clip.top};
+    for (int y = top; y <= bottom && y < clip.bottom; ++y) {
+        const Pixel_Run run = next();
+        const LONG left = std::max<LONG>(run.left, clip.left);
+        const LONG right = std::min<LONG>(run.right + 1, clip.right);
+        if (y < clip.top || left >= right) continue;
+        unsigned long* const first = raster.At(left - view.origin.x, y - view.origin.y);
+        std::fill_n(first, right - left, pixel);
+        filled = {std::min(filled.left, left), std::min<LONG>(filled.top, y), std::max(filled.right, right),
+                  y + 1};
+    }
+    if (!Is_Empty(filled)) Include(view.painted, filled);
 }
 
 void Canvas::Lines(std::initializer_list<POINT> points, unsigned long color) {
     Current_Color = color;
-    const POINT end{(points.end() - 1)->x, Y((points.end() - 1)->y)};
     for (const POINT* point = points.begin(); point + 1 < points.end(); ++point) {
-        const POINT to{point[1].x, Y(point[1].y)};
+        const POINT end{point[1].x, Y(point[1].y)};
         const bool last = point + 2 == points.end();
-        Edge edge({point->x, Y(point->y)}, to);
-        for (int y = edge.Top(); y <= edge.Bottom(); ++y) {
+        Edge edge({point->x, Y(point->y)}, end);
+        int y = edge.Top();
+        Fill_Rows(edge.Top(), edge.Bottom(), color, [&] {
             Pixel_Run run = edge.Next();
-            if (last && y == end.y && run.right == end.x) {
-                --run.right;
-            } else if (last && y == end.y && run.left == end.x) {
-                ++run.left;
-            }
-            if (run.left <= run.right) Fill_Run(run, y, color);
-        }
+            if (!last || y++ != end.y) return run;
+            if (run.right == end.x) return Pixel_Run{run.left, run.right - 1};
+            if (run.left == end.x) ++run.left;
+            return run;
+        });
     }
 }
 
@@ -120,31 +167,7 @@ void Canvas::Polygon(std::initializer_list<POINT> points, unsigned long color) {
     const std::span<const POINT> outline(corners, count);
     if (!Has_Single_Runs(outline)) return Polygon_By_GDI(outline, color);
     Polygon_Rows rows(outline);
-    Fill_Rows(rows, color);
-}
-
-/// Most runs are a few pixels long: what one costs besides them counts.
-void Canvas::Fill_Rows(Polygon_Rows& rows, unsigned long color) {
-    if (!view.sheet) {
-        for (int y = rows.Top(); y <= rows.Bottom(); ++y)
-            Fill_Run(rows.Next(), y, color);
-        return;
-    }
-    const Raster& raster = view.sheet->Pixels();
-    const RECT clip = view.clip;
-    const auto pixel = static_cast<unsigned long>(Pixel_Of(color));
-    RECT filled{clip.right, clip.bottom, clip.left, clip.top};
-    for (int y = rows.Top(); y <= rows.Bottom() && y < clip.bottom; ++y) {
-        const Pixel_Run run = rows.Next();
-        const LONG left = std::max<LONG>(run.left, clip.left);
-        const LONG right = std::min<LONG>(run.right + 1, clip.right);
-        if (y < clip.top || left >= right) continue;
-        unsigned long* const first = raster.At(left - view.origin.x, y - view.origin.y);
-        std::fill_n(first, right - left, pixel);
-        filled = {std::min(filled.left, left), std::min<LONG>(filled.top, y), std::max(filled.right, right),
-                  y + 1};
-    }
-    if (!Is_Empty(filled)) Include(view.painted, filled);
+    Fill_Rows(rows.Top(), rows.Bottom(), color, [&] { return rows.Next(); });
 }
 
 void Canvas::Pixels(const void* buffer, int width, int height, int column, int rows_below, const Area& area) {
@@ -178,36 +201,6 @@ HDC Canvas::With_Text(HFONT font, unsigned long color) {
     SetBkMode(view.dc, TRANSPARENT);
     return view.dc;
 }
-
-namespace {
-
-/// Has a context count in pixels of the client area for a scope, and limits it to a rectangle: for what GDI
-/// works out from coordinates, and does not clip by itself.
-class Client_Pixels {
-  public:
-    Client_Pixels(HDC context, const POINT& begin, const RECT& clip, bool is_window)
-        : dc(context), origin(begin), saved(is_window ? SaveDC(context) : 0) {
-        OffsetViewportOrgEx(dc, -origin.x, -origin.y, nullptr);
-        IntersectClipRect(dc, clip.left, clip.top, clip.right, clip.bottom);
-    }
-    ~Client_Pixels() {
-        if (saved) {
-            RestoreDC(dc, saved);
-            return;
-        }
-        SelectClipRgn(dc, nullptr);
-        OffsetViewportOrgEx(dc, origin.x, origin.y, nullptr);
-    }
-    Client_Pixels(const Client_Pixels&) = delete;
-    Client_Pixels& operator=(const Client_Pixels&) = delete;
-
-  private:
-    HDC dc;
-    POINT origin;
-    int saved;
-};
-
-}  // namespace
 
 /// Calls `paint` with a context for the text, in pixels of the client area and limited to what may be painted
 /// of `reach`; unless that is nothing.

@@ -109,8 +109,8 @@ class Canvas {
     RECT On_Sheet(const RECT& device) const;
     void Set_Clip(const RECT& clip) { view.clip = view.nested_clip = clip; }
     void Fill(const RECT& device, unsigned long color) { view.Fill(Clipped(device), color); }
-    void Fill_Run(const Pixel_Run& run, int y, unsigned long color);
-    void Fill_Rows(Polygon_Rows& rows, unsigned long color);
+    template <class Next>
+    void Fill_Rows(int top, int bottom, unsigned long color, Next next);
     void Polygon_By_GDI(std::span<const POINT> corners, unsigned long color);
     struct Glyph_Run;
     HDC With_Text(HFONT font, unsigned long color);

@@ -39,11 +39,23 @@ void Place_Rows(Area& place, const Area& area, unsigned long flags, int border, 
     }
 }
 
-/// Height of a text from top to bottom.
 int Stacked_Height(const char* text, const TEXTMETRICA& metrics) {
     constexpr std::size_t Most_Lines = 1000000;  // far outside any window, and their height is still in range
     return static_cast<int>(std::min(std::strlen(text), Most_Lines)) * static_cast<int>(metrics.tmHeight);
 }
+
+/// How far a caption keeps clear of the edges of its area.
+struct Margins {
+    explicit Margins(int border_width)
+        : border(std::max(border_width, 1)), side(std::max(2 * border, Least_Side)) {}
+    static constexpr int Least_Side = 6;
+    int border;
+    int side;
+
+    Area Room(const Area& area) const {
+        return {area.left + side, area.right - side, area.bottom + border + 1, area.top - border};
+    }
+};
 
 }  // namespace
 
@@ -76,23 +88,6 @@ void Paint_Line(Canvas& canvas, HFONT font, const char* text, unsigned long flag
                 unsigned long color) {
     canvas.Write(font, text, area, Across(flags), Downwards(flags), color);
 }
-
-namespace {
-
-/// How far a caption keeps clear of the edges of its area.
-struct Margins {
-    explicit Margins(int border_width)
-        : border(std::max(border_width, 1)), side(std::max(2 * border, Least_Side)) {}
-    static constexpr int Least_Side = 6;
-    int border;
-    int side;
-
-    Area Room(const Area& area) const {
-        return {area.left + side, area.right - side, area.bottom + border + 1, area.top - border};
-    }
-};
-
-}  // namespace
 
 bool Caption_Stays_Inside(HFONT font, const char* text, unsigned long flags, const Area& area, int border,
                           const Area& body) {

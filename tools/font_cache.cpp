@@ -39,7 +39,6 @@ struct Resolution {
     }
 };
 
-/// Character height in pixels of a font of `points`.
 int Pixel_Height(HWND window, short points) {
     static const Resolution resolution(window);
     constexpr short Default_Points = 12;
@@ -70,8 +69,7 @@ using Font_Pool = Pool<Thing::Font, Font_Key, HFONT>;
 /// Facts of the fonts in the pool, and those asked for last: most paints stay with one font.
 struct Facts_Cache {
     std::map<HFONT, Font_Facts> facts;
-    HFONT last_font = nullptr;
-    const Font_Facts* last = nullptr;
+    const std::pair<const HFONT, Font_Facts>* last = nullptr;
 };
 
 /// Accents that combine, and scripts whose letters change their place or shape beside others.
@@ -104,8 +102,8 @@ Font_Facts Ask_Facts(HDC dc) {
 
 void Forget_Facts(HFONT font) {
     Facts_Cache& cache = The<Facts_Cache>();
+    if (cache.last && cache.last->first == font) cache.last = nullptr;
     cache.facts.erase(font);
-    if (cache.last_font == font) cache.last_font = nullptr;
 }
 
 /// Every failure but the first of the process is silent.
@@ -181,7 +179,7 @@ int Extent_In_Place(HDC dc, const char* text) {
 
 const Font_Facts* Facts_Of(HFONT font) {
     Facts_Cache& cache = The<Facts_Cache>();
-    if (font && cache.last_font == font) return cache.last;
+    if (cache.last && cache.last->first == font) return &cache.last->second;
     if (!The<Font_Pool>().Key_Of(font)) return nullptr;
     auto found = cache.facts.find(font);
     try {
@@ -190,9 +188,8 @@ const Font_Facts* Facts_Of(HFONT font) {
     } catch (const std::bad_alloc&) {
         return nullptr;
     }
-    cache.last_font = font;
-    cache.last = &found->second;
-    return cache.last;
+    cache.last = &*found;
+    return &found->second;
 }
 
 TEXTMETRICA Metrics_Of(HFONT font) {

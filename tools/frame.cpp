@@ -1,6 +1,7 @@
 #include "tools/frame.h"
 
 #include <algorithm>
+#include <array>
 
 #include "tools/globals.h"
 #include "tools/shading.h"
@@ -9,7 +10,6 @@ namespace galdren {
 
 namespace {
 
-/// Colours of one ring of a shaded frame.
 struct Ring_Shades {
     Colors bottom_right;
     Colors top_left;
@@ -27,6 +27,28 @@ Ring_Shades Shades_Of_Ring(Colors color, bool sunken, int width, int ring) {
     dark += static_cast<short>(sunken ? -(offset + Extra_Dark) : -offset);
     return sunken ? Ring_Shades{light, dark} : Ring_Shades{dark, light};
 }
+
+/// Insets that overlap turn a body round; it stays within the control.
+void Paint_Flat_Body(Canvas& canvas, const Area& inside, const Area& control, unsigned long color) {
+    Current_Color = color;
+    const Area body =
+        Common(Upright(inside), {control.left, control.right + 1, control.bottom - 1, control.top});
+    if (body.left < body.right && body.bottom < body.top) canvas.Box(body, color);
+}
+
+/// Colours of the facets: the upper (or right) side, the base, the lower (or left) side.
+struct Facet_Shades {
+    unsigned long high;
+    unsigned long base;
+    unsigned long low;
+};
+
+constexpr Facet_Shades Shades_Of_Facets[] = {
+    {Light_Grey, Black, Black},
+    {Light_Grey, Light_Grey, Black},  // right
+    {Black, Light_Grey, Light_Grey},  // down
+    {Black, Light_Grey, Light_Grey},  // up
+};
 
 }  // namespace
 
@@ -51,18 +73,6 @@ bool Fits_Size(const Tools_Fields& control, const void* buffer) {
     return control.Width * control.Height <= (made ? made : control.Last_Width * control.Last_Height);
 }
 
-namespace {
-
-/// Insets that overlap turn a body round; it stays within the control.
-void Paint_Flat_Body(Canvas& canvas, const Area& inside, const Area& control, unsigned long color) {
-    Current_Color = color;
-    const Area body =
-        Common(Upright(inside), {control.left, control.right + 1, control.bottom - 1, control.top});
-    if (body.left < body.right && body.bottom < body.top) canvas.Box(body, color);
-}
-
-}  // namespace
-
 void Paint_Body(Canvas& canvas, const Tools_Fields& control, bool highlighted, const void* buffer,
                 unsigned long flags, int inset, const Area& area) {
     if (flags & FLAG_STATIC) return;
@@ -74,6 +84,39 @@ void Paint_Body(Canvas& canvas, const Tools_Fields& control, bool highlighted, c
         const Colors flat = highlighted ? Highlight_Color() : control.Color;
         Paint_Flat_Body(canvas, {body.left, body.right + 1, body.bottom - 1, body.top}, area, flat.get());
     }
+}
+
+void Paint_Arrow(Canvas& canvas, short direction, int inset, int size, const Area& area) {
+    if (size <= inset || direction < ARROW_LEFT || direction > ARROW_UP) return;
+    const bool horizontal = direction == ARROW_LEFT || direction == ARROW_RIGHT;
+    const bool towards_start = direction == ARROW_LEFT || direction == ARROW_DOWN;
+    const int across = horizontal ? area.top - area.bottom : area.right - area.left;
+    // The arrow stands in a zone of `size` x `size` at its end of the area.
+    const int low = (across - size) / 2;
+    const int center = across / 2 - low;
+    // A point by its depth behind the tip of the zone and its place across.
+    const auto at = [&](int depth, int place) {
+        const int start = (horizontal ? area.left : area.bottom) + depth;
+        const int end = (horizontal ? area.right : area.top) - depth;
+        const int along = towards_start ? start : end;
+        return horizontal ? POINT{along, area.bottom + low + place} : POINT{area.left + low + place, along};
+    };
+    // A triangle by its tip and the two ends of its base, the upper (or right) one first.
+    const auto triangle = [&](int tip_depth, int base_depth, int margin) {
+        return std::array{at(tip_depth, center), at(base_depth, size - margin), at(base_depth, margin)};
+    };
+
+    constexpr int Bevel_At_Tip = 3;
+    constexpr int Bevel_At_Base = 1;
+    constexpr int Bevel_At_Side = 2;
+    const auto [tip, high, low_end] = triangle(inset, size, inset);
+    const auto [inner_tip, inner_high, inner_low] =
+        triangle(inset + Bevel_At_Tip, size - Bevel_At_Base, inset + Bevel_At_Side);
+    const Facet_Shades& shades = Shades_Of_Facets[direction];
+    canvas.Polygon({inner_tip, inner_low, inner_high}, Dark_Grey);
+    canvas.Polygon({tip, high, inner_high, inner_tip}, shades.high);
+    canvas.Polygon({low_end, high, inner_high, inner_low}, shades.base);
+    canvas.Polygon({tip, low_end, inner_low, inner_tip}, shades.low);
 }
 
 }  // namespace galdren

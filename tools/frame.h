@@ -1,5 +1,5 @@
 /// @file
-/// Frames and bodies.
+/// Frames, bodies and arrows.
 #pragma once
 
 #include "tools/canvas.h"
@@ -34,5 +34,19 @@ bool Fits_Size(const Tools_Fields& control, const void* buffer);
 /// The body; see `Tools::Fill_Select`.
 void Paint_Body(Canvas& canvas, const Tools_Fields& control, bool highlighted, const void* buffer,
                 unsigned long flags, int inset, const Area& area);
+
+/// The buffer that a control is painted from.
+inline const unsigned long* Body_Of(const Tools_Fields& control, bool highlighted) {
+    return highlighted ? control.Cur_Graph_Select : control.Cur_Graph_Normal;
+}
+
+/// The body as the control itself has it.
+inline void Paint_Body(Canvas& canvas, const Tools_Fields& control, bool highlighted, int inset,
+                       const Area& area) {
+    Paint_Body(canvas, control, highlighted, Body_Of(control, highlighted), control.Flag, inset, area);
+}
+
+/// An embossed arrow in an area; see `Tools::Arrow`.
+void Paint_Arrow(Canvas& canvas, short direction, int inset, int size, const Area& area);
 
 }  // namespace galdren

@@ -6,42 +6,33 @@
 
 namespace {
 
-/// The virtual keys `first` to `last`. Each gives its own number with `bits`. VK_PRIOR to VK_DOWN are Page
-/// Up, Page Down, End, Home and the arrows, VK_SUBTRACT to VK_DIVIDE also the decimal key.
+/// Where a key comes from: extended or plain in WM_KEYDOWN, with Alt, or in a dialog.
+enum Source { Extended = 1, Plain = 2, With_Alt = 4, In_Dialog = 8 };
+
+/// The virtual keys `first` to `last`, each of which gives its own number with `bits`. VK_PRIOR to VK_DOWN
+/// are Page Up, Page Down, End, Home and the arrows, VK_SUBTRACT to VK_DIVIDE also the decimal key.
 struct Key_Range {
     int first, last;
     int bits;
-    bool swallows = false;  // whether the character that follows tells nothing new
+    int sources;
+
+    /// Whether the character that follows tells nothing new.
+    bool Swallows() const { return bits == 0 || bits == KEY_KEYPAD; }
 };
 
-constexpr Key_Range Extended_Keys[] = {
-    {VK_RETURN, VK_RETURN, KEY_KEYPAD, true},   {VK_MULTIPLY, VK_ADD, KEY_KEYPAD, true},
-    {VK_SUBTRACT, VK_DIVIDE, KEY_KEYPAD, true}, {VK_PRIOR, VK_DOWN, KEY_NAVIGATION},
-    {VK_INSERT, VK_DELETE, KEY_NAVIGATION},
-};
-
-/// Keys that are not extended, beside letters, digits and `Keypad_Without_Numlock`.
-constexpr Key_Range Plain_Keys[] = {
-    {VK_BACK, VK_TAB, 0, true},
-    {VK_RETURN, VK_RETURN, 0, true},
-    {VK_DELETE, VK_DELETE, KEY_KEYPAD, true},
-    {VK_MULTIPLY, VK_ADD, KEY_KEYPAD, true},
-    {VK_SUBTRACT, VK_DIVIDE, KEY_KEYPAD, true},
-    {VK_NUMPAD0, VK_NUMPAD9, KEY_KEYPAD_DIGIT},
-    {VK_F1, VK_F12, KEY_NAVIGATION},
-    {VK_SCROLL, VK_SCROLL, KEY_NAVIGATION},
-};
-
-/// Keys of WM_SYSKEYDOWN that do not give just their number.
-constexpr Key_Range System_Keys[] = {
-    {VK_PRIOR, VK_DOWN, KEY_NAVIGATION},
-    {VK_INSERT, VK_DELETE, KEY_NAVIGATION},
-    {VK_F1, VK_F12, KEY_NAVIGATION},
-};
-
-constexpr Key_Range Dialog_Navigation[] = {
-    {VK_PRIOR, VK_DOWN, KEY_NAVIGATION},
-    {VK_INSERT, VK_DELETE, KEY_NAVIGATION},
+/// Beside letters, digits and `Keypad_Without_Numlock`.
+constexpr Key_Range Key_Ranges[] = {
+    {VK_PRIOR, VK_DOWN, KEY_NAVIGATION, Extended | With_Alt | In_Dialog},
+    {VK_INSERT, VK_DELETE, KEY_NAVIGATION, Extended | With_Alt | In_Dialog},
+    {VK_F1, VK_F12, KEY_NAVIGATION, Plain | With_Alt},
+    {VK_SCROLL, VK_SCROLL, KEY_NAVIGATION, Plain},
+    {VK_BACK, VK_TAB, 0, Plain},
+    {VK_RETURN, VK_RETURN, 0, Plain},
+    {VK_RETURN, VK_RETURN, KEY_KEYPAD, Extended},
+    {VK_DELETE, VK_DELETE, KEY_KEYPAD, Plain},
+    {VK_MULTIPLY, VK_ADD, KEY_KEYPAD, Extended | Plain},
+    {VK_SUBTRACT, VK_DIVIDE, KEY_KEYPAD, Extended | Plain},
+    {VK_NUMPAD0, VK_NUMPAD9, KEY_KEYPAD_DIGIT, Plain},
 };
 
 struct Pair {
@@ -76,7 +67,6 @@ constexpr Dialog_Key Dialog_Keys[] = {
     {187, '=', '+'}, {189, '-', '_'}, {220, '\\', '|'},
 };
 
-/// Distance of a small letter from its capital.
 constexpr int Letter_Case = 'a' - 'A';
 
 /// Set when a key that went down gave its code already, so that its character gives none.
@@ -88,10 +78,10 @@ constexpr bool Is_Capital(int key) { return key >= 'A' && key <= 'Z'; }
 int Scan_Word(long long lparam) { return static_cast<int>(lparam >> 16 & 0xFFFF); }
 bool Is_Extended(long long lparam) { return (lparam & 1 << 24) != 0; }
 
-/// The range that holds `key`; null when there is none.
-const Key_Range* Find(std::span<const Key_Range> table, int key) {
-    for (const Key_Range& range : table) {
-        if (key >= range.first && key <= range.last) return &range;
+/// The range that holds a key from `source`; null when there is none.
+const Key_Range* Find(Source source, int key) {
+    for (const Key_Range& range : Key_Ranges) {
+        if (range.sources & source && key >= range.first && key <= range.last) return &range;
     }
     return nullptr;
 }
@@ -138,9 +128,9 @@ int Parse_Key_Down(int key, long long lparam) {
         const int digit = Look_Up(Keypad_Without_Numlock, key);
         if (digit) return Modifiers() | KEY_KEYPAD | digit;
     }
-    const Key_Range* range = extended ? Find(Extended_Keys, key) : Find(Plain_Keys, key);
+    const Key_Range* range = Find(extended ? Extended : Plain, key);
     if (!range) return extended ? 0 : Parse_Letter_Or_Digit(key);
-    Key_Swallow = range->swallows;
+    Key_Swallow = range->Swallows();
     return Modifiers() | range->bits | key;
 }
 
@@ -165,7 +155,7 @@ int Parse_System_Key(int key, long long lparam) {
     if (key == VK_MENU) return key;
     if (key == VK_RETURN || key == VK_SEPARATOR)
         return Modifiers() | VK_RETURN | (Is_Extended(lparam) ? KEY_KEYPAD : 0);
-    const Key_Range* range = Find(System_Keys, key);
+    const Key_Range* range = Find(With_Alt, key);
     return Modifiers() | (range ? range->bits : 0) | key;
 }
 
@@ -178,7 +168,7 @@ int Parse_Dialog_Letter(int key, bool shift) {
 
 int Parse_Dialog_Key(HWND window, int key) {
     if (key == VK_ESCAPE) return Ask_To_Close(window);
-    if (const Key_Range* range = Find(Dialog_Navigation, key)) return range->bits | key;
+    if (const Key_Range* range = Find(In_Dialog, key)) return range->bits | key;
     if (key == VK_NUMPAD0) return '0';
     if (key == VK_NUMPAD9) return '9';
     const bool shift = Modifiers(KEY_SHIFT) != 0;

@@ -6,7 +6,6 @@
 
 namespace {
 
-/// A solid pen, selected for a scope.
 class Selected_Pen {
   public:
     Selected_Pen(HDC context, int width, COLORREF color)

@@ -30,44 +30,27 @@ struct Shading {
 
 using Shading_Pool = Pool<Thing::Array, Shading, const void*>;
 
-/// The pixel of every offset from a colour; no channel has room for more than 255.
-class Ramp {
-  public:
-    explicit Ramp(unsigned long color) {
-        for (int offset = -Farthest; offset <= Farthest; ++offset)
-            pixels[Index(offset)] =
-                Add(color, 16, offset) | Add(color, 8, offset) | Add(color, 0, offset) | (color & 0xFF000000);
-    }
-    unsigned long At(float offset) const { return pixels[Index(static_cast<int>(offset))]; }
+/// No channel has room for a larger offset.
+constexpr int Farthest = 255;
 
-  private:
-    static constexpr int Farthest = 255;
-    static std::size_t Index(int offset) {
-        return static_cast<std::size_t>(std::clamp(offset, -Farthest, Farthest) + Farthest);
-    }
-    static unsigned long Add(unsigned long color, int shift, int offset) {
-        const int channel = static_cast<int>(color >> shift & 0xFF) + offset;
-        return static_cast<unsigned long>(std::clamp(channel, 0, 255)) << shift;
-    }
+/// The pixel of every offset from a colour, the most negative one first.
+std::array<unsigned long, 2 * Farthest + 1> Make_Ramp(unsigned long color) {
     std::array<unsigned long, 2 * Farthest + 1> pixels;
-};
+    int offset = -Farthest;
+    const auto channel = [&](int shift) {
+        const int level = static_cast<int>(color >> shift & 0xFF) + offset;
+        return static_cast<unsigned long>(std::clamp(level, 0, 255)) << shift;
+    };
+    for (unsigned long& pixel : pixels) {
+        pixel = channel(16) | channel(8) | channel(0) | (color & 0xFF000000);
+        ++offset;
+    }
+    return pixels;
+}
 
 /// Part of the offset that position `i` of `count` brings; none where there is no room for a body.
 float Share_Of_Offset(int i, int count) {
     return count < 1 ? 0.0F : static_cast<float>(i) * (100.0F / static_cast<float>(count)) - 50.0F;
-}
-
-/// Shades what lies inside a margin.
-void Shade(unsigned long* pixels, const Shading& shading, int margin) {
-    const Ramp ramp(shading.color);
-    const int columns = shading.width - 2 * shading.border;
-    const int rows = shading.height - 2 * shading.border;
-    for (int y = margin; y < shading.height - margin; ++y) {
-        const float row_offset = Share_Of_Offset(y - shading.border, rows);
-        unsigned long* const row = pixels + std::ptrdiff_t{y} * shading.width;
-        for (int x = margin; x < shading.width - margin; ++x)
-            row[x] = ramp.At(Share_Of_Offset(x - shading.border, columns) + row_offset);
-    }
 }
 
 Shading Shading_Of(const Tools_Fields& control, const Colors& color) {
@@ -86,7 +69,18 @@ constexpr std::size_t Most_Pixels = std::size_t{8192} * 8192;
 unsigned long* Make_Body(const Shading& shading, int margin) {
     if (Pixels_Of(shading) > Most_Pixels) return nullptr;
     auto* pixels = new (std::nothrow) unsigned long[Pixels_Of(shading)]();
-    if (pixels) Shade(pixels, shading, margin);
+    if (!pixels) return nullptr;
+    const auto ramp = Make_Ramp(shading.color);
+    const int columns = shading.width - 2 * shading.border;
+    const int rows = shading.height - 2 * shading.border;
+    for (int y = margin; y < shading.height - margin; ++y) {
+        const float row_offset = Share_Of_Offset(y - shading.border, rows);
+        unsigned long* const row = pixels + std::ptrdiff_t{y} * shading.width;
+        for (int x = margin; x < shading.width - margin; ++x) {
+            const auto offset = static_cast<int>(Share_Of_Offset(x - shading.border, columns) + row_offset);
+            row[x] = ramp[static_cast<std::size_t>(std::clamp(offset, -Farthest, Farthest) + Farthest)];
+        }
+    }
     return pixels;
 }
 

@@ -21,6 +21,8 @@ Edge::Edge(POINT from, POINT to) {
 
 Pixel_Run Edge::Next_Flat() {
     const int from = x;
+    // A level line has all of its columns in one row.
+    if (rows == 0) x += step * std::exchange(columns_left, 0);
     for (; columns_left > 0 && error <= 0; --columns_left) {
         x += step;
         error += 2 * rows;
@@ -38,9 +40,10 @@ bool Has_Single_Runs(std::span<const POINT> corners) {
     int turns = 0;
     int last = 0;
     int first = 0;
-    for (std::size_t i = 0; i < corners.size(); ++i) {
-        const LONG rise = corners[(i + 1) % corners.size()].y - corners[i].y;
-        const int direction = (rise > 0) - (rise < 0);
+    POINT from = corners.back();
+    for (const POINT& to : corners) {
+        const int direction = (to.y > from.y) - (to.y < from.y);
+        from = to;
         if (direction == 0) continue;
         if (last == 0) first = direction;
         if (last == -direction) ++turns;
@@ -51,26 +54,30 @@ bool Has_Single_Runs(std::span<const POINT> corners) {
 }
 
 Polygon_Rows::Polygon_Rows(std::span<const POINT> corners)
-    : count(std::min(corners.size(), Most_Corners)),
-      top(std::numeric_limits<int>::max()),
-      bottom(std::numeric_limits<int>::min()) {
+    : count(std::min(corners.size(), Most_Corners)), top(corners[0].y), bottom(top) {
+    POINT from = corners[count - 1];
     for (std::size_t i = 0; i < count; ++i) {
-        edges[i] = Edge(corners[i], corners[(i + 1) % count]);
+        edges[i] = Edge(from, corners[i]);
+        from = corners[i];
         top = std::min(top, edges[i].Top());
         bottom = std::max(bottom, edges[i].Bottom());
     }
     y = top;
 }
 
-Pixel_Run Polygon_Rows::Next() {
-    Pixel_Run row{std::numeric_limits<int>::max(), std::numeric_limits<int>::min()};
+void Polygon_Rows::Walk() {
+    std::fill_n(runs, Rows_At_Once,
+                Pixel_Run{std::numeric_limits<int>::max(), std::numeric_limits<int>::min()});
+    const int last = y + Rows_At_Once - 1;
     for (Edge* edge = edges; edge != edges + count; ++edge) {
-        if (y < edge->Top() || y > edge->Bottom()) continue;
-        const Pixel_Run run = edge->Next();
-        row = {std::min(row.left, run.left), std::max(row.right, run.right)};
+        for (int row = std::max(y, edge->Top()); row <= std::min(last, edge->Bottom()); ++row) {
+            const Pixel_Run run = edge->Next();
+            Pixel_Run& all = runs[row - y];
+            all = {std::min(all.left, run.left), std::max(all.right, run.right)};
+        }
     }
-    ++y;
-    return row;
+    y = last + 1;
+    next = 0;
 }
 
 }  // namespace galdren

@@ -57,7 +57,7 @@ constexpr std::size_t Most_Corners = 6;
 /// Whether the outline goes down once and up once, so that each of its rows is one run.
 bool Has_Single_Runs(std::span<const POINT> corners);
 
-/// The edges of a polygon, walked together from the top down.
+/// The edges of a polygon, walked together from the top down, each of them over several rows at once.
 class Polygon_Rows {
   public:
     explicit Polygon_Rows(std::span<const POINT> corners);
@@ -66,14 +66,22 @@ class Polygon_Rows {
     int Bottom() const { return bottom; }
 
     /// The pixels of the next row, from `Top` to `Bottom`, outline included.
-    Pixel_Run Next();
+    Pixel_Run Next() {
+        if (next == Rows_At_Once) Walk();
+        return runs[next++];
+    }
 
   private:
+    static constexpr int Rows_At_Once = 32;
+    void Walk();
+
     Edge edges[Most_Corners];
     std::size_t count;
     int top;
     int bottom;
-    int y;
+    int y;  // where the next walk begins
+    Pixel_Run runs[Rows_At_Once];
+    int next = Rows_At_Once;
 };
 
 }  // namespace galdren

@@ -66,53 +66,12 @@ void End_Pair(const Pair& pair) {
     Release_Sheet(pair.sheet);
 }
 
-}  // namespace
-
-void Begin_Draw(HWND window, HRGN) {
-    Enter_Lock();
-    std::vector<Pair>& pairs = The<Sessions>().pairs;
-    const bool goes_on = !pairs.empty() && Pair_Of(window) == &pairs.back();
-    if (goes_on) {
-        ++pairs.back().depth;
-    } else {
-        pairs.push_back(Make_Pair(window));
-    }
-    Set_Globals();
-}
-
-void End_Draw() {
-    if (!Holds_Lock()) return;
-    std::vector<Pair>& pairs = The<Sessions>().pairs;
-    if (pairs.empty()) return;
-    if (--pairs.back().depth == 0) {
-        const Pair pair = pairs.back();
-        pairs.pop_back();
-        End_Pair(pair);
-        Set_Globals();
-    }
-    Leave_Lock();
-}
-
-namespace {
-
 /// Limits `Z_DC` to a rectangle of its pixels, in place of any clip before.
 void Clip_To(const RECT& pixels) {
     const HRGN region = CreateRectRgn(pixels.left, pixels.top, pixels.right, pixels.bottom);
     SelectClipRgn(Z_DC, region);
     if (region) DeleteObject(region);
 }
-
-}  // namespace
-
-void Clip_Rect(int x, int y, int w, int h) {
-    POINT corners[2] = {{x, y}, {x + w, y + h}};
-    LPtoDP(Z_DC, corners, 2);
-    Clip_To({corners[0].x, corners[0].y, corners[1].x, corners[1].y});
-}
-
-void Clip_Reset() { Clip_To(Box_Of(Client_Size(Z_Window))); }
-
-namespace {
 
 /// The sheet of the outermost batch of a window; null when there is nothing to paint, or no memory.
 /// @param area  all that counts, which need not be read; null, the window is
@@ -142,6 +101,39 @@ void Open_Batch(HWND window, const RECT* area) {
 
 }  // namespace
 
+void Begin_Draw(HWND window, HRGN) {
+    Enter_Lock();
+    std::vector<Pair>& pairs = The<Sessions>().pairs;
+    const bool goes_on = !pairs.empty() && Pair_Of(window) == &pairs.back();
+    if (goes_on) {
+        ++pairs.back().depth;
+    } else {
+        pairs.push_back(Make_Pair(window));
+    }
+    Set_Globals();
+}
+
+void End_Draw() {
+    if (!Holds_Lock()) return;
+    std::vector<Pair>& pairs = The<Sessions>().pairs;
+    if (pairs.empty()) return;
+    if (--pairs.back().depth == 0) {
+        const Pair pair = pairs.back();
+        pairs.pop_back();
+        End_Pair(pair);
+        Set_Globals();
+    }
+    Leave_Lock();
+}
+
+void Clip_Rect(int x, int y, int w, int h) {
+    POINT corners[2] = {{x, y}, {x + w, y + h}};
+    LPtoDP(Z_DC, corners, 2);
+    Clip_To({corners[0].x, corners[0].y, corners[1].x, corners[1].y});
+}
+
+void Clip_Reset() { Clip_To(Box_Of(Client_Size(Z_Window))); }
+
 void Begin_Batch(HWND window) { Open_Batch(window, nullptr); }
 
 void Begin_Batch(HWND window, const RECT& area, unsigned long color) {
@@ -149,9 +141,8 @@ void Begin_Batch(HWND window, const RECT& area, unsigned long color) {
     const SIZE client = Client_Size(window);
     const RECT box = Common(area, Box_Of(client));
     if (Is_Empty(box)) return;
-    const Area filled{static_cast<int>(box.left), static_cast<int>(box.right) - 1,
-                      static_cast<int>(client.cy - box.bottom), static_cast<int>(client.cy - 1 - box.top)};
-    View view(window, {filled, filled});
+    const RECT upward{box.left, client.cy - box.bottom, box.right, client.cy - box.top};
+    View view(window, {Area_Of(upward), Area_Of(upward)});
     view.Fill(Common(box, view.clip), color);
 }
 

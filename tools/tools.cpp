@@ -8,7 +8,6 @@
 
 #include "tools/base.h"
 #include "tools/font_cache.h"
-#include "tools/region.h"
 #include "tools/sharing.h"
 #include "util/error.h"
 #include "util/program.h"

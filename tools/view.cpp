@@ -5,6 +5,7 @@
 
 #include "tools/cleanup.h"
 #include "tools/globals.h"
+#include "tools/input.h"
 #include "tools/lock.h"
 #include "tools/session.h"
 
@@ -12,7 +13,6 @@ namespace galdren {
 
 namespace {
 
-/// The picture that is kept from paint to paint.
 struct Kept_Picture {
     std::unique_ptr<Sheet> sheet;
     unsigned number = 0;
@@ -215,6 +215,19 @@ View::~View() {
 void Forget_Kept_Picture() {
     const Drawing_Lock lock;
     ++The<Kept_Picture>().number;
+}
+
+std::optional<POINT> Pointer_In_Paint(HWND window) {
+    View* view = Holds_Lock() ? View::Innermost_Of(window) : nullptr;
+    if (!view) return Find_Pointer(window);
+    while (view->outer)
+        view = view->outer;
+    std::optional<POINT>& asked_for = view->asked_for;
+    if (!asked_for || asked_for->x != ZCursor_X || asked_for->y != ZCursor_Y) {
+        asked_for = POINT{ZCursor_X, ZCursor_Y};
+        view->pointer = Find_Pointer(window);
+    }
+    return view->pointer;
 }
 
 HWND Window_In_Use() {

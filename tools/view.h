@@ -50,6 +50,7 @@ class View {
   private:
     friend class Shared_Context;
     friend HWND Window_In_Use();
+    friend std::optional<POINT> Pointer_In_Paint(HWND window);
 
     explicit View(HWND window);
 
@@ -71,6 +72,8 @@ class View {
     Target target;           ///< what the sheet is copied to at the end; mapped, it is a pair's
     std::optional<Window_Context> context;  ///< taken for this view, and for those inside it
     int saved = 0;                          ///< state of a context that is painted on directly
+    std::optional<POINT> asked_for;         ///< the place on the screen that was looked for
+    std::optional<POINT> pointer;           ///< where that is in the window
 };
 
 /// Has paints beside each other in one window share its context for a scope.
@@ -81,6 +84,9 @@ class Shared_Context : View {
 
 /// Makes the kept picture hold nothing, for a control that does not know any more what is on it.
 void Forget_Kept_Picture();
+
+/// `Find_Pointer`, which a paint of many parts asks once.
+std::optional<POINT> Pointer_In_Paint(HWND window);
 
 /// The window that this thread is painting in; null when it paints in none.
 HWND Window_In_Use();

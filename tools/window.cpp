@@ -10,6 +10,16 @@ namespace {
 
 bool Is_Mirrored(HWND window) { return (GetWindowLongA(window, GWL_EXSTYLE) & WS_EX_LAYOUTRTL) != 0; }
 
+/// A context of the system's cache. We leave it as it came, so it need not be reset, which takes ten times as
+/// long as all else.
+HDC Take_Cached(HWND window) {
+    const LONG style = GetWindowLongA(window, GWL_STYLE);
+    DWORD flags = DCX_CACHE | DCX_NORESETATTRS;
+    if (style & WS_CLIPSIBLINGS) flags |= DCX_CLIPSIBLINGS;
+    if (style & WS_CLIPCHILDREN && !(style & WS_MINIMIZE)) flags |= DCX_CLIPCHILDREN;
+    return GetDCEx(window, nullptr, flags);
+}
+
 }  // namespace
 
 SIZE Client_Size(HWND window) {
@@ -27,20 +37,6 @@ void Map_Logical(HDC dc, SIZE client) {
     SetViewportExtEx(dc, width, -height, nullptr);
     SetViewportOrgEx(dc, 0, height - 1, nullptr);
 }
-
-namespace {
-
-/// A context of the system's cache. We leave it as it came, so it need not be reset, which takes ten times as
-/// long as all else.
-HDC Take_Cached(HWND window) {
-    const LONG style = GetWindowLongA(window, GWL_STYLE);
-    DWORD flags = DCX_CACHE | DCX_NORESETATTRS;
-    if (style & WS_CLIPSIBLINGS) flags |= DCX_CLIPSIBLINGS;
-    if (style & WS_CLIPCHILDREN && !(style & WS_MINIMIZE)) flags |= DCX_CLIPCHILDREN;
-    return GetDCEx(window, nullptr, flags);
-}
-
-}  // namespace
 
 Window_Context::Window_Context(HWND owner) : window(owner) {
     if (!owner) return;
@@ -70,18 +66,16 @@ void Invalidate(HWND window, const Area& area) {
     InvalidateRect(window, &box, FALSE);
 }
 
-bool Find_Pointer(HWND window, POINT& position) {
-    position = {ZCursor_X, ZCursor_Y};
-    if (!window) return false;
+std::optional<POINT> Find_Pointer(HWND window) {
     const SIZE client = Client_Size(window);
-    if (client.cx < 1 || client.cy < 1) return false;
+    if (client.cx < 1 || client.cy < 1) return std::nullopt;
     // In a mirrored window columns are counted from the right: a pixel further, they are fewer. Three points,
     // for two would be taken for a rectangle.
-    POINT points[] = {position, {position.x + 1, position.y}, position};
+    const POINT tip{ZCursor_X, ZCursor_Y};
+    POINT points[] = {tip, {tip.x + 1, tip.y}, tip};
     MapWindowPoints(nullptr, window, points, 3);
     const bool mirrored = points[1].x < points[0].x;
-    position = {mirrored ? client.cx - 1 - points[0].x : points[0].x, client.cy - 1 - points[0].y};
-    return true;
+    return POINT{mirrored ? client.cx - 1 - points[0].x : points[0].x, client.cy - 1 - points[0].y};
 }
 
 }  // namespace galdren

@@ -4,6 +4,8 @@
 
 #include <windows.h>
 
+#include <optional>
+
 #include "tools/area.h"
 
 namespace galdren {
@@ -36,8 +38,8 @@ class Window_Context {
 /// Has an area painted by the next WM_PAINT.
 void Invalidate(HWND window, const Area& area);
 
-/// Pointer position in the logical coordinates of `window`.
-/// @return false when there is no such window or its client area is empty
-bool Find_Pointer(HWND window, POINT& position);
+/// Pointer position in the logical coordinates of `window`; none when there is no such window or its client
+/// area is empty.
+std::optional<POINT> Find_Pointer(HWND window);
 
 }  // namespace galdren

@@ -15,16 +15,14 @@ void Paint_Name(Canvas& canvas, const Boxs& box) {
     Paint_Caption(canvas, box.Font, box.Name, flags, Area_Of(box), box.Border);
 }
 
-/// Body and caption.
 void Paint_Look(Canvas& canvas, const Boxs& box, bool highlighted) {
-    const unsigned long* body = highlighted ? box.Cur_Graph_Select : box.Cur_Graph_Normal;
     const Area area = Area_Of(box);
     if (Has_Flag(box, FLAG_INNER_FRAME)) {
         const Area inner = Inner_Frame_Of(area);
-        Paint_Body(canvas, box, highlighted, body, box.Flag, BORDER + 1,
+        Paint_Body(canvas, box, highlighted, BORDER + 1,
                    {inner.left, inner.right + 1, inner.bottom + 1, inner.top + 1});
     } else {
-        Paint_Body(canvas, box, highlighted, body, box.Flag, Frame_Width(box) + 1, area);
+        Paint_Body(canvas, box, highlighted, Frame_Width(box) + 1, area);
     }
     Paint_Name(canvas, box);
 }

@@ -52,10 +52,8 @@ void Paint_Name(Canvas& canvas, const Buttons& button, unsigned long flags) {
     Paint_Caption(canvas, button.Font, button.Name, flags, area, button.Border);
 }
 
-/// Body, lamp and caption.
 void Paint_Look(Canvas& canvas, const Buttons& button, bool highlighted, bool with_lamp) {
-    const unsigned long* body = highlighted ? button.Cur_Graph_Select : button.Cur_Graph_Normal;
-    Paint_Body(canvas, button, highlighted, body, button.Flag, Frame_Thickness(button) + 1, Area_Of(button));
+    Paint_Body(canvas, button, highlighted, Frame_Thickness(button) + 1, Area_Of(button));
     if (with_lamp) Paint_Lamp(canvas, button);
     Paint_Name(canvas, button, Caption_Flags(button));
 }
@@ -135,7 +133,6 @@ void For_Owned(const Buttons& button, Act act) {
         act(array);
 }
 
-/// Whether painting the body leaves nothing of what a button has on it.
 bool Body_Hides_Rest(const Buttons& button) {
     return !Has_Flag(button, BUTTON_LAMP) &&
            Caption_Stays_Inside(button.Font, button.Name, Caption_Flags(button), Area_Of(button),

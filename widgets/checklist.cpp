@@ -92,8 +92,7 @@ void Paint_Hover(const CheckLists& list, int item, bool highlighted) {
     if (!highlighted && Has_Mark(box)) {
         Paint_Mark(canvas, box);
     } else {
-        const unsigned long* body = highlighted ? box.Cur_Graph_Select : box.Cur_Graph_Normal;
-        Paint_Body(canvas, box, highlighted, body, box.Flag, Frame_Width(box) + 1, Area_Of(box));
+        Paint_Body(canvas, box, highlighted, Frame_Width(box) + 1, Area_Of(box));
     }
 }
 
@@ -119,7 +118,7 @@ bool Is_On_Item(const CheckLists& list, int item, const std::optional<POINT>& po
 }
 
 /// Whether a box shows on the window what painting it again would give.
-bool Is_Up_To_Date(const CheckLists& list, int item, const POINT* pointer) {
+bool Is_Up_To_Date(const CheckLists& list, int item, const std::optional<POINT>& pointer) {
     const Buttons& box = list.Check[item];
     const bool plain = box.Hover == Hover_Normal && list.Hover_List[item] != Hover_Highlighted;
     return plain && box.Value == box.Last_Value && !(pointer && PtInRect(&box.Rect, *pointer));
@@ -160,11 +159,6 @@ void Make_Items(CheckLists& list) {
     }
 }
 
-void Take_Look(Tools& part, const CheckLists& list) {
-    Copy_Face(part, list);
-    Copy_Clip(part, list);
-}
-
 void Init_Box(Boxs& box, const CheckLists& list) {
     constexpr unsigned long Kept_Flags = Frame_Look | FLAG_OWN_IMAGES | Caption_Places | FLAG_TEXT_WHITE;
     Take_Name(box, list);
@@ -174,7 +168,6 @@ void Init_Box(Boxs& box, const CheckLists& list) {
     box.Init(list.Window);
 }
 
-/// The grid in which the items stand.
 struct Grid {
     int left;          ///< of the first column
     int bottom;        ///< of the first row, which is the top one
@@ -202,7 +195,8 @@ Grid Make_Grid(const CheckLists& list) {
 
 void Init_Label(const CheckLists& list, int item, const Grid& grid) {
     Buttons& label = list.Label[item];
-    Take_Look(label, list);
+    Copy_Face(label, list);
+    Copy_Clip(label, list);
     label.Flag = Label_Flags;
     label.Set_Name("%s", list.List[item]);
     const int left = grid.left + item / grid.rows * grid.column_width;
@@ -213,7 +207,8 @@ void Init_Label(const CheckLists& list, int item, const Grid& grid) {
 
 void Init_Check(const CheckLists& list, int item) {
     Buttons& box = list.Check[item];
-    Take_Look(box, list);
+    Copy_Face(box, list);
+    Copy_Clip(box, list);
     box.Flag = list.Enabled && !list.Enabled[item] ? Disabled_Flags : 0;
     box.Border = 2;
     box.X = Within_16(list.Label[item].X + 1);
@@ -317,8 +312,7 @@ void CheckLists::Adjust() {
     Set_Checks(*this);
     Last_Value = Value;
     if (Has_Flag(*this, FLAG_NO_BODY)) return;
-    POINT position{};
-    const POINT* pointer = Find_Pointer(Window, position) ? &position : nullptr;
+    const std::optional<POINT> pointer = Find_Pointer(Window);
     for (int item = 0; item < Count; ++item) {
         if (Crowded || !Is_Up_To_Date(*this, item, pointer)) Paint_Check(Check[item]);
     }

@@ -19,7 +19,6 @@ int Part_Border(const Hue_Edit& editor) {
     return std::min(Frame_Thickness(editor), Widest);
 }
 
-/// Where the rainbow goes.
 Area Rainbow_Area(const Hue_Edit& editor) {
     if (Has_Frame(editor)) return Room_In_Frame(editor, Part_Border(editor));
     Area area = Area_Of(editor);

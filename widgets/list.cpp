@@ -21,7 +21,6 @@ namespace {
 /// Space between frame and contents.
 constexpr int Gap = 2;
 
-/// Frame and gap together.
 int Margin_Of(const Lists& list) { return Frame_Thickness(list) + Gap; }
 
 bool Is_Column(const Lists& list) { return Has_Flag(list, FLAG_VERTICAL); }
@@ -41,7 +40,6 @@ void Init_Frame(Lists& list) {
     frame.Init(list.Window);
 }
 
-/// What the layout works out for the items.
 struct Item_Size {
     int width;
     int height;
@@ -164,7 +162,6 @@ bool Stands_In(const Buttons& item, const Area& area) {
            item.Y + item.Height <= area.top;
 }
 
-/// Step from one item to the next along the list.
 int Step_Of(const Lists& list) { return list.Item_DX ? list.Item_DX : list.Item_DY; }
 
 void Place_Item(const Lists& list, int origin, int index) {
@@ -216,7 +213,7 @@ Area Filled_By(const Area& inner) { return {inner.left, inner.right - 1, inner.b
 
 /// All that decides how an item looks, its place aside; of its name a hash.
 auto Look_Of(const Buttons& item, bool highlighted) {
-    return std::make_tuple(highlighted ? item.Cur_Graph_Select : item.Cur_Graph_Normal, item.Font,
+    return std::make_tuple(Body_Of(item, highlighted), item.Font,
                            item.Name ? std::hash<std::string_view>()(item.Name) : 0, item.Flag,
                            item.Color.get(), item.Width, item.Height, Frame_Thickness(item), item.Value,
                            item.Lamp, highlighted);
@@ -259,11 +256,10 @@ void Move_Items(Canvas& canvas, const Lists& list, const Area& inner, const Item
         below.top = list.Item[end - 1]->Y - 1;
     }
     Paint_Ground(canvas, list, below);
-    POINT pointer{};
-    const bool pointed = Find_Pointer(list.Window, pointer);
+    const std::optional<POINT> pointer = Find_Pointer(list.Window);
     for (int i = run.first; i < run.end; ++i) {
         Buttons& item = *list.Item[i];
-        const auto look = Look_Of(item, Settle(item, pointed && PtInRect(&item.Rect, pointer)));
+        const auto look = Look_Of(item, Settle(item, pointer && PtInRect(&item.Rect, *pointer)));
         auto& shown = kept.looks[i % Kept_Items::Most];
         if (i < first || i >= end || shown != look) item.Draw();
         shown = look;
@@ -278,9 +274,9 @@ void Move_Items(Canvas& canvas, const Lists& list, const Area& inner, const Item
 ///
 /// A passive button by itself is painted at every event and notes nothing. In a list it notes that it is
 /// plain, or one that became passive under the pointer would be painted at every event elsewhere.
-int Tell(Buttons& item, int kind, const POINT& pointer, bool in_list) {
+int Tell(Buttons& item, int kind, const std::optional<POINT>& pointer, bool in_list) {
     const bool passive = Has_Flag(item, FLAG_PASSIVE);
-    const bool reached = passive ? in_list : PtInRect(&item.Rect, pointer) != 0;
+    const bool reached = passive ? in_list : pointer && PtInRect(&item.Rect, *pointer);
     if (item.Hover == Hover_Normal && !reached) return 0;
     const int answer = item.Select(kind);
     if (passive) item.Hover = Hover_Normal;
@@ -399,8 +395,8 @@ int Lists::Select(int event) {
     Check(*this, "List::Select");
     if (!Has_Size(*this) || Has_Flag(*this, FLAG_PASSIVE)) return 0;
     const int kind = Event_Kind(event);
-    POINT pointer{};
-    const bool inside = Find_Pointer(Window, pointer) && PtInRect(&Rect, pointer);
+    const std::optional<POINT> pointer = Find_Pointer(Window);
+    const bool inside = pointer && PtInRect(&Rect, *pointer);
     if (kind == EVENT_TEST) return inside;
     if (Has_Bar(*this) && Scroll_Bar.Select(kind)) {
         if (Any_Button_Held()) Follow_Bar();

@@ -13,9 +13,9 @@ int Usual_Arrow(const Tools_Fields& bar) {
 }
 
 int Arrow_Under_Pointer(HWND window, const Area& area, bool vertical, int size) {
-    POINT position{};
-    if (!Find_Pointer(window, position)) return 0;
-    const int distance = vertical ? position.y - area.bottom : position.x - area.left;
+    const std::optional<POINT> pointer = Find_Pointer(window);
+    if (!pointer) return 0;
+    const int distance = vertical ? pointer->y - area.bottom : pointer->x - area.left;
     const int length = vertical ? area.top - area.bottom : area.right - area.left;
     if (distance < size) return -1;
     return distance > length - size ? 1 : 0;
@@ -45,11 +45,10 @@ void Size_Thumb(short& half, float visible, float total, int room) {
                                 : std::max(int{CURSEUR}, Truncate(part / whole * half_room)));
 }
 
-bool Pointer_Along(const Tools_Fields& bar, int& distance) {
-    POINT position{};
-    if (!Find_Pointer(bar.Window, position)) return false;
-    distance = Is_Vertical(bar) ? position.y - bar.Y : position.x - bar.X;
-    return true;
+std::optional<int> Pointer_Along(const Tools_Fields& bar) {
+    const std::optional<POINT> pointer = Find_Pointer(bar.Window);
+    if (!pointer) return std::nullopt;
+    return static_cast<int>(Is_Vertical(bar) ? pointer->y - bar.Y : pointer->x - bar.X);
 }
 
 void Thumb::Paint_Face(Canvas& canvas) const {

@@ -43,9 +43,8 @@ int Round_Offset(float offset);
 /// Sizes a thumb as what shows `visible` of `total` on a track of `room` pixels, if there is any.
 void Size_Thumb(short& half, float visible, float total, int room);
 
-/// Distance of the pointer from the start end of a bar.
-/// @return false when there is no pointer to be had
-bool Pointer_Along(const Tools_Fields& bar, int& distance);
+/// Distance of the pointer from the start end of a bar; none when there is no pointer to be had.
+std::optional<int> Pointer_Along(const Tools_Fields& bar);
 
 /// The value that the thumb has at a position of its track.
 template <class Bar>

@@ -134,8 +134,7 @@ void Update(Selects& selector) {
 void Paint_State(Selects& selector, bool highlighted) {
     Canvas canvas(selector, Inside(selector));
     const Boxs& frame = selector.Frame;
-    const unsigned long* body = highlighted ? frame.Cur_Graph_Select : frame.Cur_Graph_Normal;
-    Paint_Body(canvas, frame, highlighted, body, frame.Flag, Frame_Width(selector) + 1, Area_Of(frame));
+    Paint_Body(canvas, frame, highlighted, Frame_Width(selector) + 1, Area_Of(frame));
     Update(selector);
 }
 

@@ -74,8 +74,7 @@ void Paint_Cursor(Canvas& canvas, const Sliders& slider) {
 /// The inside and what stands on it, as the pointer has it look.
 void Paint_State(Sliders& slider, bool highlighted) {
     Canvas canvas(slider, Inside(slider));
-    Paint_Inside(canvas, slider, highlighted,
-                 highlighted ? slider.Cur_Graph_Select : slider.Cur_Graph_Normal);
+    Paint_Inside(canvas, slider, highlighted, Body_Of(slider, highlighted));
     Paint_Cursor(canvas, slider);
 }
 
@@ -105,12 +104,11 @@ void Sliders::Larg_Adjust(float larg, float total) {
 float Sliders::Read() {
     Check(*this, "Sliders::Read");
     if (!Has_Size(*this) || Has_Flag(*this, FLAG_PASSIVE)) return 0.0F;
-    int distance = 0;
+    const std::optional<int> distance = Pointer_Along(*this);
     const int thickness = Bar_Thickness(*this);
-    const bool on_track =
-        Pointer_Along(*this, distance) && thickness < distance && distance < Bar_Length(*this) - thickness;
-    if (!on_track || Tab_Num <= 1) return Val;
-    return Value_At(*this, distance - (thickness + Curs_Half + Frame_Width(*this) - 1));
+    if (!distance || *distance <= thickness || *distance >= Bar_Length(*this) - thickness || Tab_Num <= 1)
+        return Val;
+    return Value_At(*this, *distance - (thickness + Curs_Half + Frame_Width(*this) - 1));
 }
 
 int Sliders::Select(int event) {

@@ -143,14 +143,12 @@ void Paint_Name(Canvas& canvas, const TabItems& tab, unsigned long flags) {
 
 unsigned long Caption_Flags(const TabItems& tab) { return galdren::Caption_Flags(tab, Is_Front(tab)); }
 
-/// Body and caption.
 void Paint_Look(Canvas& canvas, const TabItems& tab, bool highlighted) {
-    const unsigned long* image = highlighted ? tab.Cur_Graph_Select : tab.Cur_Graph_Normal;
-    Paint_Fill(canvas, tab, highlighted, image, tab.Flag, Frame_Width(tab) + 1, Top_Of(tab));
+    Paint_Fill(canvas, tab, highlighted, Body_Of(tab, highlighted), tab.Flag, Frame_Width(tab) + 1,
+               Top_Of(tab));
     Paint_Name(canvas, tab, Caption_Flags(tab));
 }
 
-/// Whether a caption painted before the body would be painted over.
 bool Body_Hides_Name(const TabItems& tab) {
     const Area top = Top_Of(tab);
     const Area between_wings{top.left + 1, top.right - 2, top.bottom + 2, top.top - 2};

@@ -11,12 +11,57 @@
 #include "tools/lock.h"
 #include "util/error.h"
 #include "util/program.h"
-#include "widgets/padlock.h"
 #include "widgets/range.h"
 
 using namespace galdren;
 
 namespace {
+
+// Padlocks in grey levels, rows from the top.
+// clang-format off
+constexpr unsigned char Padlock_16[16 * 16] = {
+    255, 255, 255, 255, 255, 255, 235, 205, 205, 235, 255, 255, 255, 255, 255, 255,
+    255, 255, 255, 255, 255, 173,  17,   0,   0,  17, 173, 255, 255, 255, 255, 255,
+    255, 255, 255, 255, 173,   0,   0,   0,   0,   0,   0, 173, 255, 255, 255, 255,
+    255, 255, 255, 173,   0,   0,   0, 144, 144,   0,   0,   0, 173, 255, 255, 255,
+    255, 255, 235,  17,   0,   0, 173, 255, 255, 173,   0,   0,  17, 235, 255, 255,
+    255, 255, 205,   0,   0, 144, 255, 255, 255, 255, 144,   0,   0, 205, 255, 255,
+    255, 255, 205,   0,   0, 205, 255, 255, 255, 255, 205,   0,   0, 205, 255, 255,
+    255, 255,   0,   0,   0,   0,   0,   0,   0,   0,   0,   0,   0,   0, 255, 255,
+    255, 255,   0,   0,   0,   0,   0, 144, 144,   0,   0,   0,   0,   0, 255, 255,
+    255, 255,   0,   0,   0,   0, 144, 255, 255, 144,   0,   0,   0,   0, 255, 255,
+    255, 255,   0,   0,   0,   0, 144, 255, 255, 144,   0,   0,   0,   0, 255, 255,
+    255, 255,   0,   0,   0,   0,  17, 235, 235,  17,   0,   0,   0,   0, 255, 255,
+    255, 255,   0,   0,   0,   0,   0, 205, 205,   0,   0,   0,   0,   0, 255, 255,
+    255, 255,   0,   0,   0,   0,   0, 114, 114,   0,   0,   0,   0,   0, 255, 255,
+    255, 255,   0,   0,   0,   0,   0,   0,   0,   0,   0,   0,   0,   0, 255, 255,
+    255, 255, 255, 255, 255, 255, 255, 255, 255, 255, 255, 255, 255, 255, 255, 255,
+};
+
+constexpr unsigned char Padlock_10[10 * 10] = {
+    255, 255, 255, 210, 137, 137, 210, 255, 255, 255,
+    255, 253, 208,  49,  12,  12,  50, 208, 253, 255,
+    255, 228,  47,  21, 157, 157,  21,  47, 228, 255,
+    255, 194,   1, 149, 251, 251, 148,   1, 194, 255,
+    255, 111,   0,  72,  95,  95,  71,   0, 112, 255,
+    255,  63,   0,   0,  59,  59,   0,   0,  64, 255,
+    255,  63,   0,   0, 160, 160,   0,   0,  64, 255,
+    255,  63,   0,   2,  82,  82,   2,   0,  64, 255,
+    255,  63,   0,   0,   0,   0,   0,   0,  64, 255,
+    255, 183, 159, 159, 159, 159, 159, 159, 183, 255,
+};
+
+constexpr unsigned char Padlock_8[8 * 8] = {
+    254, 251, 204, 125, 125, 205, 251, 254,
+    252, 203,  80,  63,  63,  80, 203, 252,
+    245, 132,  66, 190, 190,  66, 132, 245,
+    229,  76,  52, 118, 118,  51,  77, 229,
+    216,  37,   0,  63,  63,   0,  38, 216,
+    216,  37,   0, 103, 103,   0,  38, 216,
+    216,  37,   0,  26,  26,   0,  38, 216,
+    235, 146, 127, 127, 127, 127, 146, 235,
+};
+// clang-format on
 
 /// The scale that positions are linear in, and back.
 float To_Scale(const Valuators& valuator, float value) {
@@ -63,7 +108,6 @@ bool Is_Number_Format(const char* format) {
     return conversions == 1;
 }
 
-/// Whether a format is met for the first time.
 bool Is_New(std::string_view format) {
     constexpr std::size_t Most_Formats = 64;
     static std::size_t met[Most_Formats];  // hashes
@@ -154,6 +198,19 @@ void Fill_Table(Valuators& valuator) {
         valuator.Tab[i] = linear ? value : From_Scale(valuator, static_cast<float>(i) * step + start);
 }
 
+/// A square picture of grey levels; of size 0 when there is none.
+struct Padlock {
+    int size;
+    const unsigned char* greys;
+};
+
+/// The largest padlock that fits in `room` pixels.
+Padlock Padlock_For(int room) {
+    if (room >= 16) return {16, Padlock_16};
+    if (room >= 10) return {10, Padlock_10};
+    return room >= 8 ? Padlock{8, Padlock_8} : Padlock{0, nullptr};
+}
+
 void Paint_Padlock(Canvas& canvas, const Thumb& thumb) {
     const Area& area = thumb.area;
     const Padlock padlock = Padlock_For(area.top - area.bottom - (thumb.vertical ? 0 : 1));
@@ -161,7 +218,11 @@ void Paint_Padlock(Canvas& canvas, const Thumb& thumb) {
     const int left = area.left + thumb.half - padlock.size / 2;
     const int top = (area.bottom + area.top) / 2 + padlock.size / 2 - 1;
     const Area place{left, left + padlock.size - 1, top - padlock.size + 1, top};
-    canvas.Pixels(padlock.pixels, padlock.size, padlock.size, 0, 0, place);
+    unsigned long pixels[16 * 16];
+    // Its white surroundings take the colour of the locked thumb.
+    std::transform(padlock.greys, padlock.greys + padlock.size * padlock.size, pixels,
+                   [](unsigned char grey) { return std::min(0x010101UL * grey, Thumb_Light); });
+    canvas.Pixels(pixels, padlock.size, padlock.size, 0, 0, place);
 }
 
 /// Distance of the thumb from the start of its room.
@@ -193,8 +254,7 @@ void Paint_Cursor(Canvas& canvas, const Valuators& valuator) {
 /// The inside and what stands on it, as the pointer has it look.
 void Paint_State(Valuators& valuator, bool highlighted) {
     Canvas canvas(valuator, Inside(valuator));
-    Paint_Inside(canvas, valuator, highlighted,
-                 highlighted ? valuator.Cur_Graph_Select : valuator.Cur_Graph_Normal, Trough_Area(valuator));
+    Paint_Inside(canvas, valuator, highlighted, Body_Of(valuator, highlighted), Trough_Area(valuator));
     Paint_Cursor(canvas, valuator);
 }
 
@@ -239,9 +299,9 @@ void Valuators::Lock(int how) {
 float Valuators::Read() {
     Check(*this, "Valuator::Read");
     if (!Has_Size(*this) || Has_Flag(*this, FLAG_PASSIVE)) return 0.0F;
-    int distance = 0;
-    if (Has_Flag(*this, VALUATOR_LOCKED) || Tab_Num < 1 || !Pointer_Along(*this, distance)) return Val;
-    return Value_At(*this, distance - Curs_Half - Frame_Width(*this) + 1);
+    const std::optional<int> distance = Pointer_Along(*this);
+    if (Has_Flag(*this, VALUATOR_LOCKED) || Tab_Num < 1 || !distance) return Val;
+    return Value_At(*this, *distance - Curs_Half - Frame_Width(*this) + 1);
 }
 
 int Valuators::Select(int event) {
