@@ -300,6 +300,22 @@ TEST_F(Shown_Test, Parts_Are_Found_By_Serial_Numbers_And_Places) {
     EXPECT_EQ(parts.Window(), nullptr);
 }
 
+// What the ring covered is painted before the key is done, not by a WM_PAINT.
+TEST_F(Shown_Test, Tab_Leaves_Nothing_Of_The_Ring_Behind) {
+    LRESULT result = 0;
+    host->Message(WM_SETFOCUS, 0, 0, result);
+    for (const bool holds : {false, true}) {
+        if (holds) host->Hold();
+        All_Painted();
+        for (int i = 0; i < 5; ++i) {
+            EXPECT_TRUE(host->Message(WM_KEYDOWN, VK_TAB, 0, result));
+            const Picture at_once(window);
+            EXPECT_FALSE(GetUpdateRect(window, nullptr, FALSE));
+            EXPECT_TRUE(Same(All_Painted(), at_once)) << i << holds;
+        }
+    }
+}
+
 TEST_F(Shown_Test, Nothing_Is_Found_Where_The_Last_Controls_Were) {
     Send(WM_MOUSEMOVE, 0, 60, 170);
     EXPECT_EQ(host->Current(), &tabs);
