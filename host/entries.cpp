@@ -59,7 +59,8 @@ bool Entries::Is_As_Noted(std::size_t number) const { return Same(noted[number],
 
 /// Whether each control is where it was when the index was made.
 bool Entries::Are_Places_Noted() const {
-    if (noted.size() != all.size()) return false;
+    // Without controls nothing tells an index of none from one of those before.
+    if (noted.size() != all.size() || all.empty()) return false;
     const auto is_as_noted = [this](std::size_t number) { return Is_As_Noted(number); };
     const unsigned now = Tools_Placements();
     if (now == placements) return std::all_of(untold.begin(), untold.end(), is_as_noted);

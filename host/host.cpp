@@ -18,7 +18,7 @@ Host::Host(HWND served)
     : window(served),
       life(std::make_shared<const int>(0)),
       parts(std::make_unique<Parts_View>(*this)),
-      keys(std::make_unique<Part_Keys>(*parts, [this](const RECT& area) { Refresh_Area(area); })) {
+      keys(std::make_unique<Part_Keys>(*parts, [this](const RECT& area) { Uncover(area); })) {
     Check_Tools_Layout();
     keys->Set_On_Focus([this](Part_Place place) { Follow_Focus(place); });
     keys->Set_Active(GetFocus() == window);
@@ -52,7 +52,7 @@ void Host::Add_Entry(Tools& control, const galdren::Class_Calls& calls,
     // too.
     if (control.Veil != VEIL_NONE) Set_Veil(entries[entries.Count() - 1], VEIL_NONE);
     // The keyboard shows the caret of the field that has it, wherever the pointer is.
-    calls.parts().Show_Caret(control, CARET_AWAY);
+    if (calls.input) calls.parts().Show_Caret(control, CARET_AWAY);
     stale = true;
 }
 

@@ -239,7 +239,8 @@ class Host {
     bool On_Wheel(int delta, POINT screen, bool across);
 
     // host_keys.cpp
-    bool Wants_Keys() const;
+    bool Can_Have_Keys(std::size_t number) const;
+    bool Wants_Keys();
     Entry* Key_Taker();
     void Begin_Reading(const Entry& entry);
     void Follow_Focus(Part_Place place);
@@ -269,6 +270,7 @@ class Host {
 
     // host_paint.cpp
     void Refresh_Area(const RECT& area);
+    void Uncover(const RECT& area);
     void Mark(const RECT& area);
     void Mark_Disabled(const RECT& area);
     void Paint();
@@ -309,6 +311,8 @@ class Host {
     std::vector<std::unique_ptr<Host_Service>> services;
     std::unique_ptr<Parts_View> parts;
     std::unique_ptr<Part_Keys> keys;
+    bool takes_tab = false;       // Tab is being taken, of which the application hears nothing
+    std::size_t key_user = 0;     // number of a control that could have the keyboard; see `Wants_Keys`
     unsigned focus_serial = 0;    // of the control that got the keyboard last; 0 for none
     unsigned wanted_serial = 0;   // of the control that is to have it once it can; 0 for none
     unsigned pressed_serial = 0;  // of the control that gets it when the left button goes up; 0 for none

@@ -1,6 +1,7 @@
 // The keyboard: which control has it, and who gets a key first.
 #include <algorithm>
 
+#include "host/client.h"
 #include "host/host.h"
 #include "host/watch.h"
 #include "parts/key_code.h"
@@ -76,15 +77,14 @@ const Tools* Host::Focused() const {
     return number < 0 ? nullptr : entries[static_cast<std::size_t>(number)].control;
 }
 
-/// Takes note of the part that has got the keyboard.
+/// Takes note of the part that has got the keyboard. A control that cannot have it for a while keeps its
+/// claim.
 void Host::Follow_Focus(Part_Place place) {
-    wanted_serial = 0;
     if (place.control >= 0) {
         const Entry& entry = entries[static_cast<std::size_t>(place.control)];
+        wanted_serial = 0;
         focus_serial = entry.serial;
         Begin_Reading(entry);
-    } else {
-        focus_serial = 0;
     }
     Tell_Services(Part_Change::Focus, place);
 }
@@ -124,11 +124,18 @@ Host::Entry* Host::Key_Taker() {
     return entry.calls->input ? &entry : nullptr;
 }
 
-bool Host::Wants_Keys() const {
+bool Host::Can_Have_Keys(std::size_t number) const {
+    const Entry& entry = entries[number];
+    const bool hears = Takes_Events(entry) && Has_Size(*entry.control);
+    return hears && (entry.calls->select || entry.calls->input) && keys->Can_Have(static_cast<int>(number));
+}
+
+/// Whether anybody does something with keys. Who did last time is asked first.
+bool Host::Wants_Keys() {
     if (on_key) return true;
-    for (std::size_t i = 0; i < entries.Count(); ++i) {
-        const Class_Calls& calls = *entries[i].calls;
-        if ((calls.select || calls.input) && keys->Can_Have(static_cast<int>(i))) return true;
+    if (key_user < entries.Count() && Can_Have_Keys(key_user)) return true;
+    for (key_user = 0; key_user < entries.Count(); ++key_user) {
+        if (Can_Have_Keys(key_user)) return true;
     }
     return false;
 }
@@ -147,7 +154,11 @@ bool Host::Offer(UINT message, int code) const {
 /// @return whether it meant anything
 bool Host::Work_Parts(UINT message, int key, bool repeated) {
     const HWND served = window;
-    if (!key || !keys->Take(key, repeated)) return false;
+    const Watch watch(*this);
+    takes_tab = Is_Tab(key);
+    const bool taken = key && keys->Take(key, repeated);
+    if (watch.Has_Host()) takes_tab = false;
+    if (!taken) return false;
     Drop_System_Character(served, message);
     return true;
 }

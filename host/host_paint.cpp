@@ -82,6 +82,15 @@ void Host::Refresh_Area(const RECT& logical) {
     if (holds) Mark(logical);
 }
 
+/// Has painted anew what the ring of the keyboard has covered: by Tab at once, for nothing else goes on then,
+/// and a WM_PAINT takes longer than all else that the key does.
+void Host::Uncover(const RECT& logical) {
+    if (!takes_tab || !window || (holds && stale)) return Refresh_Area(logical);
+    const RECT client = Client_Area(window);
+    RECT visible{};
+    if (IntersectRect(&visible, &logical, &client)) Paint_Area(visible);
+}
+
 void Host::Refresh() {
     stale = true;
     if (window) InvalidateRect(window, nullptr, FALSE);

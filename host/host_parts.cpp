@@ -150,7 +150,10 @@ int Host::Parts_View::Control_At(POINT place) const {
 
 Part_Place Host::Parts_View::Focus() const { return host.keys->Focus(); }
 
-bool Host::Parts_View::Set_Focus(Part_Place place) { return host.keys->Set_Focus(place); }
+bool Host::Parts_View::Set_Focus(Part_Place place) {
+    if (place.control < 0) host.Focus(nullptr);
+    return host.keys->Set_Focus(place);
+}
 
 bool Host::Parts_View::Press(Part_Place place) { return host.Press_Part(place); }
 

@@ -165,7 +165,6 @@ bool Part_Keys::Set_Focus(Part_Place place) {
 
 /// See `Set_Focus`; for `Whole` the part may be brought into view, too.
 bool Part_Keys::Go_To(Part_Place place, bool into_view) {
-    const Part_Place before = Focus();
     if (place.control >= 0) {
         if (place.control >= window.Count()) return false;
         const Part_Owner owner = window.Owner(place.control);
@@ -176,7 +175,6 @@ bool Part_Keys::Go_To(Part_Place place, bool into_view) {
     }
     Remember(place);
     Update();
-    if (on_focus && !(before == place)) on_focus(place);
     return true;
 }
 
@@ -208,9 +206,19 @@ void Part_Keys::Show_Ring() {
 
 void Part_Keys::Update() {
     if (const int now = number < 0 ? -1 : window.Number_Of(serial); now >= 0) number = now;
-    const Part_Place place = active ? Focus() : Part_Place{};
-    Place_Caret(place.control);
-    Place_Ring(place);
+    const Part_Place focus = Focus();
+    const Part_Place shown = active ? focus : Part_Place{};
+    Place_Caret(shown.control);
+    Place_Ring(shown);
+    Tell_Focus(focus);
+}
+
+/// Tells of another part than the one told of before; also when the keyboard is nowhere because the control
+/// that had it was hidden, disabled or removed.
+void Part_Keys::Tell_Focus(Part_Place place) {
+    const Part_Place now{place.control < 0 ? 0 : static_cast<int>(serial), place.part};
+    if (std::exchange(told, now) == now) return;
+    if (on_focus) on_focus(place);
 }
 
 void Part_Keys::Place_Caret(int control) {
@@ -236,15 +244,16 @@ void Part_Keys::Place_Ring(Part_Place place) {
     }
     if (ring.has_value() == next.has_value() && (!ring || Same(*ring, *next))) return;
     const std::optional<RECT> before = std::exchange(ring, next);
-    if (before) {
-        RECT covered = *before;
-        InflateRect(&covered, galdren::Ring_Width, galdren::Ring_Width);
+    if (next) {
+        ring_window = window.Window();
+        Set_Ring(ring_window, *next);
+    } else {
         Clear_Ring(ring_window);
-        repaint(covered);
     }
-    if (!next) return;
-    ring_window = window.Window();
-    Set_Ring(ring_window, *next);
+    if (!before) return;
+    RECT covered = *before;
+    InflateRect(&covered, galdren::Ring_Width, galdren::Ring_Width);
+    repaint(covered);
 }
 
 bool Part_Keys::Take(int code, bool repeated) {

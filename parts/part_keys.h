@@ -36,15 +36,15 @@
 class Part_Keys {
   public:
     /// @param served   has to outlive this object
-    /// @param repaint  has a rectangle of the window painted anew, in logical pixels: what the ring covered.
-    ///                 It must not change the controls
+    /// @param repaint  has a rectangle of the window painted anew, in logical pixels: what the ring covered,
+    ///                 after it has gone on. It must not change the controls
     Part_Keys(Part_Window& served, std::function<void(const RECT&)> repaint);
     ~Part_Keys();
     Part_Keys(const Part_Keys&) = delete;
     Part_Keys& operator=(const Part_Keys&) = delete;
 
-    /// Called with the part that has got the keyboard, before it is pressed; no control, when it was taken
-    /// away. It must not change the controls.
+    /// Called with the part that has got the keyboard, before it is pressed; no control, when none has it any
+    /// more, be it for a while. It must not change the controls.
     void Set_On_Focus(std::function<void(Part_Place)> tell) { on_focus = std::move(tell); }
 
     /// The part that has the keyboard; no control, when none has.
@@ -89,6 +89,7 @@ class Part_Keys {
   private:
     void Place_Caret(int control);
     void Place_Ring(Part_Place place);
+    void Tell_Focus(Part_Place place);
     bool Go_To(Part_Place place, bool into_view);
     void Remember(Part_Place place);
     bool Act(int code);
@@ -113,6 +114,10 @@ class Part_Keys {
     unsigned serial = 0;  // of the control that has the keyboard
     int number = -1;      // that it had when it was seen last; -1 while none has
     int part = Whole;     // of it
+
+    /// What `on_focus` was told last, with the serial number of the control in place of its number; 0 for
+    /// none.
+    Part_Place told{0, Whole};
 
     bool repeats = false;                   // the key that is taken; see `Take`
     bool active = false;                    // see `Set_Active`

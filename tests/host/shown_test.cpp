@@ -257,6 +257,12 @@ TEST_F(Shown_Test, Services_Hear_Of_Changes) {
         {[&] { host->Tell_Changed(list); }, "c0/0 "},
         {[&] { host->Set_Shown(button, false), host->Set_Shown(button, true); }, "H3/-1 S3/-1 "},
         {[&] { host->Set_Enabled(button, false); }, "s3/-1 "},
+        // Where the keyboard is while its control cannot have it: nowhere, and there again afterwards.
+        {[&] { host->Set_Enabled(value, false); }, "f-1/-1 s1/-1 "},
+        {[&] { host->Set_Enabled(value, true); }, "f1/-1 s1/-1 "},
+        {[&] { host->Set_Shown(value, false), host->Set_Shown(value, true); }, "H1/-1 f-1/-1 S1/-1 f1/-1 "},
+        {[&] { host->Remove(value); }, "f-1/-1 "},
+        {[&] { host->Focus(&list); }, "f0/0 "},
         {[&] { host->Focus(nullptr); }, "f-1/-1 "}};
     for (const auto& [act, heard] : rows) {
         log.clear();
@@ -292,6 +298,31 @@ TEST_F(Shown_Test, Parts_Are_Found_By_Serial_Numbers_And_Places) {
     window.Close();
     Send(WM_NCDESTROY, 0, 0, 0);
     EXPECT_EQ(parts.Window(), nullptr);
+}
+
+// What the ring covered is painted before the key is done, not by a WM_PAINT.
+TEST_F(Shown_Test, Tab_Leaves_Nothing_Of_The_Ring_Behind) {
+    LRESULT result = 0;
+    host->Message(WM_SETFOCUS, 0, 0, result);
+    for (const bool holds : {false, true}) {
+        if (holds) host->Hold();
+        All_Painted();
+        for (int i = 0; i < 5; ++i) {
+            EXPECT_TRUE(host->Message(WM_KEYDOWN, VK_TAB, 0, result));
+            const Picture at_once(window);
+            EXPECT_FALSE(GetUpdateRect(window, nullptr, FALSE));
+            EXPECT_TRUE(Same(All_Painted(), at_once)) << i << holds;
+        }
+    }
+}
+
+TEST_F(Shown_Test, Nothing_Is_Found_Where_The_Last_Controls_Were) {
+    Send(WM_MOUSEMOVE, 0, 60, 170);
+    EXPECT_EQ(host->Current(), &tabs);
+    host->Clear();
+    Send(WM_MOUSEMOVE, 0, 60, 171);
+    EXPECT_EQ(host->Current(), nullptr);
+    EXPECT_EQ(host->Parts().Control_At({60, 170}), -1);
 }
 
 }  // namespace

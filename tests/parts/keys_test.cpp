@@ -400,7 +400,8 @@ TEST_F(Keys, Ring_And_Caret_Show_Where_They_Act) {
                                                       {window.Number("mute"), Whole},
                                                       {entry_number, Whole},
                                                       {color_number, 0},
-                                                      {entry_number, Whole}}));
+                                                      {entry_number, Whole},
+                                                      {-1, Whole}}));
 
     Keyed_Window lonely;
     lonely.Add(apply, "apply");
