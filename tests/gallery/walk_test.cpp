@@ -122,8 +122,8 @@ class Typist {
         const auto is_back = [this] {
             return Focus_In(root).part && GetForegroundWindow() == gallery.Window();
         };
+        Wait_Until([&] { return is_back() || IsWindowVisible(FindWindowA("#32770", nullptr)); });
         if (is_back()) return;
-        Wait_Until([] { return IsWindowVisible(FindWindowA("#32770", nullptr)) != 0; });
         Type_Keys({VK_ESCAPE});
         Wait_Until(is_back);
     }
