@@ -34,7 +34,8 @@ void Print_Help() {
         "       gallery --flags DIR\n"
         "\n"
         "  --page NAME  begin with this page\n"
-        "  --png DIR    write a picture of every page to DIR\\gallery-NAME.png and exit\n"
+        "  --png DIR    write a picture of every page, and of the focus ring, to DIR\\gallery-NAME.png and "
+        "exit\n"
         "  --flags DIR  write a small picture of what each flag does to DIR\\CLASS-FLAG.png and exit\n"
         "  --log        write events to standard output, one per line; the first line is \"ready\"\n"
         "  --help       show this text\n"
@@ -83,6 +84,18 @@ std::optional<Options> Read_Options(int count, char** words) {
     return options;
 }
 
+/// Goes to an item of the first check list by keys, and writes a picture of it with the ring.
+bool Write_Ring(gallery::Window& window, const gallery::Picture_Writer& writer, const std::string& path) {
+    constexpr RECT first_list{16, 52, 400, 216};
+    const HWND handle = window.Handle();
+    window.Show_Page(*Find_Page("checklists"));
+    SendMessageA(handle, WM_SETFOCUS, 0, 0);
+    window.Paint_Now();
+    for (const WPARAM key : {VK_TAB, VK_TAB, VK_RIGHT})
+        SendMessageA(handle, WM_KEYDOWN, key, 1);
+    return writer.Write(handle, first_list, path);
+}
+
 int Write_Pictures(gallery::Window& window, const std::string& directory) {
     const gallery::Picture_Writer writer;
     CreateDirectoryA(directory.c_str(), nullptr);
@@ -97,6 +110,7 @@ int Write_Pictures(gallery::Window& window, const std::string& directory) {
         }
         std::puts(path.c_str());
     }
+    if (!Write_Ring(window, writer, directory + "\\gallery-ring.png")) return exit_failed;
     return 0;
 }
 

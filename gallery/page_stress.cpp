@@ -49,29 +49,12 @@ void Prepare(Bar& bar, int index) {
 }
 /// @}
 
-/// What the application does when a control is pressed.
-/// @{
-void Take(Boxs&) {}
-void Take(Buttons& button) {
-    short& shown = button.Flag & BUTTON_LAMP ? button.Lamp : button.Value;
-    shown = !shown;
+/// What the host would do only to a button with a lamp.
+void Toggle(Buttons& button) {
+    button.Value = !button.Value;
+    if (button.Flag & BUTTON_LAMP) button.Lamp = button.Value;
     button.Adjust();
 }
-void Take(Selects& selector) { selector.Adjust(); }
-template <class Control>
-void Take(Control& control) {
-    if constexpr (requires { control.Val; }) {
-        control.Val = control.Read();
-    } else {
-        control.Value = control.Read();
-    }
-    control.Adjust();
-}
-/// @}
-
-template <class Control>
-constexpr bool is_dragged = std::derived_from<Control, Valuators> || std::derived_from<Control, Sliders> ||
-                            std::derived_from<Control, Hue_Edit>;
 
 /// A colour of the rainbow, by a fraction of it.
 Colors Rainbow(float hue) {
@@ -134,15 +117,9 @@ class Crowd {
   private:
     template <class Control>
     void Add(const Place& place, const Colors& color, int index) {
-        const auto press = [](Control& control) {
-            if constexpr (!std::derived_from<Control, Labels>) Take(control);
-        };
-        const auto change = [](Control& control) {
-            if constexpr (is_dragged<Control>) {
-                if (Button_State) Take(control);
-            }
-        };
-        Control& control = sheet.Add<Control>(place, nullptr, 0, press, change);
+        std::function<void(Control&)> press;
+        if constexpr (std::same_as<Control, Buttons>) press = Toggle;
+        Control& control = sheet.Add<Control>(place, nullptr, 0, press);
         control.Font_Size = 6;
         control.Border = 1;
         control.Color = color;
@@ -208,7 +185,7 @@ class Repaint_Clock {
     }
 
     void Use(Buttons& lamp) {
-        lamp.Lamp = !lamp.Lamp;
+        lamp.Value = lamp.Lamp = !lamp.Lamp;
         lamp.Adjust();
         const bool in_batch = lamp.Lamp;
         lines[in_batch]->Set_Name("%s: %.2f ms", in_batch ? "In a batch" : "One by one",

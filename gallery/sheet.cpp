@@ -66,6 +66,7 @@ void Sheet::Press(Buttons& button) const {
     if (button.Flag & BUTTON_LAMP) {
         const int codes = button.Flag & BUTTON_LAMP_COLORS ? lamp_codes : 2;
         button.Lamp = static_cast<short>((button.Lamp + 1) % codes);
+        if (codes == 2) button.Value = button.Lamp;
     } else {
         button.Value = button.Value ? 0 : 1;
     }
@@ -87,6 +88,11 @@ void Sheet::Show(const char* title) const {
         if (item.is_label && has_caption) label = item.control->Name;
         if (!has_caption) host.Describe(*item.control, label);
     }
+}
+
+void Sheet::Hide() const {
+    for (const Item& item : items)
+        host.Remove(*item.control);
 }
 
 void Sheet::Fit(SIZE client) {

@@ -69,6 +69,8 @@ class Sheet {
     /// after the label before it, which is mostly the title of its group.
     /// @param title  what they call those that stand before the first label
     void Show(const char* title) const;
+    /// Takes the controls from the host.
+    void Hide() const;
     /// Moves the controls to where they stand in a client area of this size. They need `Init` afterwards.
     void Fit(SIZE client);
     /// The controls in order of addition.

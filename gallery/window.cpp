@@ -63,6 +63,11 @@ Window::Window(HINSTANCE instance, bool log)
     Serve_Screen_Readers(host);
     Build_Tabs_Of_Pages();
     Build_Status();
+    host.Add(page_tabs, [this](Tabs&) { Choose_Page_Of_Tab(); });
+    host.Describe(page_tabs, "Pages");
+    host.Add(status_box);
+    host.Add(status_text);
+    host.Add(status_cost);
     SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     Show_Page(0);
 }
@@ -104,6 +109,7 @@ void Window::Choose_Page_Of_Tab() {
 }
 
 void Window::Show_Page(std::size_t index) {
+    if (sheets[shown]) sheets[shown]->Hide();
     shown = index;
     std::unique_ptr<Sheet>& sheet = sheets[index];
     if (!sheet) {
@@ -113,13 +119,7 @@ void Window::Show_Page(std::size_t index) {
     page_tabs.Value = static_cast<short>(index);
     for (std::size_t i = 0; i < Pages().size(); ++i)
         page_tabs.Item[i]->Color = i == index ? page_color : back_tab_color;
-    host.Clear();
-    host.Add(page_tabs, [this](Tabs&) { Choose_Page_Of_Tab(); });
-    host.Describe(page_tabs, "Pages");
     sheet->Show(Pages()[index].title);
-    host.Add(status_box);
-    host.Add(status_text);
-    host.Add(status_cost);
     Fit();
     InvalidateRect(window, nullptr, FALSE);
     if (announced) Log_Page();

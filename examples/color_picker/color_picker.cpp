@@ -1,8 +1,10 @@
 // One value with several views: two editors and a text show a colour, each change of it goes through `Show`,
 // and that brings all of them in line.
 #include <algorithm>
+#include <cstdio>
 #include <cstring>
 #include <iterator>
+#include <string>
 
 #include "Galdren_Host.h"
 #include "Galdren_Tools.h"
@@ -24,6 +26,13 @@ void Copy_To_Clipboard(HWND window, const char* text) {
     CloseClipboard();
 }
 
+/// @param color  with red in its lowest byte
+std::string Text_Of(unsigned long color) {
+    char text[8];
+    std::snprintf(text, sizeof text, "#%02lX%02lX%02lX", color & 0xFF, color >> 8 & 0xFF, color >> 16 & 0xFF);
+    return text;
+}
+
 struct Picker {
     HWND window;
     Color_Edit channels;
@@ -35,33 +44,38 @@ struct Picker {
     Host host;
 
     explicit Picker(HWND served) : window(served), host(served) {
-        // After the wheel the editor has the colour already.
-        const auto take = [this](auto& editor) { Show(Button_State ? editor.Read() : editor.Value); };
+        const auto take = [this](auto& editor, const Host_Event&) { Show(editor.Value); };
         std::copy(std::begin(first_colors), std::end(first_colors), recent_value);
         channels.Name = "Colour", channels.Flag = COLOR_EDIT_MODE_BUTTON | SLIDER_KEEP_GRAB | FLAG_TEXT_RIGHT;
         hue.Flag = SLIDER_KEEP_GRAB, hue.Value = channels.Value = recent_value[0];
         text.Flag = recent_label.Flag = FLAG_TEXT_LEFT;
         recent_label.Name = "Recent colours", copy.Name = "Copy";
+        Serve_Screen_Readers(host);
         host.Set_Background(Colors(76, 81, 90));
-        host.Add(channels, take, take);
-        host.Add(hue, take, take);
+        host.Add(channels, take);
+        host.Add(hue, take);
+        host.Describe(hue, "Hue");
         host.Add(recent_label);
         for (Buttons& button : recent)
             host.Add(button, [this](Buttons& pressed) { Show(recent_value[&pressed - recent]); });
         host.Add(text);
         host.Add(copy, [this](Buttons&) { Copy(); });
+        host.Set_Default(&copy);
+        host.Set_Mnemonic(copy, 'C');
+        host.Set_Mnemonic(recent_label, 'R');
         Fit();
         Show(recent_value[0]);
     }
 
-    /// All views show a colour, which has red in its lowest byte.
+    /// All views show a colour.
     void Show(unsigned long value) {
         channels.Value = hue.Value = value;
         channels.Adjust();
         if (value == hue.Last_Value) host.Refresh(hue);  // which `Adjust` takes for painted
         hue.Adjust();
-        text.Set_Name("#%02lX%02lX%02lX", value & 0xFF, value >> 8 & 0xFF, value >> 16 & 0xFF);
+        text.Set_Name("%s", Text_Of(value).c_str());
         host.Refresh(text);
+        host.Tell_Changed(text);
     }
 
     void Copy() {
@@ -80,6 +94,7 @@ struct Picker {
             recent[i].Color = value & 0xFFFFFF ? Colors(unsigned(value)) : Colors(1, 1, 1);
             recent[i].Init(window);
             host.Refresh(recent[i]);
+            host.Describe(recent[i], Text_Of(value).c_str());
         }
     }
 

@@ -16,26 +16,27 @@ struct Picker {
     Host host;
 
     explicit Picker(HWND served) : window(served), host(served) {
-        const auto begin = [](Texts& entry) {
-            if (entry.Mode == 0) entry.Read("%s", entry.Line);  // after Escape
-        };
-        const auto enter = [this](Texts& entry) {
-            if (entry.Update()) Go_To(entry.Line);
-        };
         tree.Name = "Directory";
         chosen.Flag = typed_label.Flag = FLAG_TEXT_LEFT;
         typed_label.Name = "Path";
         typed.Flag = TEXT_SINGLE_LINE, typed.Color = Colors(222, 225, 230);
         ok.Name = "OK", cancel.Name = "Cancel";
+        Serve_Screen_Readers(host);
         host.Set_Background(Colors(76, 81, 90));
-        host.Add(tree, [this](DirTrees&) {
-            if (host.Answer() == 2) Show();  // 1 is a branch opened, or a bar moved
+        host.Add(tree, [this](DirTrees&, const Host_Event& event) {
+            if (event.answer == 2) Show();  // 1 is a branch opened, or a bar moved
         });
         host.Add(chosen);
         host.Add(typed_label);
-        host.Add(typed, begin, enter);
+        host.Add(typed, [this](Texts& entry, const Host_Event& event) {
+            if (event.kind == Host_Event::Key && event.answer) Go_To(entry.Line);
+        });
         host.Add(ok, [this](Buttons&) { Confirm(); });
         host.Add(cancel, [this](Buttons&) { Close(); });
+        host.Set_Cancel(&cancel);
+        host.Set_Mnemonic(typed_label, 'P');
+        host.Set_Mnemonic(ok, 'O');
+        host.Set_Mnemonic(cancel, 'C');
         Fit();
         host.Focus(&typed);
         Go_To(std::getenv("USERPROFILE"));
@@ -53,7 +54,9 @@ struct Picker {
         const char* path = tree.Read();
         chosen.Set_Name("%s", path ? path : "No directory is chosen");
         host.Refresh(chosen);
+        host.Tell_Changed(chosen);
         typed.Read("%s", path ? path : typed.Line);
+        host.Tell_Changed(typed);
     }
 
     void Confirm() {

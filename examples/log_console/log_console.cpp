@@ -41,41 +41,46 @@ struct Log_Window {
     explicit Log_Window(HWND served) : window(served), host(served) {
         console.Name = "Log", console.Flag = TEXT_V_BAR | SLIDER_KEEP_GRAB;
         console.Color = Colors(196, 200, 206);
-        run.Name = "Run", run.Flag = BUTTON_LAMP;
+        run.Name = "Run", run.Flag = BUTTON_LAMP, run.Value = run.Lamp = 1;
         clear.Name = "Clear";
         count_label.Flag = FLAG_TEXT_LEFT;
+        Serve_Screen_Readers(host);
         host.Set_Background(Colors(76, 81, 90));
-        host.Add(console);
-        host.Add(run, [this](Buttons&) { worker.joinable() ? Stop() : Start(); });
-        host.Add(clear, [this](Buttons&) { console.Cleanup(), console.Draw(), Show_Count(0); });
+        host.Add(console, [this](Texts&, const Host_Event& event) { Note(event); });
+        host.Add(run, [this](Buttons&, const Host_Event&) { run.Value ? Start() : Stop(); });
+        host.Add(clear, [this](Buttons&) {
+            console.Cleanup(), console.Draw(), console.Read(nullptr), Show_Count(0);
+        });
         host.Add(count_label);
+        host.Set_Mnemonic(run, 'R');
+        host.Set_Mnemonic(clear, 'C');
         Show_Count(0);
         Fit();
+        console.Read(nullptr);
+        host.Focus(&console);
         Start();
     }
 
-    void Start() {
-        worker = std::jthread(Work, window);
-        Show_Running(true);
-    }
+    void Start() { worker = std::jthread(Work, window); }
 
     /// The worker waits for nothing that this thread does, so that it can be waited for here.
     void Stop() {
         worker.request_stop();
-        worker.join();
-        Show_Running(false);
+        if (worker.joinable()) worker.join();
     }
 
     /// Before the window is destroyed: lines that are still in its queue would be lost with it.
     void Close() {
-        if (worker.joinable()) Stop();
+        Stop();
         for (MSG message; PeekMessageA(&message, window, line_message, line_message, PM_REMOVE);)
             Take_Over(message.lParam);
     }
 
-    void Show_Running(bool running) {
-        run.Value = run.Lamp = running;
-        run.Adjust();
+    /// A line that is typed goes to the log. After Escape keys scroll, until Enter or a click begins a line.
+    void Note(const Host_Event& event) {
+        const bool enters = event.key == VK_RETURN;
+        if (enters && event.answer) Show_Count(count + 1);
+        if (console.Mode == 0 && (enters || event.kind == Host_Event::Press)) console.Read(nullptr);
     }
 
     void Show_Count(int lines) {

@@ -32,6 +32,7 @@ struct Dialog {
     Host host;
 
     explicit Dialog(HWND window) : host(window) {
+        Serve_Screen_Readers(host);
         host.Set_Background(Colors(76, 81, 90));
         Add(panel, nullptr, 12, 178, 496, 250, FLAG_STATIC | FLAG_PASSIVE);
         Add_Entry(title_label, "Title", title, 386, 0);
@@ -47,14 +48,13 @@ struct Dialog {
         Add(size, nullptr, 320, 240, 172, 144, FLAG_VERTICAL | SLIDER_KEEP_GRAB);
         Name_Items(size, sizes);
         Add(replace, "Replace old pictures", 320, 190, 172, 36, BUTTON_LAMP);
-        Add(reset, "Reset", 292, 132, 100, 34, 0, [this](Buttons&) { Show({}); });
+        Add(reset, "Defaults", 292, 132, 100, 34, 0, [this](Buttons&) { Show({}); });
         Add(ok, "OK", 408, 132, 100, 34, 0, [this](Buttons&) { Report(Read_Back()); });
         Add(summary, "What the program got", 12, 12, 496, 108, TEXT_V_BAR | SLIDER_KEEP_GRAB);
         summary.Color = Colors(196, 200, 206);
         host.Init_All();
         host.Focus(&title);
         host.Set_Default(&ok);
-        host.Describe(size, "Size in pixels");
         Show({});
     }
 
@@ -81,7 +81,8 @@ struct Dialog {
             if (settings.extras & 1 << i) summary.Write("%c    with %s", TEXT_BLUE, extras[i]);
     }
 
-    /// Fields that all have, and the place from the bottom-left corner of the window.
+    /// Fields that all have, and the place from the bottom-left corner of the window. Alt and the first
+    /// letter of the name go to the control; a field or a list without a name has the label before it.
     void Add(auto& control, const char* name, int x, int y, int width, int height, unsigned long flag,
              auto... handlers) {
         control.Name = name, control.Flag = flag;
@@ -89,6 +90,7 @@ struct Dialog {
         control.Width = short(width), control.Height = short(height);
         control.Font_Name = "Arial", control.Font_Size = 10, control.Border = 2;
         host.Add(control, handlers...);
+        if (name) host.Set_Mnemonic(control, *name);
     }
 
     void Add_Entry(Labels& label, const char* name, Texts& field, int y, unsigned long flag) {

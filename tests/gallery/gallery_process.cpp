@@ -7,7 +7,6 @@ namespace galdren_test {
 
 namespace {
 
-constexpr ULONGLONG patience = 20000;  // milliseconds; reached only when something is wrong
 constexpr ULONGLONG move_interval = 200;
 constexpr DWORD no_exit_code = 1000;
 
@@ -54,7 +53,7 @@ void Send_Key(int key, DWORD flags) {
 
 }  // namespace
 
-bool Wait_Until(const std::function<bool()>& done) {
+bool Wait_Until(const std::function<bool()>& done, ULONGLONG patience) {
     const ULONGLONG end = GetTickCount64() + patience;
     while (!done()) {
         if (GetTickCount64() > end) return false;
@@ -63,7 +62,7 @@ bool Wait_Until(const std::function<bool()>& done) {
     return true;
 }
 
-Program::Program(const std::string& arguments) {
+Program::Program(const std::string& arguments, const std::string& name) {
     SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
     HANDLE written = nullptr;
     CreatePipe(&pipe_, &written, &inherited, 0);
@@ -72,7 +71,7 @@ Program::Program(const std::string& arguments) {
     start.cb = sizeof start;
     start.dwFlags = STARTF_USESTDHANDLES;
     start.hStdOutput = start.hStdError = written;
-    std::string command = '"' + Own_Directory() + "gallery.exe\" " + arguments;
+    std::string command = '"' + Own_Directory() + name + ".exe\" " + arguments;
     const BOOL started = CreateProcessA(nullptr, command.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
                                         &start, &process_);
     CloseHandle(written);
@@ -84,6 +83,12 @@ Program::~Program() {
     CloseHandle(process_.hThread);
     CloseHandle(process_.hProcess);
     CloseHandle(pipe_);
+}
+
+HWND Program::Window() const {
+    HWND window = nullptr;
+    Wait_Until([&] { return (window = Window_Of(Id())) != nullptr; });
+    return window;
 }
 
 const std::string& Program::Output() {
@@ -111,7 +116,7 @@ DWORD Program::Exit_Code() {
 
 Gallery::Gallery(const std::string& page) : program_("--log --page " + page) {
     if (!Says("ready") || !Says("page " + page)) throw std::runtime_error("the gallery does not come up");
-    window_ = Window_Of(program_.Id());
+    window_ = program_.Window();
 }
 
 bool Gallery::Says(const std::string& line) {

@@ -10,18 +10,22 @@
 
 namespace galdren_test {
 
-/// Runs until `done` answers true; false when that takes too long.
-bool Wait_Until(const std::function<bool()>& done);
+/// Runs until `done` answers true; false when that takes longer than `patience`, in milliseconds, which is
+/// meant for what never happens unless something is wrong.
+bool Wait_Until(const std::function<bool()>& done, ULONGLONG patience = 20000);
 
 /// A program that writes to a pipe.
 class Program {
   public:
-    explicit Program(const std::string& arguments);
+    /// @param name  of the program, which stands beside the test
+    explicit Program(const std::string& arguments, const std::string& name = "gallery");
     ~Program();
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
 
     DWORD Id() const { return process_.dwProcessId; }
+    /// Its window, once that is shown.
+    HWND Window() const;
     /// What the program has written so far, to both of its outputs.
     const std::string& Output();
     /// Waits for the end of the program; its exit code, or a number above 255 when it does not end.
@@ -39,6 +43,8 @@ class Gallery {
     explicit Gallery(const std::string& page);
 
     HWND Window() const { return window_; }
+    /// All that the gallery has said so far.
+    const std::string& Output() { return program_.Output(); }
 
     /// Waits until the gallery says this line, after all those that were waited for before.
     bool Says(const std::string& line);

@@ -354,5 +354,48 @@ TEST_F(Handlers_Test, A_Handler_May_End_Everything) {
     }
 }
 
+TEST_F(Handlers_Test, Parts_Are_Worked_By_Their_Names) {
+    static const char* const extras[] = {"Grid", "Axes", nullptr};
+    Labels label;
+    Texts title;
+    CheckLists checks;
+    Valuators level;
+    Buttons hidden, apply;
+    Put(label, 10, 350, 100, 24), label.Name = "Title";
+    Put(title, 120, 350, 200, 24, TEXT_SINGLE_LINE);
+    Put(checks, 10, 200, 200, 80), checks.List = extras, checks.Name = "Extras";
+    Put(level, 10, 150, 200, 24), level.Name = "dB", level.End_Val = 100;
+    Put(hidden, 10, 100, 100, 24), hidden.Name = "Apply";
+    Put(apply, 10, 50, 100, 24), apply.Name = "Apply";
+    int pressed = 0;
+    std::string told;
+    host->Add(label), host->Add(title), host->Add(checks);
+    host->Add(level, [&](Valuators& bar, const Host_Event& event) {
+        told += std::to_string(event.kind == Host_Event::Set) + std::to_string(static_cast<int>(bar.Val));
+    });
+    host->Add(hidden), host->Add(apply, [&](Buttons&) { ++pressed; });
+    host->Describe(level, "Volume");
+    host->Set_Shown(hidden, false);
+    host->Init_All();
+    host->Focus(&title);
+    Part_Window& parts = host->Parts();
+
+    EXPECT_TRUE(Press_Part(parts, "Apply"));
+    EXPECT_EQ(pressed, 1) << "the one that is shown";
+    EXPECT_TRUE(Write_Part(parts, "Title", "Harbour"));
+    EXPECT_EQ(Read_Part(parts, "Title"), "Harbour") << "the field, not its label";
+    EXPECT_TRUE(Press_Part(parts, "Axes"));
+    EXPECT_EQ(Read_Part(parts, "Axes"), "1");
+    EXPECT_EQ(Read_Part(parts, "Grid"), "0");
+    EXPECT_TRUE(Write_Part(parts, "Volume", "40"));
+    EXPECT_FALSE(Write_Part(parts, "Volume", "loud"));
+    EXPECT_EQ(told, "140");
+    for (const char* name : {"dB", "apply", ""}) {
+        EXPECT_FALSE(Press_Part(parts, name)) << name;
+        EXPECT_FALSE(Write_Part(parts, name, "1")) << name;
+        EXPECT_FALSE(Read_Part(parts, name)) << name;
+    }
+}
+
 }  // namespace
 }  // namespace galdren_test
