@@ -5,3 +5,4 @@
 #include "host/access.h"
 #include "host/host.h"
 #include "parts/by_name.h"
+#include "host/layout.h"

@@ -2,6 +2,7 @@
 // buttons and windows that do the same.
 
 #include "host/host.h"
+#include "host/layout.h"
 
 #include <functional>
 #include <memory>
@@ -372,6 +373,125 @@ Result Resized() {
                                                                              }});
 }
 
+/// How many pixels a drag of the window's corner is from where it began, there and back.
+constexpr int Drag_Steps = 100;
+int Dragged(int step) { return bench::Back_And_Forth(step, Drag_Steps / 2); }
+
+void Resize_To(const Stage& stage, int step) {
+    SetWindowPos(stage.Get(), nullptr, 0, 0, Stage::Width - Dragged(step), Stage::Height - Dragged(step),
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    UpdateWindow(stage.Get());
+}
+
+/// A button that counts how often it is painted.
+class Counted_Button : public Buttons {
+  public:
+    void Draw() {
+        ++painted;
+        Buttons::Draw();
+    }
+    long long painted = 0;
+};
+
+/// Rows of buttons in a window, all of which grow with it.
+class Our_Rows {
+  public:
+    Our_Rows()
+        : buttons(static_cast<std::size_t>(Hundreds.Count())),
+          stage([this](auto... message) { return host && host->Message(message...); }) {
+        host = std::make_unique<Host>(stage.Get());
+        std::vector<Layout::Item> rows;
+        for (int row = 0; row < Hundreds.rows; ++row) {
+            std::vector<Layout::Item> items;
+            for (int column = 0; column < Hundreds.columns; ++column) {
+                const int index = row * Hundreds.columns + column;
+                Counted_Button& button = buttons[static_cast<std::size_t>(index)];
+                bench::Place(button, Hundreds.Place(index));
+                button.Name = "Press";
+                host->Add(button);
+                items.push_back(Layout::Stretch(button));
+            }
+            rows.push_back(Layout::Stretch(Layout::Row(2, std::move(items))));
+        }
+        Layout::Lay_Out(*host, Layout::Column(2, std::move(rows)));
+        stage.Raise();
+        stage.Repaint();
+    }
+    const Stage& Window() const { return stage; }
+    long long Painted() const {
+        long long painted = 0;
+        for (const Counted_Button& button : buttons)
+            painted += button.painted;
+        return painted;
+    }
+
+  private:
+    std::vector<Counted_Button> buttons;
+    std::unique_ptr<Host> host;
+    Stage stage;  // the last, so that its messages end before the host does
+};
+
+/// The native side: all windows are moved together.
+class Native_Rows {
+  public:
+    Native_Rows() : buttons(Native_Buttons::Create(stage.Get(), Hundreds)) {
+        stage.Raise();
+        stage.Repaint();
+    }
+    ~Native_Rows() { Native_Buttons::Destroy(buttons); }
+    Native_Rows(const Native_Rows&) = delete;
+    Native_Rows& operator=(const Native_Rows&) = delete;
+
+    const Stage& Window() const { return stage; }
+    void Resize(int step) const {
+        const int width = Stage::Width - Dragged(step);
+        const int height = Stage::Height - Dragged(step);
+        SetWindowPos(stage.Get(), nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+        HDWP moved = BeginDeferWindowPos(Hundreds.Count());
+        for (int i = 0; i < Hundreds.Count(); ++i) {
+            const int column = i % Hundreds.columns;
+            const int row = i / Hundreds.columns;
+            const int left = width * column / Hundreds.columns;
+            const int top = height * row / Hundreds.rows;
+            moved =
+                DeferWindowPos(moved, buttons[static_cast<std::size_t>(i)], nullptr, left, top,
+                               width * (column + 1) / Hundreds.columns - left - 2,
+                               height * (row + 1) / Hundreds.rows - top - 2, SWP_NOZORDER | SWP_NOACTIVATE);
+        }
+        Require(EndDeferWindowPos(moved) != 0, "the native buttons stay where they are");
+        RedrawWindow(stage.Get(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+    }
+
+  private:
+    Stage stage;
+    std::vector<HWND> buttons;
+};
+
+/// Beside native buttons that are moved and painted likewise. No button of ours is painted twice a step.
+Result Dragged_By_Corner() {
+    Our_Rows ours;
+    const Native_Rows native;
+    const long long before = ours.Painted();
+    for (int step = 1; step <= Drag_Steps; ++step)
+        Resize_To(ours.Window(), step);
+    Require(ours.Painted() - before == static_cast<long long>(Drag_Steps) * Hundreds.Count(),
+            "a button is painted more or less often than once a step");
+    const auto drag = [](int steps, const auto& resize) {
+        return [steps, resize] {
+            for (int step = 1; step <= steps; ++step) {
+                resize(step);
+                bench::Flush();
+            }
+        };
+    };
+    constexpr int Native_Steps = 10;  // of the same drag, for each takes long
+    const Work our_drag{drag(Drag_Steps, [&](int step) { Resize_To(ours.Window(), step); }), Drag_Steps,
+                        [&] { ours.Window().Raise(); }};
+    const Work native_drag{drag(Native_Steps, [&](int step) { native.Resize(step); }), Native_Steps,
+                           [&] { native.Window().Raise(); }};
+    return Compare(our_drag, native_drag, 5);
+}
+
 /// From nothing to buttons that can be painted, beside windows of the same class.
 Result Made_And_Added() {
     Stage stage;
@@ -420,6 +540,7 @@ const Register rows[] = {
     Register({"host: 2 x 2 repainted in a chain of 640", "us", At_Most(1000), Small_Repaint<Chain>}),
     Register({"host: 200 repainted, held, on display", "us", Of_Native(1.3), Held_Repaint}),
     Register({"host: resized by a pixel, on display", "us", Of_Native(1.3), Resized}),
+    Register({"host: 200 laid out, a step of a drag", "us", Of_Native(0.5), Dragged_By_Corner}),
     Register({"host: Tab among 200, on display", "us", At_Most(200), Focus_Moves<Hundreds>}),
     Register({"host: Tab among 20,000, on display", "us", At_Most(200), Focus_Moves<Ten_Thousands>}),
     Register({"host: a button made, added, Init", "us", At_Most(0.6), Made_And_Added}),

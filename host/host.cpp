@@ -91,15 +91,32 @@ void Host::Clear() {
     keys->Update();
 }
 
-void Host::Init_All() {
+/// `Init` of a control, which has its veil also on parts that are new.
+void Host::Init_Entry(const Entry& entry) {
+    const unsigned serial = entry.serial;
+    entry.calls->init(*entry.control, window);
+    if (const Entry* const left = entries.With_Serial(serial)) Renew_Veil(*left);
+}
+
+/// What waits for an `Init`: the keyboard, its ring and the picture.
+void Host::Note_Init() {
     stale = true;
-    for (const Entry& entry : entries) {
-        entry.calls->init(*entry.control, window);
-        Renew_Veil(entry);
-    }
     if (const Entry* const wanted = entries.With_Serial(wanted_serial)) Focus(wanted->control);
     if (const Entry* const focused = entries.With_Serial(focus_serial)) Begin_Reading(*focused);
     keys->Update();
+}
+
+void Host::Init_All() {
+    for (const Entry& entry : entries)
+        Init_Entry(entry);
+    Note_Init();
+}
+
+void Host::Init(const Tools& control) {
+    const Entry* const entry = entries.Find(&control);
+    if (!entry) return;
+    Init_Entry(*entry);
+    Note_Init();
 }
 
 void Host::Describe(const Tools& control, const char* name) {

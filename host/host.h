@@ -110,6 +110,9 @@ class Host {
 
     /// `Init` of every control with the window of this host.
     void Init_All();
+    /// `Init` of one control with the window of this host, such as after its place was changed. What it
+    /// covered and covers now is painted anew after `Refresh`. A control that was not added is ignored.
+    void Init(const Tools& control);
 
     /// Has the rectangle of `control` painted anew with the next WM_PAINT: background, and every control
     /// that meets it. For changes that the control cannot show alone, such as another text of a label.
@@ -212,6 +215,8 @@ class Host {
                    std::shared_ptr<const galdren::Handlers> handlers);
     static void Give_Back(const Entry& entry);
     void Forget_Control(const Tools* control);
+    void Init_Entry(const Entry& entry);
+    void Note_Init();
     bool Handle(UINT message, WPARAM wparam, LPARAM lparam, LRESULT& result);
 
     // host_events.cpp

@@ -7,7 +7,8 @@
 #include "../parts/part_window.h"
 
 /// Sees the messages of a host's window, and hears of what becomes of its controls. It lives in a unit of its
-/// own, which only those link that use it. It does not change the host, except by `Host::Parts`.
+/// own, which only those link that use it. It changes the host by `Host::Parts`, `Init` and
+/// `Refresh` alone.
 class Host_Service {
   public:
     virtual ~Host_Service() = default;

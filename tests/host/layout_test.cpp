@@ -1,0 +1,311 @@
+// Layouts: where controls are at every size of the window, what is painted on the way, and the least size.
+#include <array>
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "Galdren_Host.h"
+#include "tests/support/window.h"
+
+namespace galdren_test {
+namespace {
+
+using namespace Layout;
+
+/// A window that hands its messages to a host.
+class Hosted_Window {
+  public:
+    Hosted_Window(int width, int height) : window(width, height) {
+        SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(host.get()));
+        SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Procedure));
+        host->Set_Background(Colors(60, 120, 180));
+    }
+    ~Hosted_Window() { SetWindowLongPtrA(window, GWLP_USERDATA, 0); }
+    Hosted_Window(const Hosted_Window&) = delete;
+    Hosted_Window& operator=(const Hosted_Window&) = delete;
+
+    void Resize(int width, int height) {
+        window.Resize(width, height);
+        UpdateWindow(window);
+    }
+    /// What the window shows; the host alone decides what is painted.
+    Picture Shown() {
+        UpdateWindow(window);
+        return Picture(window);
+    }
+
+    Test_Window window;
+    std::unique_ptr<Host> host = std::make_unique<Host>(window);
+
+  private:
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+        auto* const host = reinterpret_cast<Host*>(GetWindowLongPtrA(window, GWLP_USERDATA));
+        LRESULT result = 0;
+        if (host && host->Message(message, wparam, lparam, result)) return result;
+        return DefWindowProcA(window, message, wparam, lparam);
+    }
+};
+
+struct Controls {
+    Controls() {
+        for (Tools* const control : All()) {
+            control->Font_Name = "Arial";
+            control->Font_Size = 9;
+            control->Border = 1;
+        }
+        title.Name = "Title";
+        title.Flag = FLAG_TEXT_LEFT;
+        volume.End_Val = 100;
+        ok.Name = "OK";
+        cancel.Name = "Cancel";
+        list.Flag = FLAG_VERTICAL;
+        list.Grow(8, 0);
+    }
+    std::array<Tools*, 7> All() { return {&frame, &title, &list, &volume, &mark, &ok, &cancel}; }
+    void Add_To(Host& host) {
+        host.Add(frame), host.Add(title), host.Add(list), host.Add(volume), host.Add(mark), host.Add(ok),
+            host.Add(cancel);
+    }
+
+    Boxs frame;
+    Labels title;
+    Lists list;
+    Valuators volume;
+    Boxs mark;
+    Buttons ok, cancel;
+};
+
+/// Both layouts come to the same: all in a margin of 10, a list beside a bar, and buttons at the right.
+Item By_Rows(Controls& c) {
+    return Stack({c.frame, Margin(10, Column(6, {Fixed(c.title, 20),
+                                                 Stretch(Row(8, {Stretch(c.list, 2), Stretch(c.volume)})),
+                                                 Row(8, {Fixed(c.mark, 20), Space(), Fixed(c.ok, 70),
+                                                         Fixed(Least(c.cancel, 0, 30), 80)})}))});
+}
+
+Item By_Anchors(Controls& c) {
+    constexpr unsigned across = EDGE_LEFT | EDGE_RIGHT;
+    constexpr unsigned corner = EDGE_RIGHT | EDGE_BOTTOM;
+    return Anchors(
+        320, 240,
+        {Anchor(c.frame, From_Top(0, 0, 320, 240), EDGE_ALL),
+         Anchor(c.title, From_Top(10, 10, 300, 20), across | EDGE_TOP),
+         Anchor(Row(8, {Stretch(c.list, 2), Stretch(c.volume)}), From_Bottom(10, 46, 300, 158), EDGE_ALL),
+         Anchor(c.mark, From_Bottom(10, 10, 20, 30), EDGE_LEFT | EDGE_BOTTOM),
+         Anchor(c.ok, From_Top(152, 200, 70, 30), corner),
+         Anchor(c.cancel, From_Bottom(230, 10, 80, 30), corner)});
+}
+
+void Put(Tools& control, int x, int y, int width, int height) {
+    control.X = static_cast<short>(x);
+    control.Y = static_cast<short>(y);
+    control.Width = static_cast<short>(width);
+    control.Height = static_cast<short>(height);
+}
+
+/// What an application would write for a window of this size.
+void Put_By_Hand(Controls& c, int width, int height) {
+    const int list = 2 * (width - 28) / 3;
+    Put(c.frame, 0, 0, width - 1, height - 1);
+    Put(c.title, 10, height - 30, width - 21, 19);
+    Put(c.list, 10, 46, list - 1, height - 83);
+    Put(c.volume, 18 + list, 46, width - 29 - list, height - 83);
+    Put(c.mark, 10, 10, 19, 29);
+    Put(c.ok, width - 168, 10, 69, 29);
+    Put(c.cancel, width - 90, 10, 79, 29);
+}
+
+Picture Built_By_Hand(int width, int height) {
+    Controls controls;
+    Hosted_Window built(width, height);
+    Put_By_Hand(controls, width, height);
+    controls.Add_To(*built.host);
+    built.host->Init_All();
+    built.host->Refresh();
+    return built.Shown();
+}
+
+TEST(Host_Layout_Test, Every_Size_Is_As_Built_For_It) {
+    for (const auto& layout : {By_Rows, By_Anchors}) {
+        SCOPED_TRACE(layout == By_Rows ? "rows" : "anchors");
+        Controls controls;
+        Hosted_Window laid_out(320, 240);
+        controls.Add_To(*laid_out.host);
+        Lay_Out(*laid_out.host, layout(controls));
+        for (const SIZE& size : {SIZE{320, 240}, SIZE{501, 423}, SIZE{290, 200}}) {
+            laid_out.Resize(size.cx, size.cy);
+            EXPECT_TRUE(Same(laid_out.Shown(), Built_By_Hand(size.cx, size.cy))) << size.cx;
+        }
+    }
+}
+
+/// All that a control can lose on the way.
+std::vector<int> Fields_Of(Controls& controls) {
+    std::vector<int> fields;
+    for (const Tools* const control : controls.All()) {
+        const RECT& at = control->Rect;
+        for (const long value :
+             {long{control->X}, long{control->Y}, long{control->Width}, long{control->Height}, at.left,
+              at.top, at.right, at.bottom, long{control->Border}, long{control->Font_Size},
+              long{control->Last_Width}, long{control->Last_Height}, static_cast<long>(control->Flag),
+              static_cast<long>(control->State)})
+            fields.push_back(static_cast<int>(value));
+    }
+    const Sliders& bar = controls.list.Scroll_Bar;
+    for (const long value :
+         {long{bar.X}, long{bar.Y}, long{bar.Width}, long{bar.Height}, long{bar.Curs_Half}})
+        fields.push_back(static_cast<int>(value));
+    return fields;
+}
+
+TEST(Host_Layout_Test, Nothing_Drifts) {
+    Controls controls;
+    Hosted_Window window(320, 240);
+    controls.Add_To(*window.host);
+    Lay_Out(*window.host, By_Rows(controls));
+    const std::vector<int> fields = Fields_Of(controls);
+    const Picture picture = window.Shown();
+    for (int i = 0; i < 100; ++i) {
+        window.Resize(321 + 37 * i % 400, 241 + 53 * i % 300);
+        window.Resize(320, 240);
+    }
+    EXPECT_EQ(Fields_Of(controls), fields);
+    for (const SIZE& size : {SIZE{0, 0}, SIZE{1, 1}, SIZE{32767, 3}, SIZE{3, 32767}})
+        window.window.Resize(size.cx, size.cy);
+    EXPECT_GT(controls.list.Width, 0) << "what does not fit goes on beyond the window";
+    window.Resize(320, 240);
+    EXPECT_EQ(Fields_Of(controls), fields);
+    EXPECT_TRUE(Same(window.Shown(), picture));
+}
+
+/// Counts how often it is initialised and painted.
+class Counter : public Tools {
+  public:
+    void Init(HWND target) {
+        Window = target, Rect = {X, Y, X + Width + 1, Y + Height + 1};
+        ++inits;
+        if (on_init) on_init();
+    }
+    void Draw() { ++draws; }
+    int inits = 0;
+    int draws = 0;
+    std::function<void()> on_init;
+};
+
+TEST(Host_Layout_Test, A_Step_Paints_Once_And_Initialises_What_Changed) {
+    Counter wide, fixed, below;
+    Hosted_Window window(200, 100);
+    window.host->Add(wide), window.host->Add(fixed), window.host->Add(below);
+    Lay_Out(*window.host, Anchors(200, 100,
+                                  {Anchor(wide, From_Top(0, 0, 200, 20), EDGE_LEFT | EDGE_RIGHT | EDGE_TOP),
+                                   Anchor(fixed, From_Bottom(0, 0, 50, 20), EDGE_LEFT | EDGE_BOTTOM),
+                                   Anchor(below, From_Bottom(60, 0, 50, 20), EDGE_BOTTOM)}));
+    window.Shown();
+    EXPECT_TRUE(wide.inits == 1 && fixed.inits == 1 && below.inits == 1);
+    for (Counter* const counter : {&wide, &fixed, &below})
+        counter->inits = counter->draws = 0;
+    for (int i = 1; i <= 12; ++i) {
+        window.window.Resize(200 + i, 100);
+        UpdateWindow(window.window);
+    }
+    EXPECT_EQ(wide.draws, 12);
+    EXPECT_EQ(wide.inits, 12);
+    EXPECT_EQ(fixed.draws, 12);
+    EXPECT_EQ(fixed.inits, 0);
+    EXPECT_EQ(below.inits, 6) << "its middle goes half as far";
+    EXPECT_EQ(below.X, 66);
+    SendMessageA(window.window, WM_SIZE, SIZE_MINIMIZED, 0);
+    SendMessageA(window.window, WM_SIZE, SIZE_RESTORED, 0);
+    EXPECT_EQ(wide.inits, 12);
+}
+
+TEST(Host_Layout_Test, What_Is_Hidden_Or_Removed_Gives_Its_Room_Away) {
+    Counter above, details, more, rest;
+    Hosted_Window window(100, 100);
+    Host& host = *window.host;
+    host.Add(above), host.Add(details), host.Add(more), host.Add(rest);
+    Lay_Out(host, Column(5, {Fixed(above, 20), If_Shown(Row(0, {Fixed(details, 50), If_Shown(more)})),
+                             Stretch(Least(rest, 0, 10))}));
+    window.Shown();
+    EXPECT_EQ(rest.Height, 100 - 20 - 5 - 2 - 5 - 1);
+    host.Set_Shown(more, false);
+    window.Shown();
+    EXPECT_EQ(rest.Height, 67) << "the row has another control";
+    host.Set_Shown(above, false);
+    window.Shown();
+    EXPECT_EQ(rest.Height, 67) << "who was not asked keeps the room";
+    host.Set_Shown(details, false);
+    window.Shown();
+    EXPECT_EQ(rest.Height, 74) << "the gap goes, too";
+    EXPECT_EQ(details.Height, 1) << "and what is hidden stays as it is";
+    host.Set_Shown(details, true);
+    window.Shown();
+    EXPECT_EQ(rest.Height, 67);
+    // A control is removed while the one before it gets its place, and another where it stood is not its.
+    above.on_init = [&] { host.Remove(rest), host.Add(rest); };
+    window.Resize(120, 100);
+    EXPECT_EQ(rest.Width, 99) << "not touched any more";
+    EXPECT_EQ(above.Width, 119);
+    above.on_init = {};
+    window.Resize(130, 100);
+    EXPECT_EQ(rest.Width, 99);
+    // One that changes the size of the window while it gets its place.
+    above.on_init = [&] {
+        if (above.Width < 149) window.window.Resize(above.Width + 11, 100);
+    };
+    window.Resize(140, 100);
+    EXPECT_TRUE(above.Width == 149 && details.X + details.Width < 150);
+}
+
+/// Whether a caption is all inside of its control: as much of it is painted as with much more room.
+int Ink(Buttons button, int more) {
+    Test_Window window(300, 100);
+    Put(button, 20, 20, button.Width + more, button.Height + more);
+    button.Flag |= FLAG_STATIC;
+    button.Init(window);
+    button.Draw();
+    const Picture picture(window);
+    int ink = 0;
+    for (int y = 22; y < 20 + button.Height - 1; ++y)
+        for (int x = 22; x < 20 + button.Width - 1; ++x)
+            ink += picture.At(x, y) == 0;
+    return ink;
+}
+
+TEST(Host_Layout_Test, The_Window_Is_Not_Smaller_Than_All_Need) {
+    Labels label;
+    Buttons narrow, wide;
+    Boxs box;
+    Hosted_Window window(300, 200);
+    Host& host = *window.host;
+    label.Name = "A label";
+    narrow.Name = "Go", wide.Name = "A rather long caption";
+    for (Tools* const control : {static_cast<Tools*>(&narrow), static_cast<Tools*>(&wide)})
+        control->Font_Name = "Arial", control->Font_Size = 9, control->Border = 1;
+    host.Add(label), host.Add(narrow), host.Add(wide), host.Add(box);
+    SetWindowLongPtrA(window.window, GWL_STYLE, WS_OVERLAPPEDWINDOW | WS_VISIBLE);
+    const SIZE least = Lay_Out(
+        host, Margin(7, Column(3, {label, Row(4, {Stretch(narrow), Stretch(wide)}), Least(box, 0, 40)})));
+    SetWindowPos(window.window, nullptr, 0, 0, 10, 10, SWP_NOMOVE | SWP_NOZORDER | SWP_FRAMECHANGED);
+    RECT client;
+    GetClientRect(window.window, &client);
+    EXPECT_TRUE(client.bottom == least.cy && client.right >= least.cx) << client.right << " " << least.cx;
+    SetWindowPos(window.window, nullptr, 0, 0, 1000, 10, SWP_NOMOVE | SWP_NOZORDER);
+    EXPECT_EQ(narrow.Width, wide.Width);
+    GetClientRect(window.window, &client);
+    EXPECT_EQ(client.bottom, least.cy);
+    // The wide one has no share but what it needs, and the other the rest.
+    SetWindowLongPtrA(window.window, GWL_STYLE, WS_POPUP | WS_VISIBLE);
+    window.window.Resize(least.cx, least.cy);
+    EXPECT_GT(wide.Width, narrow.Width + 40);
+    EXPECT_EQ(box.Height, 39);
+    EXPECT_GT(Ink(wide, 0), 50);
+    EXPECT_EQ(Ink(wide, 0), Ink(wide, 20));
+    EXPECT_EQ(Ink(narrow, 0), Ink(narrow, 20));
+    narrow.Name = "A caption that is much longer still";
+    SendMessageA(window.window, WM_SIZE, SIZE_RESTORED, 0);
+    EXPECT_EQ(Ink(narrow, 0), Ink(narrow, 20)) << "another caption is measured";
+}
+
+}  // namespace
+}  // namespace galdren_test
