@@ -217,6 +217,11 @@ void Forget_Kept_Picture() {
     ++The<Kept_Picture>().number;
 }
 
+bool Is_Painting(HWND window) {
+    const View* const view = View::Innermost_Of(window);
+    return view && (view->sheet || view->dc);
+}
+
 HWND Window_In_Use() {
     if (!Holds_Lock()) return nullptr;
     return View::Innermost ? View::Innermost->window : Z_Window;

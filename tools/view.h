@@ -50,6 +50,7 @@ class View {
   private:
     friend class Shared_Context;
     friend HWND Window_In_Use();
+    friend bool Is_Painting(HWND window);
 
     explicit View(HWND window);
 
@@ -81,6 +82,9 @@ class Shared_Context : View {
 
 /// Makes the kept picture hold nothing, for a control that does not know any more what is on it.
 void Forget_Kept_Picture();
+
+/// Whether this thread, which has the lock, is inside of a member that paints in a window.
+bool Is_Painting(HWND window);
 
 /// The window that this thread is painting in; null when it paints in none.
 HWND Window_In_Use();
