@@ -4,5 +4,5 @@
 
 #include "host/access.h"
 #include "host/host.h"
-#include "parts/by_name.h"
 #include "host/layout.h"
+#include "parts/by_name.h"

@@ -154,6 +154,9 @@ bool Host::Handle(UINT message, WPARAM wparam, LPARAM lparam, LRESULT& result) {
             taken(0);
             Paint();
             return true;
+        case WM_PRINTCLIENT:
+            // The system makes it of WM_PRINT, after the frame of the window.
+            return Paint_Into(reinterpret_cast<HDC>(wparam), galdren::Client_Area(window)) && taken(0);
         case WM_SIZE:
             // The origin is at the bottom: a new height moves everything.
             Refresh();

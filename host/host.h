@@ -127,6 +127,16 @@ class Host {
     /// What the last `Select` answered, for callbacks to which it is not all the same what it was but 0.
     int Answer() const { return answer; }
 
+    /// Paints background, own drawing and controls on any context: a bitmap, a printer, a metafile. Nobody
+    /// has to see the window. It stays as it is, and so does the context but for what is painted. Highlight,
+    /// caret and the ring of the keyboard are not painted; a control on which a mouse button is held is
+    /// painted as it is shown.
+    /// @param target  reported at level 11 when it is none
+    /// @param place   where the client area goes, in logical units of `target`, stretched if need be
+    /// @return false when nothing was painted: the window is gone or minimised, nothing of `place` can be
+    ///         painted on, or there is no memory, which is reported at level 1; and inside of what it calls
+    bool Paint_Into(HDC target, const RECT& place);
+
     /// @}
     /// @name Shown and hidden, enabled and disabled
     /// Fields of the controls stay as they are. Controls that were not added are ignored.
@@ -203,6 +213,7 @@ class Host {
 
   private:
     class Parts_View;
+    class Print_Look;
     class Watch;
     struct Page_Set {
         const Tabs* tabs;
@@ -294,6 +305,7 @@ class Host {
     std::shared_ptr<const std::function<bool(int)>> on_key;
 
     Colors background{170, 170, 170};
+    bool printing = false;     // see `Paint_Into`
     bool holds = false;        // see `Hold`
     bool stale = true;         // the picture held is to be painted anew
     RECT held_client{};        // the client area of which it is

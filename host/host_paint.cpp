@@ -66,11 +66,79 @@ class Flag_Scope {
     unsigned long before;
 };
 
+/// A batch that does not go to its window, for a scope.
+class Print_Scope {
+  public:
+    Print_Scope(HWND window, const Colors& ground) : begun(Begin_Print(window, ground.get()) != 0) {}
+    ~Print_Scope() {
+        if (begun) End_Batch();
+    }
+    Print_Scope(const Print_Scope&) = delete;
+    Print_Scope& operator=(const Print_Scope&) = delete;
+    explicit operator bool() const { return begun; }
+
+  private:
+    bool begun;
+};
+
 long long Pixels(const RECT& area) {
     return static_cast<long long>(area.right - area.left) * (area.bottom - area.top);
 }
 
 }  // namespace
+
+/// @cond
+/// Has the controls without highlight and caret for a scope. They remember what they show, and go on from
+/// that in the window: so it is their members that take both away and give them back, on a print that is
+/// shown in between. A control that is held stays as it is, for it would think that it was let go.
+class Host::Print_Look {
+  public:
+    explicit Print_Look(Host& printed) : host(printed), focus(host.focus_serial) {
+        host.printing = true;
+        if (const Texts* const field = Field()) caret = static_cast<Text_Caret>(field->Caret);
+        Show_Caret(CARET_AWAY);
+        Tell_Of_Pointer(Nowhere);
+    }
+    ~Print_Look() {
+        Tell_Of_Pointer(host.pointer);
+        Show_Caret(caret);
+        host.printing = false;
+    }
+    Print_Look(const Print_Look&) = delete;
+    Print_Look& operator=(const Print_Look&) = delete;
+
+  private:
+    /// The text field that has the keyboard focus; null when none has.
+    Texts* Field() const {
+        const Entry* const entry = host.entries.With_Serial(focus);
+        return entry && entry->calls->field ? entry->calls->field(*entry->control) : nullptr;
+    }
+    void Show_Caret(Text_Caret how) const {
+        Texts* const field = Field();
+        if (field && field->Caret != how) field->Show_Caret(how);
+    }
+    void Tell_Of_Pointer(POINT screen) const {
+        const Entry* const entry = host.held ? nullptr : host.entries.Find(host.current);
+        if (!entry) return;
+        const Pointer_Scope shown(screen);
+        entry->calls->select(*entry->control, EVENT_MOVE);
+    }
+
+    Host& host;
+    unsigned focus;
+    Text_Caret caret = CARET_AWAY;
+};
+/// @endcond
+
+bool Host::Paint_Into(HDC target, const RECT& place) {
+    if (!window || printing) return false;
+    Follow_Pages();
+    const Print_Scope print(window, background);
+    if (!print) return false;
+    const Print_Look look(*this);
+    Paint_Area(Client_Area(window));
+    return Show_Batch(target, place) != 0;
+}
 
 void Host::Refresh(const Tools& control) { Refresh_Area(control.Rect); }
 
@@ -182,7 +250,8 @@ RECT Host::Paint_Area(RECT area) {
 void Host::Draw(const Entry& entry) {
     if (entry.disabled) return Draw_Disabled(entry);
     // Only the control that has the pointer may light up, whatever lies above or beside it.
-    const Pointer_Scope shown(entry.control == current ? pointer : Nowhere);
+    const bool may_light_up = entry.control == current && (!printing || held);
+    const Pointer_Scope shown(may_light_up ? pointer : Nowhere);
     entry.calls->draw(*entry.control);
 }
 

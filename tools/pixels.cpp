@@ -31,4 +31,52 @@ void Put_Pixels(HDC dc, POINT place, const Raster& raster, int left, int top, SI
                       0, static_cast<UINT>(size.cy), raster.At(0, top), &info, DIB_RGB_COLORS);
 }
 
+namespace {
+
+/// A context that does not count columns from the right, for a scope.
+class Unmirrored {
+  public:
+    /// @param place  a rectangle in logical units, which stays where it is
+    Unmirrored(HDC turned, RECT& place) : dc(turned), layout(GetLayout(dc)) {
+        if (layout == GDI_ERROR || !(layout & LAYOUT_RTL)) return;
+        POINT sides[2] = {{place.left, place.top}, {place.right, place.top}};
+        LPtoDP(dc, sides, 2);
+        SetLayout(dc, 0);
+        // The column before the one that does not belong to it any more.
+        ++sides[0].x, ++sides[1].x;
+        DPtoLP(dc, sides, 2);
+        place.left = sides[1].x;
+        place.right = sides[0].x;
+        turns = true;
+    }
+    ~Unmirrored() {
+        if (turns) SetLayout(dc, layout);
+    }
+    Unmirrored(const Unmirrored&) = delete;
+    Unmirrored& operator=(const Unmirrored&) = delete;
+
+  private:
+    HDC dc;
+    DWORD layout;
+    bool turns = false;
+};
+
+}  // namespace
+
+bool Stretch_Pixels(HDC dc, RECT place, const Raster& raster, int left, int top, SIZE size) {
+    const int mode = SetStretchBltMode(dc, HALFTONE);
+    if (mode == 0) return false;
+    POINT origin{};
+    SetBrushOrgEx(dc, 0, 0, &origin);
+    const Unmirrored unmirrored(dc, place);
+    const BITMAPINFO info = Top_Down_Info(raster.pitch, size.cy);
+    // Printers and metafiles take pixels in this form alone.
+    const int rows =
+        StretchDIBits(dc, place.left, place.top, place.right - place.left, place.bottom - place.top, left, 0,
+                      size.cx, size.cy, raster.At(0, top), &info, DIB_RGB_COLORS, SRCCOPY);
+    SetBrushOrgEx(dc, origin.x, origin.y, nullptr);
+    SetStretchBltMode(dc, mode);
+    return rows > 0;
+}
+
 }  // namespace galdren

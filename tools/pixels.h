@@ -42,4 +42,8 @@ BITMAPINFO Top_Down_Info(LONG width, LONG rows);
 /// Copies pixels from (left, top) of a raster to a place on a context.
 void Put_Pixels(HDC dc, POINT place, const Raster& raster, int left, int top, SIZE size);
 
+/// Copies them into a rectangle of any context, in its logical units. Never mirrored.
+/// @return false when nothing was copied
+bool Stretch_Pixels(HDC dc, RECT place, const Raster& raster, int left, int top, SIZE size);
+
 }  // namespace galdren

@@ -33,6 +33,12 @@ void Sheet::Copy_To(const Target& target, const RECT& area) {
                area.top - origin.y, Size_Of(area));
 }
 
+bool Sheet::Stretch_To(HDC target, const RECT& where) {
+    const POINT origin = Origin();
+    return Stretch_Pixels(target, where, Pixels(), place.left - origin.x, place.top - origin.y,
+                          Size_Of(place));
+}
+
 void Sheet::Show(const Target& target) {
     const RECT area = Common(painted, counts);
     if (!Is_Empty(area)) {

@@ -45,6 +45,10 @@ class Sheet : public Picture {
     /// Copies a rectangle to a context of the window.
     void Copy_To(const Target& target, const RECT& area);
 
+    /// Copies all of it into a rectangle of any context, in its logical units.
+    /// @return false when nothing was copied
+    bool Stretch_To(HDC target, const RECT& where);
+
     /// Copies what was painted to a context of the window, or to a sheet that has it inside.
     void Show(const Target& target);
     void Show(Sheet& target);

@@ -7,6 +7,8 @@
 #include "tools/ring.h"
 #include "tools/session.h"
 #include "tools/view.h"
+#include "util/error.h"
+#include "util/program.h"
 
 using namespace galdren;
 
@@ -99,6 +101,11 @@ void Open_Batch(HWND window, const RECT* area) {
     batches.push_back({window, sheet, !open});
 }
 
+bool Is_Context(HDC dc) {
+    const DWORD type = GetObjectType(dc);
+    return type == OBJ_DC || type == OBJ_MEMDC || type == OBJ_ENHMETADC || type == OBJ_METADC;
+}
+
 }  // namespace
 
 void Begin_Draw(HWND window, HRGN) {
@@ -144,6 +151,39 @@ void Begin_Batch(HWND window, const RECT& area, unsigned long color) {
     const RECT upward{box.left, client.cy - box.bottom, box.right, client.cy - box.top};
     View view(window, {Area_Of(upward), Area_Of(upward)});
     view.Fill(Common(box, view.clip), color);
+}
+
+int Begin_Print(HWND window, unsigned long color) {
+    const RECT client = Box_Of(Client_Size(window));
+    if (Is_Empty(client)) return 0;
+    const Drawing_Lock lock;
+    // A part of that member would be taken for it, and paint where it does.
+    if (Is_Painting(window)) return 0;
+    Sheet* const sheet = Free_Sheet(window, client);
+    if (!sheet) {
+        Error_Fct(hwnd, ERROR_LEVEL_MEMORY, "Tools: no memory to print a window of %d x %d pixels",
+                  static_cast<int>(client.right), static_cast<int>(client.bottom));
+        return 0;
+    }
+    Enter_Lock();  // until `End_Batch`
+    ++sheet->users;
+    sheet->counts = {};  // nothing of it goes to the window
+    Fill_Pixels(sheet->Pixels(), client, Pixel_Of(color));
+    The<Sessions>().batches.push_back({window, sheet, true});
+    return 1;
+}
+
+int Show_Batch(HDC target, const RECT& place) {
+    if (!Is_Context(target)) {
+        Error_Fct(hwnd, ERROR_LEVEL_WARNING,
+                  "Tools: what a window was to be printed on is no device context");
+        return 0;
+    }
+    if (place.left == place.right || place.top == place.bottom) return 0;
+    const Drawing_Lock lock;
+    const std::vector<Batch>& batches = The<Sessions>().batches;
+    Sheet* const sheet = batches.empty() ? nullptr : batches.back().sheet;
+    return sheet && sheet->Stretch_To(target, place);
 }
 
 void End_Batch() {

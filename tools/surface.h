@@ -46,6 +46,21 @@ GALDREN_TOOLS_API void Begin_Batch(HWND window);
 /// @param color  as in `Current_Color`
 GALDREN_TOOLS_API void Begin_Batch(HWND window, const RECT& area, unsigned long color);
 
+/// Begins a paint batch that does not go to `window`, whether it is hidden, covered or held: it is a picture
+/// of the client area in one colour, on which members paint, and which `Show_Batch` copies to where it is
+/// wanted. `End_Batch` ends it.
+/// @param color  as in `Current_Color`
+/// @return 1; 0, with no batch begun, when the client area is empty, inside of a member that paints in the
+///         window, and without memory, which is reported at level 1
+GALDREN_TOOLS_API int Begin_Print(HWND window, unsigned long color);
+
+/// Copies the whole picture of the innermost batch of this thread to a context of any kind, which is
+/// afterwards as it was.
+/// @param target  reported at level 11 when it is none
+/// @param place   where the client area goes, in logical units of `target`, stretched if need be
+/// @return 1; 0 when nothing was copied, or there is no picture
+GALDREN_TOOLS_API int Show_Batch(HDC target, const RECT& place);
+
 /// Ends the innermost batch of this thread and copies what was painted to its window in one go. Without a
 /// batch it does nothing.
 GALDREN_TOOLS_API void End_Batch();

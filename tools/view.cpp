@@ -230,6 +230,11 @@ std::optional<POINT> Pointer_In_Paint(HWND window) {
     return view->pointer;
 }
 
+bool Is_Painting(HWND window) {
+    const View* const view = View::Innermost_Of(window);
+    return view && (view->sheet || view->dc);
+}
+
 HWND Window_In_Use() {
     if (!Holds_Lock()) return nullptr;
     return View::Innermost ? View::Innermost->window : Z_Window;

@@ -51,6 +51,7 @@ class View {
     friend class Shared_Context;
     friend HWND Window_In_Use();
     friend std::optional<POINT> Pointer_In_Paint(HWND window);
+    friend bool Is_Painting(HWND window);
 
     explicit View(HWND window);
 
@@ -87,6 +88,9 @@ void Forget_Kept_Picture();
 
 /// `Find_Pointer`, which a paint of many parts asks once.
 std::optional<POINT> Pointer_In_Paint(HWND window);
+
+/// Whether this thread, which has the lock, is inside of a member that paints in a window.
+bool Is_Painting(HWND window);
 
 /// The window that this thread is painting in; null when it paints in none.
 HWND Window_In_Use();
