@@ -151,27 +151,6 @@ TEST(Surface, Tolerates_Missing_Windows_And_Ends) {
     Expect_Nothing_Taken();
 }
 
-TEST(Surface, Clips_To_A_Rectangle_Until_Reset) {
-    for (const int w : {240, 800, 1100}) {
-        Test_Window window(w, 90);
-        const Area all{0, w - 1, 0, 89};
-        const auto clipped = [&](int x, int y, int width, int height, bool reset) {
-            return window.Changed([&] {
-                Begin_Draw(window, nullptr);
-                Clip_Rect(1, 1, 2, 2);  // the next clip takes its place
-                Clip_Rect(x, y, width, height);
-                if (reset) Clip_Reset();
-                Paint(window, all);
-                End_Draw();
-            });
-        };
-        EXPECT_EQ(clipped(w - 30, 20, 10, 5, false), (Area{w - 30, w - 21, 21, 25}));
-        EXPECT_EQ(clipped(5, 5, 0, 10, false), Nothing);
-        EXPECT_EQ(clipped(5, 5, 0, 10, true), all);
-        EXPECT_EQ(window.Changed([&] { Paint(window, all); }), all) << "a clip outlives its pair";
-    }
-}
-
 TEST(Batch, Reaches_The_Window_At_Its_End_And_Equals_Plain_Painting) {
     Test_Window window(300, 120), other(60, 60);
     Controls controls(window);
@@ -256,33 +235,6 @@ TEST(Batch, Forgets_What_An_Application_Set) {
     Begin_Batch(other);  // buffers of windows that are gone go now, but for one in use
     End_Batch();
     End_Batch();
-    Expect_Nothing_Taken();
-}
-
-TEST(Batch, Follows_The_Window_And_Survives_It) {
-    Test_Window window(100, 80), beside(240, 200);
-    for (const SIZE size : {SIZE{100, 80}, SIZE{220, 160}, SIZE{60, 40}, SIZE{221, 40}}) {
-        const int right = size.cx - 1, top = size.cy - 1;
-        window.Resize(size.cx, size.cy);
-        for (const Area& area : {Area{0, right, 0, top}, Area{right, right, top, top}}) {
-            const Area painted = window.Changed([&] {
-                Begin_Batch(window);
-                Paint(window, area);
-                End_Batch();
-            });
-            EXPECT_EQ(painted, area);
-        }
-    }
-    const Area painted = beside.Changed([&] {
-        Begin_Batch(window);
-        Begin_Draw(window, nullptr);
-        HWND gone = window;
-        window.Close();
-        Paint(gone, {0, 9, 0, 9});
-        End_Draw();
-        End_Batch();
-    });
-    EXPECT_EQ(painted, Nothing);
     Expect_Nothing_Taken();
 }
 

@@ -133,25 +133,6 @@ TEST(Init, Rebuilds_Only_What_Changed) {
     EXPECT_EQ(spy.Count("CreateFontIndirectA"), 0);
 }
 
-TEST(Init, Takes_The_Applications_Images) {
-    Test_Window window(200, 80);
-    const auto check = [&](auto control) {
-        Fill_In(control);
-        for (int round = 0; round < 3; ++round) {
-            delete[] control.Graph_Normal;  // the application replaces its image
-            control.Graph_Normal = new unsigned long[80 * 30];
-            std::fill_n(control.Graph_Normal, 80 * 30, 0x102030U + static_cast<unsigned>(round));
-            control.Init(window);
-            EXPECT_EQ(control.Cur_Graph_Normal, control.Graph_Normal);
-            EXPECT_NE(control.Cur_Graph_Select, nullptr);
-            EXPECT_EQ(window.After([&] { control.Draw(); }).At(30, 15),
-                      0x102030U + static_cast<unsigned>(round));
-        }
-    };
-    check(Boxs());
-    check(Buttons());
-}
-
 TEST(Init, Forgets_Withdrawn_Images_Whatever_Way_It_Takes) {
     Test_Window window(300, 200);
     Report_Catcher reports;
