@@ -151,6 +151,27 @@ TEST(Surface, Tolerates_Missing_Windows_And_Ends) {
     Expect_Nothing_Taken();
 }
 
+TEST(Surface, Clips_To_A_Rectangle_Until_Reset) {
+    for (const int w : {240, 800, 1100}) {
+        Test_Window window(w, 90);
+        const Area all{0, w - 1, 0, 89};
+        const auto clipped = [&](int x, int y, int width, int height, bool reset) {
+            return window.Changed([&] {
+                Begin_Draw(window, nullptr);
+                Clip_Rect(1, 1, 2, 2);  // the next clip takes its place
+                Clip_Rect(x, y, width, height);
+                if (reset) Clip_Reset();
+                Paint(window, all);
+                End_Draw();
+            });
+        };
+        EXPECT_EQ(clipped(w - 30, 20, 10, 5, false), (Area{w - 30, w - 21, 21, 25}));
+        EXPECT_EQ(clipped(5, 5, 0, 10, false), Nothing);
+        EXPECT_EQ(clipped(5, 5, 0, 10, true), all);
+        EXPECT_EQ(window.Changed([&] { Paint(window, all); }), all) << "a clip outlives its pair";
+    }
+}
+
 TEST(Batch, Reaches_The_Window_At_Its_End_And_Equals_Plain_Painting) {
     Test_Window window(300, 120), other(60, 60);
     Controls controls(window);

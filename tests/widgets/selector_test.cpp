@@ -68,7 +68,7 @@ TEST(Selectors, Scroll_Past_An_End_To_The_Other) {
         s.Stand(from, skipped);
         EXPECT_EQ(s.Scroll(static_cast<short>(steps)), to) << steps << ' ' << from;
     }
-    s.Flag = FLAG_PASSIVE;
+    s.Stand(2, 0), s.Flag = FLAG_PASSIVE;
     EXPECT_EQ(s.Scroll(1), 2);
     EXPECT_EQ(s.Read(), -1);
     s.Flag = 0;
