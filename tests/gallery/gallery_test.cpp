@@ -99,36 +99,6 @@ TEST(Gallery_Test, Bars_Follow_Drag_And_Wheel) {
     EXPECT_EQ(gallery.Close(), 0u);
 }
 
-TEST(Gallery_Test, Lists_Scroll_And_Mark) {
-    Gallery gallery("lists");
-    const POINT body = gallery.Place_Of("Months", 40, 104);  // of the item in the middle
-    const POINT bar = gallery.Place_Of("Months", 13, 60);
-    ASSERT_TRUE(gallery.Point_At("Long"));
-    ASSERT_TRUE(Wait_Until([&] { return !Is_Lit(body); }));
-    const unsigned plain = Screen_Color(body);
-    ASSERT_TRUE(gallery.Point_At("Months"));
-    gallery.Turn_Wheel(-1);
-    EXPECT_TRUE(gallery.Says("wheel \"Months\": 3, April"));
-    gallery.Press();
-    gallery.Release();
-    EXPECT_TRUE(gallery.Says("press \"Months\": 6, July"));
-    ASSERT_TRUE(gallery.Point_At("Long"));
-    EXPECT_TRUE(Shows(body, Darker(plain, 40))) << "the mark";
-    gallery.Turn_Wheel(-60);
-    EXPECT_TRUE(gallery.Says("wheel \"Long\": 180, Item 180"));
-    // The bar follows wherever the pointer goes while the button is down.
-    ASSERT_TRUE(gallery.Point_At("Months"));
-    gallery.Move_To(bar);
-    EXPECT_TRUE(Lights_Up({bar.x, bar.y + 100}));
-    gallery.Press();
-    gallery.Move_To(gallery.Place_Of("Months", 300, 184));
-    EXPECT_TRUE(Wait_Until([&] { return Screen_Color(body) != Darker(plain, 40); }));
-    gallery.Release();
-    ASSERT_TRUE(gallery.Point_At("Low"));
-    EXPECT_TRUE(gallery.Click("Months", "press \"Months\": 8, September"));
-    EXPECT_EQ(gallery.Close(), 0u);
-}
-
 TEST(Gallery_Test, Console_Is_Typed_Into_Recalled_And_Scrolled) {
     Gallery gallery("console");
     ASSERT_TRUE(gallery.Point_At("Console"));
@@ -218,30 +188,6 @@ TEST(Gallery_Test, Dialogs_Are_Answered_And_Leave_The_Gallery_Usable) {
     EXPECT_TRUE(gallery.Says("press \"Short message\": 0, \"OK\" or closed"));
     PostMessageA(open("Long message", "Lines"), WM_CLOSE, 0, 0);
     EXPECT_TRUE(gallery.Says("press \"Long message\": 0, \"OK\" or closed"));
-    EXPECT_EQ(gallery.Close(), 0u);
-}
-
-TEST(Gallery_Test, Colours_Are_Dragged_And_Shown_By_Every_Control) {
-    Gallery gallery("colors");
-    const POINT body = gallery.Place_Of("Valuator", 20, 8);
-    gallery.Move_To(gallery.Place_Of("Paint", 100, 38));
-    EXPECT_TRUE(gallery.Says("over \"Paint\""));
-    gallery.Press();
-    gallery.Move_To(gallery.Place_Of("Paint", 600, 38));
-    EXPECT_TRUE(gallery.Says("drag \"Paint\": 0xFFB478FC")) << "red to its end";
-    gallery.Release();
-    EXPECT_TRUE(gallery.Says("over \"In hue, light, saturation\""));
-    EXPECT_TRUE(Shows(body, 0xFC78B4));
-    gallery.Move_To(gallery.Place_Of("Paint", 100, 100));
-    EXPECT_TRUE(gallery.Says("over \"Paint\""));
-    gallery.Turn_Wheel(120);
-    EXPECT_TRUE(gallery.Says("wheel \"Paint\": 0xFF0078FC")) << "blue to its start";
-    gallery.Move_To(gallery.Place_Of("Paint", 350, 60));
-    gallery.Press();
-    gallery.Release();
-    gallery.Move_To(gallery.Place_Of("Paint", 100, 70));
-    gallery.Turn_Wheel(-120);
-    EXPECT_TRUE(gallery.Says("wheel \"Paint\": 0xFFF9FCFE")) << "lightness, in the other mode";
     EXPECT_EQ(gallery.Close(), 0u);
 }
 

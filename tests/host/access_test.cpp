@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "Galdren_Host.h"
+#include "tests/support/controls.h"
 #include "tests/support/reader.h"
 #include "tests/support/window.h"
 
@@ -13,20 +14,6 @@ namespace {
 
 constexpr int Width = 600;
 constexpr int Height = 400;
-
-void Place(Tools& control, const char* name, int x, int y, int width, int height, unsigned long flag = 0) {
-    control.Name = name, control.Flag = flag;
-    control.X = static_cast<short>(x), control.Y = static_cast<short>(y);
-    control.Width = static_cast<short>(width), control.Height = static_cast<short>(height);
-    control.Font_Name = "Arial", control.Font_Size = 9;
-}
-
-void Name_Items(auto& list, std::initializer_list<const char*> names) {
-    list.Grow(static_cast<int>(names.size()), 0);
-    int index = 0;
-    for (const char* name : names)
-        list.Item[index++]->Name = name;
-}
 
 /// A window with a control of every class that can be worked, and a host that works them.
 class Scene {

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "Galdren_Host.h"
+#include "tests/support/controls.h"
 #include "tests/support/keys.h"
 #include "tests/support/window.h"
 
@@ -11,14 +12,6 @@ namespace galdren_test {
 namespace {
 
 constexpr int side = 400;
-
-void Put(Tools& control, int x, int y, int width, int height, unsigned long flag = 0) {
-    control.X = static_cast<short>(x);
-    control.Y = static_cast<short>(y);
-    control.Width = static_cast<short>(width);
-    control.Height = static_cast<short>(height);
-    control.Flag = flag;
-}
 
 /// A host and what a window procedure would send it.
 class Handlers_Test : public testing::Test {
@@ -70,16 +63,18 @@ TEST_F(Handlers_Test, Controls_Work_By_Themselves) {
         Tabs tabs;
         Color_Edit color;
         Texts field;
-        Put(lamp, 10, 10, 90, 40, BUTTON_LAMP), Put(plain, 110, 10, 90, 40), Put(checks, 210, 10, 100, 80);
-        Put(list, 10, 100, 90, 120, FLAG_VERTICAL), Put(slider, 110, 100, 200, 16);
-        Put(value, 110, 130, 200, 24), Put(selector, 110, 170, 200, 30), Put(tabs, 10, 360, 300, 30);
-        Put(color, 110, 210, 200, 90), Put(field, 10, 310, 200, 26, TEXT_SINGLE_LINE);
+        Place(lamp, nullptr, 10, 10, 90, 40, BUTTON_LAMP), Place(plain, nullptr, 110, 10, 90, 40),
+            Place(checks, nullptr, 210, 10, 100, 80);
+        Place(list, nullptr, 10, 100, 90, 120, FLAG_VERTICAL), Place(slider, nullptr, 110, 100, 200, 16);
+        Place(value, nullptr, 110, 130, 200, 24), Place(selector, nullptr, 110, 170, 200, 30),
+            Place(tabs, nullptr, 10, 360, 300, 30);
+        Place(color, nullptr, 110, 210, 200, 90), Place(field, nullptr, 10, 310, 200, 26, TEXT_SINGLE_LINE);
         checks.List = rows;
         slider.End_Val = value.End_Val = 100;
         list.Grow(3, 0), selector.Grow(3, 0), tabs.Grow(3, 0);
         for (Tools* control : std::initializer_list<Tools*>{&lamp, &plain, &checks, &list, &slider, &value,
                                                             &selector, &tabs, &color, &field})
-            control->Font_Name = "Arial", control->Font_Size = 9, control->Border = 1;
+            control->Border = 1;
         host->Add(lamp), host->Add(plain), host->Add(checks), host->Add(list), host->Add(slider);
         host->Add(value), host->Add(selector), host->Add(tabs), host->Add(color), host->Add(field);
         host->Init_All();
@@ -127,7 +122,8 @@ TEST_F(Handlers_Test, One_Is_Told_And_One_Is_Asked) {
     bool takes = false;
     Valuators first, second;
     Buttons push;
-    Put(first, 10, 10, 200, 24), Put(second, 10, 50, 200, 24), Put(push, 10, 90, 60, 30);
+    Place(first, nullptr, 10, 10, 200, 24), Place(second, nullptr, 10, 50, 200, 24),
+        Place(push, nullptr, 10, 90, 60, 30);
     first.End_Val = second.End_Val = 100;
     const auto note = [](std::string& log, const Host_Event& event, float value) {
         static constexpr char kinds[] = "pdwks";
@@ -166,7 +162,7 @@ TEST_F(Handlers_Test, One_Is_Told_And_One_Is_Asked) {
     EXPECT_EQ(second.Val, 0) << "the application takes it";
     EXPECT_EQ(Send(WM_RBUTTONUP, 0, {300, 300}), false) << "once";
     Buttons lamp;
-    Put(lamp, 80, 90, 60, 30, BUTTON_LAMP);
+    Place(lamp, nullptr, 80, 90, 60, 30, BUTTON_LAMP);
     host->Add(lamp, [&](Buttons&) { told = "old"; });
     lamp.Init(window);
     Click({90, 100});
@@ -182,7 +178,7 @@ TEST_F(Handlers_Test, One_Is_Told_And_One_Is_Asked) {
 
 TEST_F(Handlers_Test, A_Button_Held_Does_Not_Make_A_Drag_Of_The_Wheel) {
     Valuators event_bar, plain_bar;
-    Put(event_bar, 10, 10, 200, 24), Put(plain_bar, 10, 50, 200, 24);
+    Place(event_bar, nullptr, 10, 10, 200, 24), Place(plain_bar, nullptr, 10, 50, 200, 24);
     event_bar.End_Val = plain_bar.End_Val = 1000;
     event_bar.Val = plain_bar.Val = 100;
     event_bar.Step = plain_bar.Step = 1;
@@ -217,7 +213,7 @@ TEST_F(Handlers_Test, Rows_Follow_The_Lines_Of_A_Notch) {
     const Wheel_Setting setting;
     Lists list;
     Selects selector;
-    Put(list, 10, 10, 90, 200, FLAG_VERTICAL), Put(selector, 110, 10, 200, 30);
+    Place(list, nullptr, 10, 10, 90, 200, FLAG_VERTICAL), Place(selector, nullptr, 110, 10, 200, 30);
     list.Grow(100, 0), selector.Grow(100, 0);
     list.Item_Height = 20;
     host->Add(list), host->Add(selector);
@@ -246,9 +242,10 @@ TEST_F(Handlers_Test, The_Wheel_That_Tilts_Moves_What_Lies_Across) {
     Sliders flat, upright;
     Lists row, column;
     Texts text, narrow;
-    Put(flat, 10, 10, 150, 16), Put(upright, 180, 10, 16, 150, FLAG_VERTICAL);
-    Put(row, 10, 180, 150, 60), Put(column, 210, 10, 90, 100, FLAG_VERTICAL);
-    Put(text, 10, 260, 150, 100, TEXT_H_BAR | TEXT_V_BAR), Put(narrow, 200, 260, 150, 100, TEXT_V_BAR);
+    Place(flat, nullptr, 10, 10, 150, 16), Place(upright, nullptr, 180, 10, 16, 150, FLAG_VERTICAL);
+    Place(row, nullptr, 10, 180, 150, 60), Place(column, nullptr, 210, 10, 90, 100, FLAG_VERTICAL);
+    Place(text, nullptr, 10, 260, 150, 100, TEXT_H_BAR | TEXT_V_BAR),
+        Place(narrow, nullptr, 200, 260, 150, 100, TEXT_V_BAR);
     flat.End_Val = upright.End_Val = 100;
     row.Grow(40, 0), column.Grow(40, 0);
     int told = 0;
@@ -278,7 +275,8 @@ TEST_F(Handlers_Test, The_Wheel_That_Tilts_Moves_What_Lies_Across) {
 TEST_F(Handlers_Test, A_Field_Reads_On_And_Tells_Of_Lines) {
     Texts field;
     Buttons ok, cancel;
-    Put(field, 10, 10, 200, 26, TEXT_SINGLE_LINE), Put(ok, 10, 50, 60, 30), Put(cancel, 80, 50, 60, 30);
+    Place(field, nullptr, 10, 10, 200, 26, TEXT_SINGLE_LINE), Place(ok, nullptr, 10, 50, 60, 30),
+        Place(cancel, nullptr, 80, 50, 60, 30);
     std::string log;
     host->Add(field, [&](Texts& told, const Host_Event& event) {
         if (event.kind == Host_Event::Key && event.answer) log += told.Line + std::string(" ");
@@ -311,7 +309,7 @@ TEST_F(Handlers_Test, A_Handler_May_End_Everything) {
                 host = std::make_unique<Host>(window);
                 // Valid as long as the handler runs, and written to by nobody afterwards.
                 auto bar = std::make_unique<Valuators>();
-                Put(*bar, 10, 10, 200, 24);
+                Place(*bar, nullptr, 10, 10, 200, 24);
                 bar->End_Val = 100;
                 int calls = 0;
                 const auto act = [&](Valuators& control) {

@@ -7,6 +7,7 @@
 #include <random>
 #include <string>
 
+#include "tests/support/controls.h"
 #include "tests/support/keys.h"
 #include "tests/support/spy.h"
 #include "tests/support/window.h"
@@ -538,27 +539,19 @@ TEST(Host_Paint_Test, A_Part_Painted_Anew_Looks_As_Before) {
     constexpr int side = 400;
     Test_Window window(side, side);
     Host host(window);
-    const auto place = [](Tools& control, int x, int y, int width, int height) {
-        control.X = static_cast<short>(x);
-        control.Y = static_cast<short>(y);
-        control.Width = static_cast<short>(width);
-        control.Height = static_cast<short>(height);
-        control.Font_Name = "Arial";
-        control.Font_Size = 20;
-        control.Name = "Text";
-    };
     Boxs panel;
-    place(panel, 0, 0, side - 1, side - 1);
+    Place(panel, "Text", 0, 0, side - 1, side - 1);
     host.Add(panel);
     std::deque<Buttons> buttons(60);
     for (std::size_t i = 0; i < buttons.size(); ++i) {
-        place(buttons[i], 10 + static_cast<int>(i % 6) * 55, 10 + static_cast<int>(i / 6) * 30, 60, 40);
+        Place(buttons[i], "Text", 10 + static_cast<int>(i % 6) * 55, 10 + static_cast<int>(i / 6) * 30, 60,
+              40);
         host.Add(buttons[i]);
     }
     buttons[20].Clip_X = buttons[20].X, buttons[20].Clip_Y = buttons[20].Y;
     buttons[20].Clip_Width = buttons[20].Clip_Height = 50;
     Lists list;
-    place(list, 300, 200, 90, 150);
+    Place(list, "Text", 300, 200, 90, 150);
     list.Flag = FLAG_VERTICAL;
     list.Grow(20, 0);
     host.Add(list);

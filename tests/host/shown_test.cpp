@@ -4,6 +4,7 @@
 #include <string>
 
 #include "Galdren_Host.h"
+#include "tests/support/controls.h"
 #include "tests/support/window.h"
 
 namespace galdren_test {
@@ -12,26 +13,15 @@ namespace {
 constexpr int width = 320;
 constexpr int height = 200;
 
-void Put(Tools& control, int x, int y, int w, int h, unsigned long flag = 0) {
-    control.X = static_cast<short>(x);
-    control.Y = static_cast<short>(y);
-    control.Width = static_cast<short>(w);
-    control.Height = static_cast<short>(h);
-    control.Flag = flag;
-    control.Font_Name = "Arial";
-    control.Font_Size = 9;
-    control.Border = 1;
-}
-
 class Shown_Test : public testing::Test {
   protected:
     Shown_Test() {
-        Put(list, 10, 10, 100, 120, FLAG_VERTICAL);
-        Put(value, 120, 10, 180, 24);
-        Put(button, 120, 50, 80, 30);
-        Put(tabs, 10, 160, 300, 30);
+        Place(list, nullptr, 10, 10, 100, 120, FLAG_VERTICAL);
+        Place(value, nullptr, 120, 10, 180, 24);
+        Place(button, nullptr, 120, 50, 80, 30);
+        Place(tabs, nullptr, 10, 160, 300, 30);
         value.End_Val = 100;
-        button.Name = "Press";
+        button.Name = "Press", list.Border = value.Border = button.Border = tabs.Border = 1;
         list.Grow(8, 0);
         tabs.Grow(3, 0);
         host->Set_Background(Colors(60, 120, 180));
@@ -115,7 +105,7 @@ class Flag_Reader : public Tools {
 
 TEST_F(Shown_Test, What_Is_Disabled_Is_Half_Of_Itself) {
     Flag_Reader reader;
-    Put(reader, 280, 60, 10, 10);
+    Place(reader, nullptr, 280, 60, 10, 10);
     host->Add(reader);
     host->Init_All();
     host->Set_Enabled(reader, false);
@@ -189,7 +179,7 @@ TEST_F(Shown_Test, What_Is_Disabled_Is_Half_Of_Itself) {
 TEST_F(Shown_Test, Pages_Follow_Their_Tabs) {
     Tabs inner;
     Buttons deep;
-    Put(inner, 120, 100, 180, 24), Put(deep, 220, 50, 60, 30);
+    Place(inner, nullptr, 120, 100, 180, 24), Place(deep, nullptr, 220, 50, 60, 30);
     inner.Grow(2, 0);
     host->Add(inner), host->Add(deep);
     host->Init_All();

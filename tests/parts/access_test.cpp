@@ -12,6 +12,7 @@
 
 #include "parts/access_object.h"
 #include "parts/classes.h"
+#include "tests/support/controls.h"
 #include "tests/support/reader.h"
 #include "tests/support/window.h"
 
@@ -85,10 +86,7 @@ class Served_Window {
     template <class Control>
     Part_Owner& Add(Control& control, const char* name, int x, int y, int width, int height,
                     unsigned long flag = 0) {
-        control.Name = name, control.Flag = flag;
-        control.X = static_cast<short>(x), control.Y = static_cast<short>(y);
-        control.Width = static_cast<short>(width), control.Height = static_cast<short>(height);
-        control.Font_Name = "Arial", control.Font_Size = 9;
+        Place(control, name, x, y, width, height, flag);
         control.Init(window);
         return panel.Add(control);
     }
@@ -105,13 +103,6 @@ class Served_Window {
         return DefWindowProcA(window, message, wparam, lparam);
     }
 };
-
-void Name_Items(auto& list, int count) {
-    static const char* const names[] = {"PNG", "JPEG", "TIFF", "Targa"};
-    list.Grow(count, 0);
-    for (int item = 0; item < count; ++item)
-        list.Item[item]->Name = names[item % 4];
-}
 
 /// Two rows, of which the first is an open branch.
 class Tree_Stub final : public Class_Parts {
@@ -147,12 +138,12 @@ class Full_Window : public Served_Window {
         Add(secret, "Key", 10, 70, 120, 24, TEXT_SINGLE_LINE | TEXT_PASSWORD);
         options.List = option_names;
         Add(options, "Show", 10, 110, 100, 60);
-        Name_Items(formats, 4);
+        Name_Items(formats, {"PNG", "JPEG", "TIFF", "Targa"});
         formats.Current = 1;
         formats.Item_Height = 26;
         Add(formats, "Formats", 250, 10, 100, 100, FLAG_VERTICAL);
         formats.Draw();
-        Name_Items(selector, 3);
+        Name_Items(selector, {"PNG", "JPEG", "TIFF"});
         Add(selector, "Unit", 360, 10, 120, 24);
         depth.End_Val = 100, depth.Val = 40, depth.Num_Width = 40, depth.Format = "%.0f %%";
         Add(depth, "Depth", 360, 70, 120, 24);

@@ -8,6 +8,7 @@
 #include "parts/classes.h"
 #include "parts/key_code.h"
 #include "parts/part_keys.h"
+#include "tests/support/controls.h"
 #include "tests/support/window.h"
 
 using namespace galdren_test;
@@ -115,13 +116,6 @@ class Keyed_Window final : public Part_Window {
     unsigned serials = 0;
 };
 
-void Name_Items(auto& list, std::initializer_list<const char*> names) {
-    list.Grow(static_cast<int>(names.size()), 0);
-    int index = 0;
-    for (const char* name : names)
-        list.Item[index++]->Name = name;
-}
-
 class Keys : public testing::Test {
   protected:
     Keys() {
@@ -158,9 +152,7 @@ class Keys : public testing::Test {
 
     template <class Made>
     void Show(Made& control, const char* name, int x, int y, int width, int height) {
-        control.X = static_cast<short>(x), control.Y = static_cast<short>(y);
-        control.Width = static_cast<short>(width), control.Height = static_cast<short>(height);
-        control.Border = 2, control.Font_Name = "Arial", control.Font_Size = 9;
+        Place(control, control.Name, x, y, width, height, control.Flag), control.Border = 2;
         control.Init(window.Window());
         control.Draw();
         window.Add(control, name);

@@ -10,6 +10,7 @@
 
 #include "Galdren_Tools.h"
 #include "parts/classes.h"
+#include "tests/support/controls.h"
 #include "tests/support/window.h"
 
 using namespace galdren_test;
@@ -63,20 +64,6 @@ void Press(const Test_Window& window, const Subject& subject, int part) {
     subject.select(EVENT_MOVE);
 }
 
-void Place(Tools& control, const char* name, int x, int y, int width, int height, unsigned long flag) {
-    control.Name = name, control.Flag = flag;
-    control.X = static_cast<short>(x), control.Y = static_cast<short>(y);
-    control.Width = static_cast<short>(width), control.Height = static_cast<short>(height);
-    control.Font_Name = "Arial", control.Font_Size = 9, control.Border = 2;
-}
-
-void Name_Items(auto& list, std::initializer_list<const char*> names) {
-    list.Grow(static_cast<int>(names.size()), 0);
-    int index = 0;
-    for (const char* name : names)
-        list.Item[index++]->Name = name;
-}
-
 /// One control of every kind in a window, shown.
 class Parts : public testing::Test {
   protected:
@@ -128,7 +115,7 @@ class Parts : public testing::Test {
     template <class Control>
     void Show(const char* key, Control& control, const char* name, int x, int y, int width, int height,
               unsigned long flag) {
-        Place(control, name, x, y, width, height, flag);
+        Place(control, name, x, y, width, height, flag), control.Border = 2;
         control.Init(window);
         control.Draw();
         all.emplace(key, control);

@@ -259,33 +259,6 @@ TEST(Batch, Forgets_What_An_Application_Set) {
     Expect_Nothing_Taken();
 }
 
-TEST(Batch, Follows_The_Window_And_Survives_It) {
-    Test_Window window(100, 80), beside(240, 200);
-    for (const SIZE size : {SIZE{100, 80}, SIZE{220, 160}, SIZE{60, 40}, SIZE{221, 40}}) {
-        const int right = size.cx - 1, top = size.cy - 1;
-        window.Resize(size.cx, size.cy);
-        for (const Area& area : {Area{0, right, 0, top}, Area{right, right, top, top}}) {
-            const Area painted = window.Changed([&] {
-                Begin_Batch(window);
-                Paint(window, area);
-                End_Batch();
-            });
-            EXPECT_EQ(painted, area);
-        }
-    }
-    const Area painted = beside.Changed([&] {
-        Begin_Batch(window);
-        Begin_Draw(window, nullptr);
-        HWND gone = window;
-        window.Close();
-        Paint(gone, {0, 9, 0, 9});
-        End_Draw();
-        End_Batch();
-    });
-    EXPECT_EQ(painted, Nothing);
-    Expect_Nothing_Taken();
-}
-
 /// What an open pair paints is not lost when the batch ends around it, at another size or not.
 TEST(Batch, May_End_Before_A_Pair_That_It_Began_With) {
     for (const bool resized : {false, true}) {

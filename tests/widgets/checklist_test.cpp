@@ -166,49 +166,7 @@ TEST(Check_Lists, Without_Items_Are_Boxes) {
     EXPECT_EQ(list.Read(), -1);
 }
 
-TEST(Check_Lists, Share_Items_And_Give_Everything_Back) {
-    Test_Window window(400, 200);
-    const auto all = [&] {
-        int order[] = {0, 1, 2};
-        do {
-            std::unique_ptr<CheckLists> copies[3];
-            for (auto& copy : copies) {
-                copy = std::make_unique<CheckLists>();
-                Fill_In(*copy, 500);
-                copy->Set_Name("%s", "Name");
-                copy->Init(window);
-            }
-            copies[1] = std::make_unique<CheckLists>(*copies[0]);
-            *copies[2] = *copies[1];
-            EXPECT_EQ(copies[2]->Check, copies[0]->Check);
-            copies[2]->List = Names(3);  // used from the next Init on
-            copies[2]->Draw();
-            copies[2]->Init(window);
-            for (const int victim : order) {
-                for (const auto& copy : copies) {
-                    if (!copy) continue;
-                    copy->Value = ~copy->Value;
-                    Point_At(window, *copy, 2, 2);
-                    EXPECT_EQ(copy->Select(EVENT_MOVE), 1);
-                    copy->Adjust(), copy->Draw();
-                }
-                copies[victim].reset();
-            }
-        } while (std::next_permutation(std::begin(order), std::end(order)));
-    };
-    all();
-    const int before = Gdi_Objects();
-    const int blocks = Live_Blocks();
-    all();
-    EXPECT_EQ(Gdi_Objects(), before);
-    EXPECT_EQ(Live_Blocks(), blocks);
-    CheckLists list;
-    Fill_In(list, 500);
-    list.Init(window);
-    EXPECT_LT(Gdi_Objects(), before + 10) << "none for an item";
-}
-
-TEST(Check_Lists, Survive_Failures_And_Odd_Sizes) {
+TEST(Check_Lists, Survive_Odd_Sizes_And_Tell_Of_Lack_Of_Memory) {
     Test_Window window(400, 200);
     Report_Catcher reports;
     const auto use = [&](int height, int border, int line) {
@@ -219,21 +177,17 @@ TEST(Check_Lists, Survive_Failures_And_Odd_Sizes) {
         list.Init(window);
         window.Point_At(30, 60);
         list.Draw(), list.Select(EVENT_MOVE), list.Adjust(), list.Deselect(), list.Read();
-        for (int i = 0; i < list.Count; ++i) {  // one of them may have no text
-            window.Point_At(list.Label[i].X + 2, list.Label[i].Y + 2);
-            list.Select(EVENT_MOVE);
-        }
     };
     for (const int height : {-1, 1, 9, SHRT_MAX})
         for (const int border : {0, 40, SHRT_MIN, SHRT_MAX})
             for (const int line : {0, 1, SHRT_MIN, SHRT_MAX})
                 use(height, border, line);
     bool told = false;
-    for (int passed = 0; passed < 60; ++passed) {
+    for (int passed = 0; passed < 60 && !told; ++passed) {
         Call_Spy spy;
         spy.Fail_Allocation(passed);
         use(93, 0, 20);
-        told = told || reports.Take() == "1:CheckLists: no memory for 10 items\n   name: (null)";
+        told = reports.Take() == "1:CheckLists: no memory for 10 items\n   name: (null)";
     }
     EXPECT_TRUE(told);
 }

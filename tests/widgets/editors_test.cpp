@@ -129,32 +129,6 @@ TEST(Hue_Editor, Changes_The_Hue_Alone) {
     EXPECT_EQ(e.Scroll(5), e.Value);
 }
 
-TYPED_TEST(Any_Editor, Shares_With_Copies_But_Not_Their_Changes) {
-    Test_Window& window = this->window;
-    const auto scene = [&](int first_gone) {
-        auto e = std::make_unique<Sample<TypeParam>>(Mode);
-        e->Set_Name("%s", "own"), e->Init(window), e->Draw();
-        auto copy = std::make_unique<TypeParam>(*e), other = std::make_unique<TypeParam>();
-        other->Width = other->Height = 200, other->Init(window);
-        *other = *copy, *other = *other;
-        EXPECT_EQ(other->Swatch.Graph_Normal, e->Swatch.Graph_Normal);
-        EXPECT_EQ(Troughs(*other)[0]->Graph_Select, Troughs(*e)[0]->Graph_Normal);
-        const Picture before = window.After([&] { e->Draw(); });
-        copy->Value = 0xFF00FF00, copy->Draw();
-        copy->Flag ^= HLS, copy->Init(window), copy->Draw();
-        EXPECT_EQ(e->Swatch.Graph_Normal[0], 0xFF3278B4);
-        EXPECT_TRUE(Same(before, window.After([&] { e->Draw(); })));
-        if (first_gone == 0) e.reset();
-        if (first_gone == 1) copy.reset();
-        other->Draw(), other->Value = 0xFF112233, other->Adjust(), other->Init(window);
-    };
-    scene(0);
-    const int objects = Gdi_Objects();
-    for (int i = 0; i < 9; ++i)
-        scene(i % 3);
-    EXPECT_EQ(Gdi_Objects(), objects);
-}
-
 TYPED_TEST(Any_Editor, Survives_Any_Fields) {
     const short but_dim = BUT_DIM;
     Sample<TypeParam> e;
@@ -188,21 +162,4 @@ TYPED_TEST(Any_Editor, Survives_Any_Fields) {
         copy.Value = 5, copy.Adjust();
     }
     BUT_DIM = but_dim;
-}
-
-TYPED_TEST(Any_Editor, Reports_Misuse_Once) {
-    const std::string type = Is_Hue<TypeParam> ? "Hue_Edit::" : "Color_Edit::";
-    const std::string start = "11:Tools: WARNING ! |11:   you must ";
-    const auto check = [&](const char* name, auto call) {
-        TypeParam e;
-        e.Name = "n", e.Deselect(), call(e), call(e);
-        EXPECT_EQ(this->reports.Take(),
-                  start + "call *_Init() first|11:   type: " + type + name + "   name: n\n");
-    };
-    check("Draw", [](auto& e) { e.Draw(); }), check("Select", [](auto& e) { e.Select(0); });
-    check("Read", [](auto& e) { e.Read(); }), check("Scroll", [](auto& e) { e.Scroll(1); });
-    check("Adjust", [](auto& e) { e.Adjust(); });
-    Sample<TypeParam> e;
-    e.Name = "n", e.Init(nullptr);
-    EXPECT_EQ(this->reports.Take(), start + "provide a window|11:   type: " + type + "Init   name: n");
 }

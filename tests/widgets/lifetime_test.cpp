@@ -22,44 +22,6 @@ void Fill_In(Control& control) {
     control.Set_Name("%s", "Name");
 }
 
-/// Every member of every control that an application may call.
-void Use_Everything(HWND window, const char* name = "Name") {
-    const auto base = [](auto& control) {
-        control.Draw();
-        control.Clear();
-        control.Clear(Colors(1, 2, 3));
-        control.Cadre_Outline(0, 9, 0, 9);
-        control.Arrow(1, 2, 10, 0, 20, 0, 20);
-        control.Alloc_Graph_Normal(1), control.Alloc_Graph_Select(2);
-        control.Set_Name("%d", 5);
-        control.Set_Name("%d", 6);
-    };
-    const auto prepare = [&](auto& control, unsigned long flag) {
-        control.X = 20, control.Y = 10, control.Width = 80, control.Height = 30;
-        control.Flag = flag, control.Name = name, control.Font_Name = "Arial";
-        control.Init(window);
-    };
-    for (const unsigned long flag : {0x0UL, 0x10024UL, 0x300010UL, 0x302404UL}) {
-        Boxs box;
-        Buttons button;
-        TabItems tab;
-        Labels label;
-        const auto pointed = [&](auto& control) {
-            control.Font_Size = flag ? 11 : 0;
-            prepare(control, flag);
-            for (const int event : {0, 2 | 16, 4})
-                control.Select(event);
-            control.Deselect(), control.Adjust(), control.Read();
-            base(control);
-            control.Init(nullptr);
-            control.Draw();
-        };
-        pointed(box), pointed(button), pointed(tab);
-        prepare(label, flag);
-        base(label);
-    }
-}
-
 }  // namespace
 
 /// Neither a report of misuse nor another name that the application puts in its place loses the text.
@@ -171,25 +133,6 @@ TEST(Init, Rebuilds_Only_What_Changed) {
     EXPECT_EQ(spy.Count("CreateFontIndirectA"), 0);
 }
 
-TEST(Init, Takes_The_Applications_Images) {
-    Test_Window window(200, 80);
-    const auto check = [&](auto control) {
-        Fill_In(control);
-        for (int round = 0; round < 3; ++round) {
-            delete[] control.Graph_Normal;  // the application replaces its image
-            control.Graph_Normal = new unsigned long[80 * 30];
-            std::fill_n(control.Graph_Normal, 80 * 30, 0x102030U + static_cast<unsigned>(round));
-            control.Init(window);
-            EXPECT_EQ(control.Cur_Graph_Normal, control.Graph_Normal);
-            EXPECT_NE(control.Cur_Graph_Select, nullptr);
-            EXPECT_EQ(window.After([&] { control.Draw(); }).At(30, 15),
-                      0x102030U + static_cast<unsigned>(round));
-        }
-    };
-    check(Boxs());
-    check(Buttons());
-}
-
 TEST(Init, Forgets_Withdrawn_Images_Whatever_Way_It_Takes) {
     Test_Window window(300, 200);
     Report_Catcher reports;
@@ -290,68 +233,8 @@ TEST(Copies, Lose_Nothing_When_An_Allocation_Fails) {
     EXPECT_EQ(held_after_tours(), std::pair(blocks, objects));
 }
 
-TEST(Copies, Share_And_Free_In_Any_Order) {
-    Test_Window window(200, 80);
-    const auto run = [&]<class Control>(Control*) {
-        int order[] = {0, 1, 2, 3};
-        do {
-            std::unique_ptr<Control> copies[4];
-            copies[0] = std::make_unique<Control>();
-            Fill_In(*copies[0]);
-            copies[0]->Alloc_Graph_Select(0x00405060);
-            copies[0]->Init(window);
-            copies[1] = std::make_unique<Control>(*copies[0]);
-            copies[2] = std::make_unique<Control>();
-            Fill_In(*copies[2]);
-            copies[2]->Init(window);
-            *copies[2] = *copies[1];
-            copies[3] = std::make_unique<Control>(*copies[2]);
-            Control& self = *copies[3];
-            *copies[3] = self;
-            EXPECT_EQ(copies[3]->Font, copies[0]->Font);
-            EXPECT_EQ(copies[3]->Region, copies[0]->Region);
-            EXPECT_EQ(copies[3]->Name, copies[0]->Name);
-            copies[1]->Width++, copies[1]->Font_Size++;
-            copies[1]->Set_Name("%s", "another");
-            copies[1]->Init(window);
-            for (const int victim : order) {
-                for (const auto& copy : copies) {
-                    if (!copy) continue;
-                    EXPECT_STREQ(copy->Name, copy == copies[1] ? "another" : "Name");
-                    copy->Draw();
-                }
-                copies[victim].reset();
-            }
-        } while (std::next_permutation(std::begin(order), std::end(order)));
-    };
-    const auto all = [&] {
-        run(static_cast<Boxs*>(nullptr)), run(static_cast<Buttons*>(nullptr)),
-            run(static_cast<Labels*>(nullptr));
-        Tools_Lib_Cleanup();
-    };
-    all();
-    const int before = Gdi_Objects();
-    all();
-    EXPECT_EQ(Gdi_Objects(), before);
-}
-
-TEST(Handles, Are_All_Given_Back) {
+TEST(Handles, Do_Not_Grow_With_The_Number_Of_Changes) {
     Test_Window window(300, 200);
-    const auto all = [&] {
-        Use_Everything(window);
-        Begin_Batch(window);
-        Use_Everything(window);
-        End_Batch();
-        Tools_Lib_Cleanup();
-    };
-    all();
-    const int before = Gdi_Objects();
-    Call_Spy spy;
-    for (int i = 0; i < 3; ++i)
-        all();
-    EXPECT_EQ(Gdi_Objects(), before);
-    EXPECT_GT(spy.Contexts(), 0);
-    EXPECT_EQ(spy.Contexts(), spy.Count("ReleaseDC"));
     Boxs box;
     Fill_In(box);
     box.Init(window);
@@ -405,7 +288,6 @@ TEST(Odd_Captions, Do_Not_Leave_The_Rectangle) {
             EXPECT_EQ(window.Changed([&] { box.Draw(); }), (Area{20, 100, 10, 40}))
                 << text.substr(0, 9) << flag;
         }
-        Use_Everything(window, text.c_str());
     }
 }
 
@@ -449,29 +331,6 @@ TEST(Failures, Of_A_Font_Are_Reported_Once) {
     EXPECT_TRUE(Same(got, wanted)) << "in the stock font";
     box.Init(window);
     EXPECT_NE(box.Font, nullptr);
-}
-
-TEST(Failures, Of_Memory_And_Handles_Are_Tolerated) {
-    Test_Window window(300, 200);
-    Report_Catcher reports;
-    const auto all = [&] {
-        for (const char* function :
-             {"", "GetDC", "GetDCEx", "CreateRectRgn", "CreateFontIndirectA", "CreateDIBSection"}) {
-            for (int passed = 0; passed < (*function ? 8 : 60); ++passed) {
-                Call_Spy spy;
-                *function ? spy.Fail(function, passed) : spy.Fail_Allocation(passed);
-                Begin_Batch(window);
-                Use_Everything(window);
-                End_Batch();
-                Use_Everything(window);
-                Tools_Lib_Cleanup();
-            }
-        }
-    };
-    all();
-    const int before = Gdi_Objects();
-    all();
-    EXPECT_EQ(Gdi_Objects(), before);
 }
 
 /// The last of this program: what it loses stays lost.

@@ -177,51 +177,6 @@ TEST(Lists, Scroll_By_Bar_And_Wheel) {
     }
 }
 
-TEST(Lists, Grow_And_Share_Their_Items) {
-    Test_Window window(260, 200);
-    Report_Catcher reports;
-    const std::string memory = " of .\\list.cpp \nmemory error in realloc (var=this->Item, dim=";
-    const auto scene = [&] {
-        auto first = std::make_unique<Named>(Column | 0x10002000UL, 200, 150, 9);
-        EXPECT_EQ(first->Item[1]->Flag, 0x402000UL);
-        first->Init(window), first->Draw();
-        Buttons* kept = first->Item[4];
-        EXPECT_EQ(first->Grow(12, 0x12) * 10 + first->Grow(12, 0), 11);
-        EXPECT_EQ(first->Item[11]->Flag, 0x400012UL);
-        EXPECT_EQ(first->Grow(5, 0), 1);
-        EXPECT_TRUE(first->Item[4] == kept && first->Nb_Item == 5 && !first->Item[5]);
-        auto copy = std::make_unique<Lists>(*first);
-        Lists other;
-        other.Grow(3, 0);
-        other = *copy;
-        EXPECT_EQ(other.Item, first->Item);
-        EXPECT_EQ(copy->Grow(3, 0), 1);  // from now on it has its own
-        EXPECT_EQ(other.Nb_Item * 10 + copy->Nb_Item, 53);
-        EXPECT_STREQ(copy->Item[2]->Name, "Item");
-        first.reset();
-        other.Draw(), other.Init(window), other.Draw(), copy->Draw();
-        EXPECT_EQ(other.Grow(-1, 0) * 10 + other.Grow(-5, 0), 11);
-        EXPECT_EQ(other.Item, nullptr);
-        EXPECT_EQ(copy->Grow(40000, 0) * 10 + copy->Nb_Item, 3) << "more than the count can say";
-        EXPECT_EQ(reports.Take(), "1:line 158 " + memory + "40001x8)");
-        Call_Spy spy;
-        for (const int passed : {1, 0}) {  // an item, then the array
-            spy.Fail_Allocation(passed);
-            EXPECT_EQ(copy->Grow(passed ? 5 : 1, 0), 0);
-            EXPECT_EQ(copy->Nb_Item, passed ? 3 : 0);
-            EXPECT_EQ(reports.Take(),
-                      passed ? "1:line 158 " + memory + "6x8)" : "1:line 155 " + memory + "2x8)");
-        }
-        copy->Draw(), copy->Select(EVENT_MOVE), copy->Init(window), copy->Draw(), copy->Adjust();
-        EXPECT_TRUE(copy->Scroll_Bar.Width == 0 && copy->Read() == -1);
-    };
-    scene();
-    const int before = Gdi_Objects();
-    for (int i = 0; i < 10; ++i)
-        scene();
-    EXPECT_EQ(Gdi_Objects(), before);
-}
-
 TEST(Lists, Share_Items_With_A_Copy_That_Shows_Others) {
     Test_Window window(260, 300);
     Named list(Column, 200, 150, 20);
@@ -327,15 +282,14 @@ TEST(Lists, Stay_Small_And_Fast_With_20000_Items) {
     EXPECT_TRUE(Same(items_only(list), items_only(last)));
 }
 
-TEST(Lists, Initialise_Every_Item_As_If_It_Stood_Alone) {
+/// Items share what they are painted from, whatever each has of its own.
+TEST(Lists, Show_Every_Item_As_If_It_Stood_Alone) {
     Test_Window window(300, 600);
     const std::function<void(Buttons&)> kinds[] = {
         [](Buttons& item) { item.Color = Colors(10, 200, 90); },
         [](Buttons& item) { item.Color = Colors(300, 20, 20); },
-        [](Buttons& item) { item.Color = Colors(255, 20, 20); },
         [](Buttons& item) { item.Flag |= FLAG_STATIC; },
         [](Buttons& item) { item.Flag |= FLAG_OWN_IMAGES; },
-        [](Buttons& item) { item.Width = item.Height = 25, item.Alloc_Graph_Normal(0x00112233); },
         [&](Buttons& item) { item.Width = item.Height = 25, item.Init(window); },
         [](Buttons& item) { item.Font_Size_Last = 9, item.Last_Width = 3, item.Last_Color = 7; },
     };
@@ -343,68 +297,28 @@ TEST(Lists, Initialise_Every_Item_As_If_It_Stood_Alone) {
     Buttons kept;
     {
         Named list(Column, 200, 560, Many);
-        std::vector<Buttons> alone;
-        for (int i = 0; i < Many; ++i) {
-            if (i % 2 != 0 && i + 1 < Many) kinds[i / 2](*list.Item[i]);
-            alone.push_back(*list.Item[i]);
-        }
+        for (int i = 1; i + 1 < Many; i += 2)
+            kinds[i / 2](*list.Item[i]);
         list.Current = 2;
-        list.Init(window);
+        list.Init(window), list.Draw();
         for (int i = 0; i < Many; ++i) {
-            const Buttons& item = *list.Item[i];
-            Buttons& other = alone[static_cast<std::size_t>(i)];
-            other.Width = item.Width, other.Height = item.Height;
-            other.Font_Name = item.Font_Name, other.Font_Size = item.Font_Size, other.Room = item.Room;
-            other.Border = item.Border, other.Flag = item.Flag, other.Value = i == 2;
-            other.Init(window);
-            EXPECT_TRUE(item.Font == other.Font && item.Font_Size_Last == other.Font_Size_Last) << i;
-            EXPECT_TRUE(item.Cur_Graph_Normal == other.Cur_Graph_Normal &&
-                        item.Cur_Graph_Select == other.Cur_Graph_Select)
-                << i;
-            EXPECT_TRUE(
-                item.Own_Normal_Up == other.Own_Normal_Up && item.Own_Normal_Down == other.Own_Normal_Down &&
-                item.Own_Select_Up == other.Own_Select_Up && item.Own_Select_Down == other.Own_Select_Down)
-                << i;
-            EXPECT_TRUE(EqualRect(&item.Rect, &other.Rect) && item.Window == other.Window &&
-                        item.Last_Color == other.Last_Color && item.Last_Width == other.Last_Width &&
-                        item.Last_Height == other.Last_Height && item.Last_Value == other.Last_Value)
-                << i;
+            Buttons& item = *list.Item[i];
+            Buttons alone;
+            alone.X = item.X, alone.Y = item.Y, alone.Width = item.Width, alone.Height = item.Height;
+            alone.Name = item.Name, alone.Font_Name = item.Font_Name, alone.Font_Size = item.Font_Size;
+            alone.Room = item.Room, alone.Border = item.Border, alone.Flag = item.Flag;
+            alone.Color = item.Color, alone.Value = i == 2;
+            alone.Init(window);
+            EXPECT_TRUE(Same(window.After([&] { item.Draw(); }), window.After([&] { alone.Draw(); }))) << i;
             EXPECT_EQ(item.Region, nullptr);
         }
         kept = *list.Item[4];
     }
     // What the items shared goes with the last that holds it, not before.
     const HFONT font = kept.Font;
-    EXPECT_EQ(GetObjectType(font), DWORD{OBJ_FONT});
     EXPECT_NE(window.Changed([&] { kept.Draw(); }), Nothing);
     kept = Buttons();
     EXPECT_EQ(GetObjectType(font), 0U);
-}
-
-TEST(Lists, Report_Misuse_Once) {
-    struct Row {
-        const char* label;
-        void (*call)(Lists&);
-    };
-    const Row table[] = {{"List::Draw", [](Lists& l) { l.Draw(); }},
-                         {"List::Select", [](Lists& l) { l.Select(2); }},
-                         {"List::Read", [](Lists& l) { l.Read(); }},
-                         {"List::Adjust", [](Lists& l) { l.Adjust(); }},
-                         {"Lists::Scroll", [](Lists& l) { l.Scroll(1); }}};
-    Report_Catcher reports;
-    for (const Row& row : table) {
-        Named list(0, 0, 20, 1);
-        list.Name = "n";
-        list.Deselect();
-        row.call(list);
-        EXPECT_EQ(reports.Take(), "11:Tools: WARNING ! |11:   you must call *_Init() first|11:   type: " +
-                                      std::string(row.label) + "   name: n\n");
-        row.call(list);
-        list.Width = 40;
-        list.Init(nullptr);
-        EXPECT_EQ(reports.Take(),
-                  "11:Tools: WARNING ! |11:   you must provide a window|11:   type: Lists::Init   name: n");
-    }
 }
 
 /// Rows that are moved as pixels show what painting all of them would, whoever painted in between.

@@ -68,7 +68,7 @@ TEST(Selectors, Scroll_Past_An_End_To_The_Other) {
         s.Stand(from, skipped);
         EXPECT_EQ(s.Scroll(static_cast<short>(steps)), to) << steps << ' ' << from;
     }
-    s.Flag = FLAG_PASSIVE;
+    s.Stand(2, 0), s.Flag = FLAG_PASSIVE;
     EXPECT_EQ(s.Scroll(1), 2);
     EXPECT_EQ(s.Read(), -1);
     s.Flag = 0;
@@ -109,50 +109,4 @@ TEST(Selectors, Repaint_When_The_Highlight_Changes) {
             EXPECT_EQ(s.Hover, rests || before == 1 ? before : 0);
         }
     }
-}
-
-TEST(Selectors, Grow_And_Share_Their_Items) {
-    Test_Window window(260, 100);
-    Report_Catcher reports;
-    const auto no_memory = [](const char* line, const char* count) {
-        return "1:line " + std::string(line) +
-               "  of .\\select.cpp \nmemory error in realloc (var=this->Item, dim=" + count + "x8)";
-    };
-    const auto scene = [&] {
-        auto first = std::make_unique<Five>(0x10002000UL, 200, 40);
-        first->Init(window);
-        EXPECT_EQ(first->Item[1]->Flag, 0x402000UL);
-        Buttons* kept = first->Item[1];
-        EXPECT_EQ(first->Grow(7, 0x12), 1);
-        EXPECT_EQ(first->Item[6]->Flag, 0x400012UL);
-        EXPECT_EQ(first->Grow(2, 0), 1);
-        EXPECT_EQ(first->Item[1], kept);
-        auto copy = std::make_unique<Selects>(*first);
-        Selects other;
-        other.Grow(3, 0);
-        other = *copy;
-        EXPECT_EQ(other.Item, first->Item);
-        EXPECT_EQ(copy->Grow(3, 0), 1);  // from now on it has its own
-        EXPECT_EQ(other.Nb_Item * 10 + copy->Nb_Item, 23);
-        EXPECT_STREQ(copy->Item[1]->Name, "One & more");
-        first.reset();
-        other.Init(window), other.Draw();
-        EXPECT_EQ(other.Grow(-1, 0) * 10 + other.Grow(-32768, 0), 11);
-        EXPECT_EQ(other.Item, nullptr);
-        EXPECT_EQ(copy->Grow(40000, 0), 0) << "more than the count can say";
-        EXPECT_EQ(reports.Take(), no_memory("218", "40001"));
-        Call_Spy spy;
-        spy.Fail_Allocation(1);  // the first new item
-        EXPECT_EQ(copy->Grow(5, 0) * 10 + copy->Nb_Item, 3);
-        EXPECT_EQ(reports.Take(), no_memory("218", "6"));
-        spy.Fail_Allocation();  // the array
-        EXPECT_EQ(copy->Grow(1, 0) * 10 + copy->Nb_Item, 0);
-        EXPECT_EQ(reports.Take(), no_memory("215", "2"));
-        copy->Init(window), copy->Draw(), copy->Adjust();
-    };
-    scene();
-    const int before = Gdi_Objects();
-    for (int i = 0; i < 20; ++i)
-        scene();
-    EXPECT_EQ(Gdi_Objects(), before);
 }
