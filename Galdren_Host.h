@@ -4,3 +4,4 @@
 
 #include "host/access.h"
 #include "host/host.h"
+#include "host/inspector.h"
