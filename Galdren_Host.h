@@ -4,5 +4,6 @@
 
 #include "host/access.h"
 #include "host/host.h"
+#include "host/inspector.h"
 #include "host/layout.h"
 #include "parts/by_name.h"

@@ -15,6 +15,8 @@
 #include "tools/keyboard.h"
 #include "tools/library.h"
 #include "tools/paint.h"
+#include "tools/paint_count.h"
+#include "tools/ring.h"
 #include "tools/surface.h"
 #include "tools/tools.h"
 #include "widgets/box.h"

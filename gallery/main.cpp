@@ -40,6 +40,8 @@ void Print_Help() {
         "  --log        write events to standard output, one per line; the first line is \"ready\"\n"
         "  --help       show this text\n"
         "\n"
+        "F12 switches the inspector, which tells about the control under the pointer.\n"
+        "\n"
         "pages:");
     for (const Page& page : Pages())
         std::printf("  %s\n", page.name);

@@ -60,6 +60,7 @@ Window::Window(HINSTANCE instance, bool log)
     hwnd = window;
     host.Set_Background(ground_color);
     host.Set_On_Paint([this] { Paint_Page(); });
+    host.Set_On_Key([this](int key) { return On_Key(key); });
     Serve_Screen_Readers(host);
     Build_Tabs_Of_Pages();
     Build_Status();
@@ -97,6 +98,14 @@ void Window::Build_Status() {
     status_cost.Flag = FLAG_TEXT_RIGHT;
     status_cost.Font_Name = "Arial";
     status_cost.Font_Size = 9;
+}
+
+/// F12 switches the inspector.
+bool Window::On_Key(int key) {
+    if (key != (KEY_NAVIGATION | VK_F12)) return false;
+    Inspect(host, !Is_Inspected(host));
+    Report(Is_Inspected(host) ? "inspector on" : "inspector off");
+    return true;
 }
 
 /// Shows the page whose tab was pressed.

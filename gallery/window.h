@@ -36,6 +36,7 @@ class Window {
 
     void Build_Tabs_Of_Pages();
     void Build_Status();
+    bool On_Key(int key);
     void Choose_Page_Of_Tab();
     void Fit();
     void Fit_Tabs(SIZE client);

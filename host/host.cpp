@@ -26,7 +26,7 @@ Host::Host(HWND served)
 
 Host::~Host() {
     life.reset();
-    services.clear();
+    std::exchange(services, {}).clear();  // they may cause messages, which go to none of them any more
     if (holds) End_Hold(window);
 }
 

@@ -8,13 +8,15 @@ namespace {
 
 using namespace galdren;
 
-/// The ring that is shown.
+/// A ring or an outline that is shown.
 struct Ring {
+    COLORREF outside;
     HWND window = nullptr;  // null while there is none
     RECT area{};            // see `Set_Ring`
 };
 
-Ring The_Ring;
+Ring The_Ring{RGB(0, 0, 0)};
+Ring The_Outline{RGB(224, 0, 0)};
 
 /// Fills what a frame of one pixel has in common with a rectangle.
 void Paint_Frame(HDC dc, const RECT& frame, const RECT& limit) {
@@ -28,39 +30,52 @@ void Paint_Frame(HDC dc, const RECT& frame, const RECT& limit) {
     }
 }
 
-}  // namespace
-
-namespace galdren {
-
-bool Has_Ring(HWND window) { return window && The_Ring.window == window; }
-
-void Paint_Ring(HWND window, HDC dc, const RECT& painted) {
-    const Ring& ring = The_Ring;
-    if (!Has_Ring(window) || !dc) return;
+void Paint(const Ring& ring, HDC dc, const RECT& painted) {
     constexpr COLORREF Light = RGB(255, 255, 255);
-    constexpr COLORREF Dark = RGB(0, 0, 0);
-    const LONG height = Client_Size(window).cy;
+    const LONG height = Client_Size(ring.window).cy;
     RECT frame{ring.area.left, height - ring.area.bottom, ring.area.right, height - ring.area.top};
     // The context may be one that is not reset for the next who takes it.
     const COLORREF before = SetDCBrushColor(dc, Light);
     InflateRect(&frame, 1, 1);
     Paint_Frame(dc, frame, painted);
-    SetDCBrushColor(dc, Dark);
+    SetDCBrushColor(dc, ring.outside);
     InflateRect(&frame, 1, 1);
     Paint_Frame(dc, frame, painted);
     SetDCBrushColor(dc, before);
 }
 
+void Show(Ring& ring, HWND window, const RECT& area) {
+    const Drawing_Lock lock;
+    ring.window = window;
+    ring.area = area;
+    const SIZE client = Client_Size(window);
+    Paint_Rings(window, Window_Context(window).Get(), {0, 0, client.cx, client.cy});
+}
+
+void Forget(Ring& ring, HWND window) {
+    const Drawing_Lock lock;
+    if (ring.window == window) ring.window = nullptr;
+}
+
+}  // namespace
+
+namespace galdren {
+
+bool Has_Rings(HWND window) { return window && (The_Ring.window == window || The_Outline.window == window); }
+
+void Paint_Rings(HWND window, HDC dc, const RECT& painted) {
+    if (!Has_Rings(window) || !dc) return;
+    for (const Ring& ring : {The_Ring, The_Outline}) {
+        if (ring.window == window) Paint(ring, dc, painted);
+    }
+}
+
 }  // namespace galdren
 
-void Set_Ring(HWND window, const RECT& area) {
-    const Drawing_Lock lock;
-    The_Ring = {window, area};
-    const SIZE client = Client_Size(window);
-    Paint_Ring(window, Window_Context(window).Get(), {0, 0, client.cx, client.cy});
-}
+void Set_Ring(HWND window, const RECT& area) { Show(The_Ring, window, area); }
 
-void Clear_Ring(HWND window) {
-    const Drawing_Lock lock;
-    if (The_Ring.window == window) The_Ring = {};
-}
+void Clear_Ring(HWND window) { Forget(The_Ring, window); }
+
+void Set_Outline(HWND window, const RECT& area) { Show(The_Outline, window, area); }
+
+void Clear_Outline(HWND window) { Forget(The_Outline, window); }

@@ -1,5 +1,6 @@
 /// @file
-/// A ring around what the keyboard works, above everything that controls paint.
+/// A ring around what the keyboard works, and an outline around what an inspector tells about, above
+/// everything that controls paint.
 #pragma once
 
 #include <windows.h>
@@ -16,17 +17,24 @@ GALDREN_TOOLS_API void Set_Ring(HWND window, const RECT& area);
 /// Forgets the ring of a window; one of another window stays.
 GALDREN_TOOLS_API void Clear_Ring(HWND window);
 
+/// Shows an outline, red outside and light inside, as `Set_Ring` does a ring, and above it. There is one outline
+/// in a process, as there is one pointer.
+GALDREN_TOOLS_API void Set_Outline(HWND window, const RECT& area);
+
+/// Forgets the outline of a window; one of another window stays.
+GALDREN_TOOLS_API void Clear_Outline(HWND window);
+
 namespace galdren {
 
-/// Width of the ring in pixels.
+/// Width of ring and outline in pixels.
 constexpr int Ring_Width = 2;
 
-/// Whether a window has the ring.
-bool Has_Ring(HWND window);
+/// Whether a window has the ring or the outline.
+bool Has_Rings(HWND window);
 
-/// Paints the ring again where something was painted.
+/// Paints ring and outline again where something was painted.
 /// @param dc       a context of the window, in pixels of the client area
 /// @param painted  in pixels of the client area, y downward
-void Paint_Ring(HWND window, HDC dc, const RECT& painted);
+void Paint_Rings(HWND window, HDC dc, const RECT& painted);
 
 }  // namespace galdren

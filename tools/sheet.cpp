@@ -9,6 +9,7 @@
 
 #include "tools/cleanup.h"
 #include "tools/lock.h"
+#include "tools/paint_count.h"
 #include "tools/ring.h"
 
 namespace galdren {
@@ -31,6 +32,7 @@ void Sheet::Copy_To(const Target& target, const RECT& area) {
     const POINT origin = Origin();
     Put_Pixels(target.dc, {area.left, target.Top(area.top)}, Pixels(), area.left - origin.x,
                area.top - origin.y, Size_Of(area));
+    Count_Copy(Size_Of(area));
 }
 
 bool Sheet::Stretch_To(HDC target, const RECT& where) {
@@ -43,7 +45,7 @@ void Sheet::Show(const Target& target) {
     const RECT area = Common(painted, counts);
     if (!Is_Empty(area)) {
         Copy_To(target, area);
-        if (!target.mapped_height) Paint_Ring(window, target.dc, area);
+        if (!target.mapped_height) Paint_Rings(window, target.dc, area);
     }
     painted = {};
 }

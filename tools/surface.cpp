@@ -58,8 +58,8 @@ void End_Pair(const Pair& pair) {
     if (!pair.own) return;
     if (!pair.sheet) {
         ReleaseDC(pair.window, pair.dc);
-        if (Has_Ring(pair.window))
-            Paint_Ring(pair.window, Window_Context(pair.window).Get(), Box_Of(pair.client));
+        if (Has_Rings(pair.window))
+            Paint_Rings(pair.window, Window_Context(pair.window).Get(), Box_Of(pair.client));
         return;
     }
     pair.sheet->Note(Bounds_Of(pair.dc));
@@ -234,7 +234,7 @@ int Show_Hold(HWND window, HDC target, const RECT& area) {
     const RECT shown = Common(area, hold->sheet->place);
     if (!Is_Empty(shown)) {
         hold->sheet->Copy_To({target}, shown);
-        Paint_Ring(window, target, shown);
+        Paint_Rings(window, target, shown);
     }
     return 1;
 }

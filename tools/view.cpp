@@ -7,6 +7,7 @@
 #include "tools/globals.h"
 #include "tools/input.h"
 #include "tools/lock.h"
+#include "tools/paint_count.h"
 #include "tools/session.h"
 
 namespace galdren {
@@ -191,8 +192,18 @@ void View::Fill(const RECT& box, unsigned long color) {
     }
 }
 
+/// Counts what was painted, with all that was painted inside this view, as one paint.
+void View::Count() {
+    if (target.dc || under) {
+        Count_Paint();
+    } else if (outer) {
+        Include(outer->painted, painted);
+    }
+}
+
 /// Brings what was painted to where it goes.
 void View::Show() {
+    if (!Is_Empty(painted)) Count();
     if (saved) RestoreDC(dc, saved);
     if (!sheet) return;
     sheet->Note(painted);

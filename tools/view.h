@@ -62,6 +62,7 @@ class View {
     void Find_Target(const RECT& covered);
     bool Keep(unsigned& picture);
     void Compose(const RECT& covered);
+    void Count();
     void Show();
 
     static View* Innermost;

@@ -359,12 +359,12 @@ TEST_F(Handlers_Test, Parts_Are_Worked_By_Their_Names) {
     CheckLists checks;
     Valuators level;
     Buttons hidden, apply;
-    Put(label, 10, 350, 100, 24), label.Name = "Title";
-    Put(title, 120, 350, 200, 24, TEXT_SINGLE_LINE);
-    Put(checks, 10, 200, 200, 80), checks.List = extras, checks.Name = "Extras";
-    Put(level, 10, 150, 200, 24), level.Name = "dB", level.End_Val = 100;
-    Put(hidden, 10, 100, 100, 24), hidden.Name = "Apply";
-    Put(apply, 10, 50, 100, 24), apply.Name = "Apply";
+    Place(label, "Title", 10, 350, 100, 24);
+    Place(title, nullptr, 120, 350, 200, 24, TEXT_SINGLE_LINE);
+    Place(checks, "Extras", 10, 200, 200, 80), checks.List = extras;
+    Place(level, "dB", 10, 150, 200, 24), level.End_Val = 100;
+    Place(hidden, "Apply", 10, 100, 100, 24);
+    Place(apply, "Apply", 10, 50, 100, 24);
     int pressed = 0;
     std::string told;
     host->Add(label), host->Add(title), host->Add(checks);

@@ -331,6 +331,34 @@ TEST(Surface, Is_Never_Mirrored) {
     EXPECT_EQ(controls.box.Select(EVENT_TEST), 0);
 }
 
+/// Each member paints once and is copied once, but those of a batch are copied together; what is hidden costs
+/// nothing.
+TEST(Paint_Counts, Tell_What_Members_Cost) {
+    Test_Window window(300, 120);
+    Boxs box;
+    box.X = 10, box.Y = 10, box.Width = 50, box.Height = 40;
+    box.Init(window);
+    const auto cost_of = [](const auto& use) {
+        const Paint_Count before = Tools_Paint_Count();
+        use();
+        const Paint_Count after = Tools_Paint_Count();
+        return std::array{after.paints - before.paints, after.copies - before.copies,
+                          after.bytes - before.bytes};
+    };
+    const auto one = cost_of([&] { box.Draw(); });
+    EXPECT_EQ(one[0], 1u);
+    EXPECT_EQ(one[1], 1u);
+    EXPECT_GE(one[2], 4u * 50 * 40);
+    EXPECT_LE(one[2], 4u * 56 * 46);
+    const auto three = cost_of([&] {
+        const Paint_Batch batch(window);
+        box.Draw(), box.Draw(), box.Draw();
+    });
+    EXPECT_EQ(three, (std::array{3 * one[0], one[1], one[2]}));
+    box.Veil = VEIL_HIDDEN;
+    EXPECT_EQ(cost_of([&] { box.Draw(); }), (std::array<unsigned long long, 3>{}));
+}
+
 /// A held window paints as any other, follows its size, and shows its picture again on demand.
 TEST(Hold, Shows_What_Members_And_Pairs_Paint) {
     Test_Window plain(300, 120), held(300, 120);
