@@ -64,6 +64,9 @@ std::map<std::string, std::string> Shown_About(HWND inspected) {
 /// A window with a button, a list and a bar, and a host that gets its messages.
 struct Inspected {
     Inspected() {
+        // A window that opens below the pointer hears of it.
+        SetCursorPos(0, 0);
+        Pump();
         Put(button, 10, 10, 80, 30, FLAG_RAISED | FLAG_TEXT_LEFT);
         Put(list, 120, 10, 100, 120, FLAG_VERTICAL);
         Put(bar, 10, 150, 200, 20);
