@@ -17,8 +17,8 @@ GALDREN_TOOLS_API void Set_Ring(HWND window, const RECT& area);
 /// Forgets the ring of a window; one of another window stays.
 GALDREN_TOOLS_API void Clear_Ring(HWND window);
 
-/// Shows an outline, red outside and light inside, as `Set_Ring` does a ring, and above it. There is one outline
-/// in a process, as there is one pointer.
+/// Shows an outline, red outside and light inside, as `Set_Ring` does a ring, and above it. There is one
+/// outline in a process, as there is one pointer.
 GALDREN_TOOLS_API void Set_Outline(HWND window, const RECT& area);
 
 /// Forgets the outline of a window; one of another window stays.
