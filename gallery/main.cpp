@@ -93,7 +93,7 @@ bool Write_Ring(gallery::Window& window, const gallery::Picture_Writer& writer, 
     window.Show_Page(*Find_Page("checklists"));
     SendMessageA(handle, WM_SETFOCUS, 0, 0);
     window.Paint_Now();
-    for (const WPARAM key : {VK_TAB, VK_TAB, VK_RIGHT})
+    for (const WPARAM key : {WPARAM{VK_TAB}, WPARAM{VK_TAB}, WPARAM{VK_RIGHT}})
         SendMessageA(handle, WM_KEYDOWN, key, 1);
     return writer.Write(handle, first_list, path);
 }

@@ -28,9 +28,6 @@ struct Sample : Editor {
 std::array<Valuators*, 3> Troughs(Color_Edit& e) { return {&e.Chan_1, &e.Chan_2, &e.Chan_3}; }
 std::array<Valuators*, 1> Troughs(Hue_Edit& e) { return {&e.Hue}; }
 
-template <class Editor>
-constexpr bool Is_Hue = std::is_base_of_v<Hue_Edit, Editor>;
-
 /// Puts the pointer where a trough takes its entry `k`.
 void Point_In(const Test_Window& window, const Valuators& trough, int k) {
     window.Point_At(trough.X + trough.Curs_Half + trough.Border + k - 1, trough.Y + trough.Height / 2);
