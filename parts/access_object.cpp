@@ -1,5 +1,6 @@
 #include "parts/access_object.h"
 
+#include <cstring>
 #include <utility>
 
 #include "parts/access_system.h"
@@ -103,8 +104,9 @@ HRESULT Access_Object::Ask(const VARIANT& child, Out* out, const Question& quest
 STDMETHODIMP Access_Object::QueryInterface(REFIID wanted, void** object) {
     if (!object) return E_POINTER;
     *object = nullptr;
-    const bool has =
-        wanted == __uuidof(IUnknown) || wanted == __uuidof(IDispatch) || wanted == __uuidof(IAccessible);
+    IID id;  // in a call from another process it may stand where no identifier should
+    std::memcpy(&id, &wanted, sizeof id);
+    const bool has = id == __uuidof(IUnknown) || id == __uuidof(IDispatch) || id == __uuidof(IAccessible);
     if (!has) return E_NOINTERFACE;
     *object = static_cast<IAccessible*>(this);
     AddRef();
