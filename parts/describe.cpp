@@ -1,8 +1,8 @@
 #include "parts/describe.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
+#include <cstdlib>
 #include <cstring>
 #include <string_view>
 
@@ -77,10 +77,14 @@ std::optional<int> Steps_Of(Part_Move move) {
 
 std::optional<Number_Text> Parse_Number(const char* text) {
     const std::string_view all = Without_Blanks(text ? text : "");
-    double number = 0;
-    const auto [end, error] = std::from_chars(all.data(), all.data() + all.size(), number);
-    if (error != std::errc() || !std::isfinite(number)) return std::nullopt;
-    const std::string_view rest = all.substr(static_cast<std::size_t>(end - all.data()));
+    if (all.empty() || !std::strchr("-.0123456789", all.front())) return std::nullopt;
+    char* end = nullptr;
+    const double number = std::strtod(all.data(), &end);
+    const auto length = static_cast<std::size_t>(end - all.data());
+    // Only decimal numbers, though the function takes others too.
+    const bool is_plain = all.substr(0, length).find_first_of("xXnN") == std::string_view::npos;
+    if (length == 0 || length > all.size() || !is_plain || !std::isfinite(number)) return std::nullopt;
+    const std::string_view rest = all.substr(length);
     return Number_Text{number, std::string(Without_Blanks(rest))};
 }
 
