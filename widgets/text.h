@@ -157,7 +157,10 @@ class GALDREN_TOOLS_API Texts : public Tools, public Text_Fields {
         unsigned long color;  ///< of the ground
         bool single;          ///< only the newest line shows
         std::array<HFONT, 3> fonts;
-        bool operator==(const Output_View& other) const = default;
+        bool operator==(const Output_View& other) const {
+            return x == other.x && scrolled == other.scrolled && color == other.color &&
+                   single == other.single && fonts == other.fonts;
+        }
     };
     void Move_Kept(galdren::Canvas& canvas, const Output_View& view, galdren::Area& part) const;
 
