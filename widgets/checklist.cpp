@@ -60,7 +60,7 @@ void Paint_Mark(Canvas& canvas, const Buttons& box) {
     const int border = Frame_Width(box);
     const Area body = Area_Of(box);
     const Area mark{body.left + border + 1, body.right - border, body.bottom + border, body.top - border - 1};
-    canvas.Box(mark, Colors(255, 255, 0).get());
+    canvas.Box(mark, canvas.Look().Mark);
 }
 
 void Paint_Check(Buttons& box) {
@@ -75,7 +75,8 @@ void Paint_Item(Canvas& canvas, CheckLists& list, int item) {
     Buttons& box = list.Check[item];
     const bool outline = Has_Flag(list, FLAG_OUTLINE);
     if (outline) box.Flag = FLAG_OUTLINE;
-    Paint_Label(canvas, list, item, Has_Flag(box, FLAG_OUTLINE) ? Outline_Blue : Black);
+    Paint_Label(canvas, list, item,
+                Has_Flag(box, FLAG_OUTLINE) ? canvas.Look().Caption_Outline : canvas.Look().Caption);
     Paint_Check(box);
     if (!outline) return;
     box.Flag = 0;
@@ -88,7 +89,7 @@ void Paint_Hover(const CheckLists& list, int item, bool highlighted) {
     Canvas canvas(list,
                   {Common(Area_Of(list), {row.left, list.X + list.Width, row.bottom - 2 * list.Font_Height,
                                           row.top + 2 * list.Font_Height})});
-    Paint_Label(canvas, list, item, highlighted ? Highlight_Color().get() : Black);
+    Paint_Label(canvas, list, item, highlighted ? canvas.Look().Highlight : canvas.Look().Caption);
     if (!highlighted && Has_Mark(box)) {
         Paint_Mark(canvas, box);
     } else {
@@ -196,7 +197,7 @@ Grid Make_Grid(const CheckLists& list) {
 void Init_Label(const CheckLists& list, int item, const Grid& grid) {
     Buttons& label = list.Label[item];
     Copy_Face(label, list);
-    Copy_Clip(label, list);
+    Copy_Surroundings(label, list);
     label.Flag = Label_Flags;
     label.Set_Name("%s", list.List[item]);
     const int left = grid.left + item / grid.rows * grid.column_width;
@@ -208,7 +209,7 @@ void Init_Label(const CheckLists& list, int item, const Grid& grid) {
 void Init_Check(const CheckLists& list, int item) {
     Buttons& box = list.Check[item];
     Copy_Face(box, list);
-    Copy_Clip(box, list);
+    Copy_Surroundings(box, list);
     box.Flag = list.Enabled && !list.Enabled[item] ? Disabled_Flags : 0;
     box.Border = 2;
     box.X = Within_16(list.Label[item].X + 1);

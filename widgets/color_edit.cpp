@@ -84,7 +84,7 @@ void Init_Mode_Button(Color_Edit& editor, const Area& swatch) {
     button.Flag = editor.Flag | FLAG_VERTICAL;
     button.Border = editor.Frame.Border;
     Copy_Font(button, editor);
-    Copy_Clip(button, editor);
+    Copy_Surroundings(button, editor);
     button.Init(editor.Window);
     Name_Part(button, Has_Flag(editor, COLOR_EDIT_HLS) ? "HLS" : "RGB");
 }

@@ -54,7 +54,7 @@ void Dress_Part(Tools& part, const Tools& editor, const Area& place, int border)
     Set_Place(part, place, Within_16);
     part.Border = Within_16(border);
     part.Color = editor.Color;
-    Copy_Clip(part, editor);
+    Copy_Surroundings(part, editor);
 }
 
 namespace {
@@ -98,9 +98,9 @@ bool Renew_Image(Tools& part, unsigned long pixel) {
 
 /// Without size or memory there is none.
 void Show_Gradient(Valuators& trough, const Gradient& gradient) {
-    constexpr unsigned long Blank = 0xAAAAAA;
+    const auto blank = Exchange_Red_And_Blue(Theme_Of(trough).Blank);
     const bool reusable = Has_Image_Of_Its_Size(trough) && !Shares_Image(trough);
-    if (!reusable && !Renew_Image(trough, Blank)) return;
+    if (!reusable && !Renew_Image(trough, blank)) return;
     Paint_Gradient(trough.Graph_Normal, trough.Width, trough.Height, gradient);
     trough.Graph_Select = trough.Graph_Normal;
 }

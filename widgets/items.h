@@ -73,11 +73,13 @@ inline Reach Reach_Of(const Tools_Fields& control) {
     return complete ? Covering(covered) : Around(control);
 }
 
-/// Gives a part the text clip rectangle of its owner, cuts it at the owner's edges, and has it
-/// painted when the owner is.
-inline void Copy_Clip(Tools& part, const Tools& owner) {
+/// Gives a part what its owner has around it: text clip rectangle, scale and theme. It is cut at the owner's
+/// edges, and painted when the owner is.
+inline void Copy_Surroundings(Tools& part, const Tools& owner) {
     part.Room = Is_Empty(owner.Room) ? owner.Rect : Common(owner.Rect, owner.Room);
     part.Veil = owner.Veil;
+    part.Scale = owner.Scale;
+    part.Look = owner.Look;
     part.Clip_X = owner.Clip_X;
     part.Clip_Y = owner.Clip_Y;
     part.Clip_Width = owner.Clip_Width;
@@ -131,7 +133,7 @@ inline void Copy_Place(Tools& part, const Tools& owner) {
 inline void Copy_Frame(Tools& frame, const Tools& owner) {
     Copy_Place(frame, owner);
     frame.Border = owner.Border;
-    Copy_Clip(frame, owner);
+    Copy_Surroundings(frame, owner);
 }
 
 /// Style bits that say whether and how the frame of a compound control shows.
@@ -203,7 +205,7 @@ int Grow_Items(const Tools& owner, Item**& items, int count, unsigned long flag,
         items[i] = new (std::nothrow) Item;
         if (!items[i]) return fail();
         items[i]->Flag = flag;
-        Copy_Clip(*items[i], owner);
+        Copy_Surroundings(*items[i], owner);
     }
     return 1;
 }

@@ -130,7 +130,7 @@ void Init_Items(Lists& list, const Item_Size& size) {
         item.Height = Low_16(size.height);
         item.Border = list.Border;
         Copy_Font(item, list);
-        Copy_Clip(item, list);
+        Copy_Surroundings(item, list);
     }
     Init_Without_Regions({list.Item, std::size_t(list.Nb_Item)}, list.Window);
 }
@@ -323,7 +323,8 @@ void Lists::Init(HWND window) {
     Count();
     if (Nb_Item == 0) return;
 
-    const Area area = Has_Flag(*this, FLAG_INNER_FRAME) ? Inner_Frame_Of(Area_Of(*this)) : Area_Of(*this);
+    const Area area =
+        Has_Flag(*this, FLAG_INNER_FRAME) ? Inner_Frame_Of(*this, Area_Of(*this)) : Area_Of(*this);
     const Item_Size size = Is_Column(*this) ? Lay_Out_Column(*this, area) : Lay_Out_Row(*this, area);
     Origin = Is_Column(*this) ? Item_Y : Item_X;
     Init_Items(*this, size);

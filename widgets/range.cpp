@@ -53,32 +53,32 @@ std::optional<int> Pointer_Along(const Tools_Fields& bar) {
 
 void Thumb::Paint_Face(Canvas& canvas) const {
     const auto [left, right, bottom, top] = area;
-    canvas.Box({left + 1, right, bottom, vertical ? top : top - 1}, Thumb_Grey);
+    canvas.Box({left + 1, right, bottom, vertical ? top : top - 1}, canvas.Look().Thumb);
     if (vertical) {
-        canvas.Row(left + 1, right - 1, bottom + half - 1, Thumb_Light);
+        canvas.Row(left + 1, right - 1, bottom + half - 1, canvas.Look().Thumb_Light);
     } else {
-        canvas.Column(left + half, bottom + 1, top, Thumb_Light);
+        canvas.Column(left + half, bottom + 1, top, canvas.Look().Thumb_Light);
     }
 }
 
 void Thumb::Paint_Light(Canvas& canvas, int end) const {
-    canvas.Column(area.left, area.bottom, area.top, Thumb_Light);
-    canvas.Row(area.left, end, area.top, Thumb_Light);
+    canvas.Column(area.left, area.bottom, area.top, canvas.Look().Thumb_Light);
+    canvas.Row(area.left, end, area.top, canvas.Look().Thumb_Light);
 }
 
 void Thumb::Paint_Dark(Canvas& canvas) const {
-    canvas.Row(area.left + 1, area.right, area.bottom, Black);
-    canvas.Column(area.right, area.bottom, area.top, Black);
+    canvas.Row(area.left + 1, area.right, area.bottom, canvas.Look().Rim);
+    canvas.Column(area.right, area.bottom, area.top, canvas.Look().Rim);
 }
 
 void Thumb::Paint_Shadow(Canvas& canvas, int top) const {
     const auto [left, right, bottom, end] = area;
-    canvas.Row(left + 2, right - 1, bottom + 1, Black);
-    canvas.Column(right - 1, bottom + 1, end - 1, Black);
+    canvas.Row(left + 2, right - 1, bottom + 1, canvas.Look().Rim);
+    canvas.Column(right - 1, bottom + 1, end - 1, canvas.Look().Rim);
     if (vertical) {
-        canvas.Row(left + 1, right, bottom + half, Black);
+        canvas.Row(left + 1, right, bottom + half, canvas.Look().Rim);
     } else {
-        canvas.Column(left + half - 1, bottom + 1, top, Black);
+        canvas.Column(left + half - 1, bottom + 1, top, canvas.Look().Rim);
     }
 }
 

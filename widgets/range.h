@@ -9,9 +9,6 @@
 
 namespace galdren {
 
-constexpr unsigned long Thumb_Grey = Dark_Grey;
-constexpr unsigned long Thumb_Light = Light_Grey;
-
 inline bool Is_Vertical(const Tools_Fields& bar) { return Has_Flag(bar, FLAG_VERTICAL); }
 
 /// Along the bar: its width, or its height when vertical.

@@ -73,7 +73,7 @@ void Init_Items(Selects& selector) {
         item.Border = 1;
         item.Value = 1;
         Set_Place(item, area);
-        Copy_Clip(item, selector);
+        Copy_Surroundings(item, selector);
         Copy_Font(item, selector);
         item.Init(selector.Window);
     }
@@ -179,7 +179,7 @@ void Selects::Init(HWND window) {
     Init_Frame(*this);
     if (Arrow_Size == 0) Arrow_Size = Low_16(Usual_Arrow(*this));
     Set_Place(Value_Box, Not_Turned(Room_Beside_Caption(*this)));
-    Copy_Clip(Value_Box, *this);
+    Copy_Surroundings(Value_Box, *this);
     Note_Items(*this);
     Hold_In_Range(*this);
     Last_Current = Current;

@@ -25,9 +25,11 @@ Colors Shaded(Colors color) {
     return color;
 }
 
-unsigned long Body_Color(const TabItems& tab, bool highlighted) {
-    if (highlighted) return (Is_Front(tab) ? Highlight_Color() : Colors(210, 100, 100)).get();
-    return (Is_Front(tab) ? tab.Color : Shaded(tab.Color)).get();
+unsigned long Body_Color_Of(const TabItems& tab, bool highlighted) {
+    const Theme& theme = Theme_Of(tab);
+    const unsigned long lit = Is_Front(tab) ? theme.Highlight : theme.Highlight_Back;
+    const Colors at_rest = Is_Front(tab) ? tab.Color : Shaded(tab.Color);
+    return Body_Color(theme, highlighted ? Colors(static_cast<unsigned int>(lit)) : at_rest).get();
 }
 
 /// The corners of the edge around a tab.
@@ -48,23 +50,23 @@ void Paint_Sides(Canvas& canvas, const Trapezoid& edge, unsigned long color) {
 
 /// What is below a tab: its base line, and two rows of the page's edge.
 void Paint_Base(Canvas& canvas, const Area& area) {
-    canvas.Row(area.right, area.left, area.bottom + 1, Black);
-    canvas.Row(area.right, area.left, area.bottom, White);
-    canvas.Row(area.right, area.left, area.bottom - 1, Light_Grey);
+    canvas.Row(area.right, area.left, area.bottom + 1, canvas.Look().Rim);
+    canvas.Row(area.right, area.left, area.bottom, canvas.Look().Edge_Bright);
+    canvas.Row(area.right, area.left, area.bottom - 1, canvas.Look().Edge_Light);
 }
 
 void Paint_Edge(Canvas& canvas, const TabItems& tab, bool front, const Area& area) {
-    Paint_Sides(canvas, {tab, area}, Black);
+    Paint_Sides(canvas, {tab, area}, canvas.Look().Rim);
     if (!front) return Paint_Base(canvas, area);
-    constexpr unsigned long Page_Edge = 0xAAAAAA;
-    canvas.Row(area.right, area.left, area.bottom, Page_Edge);
-    canvas.Row(area.right, area.left, area.bottom - 1, Page_Edge);
+    canvas.Row(area.right, area.left, area.bottom, canvas.Look().Blank);
+    canvas.Row(area.right, area.left, area.bottom - 1, canvas.Look().Blank);
 }
 
 void Paint_Flat(Canvas& canvas, const TabItems& tab, const Area& area) {
     const Trapezoid edge(tab, area);
-    canvas.Polygon({edge.left_foot, edge.left_top, edge.right_top, edge.right_foot}, Shaded(tab.Color).get());
-    Paint_Sides(canvas, edge, Outline_Blue);
+    canvas.Polygon({edge.left_foot, edge.left_top, edge.right_top, edge.right_foot},
+                   Body_Color(canvas.Look(), Shaded(tab.Color)).get());
+    Paint_Sides(canvas, edge, canvas.Look().Caption_Outline);
     Paint_Base(canvas, area);
 }
 
@@ -81,11 +83,11 @@ void Paint_Bevel(Canvas& canvas, const POINT& foot, const POINT& peak, int inwar
 
 /// Takes away the edge of the page below the front tab, so that both are one.
 void Merge_With_Page(Canvas& canvas, const TabItems& tab, int left, int right, int y0) {
-    const unsigned long color = tab.Color.get();
+    const unsigned long color = Body_Color(canvas.Look(), tab.Color).get();
     canvas.Row(left + 1, right + 1, y0 + 1, color);
     canvas.Row(left + 1, right + 2, y0, color);
     canvas.Row(left, right + 3, y0 - 1, color);
-    canvas.Column(left + 1, y0 + 1, y0 - 1, White);
+    canvas.Column(left + 1, y0 + 1, y0 - 1, canvas.Look().Edge_Bright);
 }
 
 /// The body with a triangle at either end, its bevels and its edges, below the upper edge of `top`. A tab too
@@ -94,6 +96,7 @@ void Paint_Shape(Canvas& canvas, const TabItems& tab, const Area& top, unsigned 
     const int slant = Slant_Of(tab);
     const auto [x0, x1, y0, y1] = top;
     if (x1 - x0 + 2 * slant < 4 || y1 - y0 < 4) return;
+    const Theme& theme = canvas.Look();
     const int half = slant / 2;
     const int middle = (y0 + y1) / 2;
     const bool left = Left_Is_Straight(tab);
@@ -107,14 +110,14 @@ void Paint_Shape(Canvas& canvas, const TabItems& tab, const Area& top, unsigned 
     canvas.Box({x0 + 1, x1 - 1, y0 + 1, y1 - 2}, color);
     canvas.Polygon({{x1 - 1, y1 - 2}, right_wing, {x1 - 1, y0 + 2}}, color);
     canvas.Polygon({{x0, y0 + 2}, left_wing, {x0 + 1, y1 - 2}}, color);
-    canvas.Row(x0 + 1, x1 - 1, y1 - 2, White);
-    canvas.Row(x0 + 1, x1 - 1, y1 - 3, Light_Grey);
+    canvas.Row(x0 + 1, x1 - 1, y1 - 2, theme.Edge_Bright);
+    canvas.Row(x0 + 1, x1 - 1, y1 - 3, theme.Edge_Light);
     const POINT left_peak{x0, y1 - 1};
     const POINT right_peak{x1, y1 - 1};
-    Paint_Bevel(canvas, left_foot, left_peak, 1, left, White);
-    canvas.Lines({left_foot, left_peak}, Black);
-    Paint_Bevel(canvas, right_foot, right_peak, -1, right, Dark_Grey);
-    canvas.Lines({right_peak, right_foot}, Black);
+    Paint_Bevel(canvas, left_foot, left_peak, 1, left, theme.Edge_Bright);
+    canvas.Lines({left_foot, left_peak}, theme.Rim);
+    Paint_Bevel(canvas, right_foot, right_peak, -1, right, theme.Edge_Dark);
+    canvas.Lines({right_peak, right_foot}, theme.Rim);
     if (Is_Front(tab)) Merge_With_Page(canvas, tab, x0 - slant, x1 + slant, y0);
 }
 
@@ -125,7 +128,7 @@ void Paint_Fill(Canvas& canvas, const TabItems& tab, bool highlighted, const voi
         const int inset = std::max(border, 0);
         canvas.Pixels(image, tab.Width, tab.Height, inset, inset, top.Inset(inset));
     } else {
-        Paint_Shape(canvas, tab, top, Body_Color(tab, highlighted));
+        Paint_Shape(canvas, tab, top, Body_Color_Of(tab, highlighted));
     }
 }
 
@@ -153,8 +156,7 @@ bool Body_Hides_Name(const TabItems& tab) {
     const Area top = Top_Of(tab);
     const Area between_wings{top.left + 1, top.right - 2, top.bottom + 2, top.top - 2};
     return !tab.Cur_Graph_Normal && !tab.Cur_Graph_Select &&
-           Caption_Stays_Inside(tab.Font, tab.Name, Caption_Flags(tab), Area_Of(tab), tab.Border,
-                                between_wings);
+           Caption_Stays_Inside(tab, Caption_Flags(tab), between_wings);
 }
 
 /// The whole tab, highlighted when the pointer is inside.

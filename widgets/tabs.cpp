@@ -205,10 +205,12 @@ void Tabs::Page(int height) {
     const int left = row.left + Row_Margin();
     const int right = row.right - Row_Margin();
     Canvas canvas(*this, {Area{row.left, row.right, std::min(bottom, top), std::max(bottom, top)}.Inset(-2)});
+    const Theme& theme = canvas.Look();
     canvas.Polygon({{row.left, top - 2}, {row.left, bottom}, {row.right, bottom}, {row.right, top - 2}},
-                   (front ? front->Color : Color).get());
-    Paint_Page_Line(canvas, {row.left + 1, row.right - 1, bottom + 1, top}, left, right, White, Dark_Grey);
-    Paint_Page_Line(canvas, {row.left + 2, row.right - 2, bottom + 2, top - 1}, left, right, Light_Grey,
-                    Dark_Grey);
-    Paint_Page_Line(canvas, {row.left, row.right, bottom, top + 1}, left, right, Black, Black);
+                   Body_Color(theme, front ? front->Color : Color).get());
+    Paint_Page_Line(canvas, {row.left + 1, row.right - 1, bottom + 1, top}, left, right, theme.Edge_Bright,
+                    theme.Edge_Dark);
+    Paint_Page_Line(canvas, {row.left + 2, row.right - 2, bottom + 2, top - 1}, left, right, theme.Edge_Light,
+                    theme.Edge_Dark);
+    Paint_Page_Line(canvas, {row.left, row.right, bottom, top + 1}, left, right, theme.Rim, theme.Rim);
 }

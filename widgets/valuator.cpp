@@ -221,7 +221,9 @@ void Paint_Padlock(Canvas& canvas, const Thumb& thumb) {
     unsigned long pixels[16 * 16];
     // Its white surroundings take the colour of the locked thumb.
     std::transform(padlock.greys, padlock.greys + padlock.size * padlock.size, pixels,
-                   [](unsigned char grey) { return std::min(0x010101UL * grey, Thumb_Light); });
+                   [light = Exchange_Red_And_Blue(canvas.Look().Thumb_Light)](unsigned char grey) {
+                       return std::min(0x010101UL * grey, light);
+                   });
     canvas.Pixels(pixels, padlock.size, padlock.size, 0, 0, place);
 }
 
@@ -240,9 +242,9 @@ void Paint_Cursor(Canvas& canvas, const Valuators& valuator) {
     const Thumb thumb(vertical, valuator.Curs_Half, room, Thumb_Offset(valuator));
     const Area& area = thumb.area;
     if (Has_Flag(valuator, VALUATOR_LOCKED)) {
-        canvas.Box({area.left + 1, area.right, area.bottom, area.top - 1}, Thumb_Light);
+        canvas.Box({area.left + 1, area.right, area.bottom, area.top - 1}, canvas.Look().Thumb_Light);
         Paint_Padlock(canvas, thumb);
-        canvas.Outline(area.Inset(1), Outline_Blue);
+        canvas.Outline(area.Inset(1), canvas.Look().Caption_Outline);
     } else {
         thumb.Paint_Face(canvas);
         thumb.Paint_Shadow(canvas, area.top);
