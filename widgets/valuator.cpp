@@ -349,7 +349,7 @@ void Valuators::Draw() {
         Paint_Name(canvas, *this);
     }
     if (!Has_Flag(*this, FLAG_NO_BODY)) {
-        if (!Has_Flag(*this, FLAG_STATIC)) canvas.Box(Area_Of(*this), Color.get());
+        if (!Has_Flag(*this, FLAG_STATIC)) canvas.Box(Area_Of(*this), Body_Color(canvas.Look(), Color).get());
         Paint_Outer_Frame(canvas, *this, Frame_Width(*this));
         if (Has_Inner_Frame(*this)) Paint_Inner_Frame(canvas, *this);
         if (Format) Paint_Number(canvas, *this);
