@@ -292,7 +292,10 @@ TEST(Surface, Comes_Back_From_Members_As_It_Was) {
         Begin_Draw(window, nullptr);
         Clip_Rect(10, 10, 60, 50);
         SetTextColor(Z_DC, 0x123456), SetBkMode(Z_DC, OPAQUE);
+        const HGDIOBJ font = GetCurrentObject(Z_DC, OBJ_FONT);
+        Text_Width(controls.box.Font, "text"), Text_Tabbed(controls.box.Font, 20, 30, "text");
         controls.Draw();
+        EXPECT_EQ(GetCurrentObject(Z_DC, OBJ_FONT), font);
         EXPECT_EQ(GetTextColor(Z_DC), 0x123456u);
         EXPECT_EQ(GetBkMode(Z_DC), OPAQUE);
         Current_Color = 0xFF;
@@ -407,13 +410,25 @@ TEST(Hold, Ends_With_The_Window) {
         Paint(window, {0, 9, 0, 9});
         End_Draw();
     };
-    hold_and_go(), Paint(other, {0, 9, 0, 9});
-    Begin_Batch(other), End_Batch();
-    const int objects = Gdi_Objects();
-    for (int i = 0; i < 20; ++i)
-        hold_and_go();
-    Begin_Batch(other), End_Batch();
-    EXPECT_EQ(Gdi_Objects(), objects);
+    Controls controls(other);
+    void (*const ways_to_go_on[])(HWND, Controls&) = {
+        [](HWND window, Controls&) {
+            Paint(window, {0, 9, 0, 9});
+        },
+        [](HWND window, Controls&) { Begin_Batch(window), End_Batch(); },
+        [](HWND window, Controls&) { Begin_Hold(window), End_Hold(window); },
+        [](HWND, Controls& other_controls) { other_controls.Draw(); },
+        [](HWND, Controls&) { Tools_Lib_Cleanup(); },
+    };
+    for (const auto& go_on : ways_to_go_on) {
+        SCOPED_TRACE(&go_on - ways_to_go_on);
+        hold_and_go(), Paint(other, {0, 9, 0, 9}), go_on(other, controls);
+        const int objects = Gdi_Objects();
+        for (int i = 0; i < 20; ++i)
+            hold_and_go();
+        go_on(other, controls);
+        EXPECT_EQ(Gdi_Objects(), objects);
+    }
     Expect_Nothing_Taken();
 }
 

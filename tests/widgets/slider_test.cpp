@@ -160,6 +160,10 @@ TYPED_TEST(Grab, Is_Kept_From_Press_To_Release) {
         Point_Along(window, bar, 100);
         bar.Select(EVENT_PRESS), bar.Deselect();
         EXPECT_EQ(bar.Capture, 0);
+        if constexpr (std::is_same_v<TypeParam, Sliders>) {
+            bar.Select(EVENT_PRESS), bar.Init(window);
+            EXPECT_EQ(bar.Capture, 0);
+        }
         bar.Flag = FLAG_PASSIVE;
         EXPECT_EQ(bar.Select(EVENT_PRESS) * 10 + bar.Select(EVENT_TEST), 1);
     }
