@@ -135,6 +135,7 @@ TEST(Surface, Tolerates_Missing_Windows_And_Ends) {
             Clip_Rect(0, 0, 9, 9);
             Draw_Line(9, 9, 1), Draw_Frame(0, 0, 9, 9), Draw_Box(0, 9, 9, 0);
             Text_Tabbed(nullptr, 0, 0, "text"), Text_Width(nullptr, "text"), Text_Height(nullptr);
+            Text_Tabbed(nullptr, 0, 0, nullptr), Text_Width(nullptr, nullptr);
             Clip_Reset();
             End_Draw();
             Begin_Batch(bad);
@@ -339,7 +340,7 @@ TEST(Surface, Is_Never_Mirrored) {
 TEST(Paint_Counts, Tell_What_Members_Cost) {
     Test_Window window(300, 120);
     Boxs box;
-    box.X = 10, box.Y = 10, box.Width = 50, box.Height = 40;
+    box.X = 10, box.Y = 10, box.Width = 50, box.Height = 40, box.Font_Name = "Arial";
     box.Init(window);
     const auto cost_of = [](const auto& use) {
         const Paint_Count before = Tools_Paint_Count();
@@ -358,6 +359,9 @@ TEST(Paint_Counts, Tell_What_Members_Cost) {
         box.Draw(), box.Draw(), box.Draw();
     });
     EXPECT_EQ(three, (std::array{3 * one[0], one[1], one[2]}));
+    const Call_Spy spy;
+    box.Name = "Usual", box.Draw();
+    EXPECT_EQ(spy.Count("DrawTextA"), 0) << "the glyphs of a usual caption are placed by hand";
     box.Veil = VEIL_HIDDEN;
     EXPECT_EQ(cost_of([&] { box.Draw(); }), (std::array<unsigned long long, 3>{}));
 }
