@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "tools/arithmetic.h"
 #include "tools/fields.h"
 
 namespace galdren {
@@ -24,6 +25,13 @@ inline int Scaled(const Tools_Fields& control, int pixels) { return Scaled(contr
 
 /// The thickness of what is a line of one pixel when nothing is scaled: two from 150 % on, and never none.
 inline int Line_Width(const Tools_Fields& control) { return std::max(Scaled(control, 1), 1); }
+
+/// Height of the font of a control. What stands for none grows with the scale, as a size that is given does.
+inline short Font_Points(const Tools_Fields& control) {
+    constexpr int Default_Points = 12;
+    const bool is_default = control.Font_Size < 1 && control.Scale != 0 && control.Scale != Unscaled;
+    return is_default ? Within_16(Scaled(control, Default_Points)) : control.Font_Size;
+}
 
 /// The theme of a control that has none.
 extern const Theme Plain_Theme;
