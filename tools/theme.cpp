@@ -148,9 +148,6 @@ Theme System_Theme() {
     const unsigned long text = GetSysColor(COLOR_BTNTEXT);
     const unsigned long face = GetSysColor(COLOR_BTNFACE);
     system.Caption = system.Caption_Down = text;
-    system.Caption_Outline = GetSysColor(COLOR_HOTLIGHT);
-    system.Caption_Barred = GetSysColor(COLOR_GRAYTEXT);
-    system.Caption_Changed = GetSysColor(COLOR_HOTLIGHT);
     for (unsigned long& code : system.Codes)
         code = text;
     system.Body = system.Blank = system.Window = face;
@@ -165,6 +162,9 @@ Theme System_Theme() {
     system.Thumb_Light = GetSysColor(COLOR_3DHILIGHT);
     system.Mark = GetSysColor(COLOR_HIGHLIGHT);
     system.Least_Contrast = Readable;
+    const unsigned long link = Ink_On_Window(system, GetSysColor(COLOR_HOTLIGHT));
+    system.Caption_Outline = system.Caption_Changed = link;
+    system.Caption_Barred = Ink_On_Window(system, GetSysColor(COLOR_GRAYTEXT));
     return system;
 }
 

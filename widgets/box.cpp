@@ -19,10 +19,10 @@ void Paint_Look(Canvas& canvas, const Boxs& box, bool highlighted) {
     const Area area = Area_Of(box);
     if (Has_Flag(box, FLAG_INNER_FRAME)) {
         const Area inner = Inner_Frame_Of(box, area);
-        Paint_Body(canvas, box, highlighted, BORDER + 1,
+        Paint_Body(canvas, box, highlighted, Scaled(box, BORDER) + canvas.Line(),
                    {inner.left, inner.right + 1, inner.bottom + 1, inner.top + 1});
     } else {
-        Paint_Body(canvas, box, highlighted, Frame_Width(box) + 1, area);
+        Paint_Body(canvas, box, highlighted, Frame_Width(box) + canvas.Line(), area);
     }
     Paint_Name(canvas, box);
 }

@@ -13,7 +13,7 @@ using namespace galdren;
 
 namespace {
 
-constexpr int Lamp_Width = 8;
+int Lamp_Width(const Buttons& button) { return Scaled(button, 8); }
 
 unsigned long Lamp_Color(const Buttons& button) {
     const Theme& theme = Theme_Of(button);
@@ -26,16 +26,16 @@ unsigned long Lamp_Color(const Buttons& button) {
 /// The lamp stands `SPACE` pixels from the left edge, centred, as high as the body but at most as that of a
 /// button of the common size.
 Area Lamp_Area(const Buttons& button) {
-    const int height = std::min(button.Height, BUT_DIM);
-    const int margin = 2 * Frame_Thickness(button) + 4;
-    const int left = button.X + SPACE;
-    return {left, left + Lamp_Width, button.Y + ((button.Height - height + margin) >> 1),
+    const int height = std::min<int>(button.Height, Scaled(button, BUT_DIM));
+    const int margin = 2 * Frame_Thickness(button) + Scaled(button, 4);
+    const int left = button.X + Scaled(button, SPACE);
+    return {left, left + Lamp_Width(button), button.Y + ((button.Height - height + margin) >> 1),
             button.Y + ((height - margin + button.Height) >> 1)};
 }
 
 void Paint_Lamp(Canvas& canvas, const Buttons& button) {
     if (!Has_Flag(button, BUTTON_LAMP)) return;
-    const int frame = std::max(Frame_Thickness(button) - 1, 1);
+    const int frame = std::max(Frame_Thickness(button) - canvas.Line(), 1);
     const Area lamp = Lamp_Area(button);
     canvas.Box(lamp.Inset(frame), Lamp_Color(button));
     Paint_Frame(canvas, button.Color, 0, true, frame, lamp);
@@ -47,7 +47,7 @@ unsigned long Caption_Flags(const Buttons& button) {
 
 void Paint_Name(Canvas& canvas, const Buttons& button, unsigned long flags) {
     Area area = Area_Of(button);
-    if (Has_Flag(button, BUTTON_LAMP)) area.left += Lamp_Width;
+    if (Has_Flag(button, BUTTON_LAMP)) area.left += Lamp_Width(button);
     Paint_Caption(canvas, button.Font, button.Name, flags, area, button.Border);
 }
 

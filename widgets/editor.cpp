@@ -40,14 +40,16 @@ void Bind_Editor(Tools& editor, HWND window) {
 }
 
 Area Room_In_Frame(const Tools& editor, int border) {
-    Area room = Area_Of(editor).Inset(border + Part_Gap);
-    room.right -= Part_Gap + 2 * BUT_DIM;
+    Area room = Area_Of(editor).Inset(border + Part_Gap(editor));
+    room.right -= Part_Gap(editor) + Swatch_Width(editor);
     return room;
 }
 
-Area Swatch_Area(const Area& room) {
-    const int left = room.right + Part_Gap;
-    return {left, left + 2 * BUT_DIM, room.bottom, room.top};
+int Swatch_Width(const Tools& editor) { return Scaled(editor, 2 * BUT_DIM); }
+
+Area Swatch_Area(const Tools& editor, const Area& room) {
+    const int left = room.right + Part_Gap(editor);
+    return {left, left + Swatch_Width(editor), room.bottom, room.top};
 }
 
 void Dress_Part(Tools& part, const Tools& editor, const Area& place, int border) {
