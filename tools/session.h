@@ -23,7 +23,7 @@ struct Pair {
     SIZE client;   ///< size of the client area that `dc` is mapped for
     Sheet* sheet;  ///< what `dc` belongs to; null for a context of the window
     bool own;      ///< `dc` was taken, or lent, for this pair
-    int saved;     ///< state of `dc` that comes back with the end; 0 for one that the system resets
+    int lent;      ///< see `Picture::Lend`
     int depth;     ///< pairs that go on with it
 };
 

@@ -31,13 +31,13 @@ RECT Bounds_Of(HDC dc) {
 
 /// A context of a sheet that stands for the whole client area.
 Pair Lend_Sheet(Sheet& sheet, HWND window) {
-    const int saved = sheet.Lend();
+    const int lent = sheet.Lend();
     const HDC dc = sheet.For_GDI();
     IntersectClipRect(dc, 0, 0, sheet.place.right, sheet.place.bottom);
     Map_Logical(dc, Size_Of(sheet.place));
     SetBoundsRect(dc, nullptr, DCB_RESET | DCB_ENABLE);
     ++sheet.users;
-    return {window, dc, Size_Of(sheet.place), &sheet, true, saved, 1};
+    return {window, dc, Size_Of(sheet.place), &sheet, true, lent, 1};
 }
 
 Pair Make_Pair(HWND window) {
@@ -50,22 +50,20 @@ Pair Make_Pair(HWND window) {
         if (Sheet* const held = Held_Sheet(window, client, {})) return Lend_Sheet(*held, window);
     }
     const HDC dc = window ? GetDC(window) : nullptr;
-    const int saved = dc && Has_Own_Context(window) ? SaveDC(dc) : 0;
     if (dc) Map_Logical(dc, client);
-    return {window, dc, client, nullptr, dc != nullptr, saved, 1};
+    return {window, dc, client, nullptr, dc != nullptr, 0, 1};
 }
 
 void End_Pair(const Pair& pair) {
     if (!pair.own) return;
     if (!pair.sheet) {
-        if (pair.saved) RestoreDC(pair.dc, pair.saved);
         ReleaseDC(pair.window, pair.dc);
         if (Has_Rings(pair.window))
             Paint_Rings(pair.window, Window_Context(pair.window).Get(), Box_Of(pair.client));
         return;
     }
     pair.sheet->Note(Bounds_Of(pair.dc));
-    pair.sheet->Take_Back(pair.saved);
+    pair.sheet->Take_Back(pair.lent);
     Show_When_Done(*pair.sheet);
     Release_Sheet(pair.sheet);
 }

@@ -22,10 +22,6 @@ HDC Take_Cached(HWND window) {
 
 }  // namespace
 
-bool Has_Own_Context(HWND window) {
-    return (GetClassLongPtrA(window, GCL_STYLE) & (CS_OWNDC | CS_CLASSDC)) != 0;
-}
-
 SIZE Client_Size(HWND window) {
     RECT client{};
     if (window) GetClientRect(window, &client);
@@ -45,11 +41,10 @@ void Map_Logical(HDC dc, SIZE client) {
 Window_Context::Window_Context(HWND owner) : window(owner) {
     if (!owner) return;
     const bool is_mirrored = Is_Mirrored(owner);
-    const bool has_own = Has_Own_Context(owner);
-    const bool has_parents = (GetClassLongPtrA(owner, GCL_STYLE) & CS_PARENTDC) != 0;
-    dc = has_own || has_parents || is_mirrored ? GetDC(owner) : Take_Cached(owner);
+    const auto contexts = GetClassLongPtrA(owner, GCL_STYLE) & (CS_OWNDC | CS_CLASSDC | CS_PARENTDC);
+    dc = contexts || is_mirrored ? GetDC(owner) : Take_Cached(owner);
     if (!dc) return;
-    if (has_own) {
+    if (contexts & (CS_OWNDC | CS_CLASSDC)) {
         saved = SaveDC(dc);
         SetMapMode(dc, MM_TEXT);
         SetWindowOrgEx(dc, 0, 0, nullptr);

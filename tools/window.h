@@ -12,9 +12,6 @@ namespace galdren {
 
 SIZE Client_Size(HWND window);
 
-/// Whether the context of a window belongs to it or to its class, and so keeps what is set in it.
-bool Has_Own_Context(HWND window);
-
 /// Logical (0, 0) becomes the bottom-left pixel, y grows upward, one unit is one pixel. An isotropic mapping
 /// would be off by a pixel at many sizes, for the display's millimetres are rounded.
 void Map_Logical(HDC dc, SIZE client);

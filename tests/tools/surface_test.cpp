@@ -306,21 +306,6 @@ TEST(Surface, Comes_Back_From_Members_As_It_Was) {
     EXPECT_EQ(painted, (Area{10, 69, 11, 60}));
 }
 
-/// What the application has set in the context of its window, which has no other, is there after a pair.
-TEST(Surface, Leaves_A_Context_Of_The_Window_As_It_Was) {
-    Test_Window window(60, 40, CS_OWNDC);
-    const HDC context = GetDC(window);
-    SetMapMode(context, MM_LOENGLISH);
-    Begin_Draw(window, nullptr);
-    Clip_Rect(0, 0, 5, 5);
-    End_Draw();
-    RECT clip{};
-    EXPECT_EQ(GetMapMode(context), MM_LOENGLISH);
-    SetMapMode(context, MM_TEXT);
-    GetClipBox(context, &clip);
-    EXPECT_TRUE(clip.right == 60 && clip.bottom == 40);
-}
-
 /// In a window that runs from right to left, controls stand and react as in any other.
 TEST(Surface, Is_Never_Mirrored) {
     Test_Window plain(300, 120), mirrored(300, 120);
