@@ -33,6 +33,26 @@ inline short Font_Points(const Tools_Fields& control) {
     return is_default ? Within_16(Scaled(control, Default_Points)) : control.Font_Size;
 }
 
+/// What becomes of pictures, which are not painted at scales between: every pixel is painted `times` by
+/// `times`, or one of `part` by `part`. One of the two is 1.
+struct Zoom {
+    int times = 1;
+    int part = 1;
+
+    int Of(int length) const { return length * times / part; }
+    /// Which of the picture's pixels comes to stand at a place.
+    int From(int place) const { return place * part / times; }
+    /// Where the next pixel but those left out follows.
+    int End_Of(int pixel) const { return (pixel / part + 1) * times; }
+};
+
+/// The largest zoom of a picture made at one scale that keeps within its size at another.
+constexpr Zoom Zoom_Between(unsigned short made, unsigned short shown) {
+    const int from = made ? made : Unscaled;
+    const int to = shown ? shown : Unscaled;
+    return to >= from ? Zoom{to / from, 1} : Zoom{1, (from + to - 1) / to};
+}
+
 /// The theme of a control that has none.
 extern const Theme Plain_Theme;
 
