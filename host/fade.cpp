@@ -51,10 +51,21 @@ std::array<unsigned long, 9> Grounds(const Theme& theme) {
     return grounds;
 }
 
+/// Frames that are sunken are darker than their body, and captions may reach over them.
+unsigned long Sunken_Frame(const Theme& theme) {
+    constexpr short Darker = -40;
+    Colors frame(static_cast<unsigned int>(theme.Window));
+    frame += Darker;
+    return frame.get() & White;
+}
+
 /// Whether ink on a body in the colour of the window has contrast when both are blended with what was there.
 bool Is_Readable(const Theme& theme, unsigned long ink, unsigned long before, int share) {
-    return Contrast_Of(Blended(before, ink, share), Blended(before, theme.Window, share)) >=
-           theme.Least_Contrast;
+    const unsigned long blended = Blended(before, ink, share);
+    const auto has_contrast = [&](unsigned long body) {
+        return Contrast_Of(blended, Blended(before, body, share)) >= theme.Least_Contrast;
+    };
+    return has_contrast(theme.Window) && has_contrast(Sunken_Frame(theme));
 }
 
 Theme Faded(Theme theme, unsigned long ink) {
@@ -63,6 +74,7 @@ Theme Faded(Theme theme, unsigned long ink) {
     std::fill(std::begin(theme.Codes), std::end(theme.Codes), ink);
     theme.Body = theme.Highlight = theme.Highlight_Down = theme.Highlight_Back = theme.Window;
     theme.Darker_Down = theme.Ramp = 0;
+    theme.Relief = 0;
     theme.Least_Contrast = static_cast<short>(Contrast_Of(ink, theme.Window));
     return theme;
 }

@@ -1,55 +1,16 @@
 // Scale and theme of a host: what fields hold and what is painted, and that all comes back.
 #include <array>
 #include <cmath>
-#include <functional>
-#include <memory>
 #include <random>
 #include <string>
 #include <vector>
 
-#include "Galdren_Host.h"
 #include "tests/support/controls.h"
+#include "tests/support/hosted.h"
 #include "tests/support/spy.h"
-#include "tests/support/window.h"
 
 namespace galdren_test {
 namespace {
-
-/// A window that hands its messages to a host.
-class Hosted_Window {
-  public:
-    Hosted_Window(int width, int height) : window(width, height) {
-        SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(host.get()));
-        SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Procedure));
-    }
-    ~Hosted_Window() { SetWindowLongPtrA(window, GWLP_USERDATA, 0); }
-    Hosted_Window(const Hosted_Window&) = delete;
-    Hosted_Window& operator=(const Hosted_Window&) = delete;
-
-    Picture Painted() const {
-        RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
-        return Picture(window);
-    }
-    void Send(UINT message, WPARAM wparam, int x, int y) const {
-        SendMessageA(window, message, wparam, MAKELPARAM(x, y));
-    }
-    RECT Client() const {
-        RECT client{};
-        GetClientRect(window, &client);
-        return client;
-    }
-
-    Test_Window window;
-    std::unique_ptr<Host> host = std::make_unique<Host>(window);
-
-  private:
-    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
-        auto* const host = reinterpret_cast<Host*>(GetWindowLongPtrA(window, GWLP_USERDATA));
-        LRESULT result = 0;
-        if (host && host->Message(message, wparam, lparam, result)) return result;
-        return DefWindowProcA(window, message, wparam, lparam);
-    }
-};
 
 /// A control of each kind, for a client area of 600 x 400.
 struct Every_Class {
@@ -130,7 +91,7 @@ TEST(Scale, Comes_Back_After_A_Hundred_Others) {
         controls.console.Write("line %d", i);
     controls.list.Bring_Into_View(7);
     controls.list.Init(shown.window);
-    const Picture before = shown.Painted();
+    const Picture before = shown.All_Painted();
     const float scrolled = controls.list.Scroll_Bar.Val - controls.list.Scroll_Bar.End_Val;
     const std::vector<double> fields = controls.Fields();
     std::mt19937 random(5);
@@ -141,12 +102,12 @@ TEST(Scale, Comes_Back_After_A_Hundred_Others) {
         EXPECT_EQ(controls.list.Item_Height, std::lround(19 * scale / 100.0));
     }
     shown.host->Set_Scale(100);
-    EXPECT_TRUE(Same(shown.Painted(), before));
+    EXPECT_TRUE(Same(shown.All_Painted(), before));
     const std::vector<double> after = controls.Fields();
     for (std::size_t i = 0; i < fields.size(); ++i)
         EXPECT_EQ(after[i], fields[i]) << "field " << i;
     shown.host->Set_Scale(200);
-    EXPECT_FALSE(Same(shown.Painted(), before));
+    EXPECT_FALSE(Same(shown.All_Painted(), before));
     EXPECT_FLOAT_EQ(controls.list.Scroll_Bar.Val - controls.list.Scroll_Bar.End_Val, 2 * scrolled)
         << "as far scrolled as before";
 }
@@ -163,7 +124,7 @@ TEST(Scale, Is_The_Same_From_The_Start_And_Later) {
     late.host->Init_All();
     late.host->Set_Scale(150);
     EXPECT_EQ(first.Fields(), second.Fields());
-    EXPECT_TRUE(Same(early.Painted(), late.Painted()));
+    EXPECT_TRUE(Same(early.All_Painted(), late.All_Painted()));
 }
 
 TEST(Scale, What_Is_Written_Into_Fields_Is_Of_The_Design_First_And_Then_In_Pixels) {
@@ -211,6 +172,7 @@ TEST(Scale, Bad_Ones_Are_Reported_And_Change_Nothing) {
 
 TEST(Scale, Follows_The_Display_In_The_Middle_Of_A_Drag) {
     Hosted_Window shown(300, 100);
+    shown.Connect();
     Host& host = *shown.host;
     Sliders bar;
     Place(bar, nullptr, 10, 40, 200, 20, SLIDER_KEEP_GRAB);
@@ -219,8 +181,8 @@ TEST(Scale, Follows_The_Display_In_The_Middle_Of_A_Drag) {
     host.Init_All();
     host.Follow_Dpi();
     ASSERT_EQ(host.Scale(), 100);
-    shown.Send(WM_MOUSEMOVE, 0, 110, 50);
-    shown.Send(WM_LBUTTONDOWN, MK_LBUTTON, 110, 50);
+    shown.Send(WM_MOUSEMOVE, 0, {110, 50});
+    shown.Send(WM_LBUTTONDOWN, MK_LBUTTON, {110, 50});
     EXPECT_NEAR(bar.Val, 50, 2);
     RECT wanted{140, 120, 740, 330};
     SendMessageA(shown.window, WM_DPICHANGED, MAKEWPARAM(192, 192), reinterpret_cast<LPARAM>(&wanted));
@@ -230,10 +192,10 @@ TEST(Scale, Follows_The_Display_In_The_Middle_Of_A_Drag) {
     EXPECT_EQ(host.Scale(), 200);
     EXPECT_EQ(bar.Width, 400);
     EXPECT_EQ(GetCapture(), HWND(shown.window));
-    // Above the bar: only who keeps it still drags it.
-    shown.Send(WM_MOUSEMOVE, MK_LBUTTON, 20 + 300, 5);
-    EXPECT_NEAR(bar.Val, 85, 2);
-    shown.Send(WM_LBUTTONUP, 0, 320, 5);
+    // Below the bar: only who keeps it still drags it.
+    shown.Send(WM_MOUSEMOVE, MK_LBUTTON, {20 + 300, 5});
+    EXPECT_EQ(bar.Val, bar.Tab[300 - (40 + bar.Curs_Half + bar.Border - 1)]);
+    shown.Send(WM_LBUTTONUP, 0, {320, 5});
     EXPECT_EQ(GetCapture(), nullptr);
     SendMessageA(shown.window, WM_DPICHANGED, MAKEWPARAM(96, 96), reinterpret_cast<LPARAM>(&wanted));
     EXPECT_EQ(bar.Width, 200);
@@ -241,6 +203,7 @@ TEST(Scale, Follows_The_Display_In_The_Middle_Of_A_Drag) {
 
 TEST(Scale, Layouts_And_The_Window_Follow) {
     Hosted_Window shown(320, 200);
+    shown.Connect();
     Buttons one, two;
     Texts entry;
     Place(one, "One", 0, 0, 1, 1);
@@ -252,8 +215,10 @@ TEST(Scale, Layouts_And_The_Window_Follow) {
                                                            Layout::Row(8, {Layout::Fixed(one, 80), two})})));
     const RECT before = two.Rect;
     shown.host->Scale_Window(200);
-    shown.Painted();
-    EXPECT_EQ(shown.Client().right, 640);
+    shown.All_Painted();
+    RECT client{};
+    GetClientRect(shown.window, &client);
+    EXPECT_EQ(client.right, 640);
     EXPECT_TRUE(one.X == 20 && one.Y == 20 && one.Width == 159) << one.X << ' ' << one.Width;
     EXPECT_EQ(two.X, 20 + 160 + 16);
     EXPECT_NEAR(two.Rect.right - two.Rect.left, 2 * (before.right - before.left), 8);
@@ -261,7 +226,7 @@ TEST(Scale, Layouts_And_The_Window_Follow) {
     SendMessageA(shown.window, WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&limits));
     EXPECT_NEAR(limits.ptMinTrackSize.x, 2 * least.cx, 10);
     shown.host->Scale_Window(100);
-    shown.Painted();
+    shown.All_Painted();
     EXPECT_TRUE(EqualRect(&two.Rect, &before));
 }
 
@@ -295,7 +260,7 @@ void Expect_Readable(const char* what, unsigned long flag, const Theme& theme) {
         for (Control& control : controls)
             control.Name = name;
         host.Init_All();
-        return shown.Painted();
+        return shown.All_Painted();
     };
     for (const auto& [red, green, blue] : Some_Colors) {
         for (const char* const state :
@@ -308,7 +273,7 @@ void Expect_Readable(const char* what, unsigned long flag, const Theme& theme) {
                 if constexpr (requires { control.Value; }) control.Value = in.starts_with("pressed");
                 host.Set_Enabled(control, in != "disabled");
             }
-            shown.Send(WM_MOUSEMOVE, 0, in.ends_with("highlighted") ? 50 : 1, 65);
+            shown.Send(WM_MOUSEMOVE, 0, {in.ends_with("highlighted") ? 50 : 1, 25});
             const Picture without = caption(nullptr);
             const Picture with = caption("Hgmx");
             int least = 2100;
@@ -330,6 +295,8 @@ TEST(Theme, Captions_Are_Readable_In_Every_State) {
         Expect_Readable<Buttons>("button", 0, theme);
         Expect_Readable<Boxs>("box", 0, theme);
         Expect_Readable<Labels>("label", 0, theme);
+        Expect_Readable<Valuators>("valuator", 0, theme);
+        Expect_Readable<TabItems>("tab", 0, theme);
     }
 }
 
@@ -342,10 +309,10 @@ TEST(Theme, Is_Worn_By_All_And_Taken_Off_Without_A_Trace) {
     host.Init_All();
     host.Set_Enabled(controls.button, false);
     controls.console.Read("typed"), controls.console.Input('\r'), controls.console.Update();
-    const Picture plain = shown.Painted();
+    const Picture plain = shown.All_Painted();
     const Theme dark = Dark_Theme();
     host.Set_Theme(&dark);
-    const Picture worn = shown.Painted();
+    const Picture worn = shown.All_Painted();
     EXPECT_STREQ(controls.console.Line, "typed") << "what stands in a field stays";
     EXPECT_EQ(worn.At(599, 399), 0x2A2A2Au);
     Buttons late;
@@ -363,7 +330,7 @@ TEST(Theme, Is_Worn_By_All_And_Taken_Off_Without_A_Trace) {
     late.Draw();
     EXPECT_EQ(late.Look->Window, dark.Window) << "one that was removed keeps what it wears";
     host.Set_Theme(nullptr);
-    EXPECT_TRUE(Same(shown.Painted(), plain));
+    EXPECT_TRUE(Same(shown.All_Painted(), plain));
 }
 
 TEST(Theme, May_Be_Changed_By_A_Handler) {
@@ -377,16 +344,15 @@ TEST(Theme, May_Be_Changed_By_A_Handler) {
         host.Set_Scale(pressed.Look ? 125 : 100);
     });
     host.Init_All();
-    const Picture plain = shown.Painted();
+    const Picture plain = shown.All_Painted();
     for (const int times : {1, 2}) {
-        shown.Send(WM_MOUSEMOVE, 0, 30, 30);
-        shown.Send(WM_LBUTTONDOWN, MK_LBUTTON, 30, 30);
-        shown.Send(WM_LBUTTONUP, 0, 30, 30);
+        shown.Send(WM_MOUSEMOVE, 0, {30, 30});
+        shown.Click({30, 30});
         EXPECT_EQ(button.Look != nullptr, times == 1);
     }
     button.Value = 0;
-    shown.Send(WM_MOUSEMOVE, 0, 99, 59);
-    EXPECT_TRUE(Same(shown.Painted(), plain));
+    shown.Send(WM_MOUSEMOVE, 0, {99, 59});
+    EXPECT_TRUE(Same(shown.All_Painted(), plain));
 }
 
 TEST(Theme, Of_The_System_Is_Renewed) {
@@ -396,14 +362,14 @@ TEST(Theme, Of_The_System_Is_Renewed) {
     const COLORREF before = GetSysColor(face);
     const COLORREF other = RGB(12, 34, 56);
     SetSysColors(1, &face, &other);
-    SendMessageA(shown.window, WM_SYSCOLORCHANGE, 0, 0);
-    const Picture changed = shown.Painted();
+    shown.Send(WM_SYSCOLORCHANGE);
+    const Picture changed = shown.All_Painted();
     SetSysColors(1, &face, &before);
     EXPECT_EQ(changed.At(5, 5), 0x0C2238u);
     const Theme dark = Dark_Theme();
     shown.host->Set_Theme(&dark);
-    SendMessageA(shown.window, WM_SYSCOLORCHANGE, 0, 0);
-    EXPECT_EQ(shown.Painted().At(5, 5), 0x2A2A2Au) << "until another theme is set";
+    shown.Send(WM_SYSCOLORCHANGE);
+    EXPECT_EQ(shown.All_Painted().At(5, 5), 0x2A2A2Au) << "until another theme is set";
 }
 
 }  // namespace
