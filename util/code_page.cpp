@@ -11,6 +11,7 @@
 
 #include "util/error.h"
 #include "util/program.h"
+#include "util/program_name.h"
 
 namespace {
 
@@ -112,11 +113,12 @@ int Code_Page::Decode_UTF8(const char* text, int length, unsigned& code) {
 }
 
 std::atomic<const Code_Page*> Page_In_Use{nullptr};
-std::mutex Pages_Lock;
 
 /// A page that has been read, or is read now; null without memory.
 const Code_Page* Read_Page(unsigned number) {
+    static std::mutex mutex;
     static const Code_Page* first = nullptr;
+    const std::lock_guard<std::mutex> lock(mutex);
     for (const Code_Page* page = first; page; page = page->next) {
         if (page->number == number) return page;
     }
@@ -139,7 +141,6 @@ const Code_Page& Page() {
 }  // namespace
 
 void Set_Text_Code_Page(unsigned number) {
-    const std::lock_guard<std::mutex> lock(Pages_Lock);
     if (number == 0 || number == GetACP()) {
         Page_In_Use = nullptr;
     } else if (!Code_Page::Is_Usable(number)) {
@@ -149,6 +150,7 @@ void Set_Text_Code_Page(unsigned number) {
     } else {
         Error_Fct(hwnd, ERROR_LEVEL_MEMORY, "Set_Text_Code_Page(%u): no memory", number);
     }
+    galdren::Name_Program();
 }
 
 unsigned Text_Code_Page() { return Page().number; }

@@ -9,6 +9,9 @@
 
 namespace galdren {
 
+/// Bytes of a character, at most.
+constexpr int Longest_Character = 4;
+
 /// A text as UTF-16; see `Text_To_Wide`.
 inline std::wstring To_Wide(std::string_view text) {
     const auto length = static_cast<int>(text.size());
@@ -19,12 +22,18 @@ inline std::wstring To_Wide(std::string_view text) {
 
 /// UTF-16 as a text; see `Text_From_Wide`.
 inline std::string From_Wide(std::wstring_view wide) {
-    constexpr std::size_t Most_Bytes = 4;
     const auto length = static_cast<int>(wide.size());
-    std::string text(Most_Bytes * wide.size(), '\0');
+    std::string text(Longest_Character * wide.size(), '\0');
     const auto room = static_cast<int>(text.size());
     text.resize(static_cast<std::size_t>(Text_From_Wide(wide.data(), length, text.data(), room)));
     return text;
+}
+
+/// UTF-16 as a text, where that is the same when it comes back.
+/// @return false when it has what the code page lacks
+inline bool Narrow(std::wstring_view wide, std::string& text) {
+    text = From_Wide(wide);
+    return To_Wide(text) == wide;
 }
 
 }  // namespace galdren
