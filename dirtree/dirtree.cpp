@@ -18,6 +18,7 @@
 #include "tools/surface.h"
 #include "util/directory.h"
 #include "util/program.h"
+#include "util/wide.h"
 #include "widgets/items.h"
 #include "widgets/scroll.h"
 
@@ -332,7 +333,7 @@ bool Move_Rows(Canvas& canvas, Row_Painter& painter, const Lengths& at, const Ar
 /// The title: the name of the control and that of the chosen directory. Before the first choice it is left to
 /// the application; when the choice is lost the name of the directory goes, for `Read` answers none either.
 void Renew_Title(DirTrees& tree) {
-    constexpr std::size_t Longest = 1024;
+    constexpr std::size_t Longest = 1024 + Longest_Character;  // `Set_Name` cuts
     if (!tree.Current && !tree.Frame.Owned_Name) return;
     char title[Longest];
     std::snprintf(title, sizeof title, "%s%s%s", tree.Name ? tree.Name : "",

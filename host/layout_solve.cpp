@@ -63,7 +63,7 @@ SIZE Extent(HWND window, const Tools& control) {
     const int height = Text_Height(font.Get());
     SIZE extent{Text_Width(font.Get(), control.Name), height};
     if (control.Flag & FLAG_VERTICAL) {
-        const auto lines = static_cast<int>(std::min<std::size_t>(std::strlen(control.Name), Longest));
+        const auto lines = std::min<int>(Text_Characters(control.Name), Longest);
         extent = {Text_Width(font.Get(), "xxx"), std::min(lines * height, Longest)};
     }
     End_Draw();

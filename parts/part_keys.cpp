@@ -1,13 +1,14 @@
 #include "parts/part_keys.h"
 
 #include <algorithm>
-#include <array>
+#include <string>
 #include <string_view>
 #include <utility>
 
 #include "parts/key_code.h"
 #include "tools/keyboard.h"
 #include "tools/ring.h"
+#include "util/wide.h"
 
 namespace {
 
@@ -35,26 +36,11 @@ int Turn_Of(int code) {
     }
 }
 
-/// Every byte as a small letter, in the code page of the system.
-std::array<char, 256> Make_Small_Letters() {
-    std::array<char, 256> letters{};
-    for (std::size_t i = 0; i < letters.size(); ++i) {
-        const auto letter = reinterpret_cast<LPSTR>(static_cast<ULONG_PTR>(i));
-        letters[i] = static_cast<char>(reinterpret_cast<ULONG_PTR>(CharLowerA(letter)));
-    }
-    return letters;
-}
-
-char Small(char letter) {
-    static const std::array<char, 256> letters = Make_Small_Letters();
-    return letters[static_cast<unsigned char>(letter)];
-}
-
-/// @param beginning  in small letters
-bool Begins(std::string_view name, std::string_view beginning) {
-    return name.size() >= beginning.size() &&
-           std::equal(beginning.begin(), beginning.end(), name.begin(),
-                      [](char wanted, char letter) { return wanted == letter || wanted == Small(letter); });
+/// A text in small letters.
+std::wstring Small(std::string_view text) {
+    std::wstring wide = galdren::To_Wide(text);
+    CharLowerBuffW(wide.data(), static_cast<DWORD>(wide.size()));
+    return wide;
 }
 
 bool Same(const RECT& a, const RECT& b) {
@@ -340,10 +326,13 @@ bool Part_Keys::Type(Part_Place place, char character) {
 
 /// Goes to the next part whose name begins with what has been typed.
 bool Part_Keys::Search(Part_Place place, char character) {
-    typed += Small(character);
+    constexpr wchar_t Broken = 0xFFFD;
+    typed += character;
     typed_at = GetTickCount();
-    const bool goes_on = typed.find_first_not_of(typed.front()) == std::string::npos;
-    const std::string beginning = goes_on ? typed.substr(0, 1) : typed;
+    const std::wstring all = Small(typed);
+    if (all.back() == Broken) return true;  // its other bytes follow
+    const bool goes_on = all.find_first_not_of(all.front()) == std::wstring::npos;
+    const std::wstring beginning = goes_on ? all.substr(0, 1) : all;
     const Part_Owner owner = window.Owner(place.control);
     const int count = Count(owner);
     const int start = place.part + (goes_on ? 1 : 0);
@@ -351,7 +340,7 @@ bool Part_Keys::Search(Part_Place place, char character) {
         const int next = (start + i) % count;
         const Part described = Describe(owner, next);
         if (described.use == Part_Use::None || described.state & PART_PASSIVE) continue;
-        if (Begins(described.name, beginning)) return Choose({place.control, next});
+        if (Small(described.name).starts_with(beginning)) return Choose({place.control, next});
     }
     return false;
 }

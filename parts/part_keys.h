@@ -125,7 +125,7 @@ class Part_Keys {
     std::optional<RECT> ring;               // that is shown
     HWND ring_window = nullptr;             // where
     std::optional<unsigned> caret;          // serial number of the control that shows it
-    std::string typed;                      // of the name of an item, small letters
+    std::string typed;                      // of the name of an item
     DWORD typed_at = 0;                     // when, in milliseconds
     const Tools* default_button = nullptr;  // compared, never touched
     const Tools* cancel_button = nullptr;   // the same

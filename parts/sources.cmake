@@ -17,6 +17,5 @@ set(parts_sources
     single_parts.cpp
     tree_parts.cpp
     value_parts.cpp
-    wide_text.cpp
 )
 list(TRANSFORM parts_sources PREPEND ${CMAKE_CURRENT_LIST_DIR}/)

@@ -24,6 +24,7 @@
 #include "tools/surface.h"
 #include "util/error.h"
 #include "util/program.h"
+#include "util/wide.h"
 #include "widgets/box.h"
 #include "widgets/button.h"
 #include "widgets/items.h"
@@ -163,8 +164,8 @@ void Note_Pointer(HWND dialog, LPARAM position) {
 /// Appends a text in which "%%" means "%", up to the length of a line. It is data: any other "%" stands for
 /// itself.
 void Write_Text(Texts& field, const char* text) {
-    char shown[Texts::Line_Room];
-    char* const end = shown + Texts::Line_Room - 1;
+    char shown[Texts::Line_Room + Longest_Character];  // `Write` sees whole characters, and cuts
+    char* const end = std::end(shown) - 1;
     char* out = shown;
     for (; *text && out < end; ++text) {
         if (text[0] == '%' && text[1] == '%') ++text;
@@ -265,7 +266,7 @@ int Popup::Run(const char* title, const char* caption, char* text, short width, 
     message = text;
     answered = false;
     owner.emplace();
-    const INT_PTR result = DialogBoxIndirectParamA(owner->Instance(), dialog.Get(), owner->Window(),
+    const INT_PTR result = DialogBoxIndirectParamW(owner->Instance(), dialog.Get(), owner->Window(),
                                                    Procedure, reinterpret_cast<LPARAM>(this));
     access.reset();
     keys.reset();

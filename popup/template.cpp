@@ -6,6 +6,7 @@
 
 #include "tools/arithmetic.h"
 #include "tools/look.h"
+#include "util/code_page.h"
 
 namespace galdren {
 
@@ -33,11 +34,7 @@ void Write_Title(wchar_t* title, const char* text) {
     // One byte more than it takes for the longest title: no character that is kept is one cut in two.
     constexpr int Most_Bytes_Each = 3;
     constexpr int Most_Bytes = Most_Bytes_Each * Longest + 1;
-    wchar_t wide[Most_Bytes];
-    const auto bytes = static_cast<int>(strnlen(text, Most_Bytes));
-    const int length = std::min(MultiByteToWideChar(CP_ACP, 0, text, bytes, wide, Most_Bytes), Longest);
-    std::copy_n(wide, length, title);
-    if (length > 0 && IS_HIGH_SURROGATE(title[length - 1])) title[length - 1] = L'\0';
+    Text_To_Wide(text, static_cast<int>(strnlen(text, Most_Bytes)), title, Longest);
 }
 
 }  // namespace

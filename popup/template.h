@@ -11,7 +11,7 @@ class Dialog_Template {
   public:
     static constexpr int Longest_Title = 49;  ///< UTF-16 characters
 
-    /// @param title   in the ANSI code page; cut when it is too long; null means none
+    /// @param title   in the code page of texts; cut when it is too long; null means none
     /// @param width   of the client area in pixels, rounded to dialog units; 0 means 300
     /// @param height  of the client area in pixels, rounded to dialog units; 0 means 150
     /// @param scale   in percent, of both; 0 means 100

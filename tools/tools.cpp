@@ -7,6 +7,7 @@
 #include <new>
 
 #include "tools/base.h"
+#include "tools/code_page.h"
 #include "tools/font_cache.h"
 #include "tools/sharing.h"
 #include "tools/stamp.h"
@@ -135,15 +136,15 @@ int Tools::Set_Name(const char* format, ...) {
         return 0;
     }
     // Formatted before the old name goes: it may be among the arguments.
-    constexpr std::size_t Longest = 1024;
-    char text[Longest];
+    constexpr int Longest = 1023;
+    char text[Longest + Longest_Character + 1];
     va_list arguments;
     va_start(arguments, format);
     const int length = Format_Name(text, sizeof text, format, arguments);
     va_end(arguments);
     Release_Owned_Name(*this);
     if (length < 0) return 0;
-    char* name = Duplicate({text, std::min(static_cast<std::size_t>(length), Longest - 1)});
+    char* name = Duplicate({text, static_cast<std::size_t>(Length_Within(text, Longest))});
     if (!name) {
         Report_No_Memory(Line_Of_Name);
         return 0;

@@ -5,8 +5,10 @@
 
 #include "Galdren_Tools.h"
 #include "Galdren_Util.h"
+#include "tests/support/code_page.h"
 #include "tests/support/spy.h"
 #include "tests/support/window.h"
+#include "util/wide.h"
 
 using namespace galdren_test;
 
@@ -44,13 +46,7 @@ class Sample {
 
   private:
     /// The form that may be longer than MAX_PATH.
-    std::wstring Wide(const std::string& name) const {
-        const std::string path = "\\\\?\\" + root_ + name;
-        std::wstring wide(path.size(), L'\0');
-        MultiByteToWideChar(CP_ACP, 0, path.data(), static_cast<int>(path.size()), wide.data(),
-                            static_cast<int>(wide.size()));
-        return wide;
-    }
+    std::wstring Wide(const std::string& name) const { return galdren::To_Wide("\\\\?\\" + root_ + name); }
 
     std::string root_;
     std::vector<std::string> added_;
@@ -191,6 +187,23 @@ TEST(Directory_Browser, Opens_The_Way_And_Chooses) {
         EXPECT_EQ(tree.Nb_Row - before, step.more);
         EXPECT_EQ(Lower(tree.Read() ? tree.Read() : ""), step.path ? Lower(sample.Plain(step.path)) : "");
         Expect_Shown(window, tree);
+    }
+}
+
+TEST(Directory_Browser, Chooses_Names_In_All_Scripts) {
+    const Other_Page page(CP_UTF8);
+    Sample sample;
+    for (const char* name : Scripts)
+        sample.Add(name + std::string("\\"));
+    Test_Window window(340, 400);
+    Browser tree(window, sample.Plain().c_str());
+    for (const char* name : Scripts) {
+        EXPECT_EQ(Press(window, tree, name, 1), 2);
+        const std::string chosen = tree.Read() ? tree.Read() : "";
+        EXPECT_EQ(Lower(chosen), Lower(sample.Plain(name + std::string("\\"))));
+        EXPECT_STREQ(tree.Frame.Name, name);
+        tree.Set(chosen.c_str()), tree.Draw();
+        EXPECT_EQ(tree.Read() ? Lower(tree.Read()) : "", Lower(chosen)) << "read back";
     }
 }
 

@@ -223,13 +223,13 @@ TEST(Icons, Survive_A_Lack_Of_Memory) {
     Call_Spy spy;
     Report_Catcher reports;
     std::string said;
-    for (int i = 0; i < 7; ++i) {  // name, row and pixels of the one, name and pixels of the other
+    for (int i = 0; i < 8; ++i) {  // name, path, row and pixels of the one, name and pixels of the other
         Icon_Cleanup();
-        spy.Fail_Allocation(i % 4);
-        EXPECT_EQ(Read(i < 4 ? tga.name : sgi.name), nullptr) << i;
+        spy.Fail_Allocation(i % 5);
+        EXPECT_EQ(Read(i < 5 ? tga.name : sgi.name), nullptr) << i;
         said += reports.Take().ends_with("failed in new") ? '!' : '.';
     }
-    EXPECT_EQ(said, "..!!.!!");
+    EXPECT_EQ(said, "...!!.!!");
     Icon_Cleanup();
     ASSERT_TRUE(Read(tga.name));
     const auto draw = [&] { Icon_Draw_Image(&box, 20, 20, "", tga.name.c_str()); };

@@ -6,6 +6,7 @@
 
 #include "Galdren_Tools.h"
 #include "popup/template.h"
+#include "tests/support/code_page.h"
 #include "tests/support/keys.h"
 #include "tests/support/reader.h"
 #include "tests/support/spy.h"
@@ -130,6 +131,14 @@ TEST(Dialog_Templates, Hold_The_Bytes_That_The_System_Reads) {
     expect("Title", 0, 0, 1200 / x, 1200 / y, L"Title");
     expect(std::string(200, 'x'), 32767, 77, 131068 / x, 616 / y, std::wstring(49, L'x'));
     expect("\xE9", 1, -5, 4 / x, -40 / y, L"\xE9");
+    const Other_Page page(CP_UTF8);
+    std::string faces;
+    std::wstring faces_wide;
+    for (int i = 0; i < 60; ++i) {
+        faces += "\xF0\x9F\x98\x80";
+        if (i < 24) faces_wide += L"\U0001F600";
+    }
+    expect(faces, 0, 0, 1200 / x, 1200 / y, faces_wide);
 }
 
 TEST(Dialogs, Show_The_Layout_At_Every_Size) {
@@ -171,6 +180,17 @@ TEST(Dialogs, Have_The_Scale_And_The_Theme_Of_Their_Owner) {
         PopUp_Querry(Caption, Caption, call.text.data(), 200, 100);
     });
     call.Run(PopUp_Querry, "text", 200, 100, [&](HWND question) { look_at(question, true, {}); });
+}
+
+TEST(Dialogs, Have_Their_Title_In_The_Code_Page) {
+    const Other_Page page(CP_UTF8);
+    Popup_Call call;
+    call.caption = "\xE6\x97\xA5 \xC3\xB1";
+    call.Run(PopUp_Message, "x", 0, 0, [](HWND dialog) {
+        wchar_t title[16] = L"";
+        GetWindowTextW(dialog, title, 16);
+        EXPECT_STREQ(title, L"\u65E5 \u00F1");
+    });
 }
 
 TEST(Dialogs, Answer_To_Presses_On_Their_Buttons) {
@@ -386,8 +406,8 @@ TEST(Dialogs, Survive_Misuse_And_Failures) {
     Call_Spy spy;
     spy.Fail("GlobalAlloc");
     EXPECT_EQ(PopUp_Message(nullptr, nullptr, nullptr, 0, 0), -1);
-    EXPECT_EQ(spy.Count("DialogBoxIndirectParamA"), 0);
-    spy.Fail("DialogBoxIndirectParamA");
+    EXPECT_EQ(spy.Count("DialogBoxIndirectParamW"), 0);
+    spy.Fail("DialogBoxIndirectParamW");
     EXPECT_EQ(PopUp_Message("\xFF\xFE", nullptr, nullptr, 0, 0), 0);
     call.owner.Close(), call.caption = nullptr;
     call.Run(PopUp_Message, "", 0, 0, [](HWND dialog) { EXPECT_FALSE(GetWindow(dialog, GW_OWNER)); });
