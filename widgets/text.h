@@ -2,16 +2,10 @@
 /// Text fields: a console with an input line, or an entry field of one line.
 #pragma once
 
-#include <array>
 #include <cstdarg>
 
 #include "../tools/tools.h"
 #include "slider.h"
-
-namespace galdren {
-class Canvas;
-struct Area;
-}  // namespace galdren
 
 /// Bits of `Flag` that text fields add. `SLIDER_KEEP_GRAB` is handed on to the scroll bars.
 /// @{
@@ -79,6 +73,34 @@ struct Text_Fields {
     unsigned char Caret{};  ///< see `Text_Caret`; set by `Show_Caret`
 };
 
+namespace galdren {
+
+/// What the kept picture of an output shows, and what has changed since it was painted.
+struct Output_Picture {
+    /// What the output looks like, apart from its lines.
+    struct Look {
+        int x;                ///< where lines begin, from the left edge of the output
+        int scrolled;         ///< pixels that are below its bottom edge
+        unsigned long color;  ///< of the ground
+        bool single;          ///< only the newest line shows
+        HFONT fonts[3];       ///< normal, bold and oblique
+    };
+
+    unsigned number{};  ///< of the picture; 0 when there is none
+    Look painted{};     ///< on it
+    int appended{};     ///< lines that came since
+    int renewed{};      ///< newest lines that are not what was painted
+
+    /// A line has begun.
+    void Note_New_Line();
+    /// The newest line is another one.
+    void Note_Newest();
+    /// The lines were painted as they are.
+    void Note_Painted(const Look& look);
+};
+
+}  // namespace galdren
+
 /// A console: output lines that the application appends, the newest at the bottom, and below them an input
 /// line while it reads. With `TEXT_SINGLE_LINE` it is an entry field.
 ///
@@ -139,34 +161,19 @@ class GALDREN_TOOLS_API Texts : public Tools, public Text_Fields {
     void OverWrite(const char* format, ...) GALDREN_PRINTF(2, 3);
 
   private:
-    bool Make_Line(bool anew);
     void Append(bool new_line, const char* format, va_list arguments);
+    bool Can_Write();
     void Re_Write();
+    void Fit_Bars();
     void Rescale_Cursor();
+    void Release_Texts();
     bool Select_Bar(Sliders& bar, int event);
     void Paint_Input();
     void Read_Echo();
     bool Take(int key);
-    bool Enter();
+    void Enter();
+    void Escape();
     bool Paste();
 
-    /// What the output looks like, apart from its lines.
-    struct Output_View {
-        int x;                ///< where lines begin, from the left edge of the output
-        int scrolled;         ///< pixels that are below its bottom edge
-        unsigned long color;  ///< of the ground
-        bool single;          ///< only the newest line shows
-        std::array<HFONT, 3> fonts;
-        bool operator==(const Output_View& other) const {
-            return x == other.x && scrolled == other.scrolled && color == other.color &&
-                   single == other.single && fonts == other.fonts;
-        }
-    };
-    void Move_Kept(galdren::Canvas& canvas, const Output_View& view, galdren::Area& part) const;
-
-    unsigned Picture{};     // number of the output's kept picture, 0 when there is none
-    Output_View Painted{};  // on that picture
-    int Appended{};         // lines that came since
-    int Renewed{};          // newest lines that are not what was painted
-    bool Even_Lines{};      // no font is higher than `Line_Height`
+    galdren::Output_Picture Picture;
 };
