@@ -4,6 +4,7 @@
 
 #include <windows.h>
 
+#include "../util/code_page.h"
 #include "api.h"
 
 /// Makes a font.

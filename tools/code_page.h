@@ -1,0 +1,27 @@
+/// @file
+/// Characters in texts of the code page in use. Broken text is taken as it comes: a byte that belongs to no
+/// character is one by itself, and nothing is read beyond the end.
+#pragma once
+
+#include <string_view>
+
+#include "util/code_page.h"
+#include "util/wide.h"
+
+namespace galdren {
+
+/// Bytes of the first coded character; 0 when nothing is left.
+int Character_Length(std::string_view rest);
+
+/// The place behind the character at a byte index: a letter with the marks that combine with it, and what is
+/// joined to one picture. Behind the end it is the end.
+int Next_Character(std::string_view text, int at);
+
+/// The last place before a byte index at which a character begins, counted from the start of the text; 0 at
+/// its start.
+int Previous_Character(std::string_view text, int at);
+
+/// The same, with each mark as a character of its own.
+int Previous_Code(std::string_view text, int at);
+
+}  // namespace galdren
