@@ -12,6 +12,7 @@
 #include "tools/sharing.h"
 #include "util/error.h"
 #include "util/program.h"
+#include "widgets/input_line.h"
 #include "widgets/scroll.h"
 #include "widgets/text_lines.h"
 #include "widgets/text_output.h"
@@ -48,12 +49,14 @@ Texts::Texts(const Texts& other) : Tools(other), Text_Fields(other) {
     Share_Array(Lines);
     Share_Array(History);
     Share_Array(Line_Width);
+    Share_Array(Line_Plain);
     Forget_Kept_Picture();
 }
 
 Texts& Texts::operator=(const Texts& other) { return Reassign(*this, other); }
 
 Texts::~Texts() {
+    delete Edits.past;
     Release_Texts();
     Release_Font(Bold_Font);
     Release_Font(Oblique_Font);
@@ -171,11 +174,11 @@ void Texts::OverWrite(const char* format, ...) {
 /// Formats a text and appends it, or puts it in place of the newest line.
 void Texts::Append(bool new_line, const char* format, va_list arguments) {
     if (!Has_Size(*this) || !format) return;
-    char text[Line_Room];
+    char text[Formatted_Room];
     if (std::vsnprintf(text, sizeof text, format, arguments) < 0 || !Can_Write()) return;
     const Output_Lines output(*this, Picture);
     if (new_line) output.Begin();
-    output.Write(text);
+    output.Write(Whole_Characters(text, Line_Room - 1));
 
     const Shared_Context context(Window);
     Re_Write();

@@ -9,8 +9,12 @@
 
 /// Bits of `Flag` that text fields add. `SLIDER_KEEP_GRAB` is handed on to the scroll bars.
 /// @{
-constexpr unsigned long TEXT_INPUT_ROOM = 0x200000;        ///< the input line keeps its room when not reading
-constexpr unsigned long TEXT_PASSWORD = 0x400000;          ///< the input line shows a "#" for every character
+constexpr unsigned long TEXT_ALL_LETTERS =
+    0x100000;  ///< in output lines no letter of a one-byte page is a code
+constexpr unsigned long TEXT_INPUT_ROOM = 0x200000;  ///< the input line keeps its room when not reading
+constexpr unsigned long TEXT_PASSWORD = 0x400000;    ///< the input line shows a "#" for every character
+constexpr unsigned long TEXT_EDITING =
+    0x800000;  ///< selection, clipboard, undo and the pointer work as elsewhere
 constexpr unsigned long TEXT_INTEGER = 0x1000000;          ///< takes digits, "+" and "-" only
 constexpr unsigned long TEXT_FLOAT = 0x2000000;            ///< takes digits, "+", "-", "." and "e" only
 constexpr unsigned long TEXT_HEXADECIMAL = 0x4000000;      ///< takes hexadecimal digits only
@@ -52,7 +56,7 @@ struct Text_Fields {
     static constexpr int Most_Lines = 4096;    ///< output lines that are kept
     static constexpr int Most_History = 50;    ///< entered lines that are kept
     static constexpr int Line_Room = 256;      ///< bytes of a line with its end
-    static constexpr int Longest_Input = 254;  ///< characters that can be typed
+    static constexpr int Longest_Input = 254;  ///< bytes that can be typed
 
     short Bar_Dim{};         ///< thickness of the scroll bars in pixels; 0 means `CURSEUR`
     unsigned char Mode{};    ///< see `Text_Mode`; 0 while idle
@@ -71,6 +75,10 @@ struct Text_Fields {
     short Cursor_Pos{};    ///< index in `Line` of the character behind the caret
     short Input_Box[4]{};  ///< input line: left, right, top, bottom
     unsigned char Caret{};  ///< see `Text_Caret`; set by `Show_Caret`
+    short Selected{};       ///< bytes selected in `Line`, from the caret on, or before it when negative; with
+                            ///< `TEXT_EDITING`
+    const char* Placeholder{};  ///< text in grey while the input line is empty; null for none
+    bool* Line_Plain{};         ///< of each output line whether it is text alone, without codes; owned
 };
 
 namespace galdren {
@@ -99,13 +107,22 @@ struct Output_Picture {
     void Note_Painted(const Look& look);
 };
 
+class Edit_Past;
+
+/// What an input line remembers between keys.
+struct Edit_State {
+    short first{};      ///< index of the first character that is in view
+    char begun[5]{};    ///< bytes of a character that are there, while others are still to come
+    Edit_Past* past{};  ///< what can be undone; owned, null while there is nothing
+};
+
 }  // namespace galdren
 
 /// A console: output lines that the application appends, the newest at the bottom, and below them an input
 /// line while it reads. With `TEXT_SINGLE_LINE` it is an entry field.
 ///
 /// The application starts reading with `Read`, hands every key to `Input`, and asks `Update` whether a line
-/// was entered. Nothing is limited but in length: a line holds 255 characters, the input line takes 254, and
+/// was entered. Nothing is limited but in length: a line holds 255 bytes, the input line takes 254, and
 /// of the output lines and the lines entered the oldest go when the fields are full.
 class GALDREN_TOOLS_API Texts : public Tools, public Text_Fields {
   public:
@@ -153,7 +170,8 @@ class GALDREN_TOOLS_API Texts : public Tools, public Text_Fields {
     /// @param how  see `Text_Caret`
     void Show_Caret(Text_Caret how);
 
-    /// Appends a formatted text; every line break in it begins a new line. It is cut at 255 characters.
+    /// Appends a formatted text; every line break in it begins a new line. It is cut at 255 bytes, between
+    /// characters.
     /// @param format  a printf format with its arguments; null does nothing
     void Write(const char* format, ...) GALDREN_PRINTF(2, 3);
     /// Puts a formatted text in place of the newest line.
@@ -176,4 +194,5 @@ class GALDREN_TOOLS_API Texts : public Tools, public Text_Fields {
     bool Paste();
 
     galdren::Output_Picture Picture;
+    galdren::Edit_State Edits;
 };

@@ -1,40 +1,12 @@
 /// @file
-/// Lines that a text field keeps, and what the codes in its output lines mean.
+/// The output lines that a text field keeps, and what the codes in them mean.
 #pragma once
 
 #include <string_view>
 
-#include "widgets/text.h"
+#include "widgets/kept_texts.h"
 
 namespace galdren {
-
-/// Texts that are kept, the newest first. A new one takes the place of the oldest. The array belongs to a
-/// control, and copies of the control may share it.
-class Kept_Texts {
-  public:
-    /// @param array  of the control; null until the first text
-    /// @param most   texts that it has room for
-    Kept_Texts(char**& array, int most) : texts(array), room(most) {}
-
-    /// Makes the array when there is none yet.
-    /// @return false when the memory cannot be had
-    bool Make() const;
-    /// Makes the oldest place the newest one, for a text that is to be put there.
-    void Begin() const;
-    /// Puts a copy of a text into the newest place.
-    void Put(std::string_view text) const;
-    /// The text at an index, 0 the newest; null where there is none.
-    const char* At(int index) const;
-    int Count() const;
-    /// Lets go of the array and, as its last holder, of the texts.
-    void Release() const;
-
-  private:
-    char**& texts;
-    int room;
-};
-
-inline Kept_Texts History_Of(Text_Fields& field) { return {field.History, Text_Fields::Most_History}; }
 
 /// The output lines of a text field, with the widths that they were painted with.
 class Output_Lines {
@@ -48,7 +20,8 @@ class Output_Lines {
     /// Begins a new line.
     void Begin() const;
     /// Puts a text in place of the newest line.
-    void Put(std::string_view text) const;
+    /// @param plain  no byte of it is a code
+    void Put(std::string_view text, bool plain = false) const;
     /// The same, but every line break in it begins a new line.
     void Write(std::string_view text) const;
     int Count() const { return lines.Count(); }
@@ -69,18 +42,30 @@ struct Text_Run {
     unsigned long color;  ///< a COLORREF
 };
 
+/// Which bytes of an output line are codes.
+enum class Text_Codes {
+    None,    ///< none: it is what a user has typed
+    Colors,  ///< those of colours: the others are letters of a page with one byte a character
+    All      ///< all that are no part of a character
+};
+
+/// The codes in the output line of an index.
+Text_Codes Codes_In(const Text_Fields& field, unsigned long flag, int line);
+
 /// Takes an output line apart, as its codes switch colour and font.
 class Run_Reader {
   public:
-    explicit Run_Reader(std::string_view line) : rest(line) {}
+    Run_Reader(std::string_view line, Text_Codes codes);
     /// The next piece, which is not empty.
     /// @return false at the end of the line
     bool Next(Text_Run& run);
 
   private:
+    std::size_t Run_Length() const;
     void Take_Code(unsigned char code);
 
     std::string_view rest;
+    Text_Codes codes;
     int font = 0;
     unsigned long color = 0;
 };

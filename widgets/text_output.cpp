@@ -40,10 +40,10 @@ bool Has_Even_Lines(const Texts& field) {
 
 /// Writes an output line.
 /// @return its width
-int Write_Line(Canvas& canvas, const Look& look, const char* line, int x, int y) {
+int Write_Line(Canvas& canvas, const Look& look, Run_Reader reader, int x, int y) {
     int width = 0;
     Text_Run run;
-    for (Run_Reader reader(line); reader.Next(run);) {
+    while (reader.Next(run)) {
         char text[Texts::Line_Room];
         text[run.text.copy(text, sizeof text - 1)] = '\0';
         width += canvas.Write_Run(look.fonts[run.font], text, x + width, y, run.color);
@@ -87,7 +87,8 @@ void Paint_Lines(Canvas& canvas, Texts& field, const Look& look, const Area& out
         const int y = output.bottom + rise;
         const bool shows = y < part.top && y + pitch > part.bottom;
         if (!field.Lines[k] || (!shows && field.Line_Width[k] != 0)) continue;
-        field.Line_Width[k] = Within_16(Write_Line(canvas, look, field.Lines[k], output.left + look.x, y));
+        const Run_Reader reader(field.Lines[k], Codes_In(field, field.Flag, k));
+        field.Line_Width[k] = Within_16(Write_Line(canvas, look, reader, output.left + look.x, y));
     }
 }
 
