@@ -21,6 +21,16 @@ std::string Input_Of(const Texts& field) {
     return std::string(field.Line, strnlen(field.Line, Texts::Line_Room));
 }
 
+/// What is selected in the input line, of the part of it that may be seen.
+std::string Selected_In(const Texts& field, const std::string& value) {
+    if (!Is_Reading(field) || !Has_Bit(field, TEXT_EDITING) || value.empty()) return {};
+    const int length = static_cast<int>(value.size());
+    const int caret = std::clamp<int>(field.Cursor_Pos, 0, length);
+    const int other = std::clamp(caret + field.Selected, 0, length);
+    return value.substr(static_cast<std::size_t>(std::min(caret, other)),
+                        static_cast<std::size_t>(std::abs(caret - other)));
+}
+
 /// An output line without the codes that switch its look.
 std::string Plain(const char* line) {
     const auto is_code = [](char character) {
@@ -58,6 +68,8 @@ class Field_Parts final : public Parts_For<Texts> {
         const Texts& field = Own(control);
         Part part = Whole_Of(field, Is_Line(field) ? Part_Role::Field : Part_Role::Console, Use_Of(field));
         part.value = Takes_Keys(field) ? Input_Of(field) : Output_Of(field);
+        if (Is_Reading(field)) part.caret = field.Cursor_Pos;
+        part.selected = Selected_In(field, part.value);
         Note(part, PART_PROTECTED, Takes_Keys(field) && Has_Bit(field, TEXT_PASSWORD));
         Note(part, PART_READ_ONLY, !Is_Reading(field));
         return part;
@@ -115,6 +127,7 @@ class Field_Parts final : public Parts_For<Texts> {
   private:
     static Part_Use Use_Of(const Texts& field) {
         if (Takes_Keys(field)) return Part_Use::Type;
+        if (Has_Bit(field, TEXT_EDITING)) return Part_Use::Step;  // its lines can be copied
         return field.V_Slider.End_Val > 0 || field.H_Slider.End_Val > 0 ? Part_Use::Step : Part_Use::None;
     }
 

@@ -16,6 +16,7 @@ set(parts_sources
     part_keys.cpp
     single_parts.cpp
     tree_parts.cpp
+    typed_text.cpp
     value_parts.cpp
     wide_text.cpp
 )

@@ -44,7 +44,9 @@ Input_View::Input_View(const Texts& shown, const Input_Line& input, Edit_State& 
         line.copy(text, line.size());
     }
     caret = Shown_At(input.Cursor());
-    selected = {Shown_At(input.Selection().from), Shown_At(input.Selection().to)};
+    // Where the keyboard is not, nothing shows as selected.
+    const Text_Span span = field.Caret == CARET_AWAY ? Text_Span{0, 0} : input.Selection();
+    selected = {Shown_At(span.from), Shown_At(span.to)};
     kept.first = Low_16(first = First_To_Show(kept.first));
 }
 

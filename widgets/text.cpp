@@ -116,12 +116,13 @@ int Texts::Select(int event) {
         return 0;
     }
     if (Event_Kind(event) == EVENT_TEST) return Pointer_Inside(*this);
+    if (Edits.dragged != Edit_State::Nothing && Select_Text(event)) return 1;
     if (Has_V_Bar(*this) && Select_Bar(V_Slider, event)) return 1;
     if (Has_H_Bar(*this) && Select_Bar(H_Slider, event)) return 1;
     const bool inside = Pointer_Inside(*this);
     const short before = std::exchange(Select_State, inside ? Hover_Highlighted : Hover_Normal);
     if (Select_State != before) Read_Echo();  // the caret goes with the pointer
-    return inside;
+    return Select_Text(event) || inside;
 }
 
 /// Offers an event to a bar. With a button held the output follows it.
@@ -146,9 +147,13 @@ void Texts::Scroll(int n) {
     if (!Has_Size(*this) || Has_Flag(*this, FLAG_PASSIVE)) return;
     const bool across = Has_H_Bar(*this) && H_Slider.Select(EVENT_TEST);
     if (!across && !Has_V_Bar(*this)) return;
-    Sliders& bar = across ? H_Slider : V_Slider;
+    Scroll_Bar(across ? H_Slider : V_Slider, n);
+}
+
+/// Scrolls the output by the steps of a bar.
+void Texts::Scroll_Bar(Sliders& bar, int steps) {
     const Shared_Context context(Window);
-    bar.Scroll(n);
+    bar.Scroll(steps);
     if (Has_Flag(bar, FLAG_PASSIVE)) bar.Adjust();  // else it has painted itself
     Re_Write();
 }

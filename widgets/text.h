@@ -83,7 +83,13 @@ struct Text_Fields {
 
 namespace galdren {
 
-/// What the kept picture of an output shows, and what has changed since it was painted.
+/// A place in the output.
+struct Output_Spot {
+    int line{-1};  ///< index of the line; -1 for none
+    int at{};      ///< byte index in it
+};
+
+/// What the kept picture of an output shows, what has changed since it was painted, and what is selected.
 struct Output_Picture {
     /// What the output looks like, apart from its lines.
     struct Look {
@@ -98,7 +104,10 @@ struct Output_Picture {
     Look painted{};     ///< on it
     int appended{};     ///< lines that came since
     int renewed{};      ///< newest lines that are not what was painted
+    Output_Spot from;   ///< where the selection began
+    Output_Spot to;     ///< its other end
 
+    bool Has_Selection() const { return from.line >= 0 && (from.line != to.line || from.at != to.at); }
     /// A line has begun.
     void Note_New_Line();
     /// The newest line is another one.
@@ -109,11 +118,18 @@ struct Output_Picture {
 
 class Edit_Past;
 
-/// What an input line remembers between keys.
+/// What editing remembers between keys and presses.
 struct Edit_State {
-    short first{};      ///< index of the first character that is in view
-    char begun[5]{};    ///< bytes of a character that are there, while others are still to come
-    Edit_Past* past{};  ///< what can be undone; owned, null while there is nothing
+    /// What a press has begun to select.
+    enum Dragged : unsigned char { Nothing, Input_Text, Output_Text };
+
+    short first{};               ///< index of the first character that is in view
+    char begun[5]{};             ///< bytes of a character that are there, while others are still to come
+    Dragged dragged{Nothing};    ///< until the button goes up
+    int presses{};               ///< that followed each other quickly
+    unsigned long pressed_at{};  ///< time of the last of them
+    POINT pressed{};             ///< its place
+    Edit_Past* past{};           ///< what can be undone; owned, null while there is nothing
 };
 
 }  // namespace galdren
@@ -161,9 +177,23 @@ class GALDREN_TOOLS_API Texts : public Tools, public Text_Fields {
     char* Update();
     /// Whether the filters of the field let a character in.
     bool Accepts(char character) const;
-    /// Takes one key while reading.
+    /// Takes one key while reading. Characters of several bytes come byte by byte.
     /// @param key  a key code as `Parse_Keyboard` gives it
     void Input(int key);
+    /// Puts a text at the caret, in place of what is selected, as one edit: what the filters let in and there
+    /// is room for, without control characters.
+    /// @param text  null does nothing
+    void Insert(const char* text);
+
+    /// Whether a key of `TEXT_EDITING` would do something now, such as Ctrl+C with something selected.
+    bool Can_Take(int key);
+    /// Whether a place in the window is over text that `TEXT_EDITING` lets the pointer select.
+    /// @param place  in logical pixels
+    bool Is_Text_At(POINT place) const;
+    /// Finds the caret of the input line.
+    /// @param area  receives its place, in logical pixels like `Rect`
+    /// @return false while nothing is read
+    bool Find_Caret(RECT& area);
 
     /// Has the caret shown by the keyboard focus in place of the pointer, and repaints the input line while
     /// it reads.
@@ -192,6 +222,15 @@ class GALDREN_TOOLS_API Texts : public Tools, public Text_Fields {
     void Enter();
     void Escape();
     bool Paste();
+    bool Paste_As_Typed();
+    bool Obey(int key);
+    bool Copy();
+    bool Select_Text(int event);
+    bool Press_Text(POINT place);
+    void Select_Input(POINT place, bool extends);
+    void Drag_Output(POINT place);
+    void Deselect_Output();
+    void Scroll_Bar(Sliders& bar, int steps);
 
     galdren::Output_Picture Picture;
     galdren::Edit_State Edits;

@@ -2,13 +2,17 @@
 #include <algorithm>
 #include <cstdarg>
 #include <cstdio>
+#include <string>
+#include <string_view>
 
 #include "tools/base.h"
 #include "tools/canvas.h"
 #include "tools/clipboard.h"
+#include "tools/code_page.h"
 #include "tools/keyboard.h"
 #include "widgets/input_line.h"
 #include "widgets/input_view.h"
+#include "widgets/text_command.h"
 #include "widgets/text_lines.h"
 #include "widgets/text_places.h"
 
@@ -59,6 +63,8 @@ void Texts::Input(int key) {
 /// Acts on a key.
 /// @return whether the input line has to be painted
 bool Texts::Take(int key) {
+    const bool edits = Has_Flag(*this, TEXT_EDITING);
+    if (edits && Command_Of(key) != Text_Command::None) return Obey(key);
     if (!(Mode & TEXT_READING)) return false;
     switch (key) {
         case Key_Enter:
@@ -69,7 +75,7 @@ bool Texts::Take(int key) {
             Escape();
             return false;
         case KEY_CONTROL | 'V':
-            return Paste();
+            return Paste_As_Typed();
         default:
             return Input_Line(*this, Flag, Edits).Take(key);
     }
@@ -94,17 +100,26 @@ void Texts::Escape() {
     Draw();
 }
 
-/// Takes the clipboard's text as if it were typed.
+/// Puts the clipboard's text into the line, up to its first line break.
 bool Texts::Paste() {
+    const std::string text = Clipboard_Text(Window);
+    const std::string_view line = std::string_view(text).substr(0, text.find_first_of("\r\n"));
+    return !line.empty() && Input_Line(*this, Flag, Edits).Insert_All(line);
+}
+
+/// Takes the clipboard's text as if it were typed, control characters as the keys that they are.
+bool Texts::Paste_As_Typed() {
     bool changed = false;
-    const Clipboard_Text text(Window);
+    const std::string text = Clipboard_Text(Window);
     bool full = false;
-    for (const char character : text.Get()) {
-        const auto key = static_cast<unsigned char>(character);
+    for (std::string_view rest = text; !rest.empty() && Mode & TEXT_READING;) {
+        const std::string_view character = rest.substr(0, static_cast<std::size_t>(Character_Length(rest)));
+        rest.remove_prefix(character.size());
+        const bool is_control = static_cast<unsigned char>(character[0]) < ' ';
         // There may be a megabyte of what has no room.
-        if (key >= ' ' && (full || !Accepts(character))) continue;
-        changed = Take(key) || changed;
-        if (!(Mode & TEXT_READING)) break;
+        if (!is_control && (full || !Passes_Filters(Flag, character))) continue;
+        for (const char byte : character)
+            changed = Take(static_cast<unsigned char>(byte)) || changed;
         full = Input_Line(*this, Flag, Edits).Is_Full();
     }
     Input_Line(*this, Flag, Edits).Note_Change();

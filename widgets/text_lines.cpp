@@ -45,6 +45,7 @@ void Output_Lines::Release() const {
     Release_Array(std::exchange(field.Line_Width, nullptr));
     Release_Array(std::exchange(field.Line_Plain, nullptr));
     picture.number = 0;
+    picture.from = picture.to = {};
 }
 
 Text_Codes Codes_In(const Text_Fields& field, unsigned long flag, int line) {

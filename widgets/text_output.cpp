@@ -10,6 +10,8 @@
 #include "tools/sharing.h"
 #include "widgets/text_lines.h"
 #include "widgets/text_places.h"
+#include "widgets/text_selection.h"
+#include "widgets/text_spans.h"
 
 namespace galdren {
 
@@ -23,9 +25,8 @@ bool Same_But_Scrolled(const Look& a, const Look& b) {
 }
 
 Look Look_Of(const Texts& field) {
-    constexpr int Margin = 2;
     const POINT scrolled = Scrolled_By(field);
-    return {Margin - static_cast<int>(scrolled.x),
+    return {Output_Margin - static_cast<int>(scrolled.x),
             static_cast<int>(scrolled.y),
             field.Color.get(),
             Has_Flag(field, TEXT_SINGLE_LINE),
@@ -39,14 +40,18 @@ bool Has_Even_Lines(const Texts& field) {
 }
 
 /// Writes an output line.
+/// @param selected  what of it is selected
 /// @return its width
-int Write_Line(Canvas& canvas, const Look& look, Run_Reader reader, int x, int y) {
+int Write_Line(Canvas& canvas, const Texts& field, int line, POINT place, Text_Span selected) {
+    const HFONT fonts[] = {field.Font, field.Bold_Font, field.Oblique_Font};
+    const char* const text = field.Lines[line];
+    const Area rows{0, 0, place.y, place.y + field.Line_Height};
     int width = 0;
-    Text_Run run;
-    while (reader.Next(run)) {
-        char text[Texts::Line_Room];
-        text[run.text.copy(text, sizeof text - 1)] = '\0';
-        width += canvas.Write_Run(look.fonts[run.font], text, x + width, y, run.color);
+    Text_Run run{};
+    for (Run_Reader reader(text, Codes_In(field, field.Flag, line)); reader.Next(run);) {
+        const auto begin = static_cast<int>(run.text.data() - text);
+        width += Write_Span(canvas, fonts[run.font], run.text, {place.x + width, place.y}, run.color,
+                            {selected.from - begin, selected.to - begin}, rows);
     }
     return width;
 }
@@ -76,7 +81,9 @@ Area Move_Kept(Canvas& canvas, const Texts& field, const Output_Picture& picture
 }
 
 /// Paints the lines that meet a part of the output, and those of which the width is not known.
-void Paint_Lines(Canvas& canvas, Texts& field, const Look& look, const Area& output, const Area& part) {
+void Paint_Lines(Canvas& canvas, Texts& field, const Output_Picture& picture, const Area& output,
+                 const Area& part) {
+    const Look& look = picture.painted;
     const int pitch = field.Line_Height;
     const int count = look.single ? 1 : Texts::Most_Lines;
     // The lowest line that stands wholly above the bottom.
@@ -87,8 +94,8 @@ void Paint_Lines(Canvas& canvas, Texts& field, const Look& look, const Area& out
         const int y = output.bottom + rise;
         const bool shows = y < part.top && y + pitch > part.bottom;
         if (!field.Lines[k] || (!shows && field.Line_Width[k] != 0)) continue;
-        const Run_Reader reader(field.Lines[k], Codes_In(field, field.Flag, k));
-        field.Line_Width[k] = Within_16(Write_Line(canvas, look, reader, output.left + look.x, y));
+        field.Line_Width[k] =
+            Within_16(Write_Line(canvas, field, k, {output.left + look.x, y}, Selected_Of(picture, k)));
     }
 }
 
@@ -97,6 +104,9 @@ void Paint_Lines(Canvas& canvas, Texts& field, const Look& look, const Area& out
 void Output_Picture::Note_New_Line() {
     appended = std::min(appended + 1, Text_Fields::Most_Lines);
     renewed = std::min(renewed + 1, Text_Fields::Most_Lines);
+    if (from.line < 0) return;
+    ++from.line, ++to.line;
+    if (std::max(from.line, to.line) >= Text_Fields::Most_Lines) from = to = {};
 }
 
 void Output_Picture::Note_Newest() { renewed = std::max(renewed, 1); }
@@ -116,7 +126,7 @@ void Paint_Output(Texts& field, Output_Picture& picture) {
     picture.Note_Painted(look);
     canvas.Box(part, look.color);
     const Canvas::Narrow_Clip clip = canvas.Narrow(part);
-    Paint_Lines(canvas, field, look, output, part);
+    Paint_Lines(canvas, field, picture, output, part);
     // A copy may change the lines and go before the next paint.
     if (Is_Shared(Thing::Array, field.Lines)) picture.number = 0;
 }

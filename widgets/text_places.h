@@ -10,6 +10,9 @@ namespace galdren {
 /// The band under the top edge that shows the name.
 Area Title_Area(const Texts& field);
 
+/// Columns between the left edge of the output and its lines.
+constexpr int Output_Margin = 2;
+
 /// Where the output lines stand: the columns left..right-1 and the rows bottom+1..top.
 Area Output_Area(const Texts& field);
 
