@@ -32,7 +32,6 @@ constexpr int Name_Drop = 4;  // below the baseline
 // Presses count in columns as wide as an indent: that of the mark, then those that choose the row.
 constexpr int Column_Start = 5;
 constexpr int Name_Columns = 6;
-constexpr unsigned long Blue = 0xFF0000;
 
 constexpr unsigned long Upright_Bar = FLAG_VERTICAL | SLIDER_REVERSED | SLIDER_KEEP_GRAB;
 constexpr unsigned long Level_Bar = SLIDER_KEEP_GRAB;
@@ -40,7 +39,7 @@ constexpr unsigned long Level_Bar = SLIDER_KEEP_GRAB;
 void Place(Tools& part, const DirTrees& tree, int x, int y, int width, int height) {
     Set_Place(part, Not_Turned({x, x + width, y, y + height}));
     part.Color = tree.Color;
-    Copy_Clip(part, tree);
+    Copy_Surroundings(part, tree);
 }
 
 void Set_Font(Tools& part, const char* weight, short size) {
@@ -227,7 +226,7 @@ class Row_Painter {
              above = tree.Row + above->parent) {
             const int x = left + Indent * (above->depth - 1) + Stem;
             if (Has_Flag(*above->node, DIR_LAST) || x < area.left || x >= area.right) continue;
-            canvas.Column(x, baseline, baseline + Row_Height + 1, Blue);
+            canvas.Column(x, baseline, baseline + Row_Height + 1, canvas.Look().Caption_Changed);
         }
     }
 
@@ -259,9 +258,10 @@ class Row_Painter {
 
     void Paint_Name(const Dir_Tree& node, int x, int y, const Area& area) {
         if (x >= area.right) return;
-        const unsigned long color = Has_Flag(node, DIR_NO_ACCESS) ? Dark_Grey
-                                    : Has_Flag(node, DIR_CURRENT) ? Blue
-                                                                  : Black;
+        const Theme& theme = canvas.Look();
+        const unsigned long color = Has_Flag(node, DIR_NO_ACCESS) ? theme.Caption_Barred
+                                    : Has_Flag(node, DIR_CURRENT) ? theme.Caption_Changed
+                                                                  : theme.Caption;
         if (node.name) canvas.Write_Run(tree.List_Box.Font, node.name, x, y, color);
     }
 

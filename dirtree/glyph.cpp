@@ -27,6 +27,8 @@ struct Stroke {
 };
 
 // In the GDI form, blue in the highest byte.
+constexpr unsigned long Black = 0x000000;
+constexpr unsigned long White = 0xFFFFFF;
 constexpr unsigned long Grey = 0x505050;
 constexpr unsigned long Olive = 0x388E8E;
 constexpr unsigned long Rose = 0x4040FF;

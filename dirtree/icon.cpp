@@ -127,7 +127,7 @@ void Paint_Icon(Canvas& canvas, const Icon_Entry& icon, int x, int y, unsigned l
         const Area area{x, x + icon.width - 1, y, y + icon.height - 1};
         canvas.Pixels(pixels, icon.width, icon.height, 0, 0, area);
     };
-    if (background == Black) return paint(icon.pixels);
+    if (background == 0) return paint(icon.pixels);
     const std::size_t count = std::size_t{icon.width} * icon.height;
     Blend_Buffer blended(count);
     if (!blended.Get()) {
@@ -172,10 +172,11 @@ void Icon_Draw_Border(Boxs* box, short x, short y, const char*, const char* name
     const int right = x + icon->width;
     const int top = y + icon->height;
     Canvas canvas(Window_For(*box), {{x - 1, right, y - 1, top}});
-    canvas.Row(x, right, y - 1, Black);
-    canvas.Column(right, y - 1, top, Black);
-    canvas.Row(x - 1, right, top, White);
-    canvas.Column(x - 1, y, top, White);
+    const Theme& theme = canvas.Look();
+    canvas.Row(x, right, y - 1, theme.Rim);
+    canvas.Column(right, y - 1, top, theme.Rim);
+    canvas.Row(x - 1, right, top, theme.Edge_Bright);
+    canvas.Column(x - 1, y, top, theme.Edge_Bright);
 }
 
 void Icon_Cleanup() {

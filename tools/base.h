@@ -20,6 +20,9 @@ int Frame_Width(const Tools_Fields& control);
 /// The same without its sign.
 int Frame_Thickness(const Tools_Fields& control);
 
+/// How far the body of a control stands inside of it: by the rim and the frame.
+inline int Body_Inset(const Tools_Fields& control) { return Line_Width(control) + Frame_Thickness(control); }
+
 /// Whether any of the bits is set.
 inline bool Has_Flag(const Tools_Fields& control, unsigned long bits) { return (control.Flag & bits) != 0; }
 
@@ -103,7 +106,10 @@ void Renew_Font(Tools_Fields& control);
 /// Makes the font anew, for its words may have changed too.
 void Remake_Font(Tools_Fields& control);
 
-/// Notes the size as that of the last generation of buffers.
+/// Whether theme or scale are others than those of the last generation of buffers.
+bool Is_Redressed(const Tools_Fields& control);
+
+/// Notes size, theme and scale as those of the last generation of buffers.
 void Note_Size(Tools_Fields& control);
 
 /// Empties `body` when it is an image that the application has withdrawn since an `Init` took it: it may be

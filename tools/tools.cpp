@@ -193,7 +193,7 @@ unsigned long* Tools::Inside_3D(Colors c) { return Make_Shading(*this, c); }
 void Tools::Text(HFONT font, const char* text, long flags, short x, short y, short w, short h, short border) {
     if (!text || !*text) return;
     const Area area{x, x + w, y, y + h};
-    Canvas canvas(*this, Caption_Reach(font, text, static_cast<unsigned long>(flags), area, border));
+    Canvas canvas(*this, Caption_Reach(*this, font, text, static_cast<unsigned long>(flags), area, border));
     Paint_Caption(canvas, font, text, static_cast<unsigned long>(flags), area, border);
 }
 

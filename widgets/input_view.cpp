@@ -13,10 +13,8 @@ namespace galdren {
 
 namespace {
 
-constexpr int Text_Gap = 4;
-constexpr int Caret_Gap = 3;
-constexpr unsigned long Caret_Yellow = 0x00FFFF;
-constexpr unsigned long Placeholder_Grey = 0x707070;
+/// Columns between the frame and the text.
+int Text_Gap(const Texts& field) { return Scaled(field, 4); }
 
 bool Is_Password(const Texts& field) { return Has_Flag(field, TEXT_PASSWORD); }
 
@@ -91,12 +89,13 @@ int Input_View::X_Of(int shown) const {
 }
 
 Area Input_View::Caret() const {
-    const int x = box.left + border + Caret_Gap + X_Of(caret);
-    return {x, x + 1, box.bottom + border + 2, box.top - border - 2};
+    const int gap = Scaled(field, 2);
+    const int x = box.left + border + Text_Gap(field) - Line_Width(field) + X_Of(caret);
+    return {x, x + gap - 1, box.bottom + border + gap, box.top - border - gap};
 }
 
 int Input_View::Nearest(int x) const {
-    const int inside = x - (box.left + border + Text_Gap);
+    const int inside = x - (box.left + border + Text_Gap(field));
     int shown = first + Nearest_To(field.Bold_Font, In_View(), inside);
     // A drag beyond the left edge scrolls.
     if (inside < 0 && first > 0) shown = Is_Password(field) ? first - 1 : Previous_Character(Text(), first);
@@ -112,16 +111,16 @@ void Input_View::Paint(Canvas& canvas) const {
     if (Shows_Caret(field)) {
         const Area columns = Caret();
         for (int x = columns.left; x <= columns.right; ++x)
-            canvas.Column(x, columns.bottom, columns.top, Caret_Yellow);
+            canvas.Column(x, columns.bottom, columns.top, canvas.Look().Mark);
     }
     const int height = Metrics_Of(field.Bold_Font).tmHeight;
-    const POINT place{box.left + border + Text_Gap, box.bottom + (box.top - box.bottom - height) / 2};
+    const POINT place{box.left + border + Text_Gap(field), box.bottom + (box.top - box.bottom - height) / 2};
     if (length == 0 && field.Placeholder) {
-        Write_Span(canvas, field.Bold_Font, field.Placeholder, place, Placeholder_Grey, {0, 0}, box);
+        Write_Span(canvas, field.Bold_Font, field.Placeholder, place, canvas.Look().Caption_Hint, {0, 0}, box);
         return;
     }
-    const Area rows{0, 0, box.bottom + border + 1, box.top - border - 2};
-    Write_Span(canvas, field.Bold_Font, In_View(), place, Black, {selected.from - first, selected.to - first},
+    const Area rows{0, 0, box.bottom + border + 1, box.top - border - Scaled(field, 2)};
+    Write_Span(canvas, field.Bold_Font, In_View(), place, canvas.Look().Caption, {selected.from - first, selected.to - first},
                rows);
 }
 

@@ -23,11 +23,10 @@ using namespace galdren;
 namespace {
 
 void Paint_Title(Canvas& canvas, const Texts& field) {
-    constexpr int Rings = 2;
-    if (field.Width < 2 * SPACE) return;
+    if (field.Width < 2 * Scaled(field, SPACE)) return;
     const Area all = Area_Of(field);
     const Area band = Title_Area(field);
-    Paint_Frame(canvas, field.Color, 1, false, Rings, band);
+    Paint_Frame(canvas, field.Color, 1, false, canvas.Scaled(2), band);
     Paint_Caption(canvas, field.Font, field.Name, field.Flag, {all.left, all.right, band.bottom, band.top},
                   field.Border);
 }
@@ -35,7 +34,7 @@ void Paint_Title(Canvas& canvas, const Texts& field) {
 /// A font of the field's face and size in place of one it has.
 void Renew(const Texts& field, HFONT& font, const char* weight, const char* style) {
     const HFONT before = font;
-    font = Acquire_Font(field.Window, field.Font_Name, weight, style, field.Font_Size);
+    font = Acquire_Font(field.Window, field.Font_Name, weight, style, Font_Points(field));
     Z_Delete_Font(field.Window, before);
 }
 
@@ -87,7 +86,7 @@ void Texts::Draw() {
     const Area all = Area_Of(*this);
     if (Has_Flag(*this, FLAG_OUTLINE)) Paint_Outline(canvas, all);
     if (Has_Flag(*this, FLAG_NO_BODY)) return;
-    if (!Has_Flag(*this, FLAG_STATIC)) canvas.Box(all, Color.get());
+    if (!Has_Flag(*this, FLAG_STATIC)) canvas.Box(all, Body_Color(canvas.Look(), Color).get());
     Paint_Frame(canvas, Color, 1, true, Frame_Width(*this), all);
     if (Name) Paint_Title(canvas, *this);
     Fit_Bars();

@@ -128,12 +128,11 @@ bool Texts::Paste_As_Typed() {
 
 /// The frame of the input line and what is in it, while reading.
 void Texts::Paint_Input() {
-    constexpr int Rings = 2;
     if (!(Mode & TEXT_READING)) return;
     Canvas canvas(*this, Input_Reach(*this));
     const Area box = Input_Area(*this);
     if (box.left <= box.right)
-        Paint_Frame(canvas, Color, 1, true, Rings, {box.left, box.right, box.bottom, box.top - 1});
+        Paint_Frame(canvas, Color, 1, true, canvas.Scaled(2), {box.left, box.right, box.bottom, box.top - 1});
     Read_Echo();
 }
 
@@ -150,6 +149,6 @@ void Texts::Read_Echo() {
     const Area box = Input_Area(*this);
     if (!(Mode & TEXT_READING) || box.right < box.left) return;
     Canvas canvas(*this, Input_Reach(*this));
-    Paint_Body(canvas, *this, Select_State == Hover_Highlighted, nullptr, Flag, Frame_Width(*this) + 1, box);
+    Paint_Body(canvas, *this, Select_State == Hover_Highlighted, nullptr, Flag, Frame_Width(*this) + canvas.Line(), box);
     Input_View(*this, Input_Line(*this, Flag, Edits), Edits).Paint(canvas);
 }

@@ -86,11 +86,10 @@ std::size_t Run_Reader::Run_Length() const {
 }
 
 void Run_Reader::Take_Code(unsigned char code) {
-    constexpr unsigned long Colors[] = {0xFF0000, 0x000000, 0xFFFFFF, 0x0000FF, 0x00FFFF, 0x00A000};
     if (code >= TEXT_NORMAL_FONT) {
         font = code - TEXT_NORMAL_FONT;
     } else {
-        color = Colors[code - TEXT_BLUE];
+        color = code;
     }
 }
 

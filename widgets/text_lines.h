@@ -39,7 +39,7 @@ class Output_Lines {
 struct Text_Run {
     std::string_view text;
     int font;             ///< 0 the normal font, 1 the bold and 2 the oblique one
-    unsigned long color;  ///< a COLORREF
+    unsigned char color;  ///< the code of its colour; 0 for none
 };
 
 /// Which bytes of an output line are codes.
@@ -67,7 +67,7 @@ class Run_Reader {
     std::string_view rest;
     Text_Codes codes;
     int font = 0;
-    unsigned long color = 0;
+    unsigned char color = 0;
 };
 
 }  // namespace galdren

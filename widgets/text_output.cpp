@@ -26,9 +26,9 @@ bool Same_But_Scrolled(const Look& a, const Look& b) {
 
 Look Look_Of(const Texts& field) {
     const POINT scrolled = Scrolled_By(field);
-    return {Output_Margin - static_cast<int>(scrolled.x),
+    return {Output_Margin(field) - static_cast<int>(scrolled.x),
             static_cast<int>(scrolled.y),
-            field.Color.get(),
+            Body_Color(Theme_Of(field), field.Color).get(),
             Has_Flag(field, TEXT_SINGLE_LINE),
             {field.Font, field.Bold_Font, field.Oblique_Font}};
 }
@@ -37,6 +37,10 @@ Look Look_Of(const Texts& field) {
 bool Has_Even_Lines(const Texts& field) {
     return field.Line_Height > 0 && Metrics_Of(field.Bold_Font).tmHeight <= field.Line_Height &&
            Metrics_Of(field.Oblique_Font).tmHeight <= field.Line_Height;
+}
+
+unsigned long Ink(const Theme& theme, const Text_Run& run) {
+    return run.color ? theme.Codes[run.color - TEXT_BLUE] : theme.Caption;
 }
 
 /// Writes an output line.
@@ -50,7 +54,7 @@ int Write_Line(Canvas& canvas, const Texts& field, int line, POINT place, Text_S
     Text_Run run{};
     for (Run_Reader reader(text, Codes_In(field, field.Flag, line)); reader.Next(run);) {
         const auto begin = static_cast<int>(run.text.data() - text);
-        width += Write_Span(canvas, fonts[run.font], run.text, {place.x + width, place.y}, run.color,
+        width += Write_Span(canvas, fonts[run.font], run.text, {place.x + width, place.y}, Ink(canvas.Look(), run),
                             {selected.from - begin, selected.to - begin}, rows);
     }
     return width;

@@ -6,6 +6,7 @@
 #include "tools/base.h"
 #include "tools/canvas.h"
 #include "tools/dimensions.h"
+#include "tools/look.h"
 #include "widgets/items.h"
 #include "widgets/scroll.h"
 
@@ -13,10 +14,11 @@ namespace galdren {
 
 namespace {
 
-constexpr int Title_Height = 20;
+/// Height of the title band.
+int Title_Height(const Texts& field) { return Scaled(field, 20); }
 
 /// What a bar takes away from the output.
-int Bar_Room() { return SPACE + CURSEUR; }
+int Bar_Room(const Texts& field) { return Scaled(field, SPACE) + Scaled(field, CURSEUR); }
 
 bool Stands_At(const Tools& control, const Area& place) {
     const Area now = Area_Of(control);
@@ -33,7 +35,7 @@ void Fit_Bar(const Texts& field, Sliders& bar, unsigned long direction, const Ar
     const bool needed = total > visible;
     if (!needed) flag |= Unused_Bar;
     const float end = needed ? static_cast<float>(total - visible) : 0.0F;
-    Copy_Clip(bar, field);
+    Copy_Surroundings(bar, field);
     if (bar.Window == field.Window && bar.Flag == flag && bar.End_Val == end && Stands_At(bar, place)) return;
     Set_Bar(bar, field, place, flag, {0.0F, end, static_cast<float>(field.Line_Height)});
     bar.Color = Colors(170, 170, 170);
@@ -50,17 +52,19 @@ int Scrolled(bool configured, const Sliders& bar) {
 
 Area Title_Area(const Texts& field) {
     const Area all = Area_Of(field);
-    const int top = all.top - SPACE;
-    return {all.left + SPACE, all.right - SPACE, top - Title_Height, top};
+    const int space = Scaled(field, SPACE);
+    const int top = all.top - space;
+    return {all.left + space, all.right - space, top - Title_Height(field), top};
 }
 
 Area Output_Area(const Texts& field) {
     const int border = Frame_Width(field);
     const Area all = Area_Of(field);
-    Area area{all.left + border + 1, all.right - border, all.bottom + border, all.top - border - 1};
-    if (field.Name) area.top -= SPACE + Title_Height;
-    if (Has_V_Bar(field)) area.left += Bar_Room();
-    if (Has_H_Bar(field)) area.bottom += Bar_Room();
+    const int line = Line_Width(field);
+    Area area{all.left + border + line, all.right - border, all.bottom + border, all.top - border - line};
+    if (field.Name) area.top -= Scaled(field, SPACE) + Title_Height(field);
+    if (Has_V_Bar(field)) area.left += Bar_Room(field);
+    if (Has_H_Bar(field)) area.bottom += Bar_Room(field);
     const bool has_input = field.Mode & TEXT_READING || Has_Flag(field, TEXT_INPUT_ROOM);
     if (has_input) area.bottom += 3 * border + field.Line_Height;
     return area;
@@ -87,14 +91,14 @@ void Set_Input_Box(Texts& field) {
 void Place_Bars(Texts& field, int lines, int longest) {
     if (!field.Window) return;
     const Area output = Output_Area(field);
-    const int thickness = field.Bar_Dim ? Magnitude(field.Bar_Dim) : CURSEUR;
+    const int thickness = field.Bar_Dim ? Magnitude(field.Bar_Dim) : Scaled(field, CURSEUR);
     if (Has_V_Bar(field)) {
-        const int left = field.X + SPACE;
+        const int left = field.X + Scaled(field, SPACE);
         Fit_Bar(field, field.V_Slider, FLAG_VERTICAL, {left, left + thickness, output.bottom + 1, output.top},
                 output.top - output.bottom, lines * field.Line_Height);
     }
     if (Has_H_Bar(field)) {
-        const int bottom = output.bottom - Frame_Width(field) - CURSEUR;
+        const int bottom = output.bottom - Frame_Width(field) - Scaled(field, CURSEUR);
         Fit_Bar(field, field.H_Slider, 0, {output.left, output.right - 1, bottom, bottom + thickness},
                 output.right - output.left, longest);
     }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "tools/area.h"
+#include "tools/look.h"
 #include "widgets/text.h"
 
 namespace galdren {
@@ -11,7 +12,7 @@ namespace galdren {
 Area Title_Area(const Texts& field);
 
 /// Columns between the left edge of the output and its lines.
-constexpr int Output_Margin = 2;
+inline int Output_Margin(const Texts& field) { return Scaled(field, 2); }
 
 /// Where the output lines stand: the columns left..right-1 and the rows bottom+1..top.
 Area Output_Area(const Texts& field);

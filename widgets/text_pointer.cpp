@@ -105,7 +105,7 @@ void Texts::Select_Input(POINT place, bool extends) {
 void Texts::Drag_Output(POINT place) {
     const Area output = Output_Area(*this);
     const int lines = place.y > output.top ? 1 : place.y <= output.bottom ? -1 : 0;
-    if (lines != 0 && Has_V_Bar(*this)) Scroll_Bar(V_Slider, lines);
+    if (lines != 0 && Has_V_Bar(*this)) Scroll_Bar(V_Slider, -lines);
     const Output_Spot spot = Nearest_Spot(*this, place);
     if (lines == 0 && spot.line == Picture.to.line && spot.at == Picture.to.at) return;
     Select_Output(Picture, Picture.from, spot);

@@ -50,7 +50,7 @@ Output_Spot Nearest_Spot(const Texts& field, POINT place) {
     const int rise = std::max<int>(place.y - output.bottom + scrolled.y - 1, 0);
     const int line = std::min(rise / field.Line_Height, count - 1);
     const HFONT fonts[] = {field.Font, field.Bold_Font, field.Oblique_Font};
-    int x = output.left + Output_Margin - scrolled.x;
+    int x = output.left + Output_Margin(field) - scrolled.x;
     int at = 0;
     Text_Run run{};
     for (Run_Reader reader = Runs_Of(field, line); reader.Next(run);) {

@@ -7,9 +7,6 @@ namespace galdren {
 
 namespace {
 
-constexpr unsigned long Selected_Ground = 0xC56A31;
-constexpr unsigned long Selected_Text = 0xFFFFFF;
-
 /// A piece of a line with a zero at its end.
 class Ended {
   public:
@@ -55,8 +52,8 @@ int Write_Span(Canvas& canvas, HFONT font, std::string_view text, POINT place, u
     const Area ground{x + Place_Of(font, text, shown.from), x + Place_Of(font, text, shown.to), rows.bottom,
                       rows.top};
     const Canvas::Narrow_Clip clip = canvas.Narrow(ground);
-    canvas.Box(ground, Selected_Ground);
-    canvas.Write_Run(font, piece.Get(), x, place.y, Selected_Text);
+    canvas.Box(ground, canvas.Look().Selection);
+    canvas.Write_Run(font, piece.Get(), x, place.y, canvas.Look().Caption_Selected);
     return width;
 }
 

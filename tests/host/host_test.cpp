@@ -8,9 +8,8 @@
 #include <string>
 
 #include "tests/support/controls.h"
-#include "tests/support/keys.h"
+#include "tests/support/hosted.h"
 #include "tests/support/spy.h"
-#include "tests/support/window.h"
 
 namespace galdren_test {
 namespace {
@@ -24,10 +23,7 @@ class Recorder : public Tools {
   public:
     Recorder(std::string& shared_log, char letter, short x, short y, short width, short height)
         : log(shared_log), id(letter) {
-        X = x;
-        Y = y;
-        Width = width;
-        Height = height;
+        X = x, Y = y, Width = width, Height = height;
     }
     void Init(HWND window) {
         Window = window;
@@ -69,34 +65,24 @@ class Key_Recorder : public Recorder {
     void Input(int key) { Note(" key " + std::to_string(key)); }
 };
 
-class Host_Test : public testing::Test {
+class Host_Test : public testing::Test, protected Hosted_Window {
   protected:
-    Host_Test() {
+    Host_Test() : Hosted_Window(client_width, client_height) {
         host->Add(a, Note_Press, Note_Change);
         host->Add(b, Note_Press, Note_Change);
         host->Init_All();
     }
-    ~Host_Test() override {
-        ReleaseCapture();
-        STATE_MASK(0);
-    }
-
     static void Note_Press(Recorder& control) { control.Note(" press"); }
     static void Note_Change(Recorder& control) { control.Note(" change"); }
 
     /// Sends a message at logical (x, y) and returns what the controls wrote down.
     std::string Send(UINT message, WPARAM keys, int x, int y) {
         log.clear();
-        taken = host->Message(message, keys, MAKELPARAM(x, client_height - 1 - y), result);
+        taken = Hosted_Window::Send(message, keys, {x, y});
         return log;
     }
     std::string Wheel(int delta, int x, int y) {
-        POINT screen{x, client_height - 1 - y};
-        ClientToScreen(window, &screen);
-        log.clear();
-        taken = host->Message(WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(delta)),
-                              MAKELPARAM(screen.x, screen.y), result);
-        return log;
+        return Send(WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(delta)), x, y);
     }
     /// Paints the logical rectangle (left, bottom) to (right, top), both included.
     std::string Paint(int left, int bottom, int right, int top) {
@@ -108,9 +94,6 @@ class Host_Test : public testing::Test {
 
     std::string log;
     bool taken = false;
-    LRESULT result = -1;
-    Test_Window window{client_width, client_height};
-    std::unique_ptr<Host> host = std::make_unique<Host>(window);
     Recorder a{log, 'a', 10, 10, 50, 30};
     Recorder b{log, 'b', 100, 10, 50, 30};
 };

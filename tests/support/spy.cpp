@@ -105,12 +105,14 @@ void Call_Spy::Fail_Allocation(int passed) {
     Fail(Plain_Allocator, passed);
 }
 
-void Call_Spy::Fail_Every_Allocation() {
+void Call_Spy::Fail_Every(const char* function) {
     void* (*const none)() = [] { return static_cast<void*>(nullptr); };
-    for (const auto& [name, entry] : entries_) {
-        if (name == Plain_Allocator || name == Guarded_Allocator)
-            Write_Slot(entry.slot, reinterpret_cast<ULONGLONG>(none));
-    }
+    Write_Slot(entries_.at(function).slot, reinterpret_cast<ULONGLONG>(none));
+}
+
+void Call_Spy::Fail_Every_Allocation() {
+    for (const char* allocator : {Plain_Allocator, Guarded_Allocator})
+        if (entries_.contains(allocator)) Fail_Every(allocator);
 }
 
 int Gdi_Objects() {
