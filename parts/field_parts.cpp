@@ -4,6 +4,7 @@
 
 #include "parts/classes.h"
 #include "parts/describe.h"
+#include "util/code_page.h"
 #include "widgets/text.h"
 
 using namespace galdren;
@@ -31,33 +32,26 @@ std::string Selected_In(const Texts& field, const std::string& value) {
                         static_cast<std::size_t>(std::abs(caret - other)));
 }
 
-/// An output line without the codes that switch its look.
-std::string Plain(const char* line) {
-    const auto is_code = [](char character) {
-        const auto byte = static_cast<unsigned char>(character);
-        return (byte >= TEXT_BLUE && byte <= TEXT_GREEN) ||
-               (byte >= TEXT_NORMAL_FONT && byte <= TEXT_OBLIQUE_FONT);
-    };
-    std::string plain(line, strnlen(line, Texts::Line_Room));
-    plain.erase(std::remove_if(plain.begin(), plain.end(), is_code), plain.end());
-    return plain;
-}
-
 /// The newest output lines, the newest one last.
 std::string Output_Of(const Texts& field) {
     constexpr int Most_Lines = 8;
     std::string output;
-    for (int line = 0; field.Lines && line < Most_Lines && field.Lines[line]; ++line)
-        output.insert(0, Plain(field.Lines[line]) + (line ? "\n" : ""));
+    char text[Texts::Line_Room];
+    for (int line = 0; line < Most_Lines && field.Plain_Line(line, text); ++line)
+        output.insert(0, text + std::string(line ? "\n" : ""));
     return output;
 }
 
 /// Whether the keys that write a text would all be taken.
 bool Can_Be_Typed(const Texts& field, std::string_view text) {
-    return text.size() <= std::size_t{Texts::Longest_Input} &&
-           std::all_of(text.begin(), text.end(), [&](char character) {
-               return static_cast<unsigned char>(character) >= ' ' && field.Accepts(character);
-           });
+    if (text.size() > std::size_t{Texts::Longest_Input}) return false;
+    while (!text.empty()) {
+        // A filter that lets no byte beyond ASCII in lets no character in that begins with one.
+        if (static_cast<unsigned char>(text[0]) < ' ' || !field.Accepts(text[0])) return false;
+        const auto bytes = Text_Decode(text.data(), static_cast<int>(text.size()), nullptr);
+        text.remove_prefix(static_cast<std::size_t>(bytes));
+    }
+    return true;
 }
 
 class Field_Parts final : public Parts_For<Texts> {

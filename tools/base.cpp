@@ -32,14 +32,13 @@ void Renew_Region(Tools_Fields& control) {
     }
 }
 
-/// Height of the font of a control. What stands for none grows with the scale, as a size that is given does.
+}  // namespace
+
 short Font_Points(const Tools_Fields& control) {
     constexpr int Default_Points = 12;
     const bool is_default = control.Font_Size < 1 && control.Scale != 0 && control.Scale != Unscaled;
     return is_default ? Within_16(Scaled(control, Default_Points)) : control.Font_Size;
 }
-
-}  // namespace
 
 const char* Name_Of(const Tools_Fields& control) { return control.Name ? control.Name : "(null)"; }
 

@@ -100,6 +100,9 @@ void Bind(Tools_Fields& control, HWND window);
 /// Binds a control that needs no region; the one that it has goes.
 void Bind_Without_Region(Tools_Fields& control, HWND window);
 
+/// Height of the font of a control. What stands for none grows with the scale, as a size that is given does.
+short Font_Points(const Tools_Fields& control);
+
 /// Makes the font when there is none or its size changed.
 void Renew_Font(Tools_Fields& control);
 

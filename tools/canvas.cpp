@@ -1,8 +1,9 @@
 #include "tools/canvas.h"
 
 #include <algorithm>
-#include <cstring>
+#include <string_view>
 
+#include "tools/code_page.h"
 #include "tools/font.h"
 #include "tools/font_cache.h"
 #include "tools/globals.h"
@@ -238,18 +239,20 @@ void Canvas::Polygon_By_GDI(std::span<const POINT> corners, unsigned long color)
 
 /// The glyphs of a text that is short and of characters that the font has.
 struct Canvas::Glyph_Run {
-    static constexpr int Longest = 255;
+    static constexpr std::size_t Longest = 255;
     WORD glyphs[Longest];
     int count = 0;
     int width = 0;
 
+    /// @param longest  bytes that are still short
     /// @return false when the text is not of that kind
-    bool Take(const Font_Facts& facts, const char* text, int longest) {
-        for (; text[count]; ++count) {
-            const auto byte = static_cast<unsigned char>(text[count]);
-            if (count == longest || facts.glyphs[byte] == Font_Facts::No_Glyph) return false;
-            glyphs[count] = facts.glyphs[byte];
-            width += facts.widths[byte];
+    bool Take(Font_Facts& facts, std::string_view text, std::size_t longest) {
+        if (text.size() > longest) return false;
+        while (!text.empty()) {
+            const Glyph glyph = facts.Take(text);
+            if (glyph.index == Glyph::None) return false;
+            glyphs[count++] = glyph.index;
+            width += glyph.width;
         }
         return true;
     }
@@ -269,16 +272,16 @@ void Canvas::Write_Glyphs(HFONT font, const Glyph_Run& run, int x, int y, const 
 /// The glyphs of the usual caption are placed by hand, for DrawText takes twice as long.
 void Canvas::Write(HFONT font, const char* text, const Area& area, Place across, Place down,
                    unsigned long color) {
-    constexpr int Longest_Caption = 128;
+    constexpr std::size_t Longest_Caption = 128;
     if (area.left >= area.right || area.bottom >= area.top) return;
-    const Font_Facts* facts = Facts_Of(font);
+    Font_Facts* const facts = Facts_Of(font);
     Glyph_Run run;
     if (!facts || !run.Take(*facts, text, Longest_Caption))
         return Write_Any(font, text, area, across, down, color);
     int x = area.left;
     if (across == Place::Middle) x = (area.left + area.right - run.width) / 2;
     if (across == Place::End) x = area.right - run.width;
-    const int y = Y(area.top) + Offset(down, area.top - area.bottom, facts->metrics.tmHeight);
+    const int y = Y(area.top) + Offset(down, area.top - area.bottom, facts->Metrics().tmHeight);
     Write_Glyphs(font, run, x, y, Device(area), color);
 }
 
@@ -291,24 +294,25 @@ void Canvas::Write_Any(HFONT font, const char* text, const Area& area, Place acr
     if (across == Place::End) format |= DT_RIGHT;
     Write_By_GDI(font, Device(area), color, [&](HDC dc) {
         RECT line = Device({area.left, area.right, top - height, top});
-        DrawTextA(dc, Escape_Ampersand(text), -1, &line, format);
+        const Wide_Line written(Escape_Ampersand(text));
+        DrawTextW(dc, written.Units(), written.Length(), &line, format);
     });
 }
 
-void Canvas::Write_Lines(HFONT font, const char* text, int length, const Area& area, UINT format,
+void Canvas::Write_Lines(HFONT font, std::wstring_view text, const Area& area, UINT format,
                          unsigned long color) {
     if (area.left >= area.right || area.bottom >= area.top) return;
     Write_By_GDI(font, Device(area), color, [&](HDC dc) {
         RECT rectangle = Device(area);
-        DrawTextA(dc, text, length, &rectangle, format | DT_CENTER);
+        DrawTextW(dc, text.data(), static_cast<int>(text.size()), &rectangle, format | DT_CENTER);
     });
 }
 
 int Canvas::Write_Run(HFONT font, const char* text, int x, int y, unsigned long color) {
-    const Font_Facts* facts = Facts_Of(font);
+    Font_Facts* const facts = Facts_Of(font);
     Glyph_Run run;
     const bool plain = facts && run.Take(*facts, text, Glyph_Run::Longest);
-    const TEXTMETRICA metrics = facts ? facts->metrics : Metrics_Of(font);
+    const TEXTMETRICA metrics = facts ? facts->Metrics() : Metrics_Of(font);
     const int height = static_cast<int>(metrics.tmHeight);
     const int top = Y(y + height);
     if (!plain) {

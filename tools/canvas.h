@@ -6,6 +6,7 @@
 
 #include <initializer_list>
 #include <span>
+#include <string_view>
 
 #include "tools/area.h"
 #include "tools/fields.h"
@@ -83,10 +84,8 @@ class Canvas {
 
     /// Lines of text, centred, from the top of the area downwards, clipped to it as above.
     /// @param font    null means the stock system font
-    /// @param length  number of bytes
     /// @param format  further bits for DrawText
-    void Write_Lines(HFONT font, const char* text, int length, const Area& area, UINT format,
-                     unsigned long color);
+    void Write_Lines(HFONT font, std::wstring_view text, const Area& area, UINT format, unsigned long color);
 
     /// A piece of a line as `Text_Tabbed` writes it, not clipped.
     /// @param font  null means the stock system font

@@ -1,8 +1,10 @@
 #include "tools/caption.h"
 
 #include <algorithm>
-#include <cstring>
+#include <string_view>
 
+#include "tools/code_page.h"
+#include "tools/font.h"
 #include "tools/font_cache.h"
 #include "tools/frame.h"
 
@@ -40,11 +42,32 @@ void Place_Rows(Area& place, const Area& area, unsigned long flags, int border, 
 }
 
 int Stacked_Height(const char* text, const TEXTMETRICA& metrics) {
-    constexpr std::size_t Most_Lines = 1000000;  // far outside any window, and their height is still in range
-    return static_cast<int>(std::min(std::strlen(text), Most_Lines)) * static_cast<int>(metrics.tmHeight);
+    constexpr int Most_Lines = 1000000;  // far outside any window, and their height is still in range
+    return std::min(Text_Characters(text), Most_Lines) * static_cast<int>(metrics.tmHeight);
 }
 
 constexpr int Least_Side = 6;  // at 96 dots per inch
+
+/// The first characters of a text, one a line.
+class Stack {
+  public:
+    explicit Stack(std::string_view text) {
+        constexpr int Most_Characters = 128;
+        for (int i = 0, at = 0; i < Most_Characters && at < static_cast<int>(text.size()); ++i) {
+            const int next = Next_Character(text, at);
+            length += Text_To_Wide(text.data() + at, next - at, units + length, Room - 1 - length);
+            units[length++] = L'\n';
+            if (length == Room) break;
+            at = next;
+        }
+    }
+    std::wstring_view Lines() const { return {units, static_cast<std::size_t>(length)}; }
+
+  private:
+    static constexpr int Room = 1024;  // for letters with many marks too
+    wchar_t units[Room];
+    int length = 0;
+};
 
 /// How far a caption keeps clear of the edges of its area.
 struct Margins {
@@ -62,9 +85,7 @@ struct Margins {
 
 void Paint_Stacked(Canvas& canvas, HFONT font, const char* text, unsigned long flags, const Area& area,
                    int border, int margin, UINT format, unsigned long color) {
-    constexpr std::size_t Most_Characters = 128;
     const TEXTMETRICA metrics = Metrics_Of(font);
-    const std::size_t length = std::strlen(text);
     const int character = metrics.tmAveCharWidth;
     Area place = area;
     if (flags & FLAG_TEXT_LEFT) {
@@ -76,13 +97,7 @@ void Paint_Stacked(Canvas& canvas, HFONT font, const char* text, unsigned long f
     }
     Place_Rows(place, area, flags, border, Stacked_Height(text, metrics));
 
-    char lines[2 * Most_Characters];
-    const std::size_t count = std::min(length, Most_Characters);
-    for (std::size_t i = 0; i < count; ++i) {
-        lines[2 * i] = text[i];
-        lines[2 * i + 1] = '\n';
-    }
-    canvas.Write_Lines(font, lines, static_cast<int>(2 * count), place, format, color);
+    canvas.Write_Lines(font, Stack(text).Lines(), place, format, color);
 }
 
 void Paint_Line(Canvas& canvas, HFONT font, const char* text, unsigned long flags, const Area& area,

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <new>
 
 namespace galdren {
 
@@ -123,5 +124,17 @@ int Next_Character(std::string_view text, int at) {
 int Previous_Character(std::string_view text, int at) { return Last_Before(text, at, Next_Character); }
 
 int Previous_Code(std::string_view text, int at) { return Last_Before(text, at, Next_Code); }
+
+int Length_Within(std::string_view text, int most) {
+    if (text.size() <= static_cast<std::size_t>(most)) return static_cast<int>(text.size());
+    const int length = Previous_Character(text, most + 1);
+    return length > 0 ? length : Previous_Code(text, most + 1);
+}
+
+Wide_Line::Wide_Line(std::string_view text) {
+    const auto bytes = static_cast<int>(text.size());
+    if (bytes > Room) longer.reset(new (std::nothrow) wchar_t[text.size()]);
+    length = Text_To_Wide(text.data(), bytes, longer ? longer.get() : room, longer ? bytes : Room);
+}
 
 }  // namespace galdren

@@ -3,6 +3,7 @@
 /// character is one by itself, and nothing is read beyond the end.
 #pragma once
 
+#include <memory>
 #include <string_view>
 
 #include "util/code_page.h"
@@ -23,5 +24,23 @@ int Previous_Character(std::string_view text, int at);
 
 /// The same, with each mark as a character of its own.
 int Previous_Code(std::string_view text, int at);
+
+/// Bytes of as many whole characters as fit into `most`; where not one does, of as many coded ones.
+int Length_Within(std::string_view text, int most);
+
+/// A text as UTF-16 for one call of the system. It takes memory only for long ones, and is cut without.
+class Wide_Line {
+  public:
+    explicit Wide_Line(std::string_view text);
+
+    const wchar_t* Units() const { return longer ? longer.get() : room; }
+    int Length() const { return length; }
+
+  private:
+    static constexpr int Room = 512;
+    wchar_t room[Room];
+    std::unique_ptr<wchar_t[]> longer;
+    int length;
+};
 
 }  // namespace galdren

@@ -101,13 +101,7 @@ bool Passes_Filters(unsigned long flag, std::string_view character) {
 }
 
 std::string_view Whole_Characters(std::string_view text, int most) {
-    if (Size_Of(text) <= most) return text;
-    int end = 0;
-    for (int next = 0; next <= most; next = Next_Character(text, next))
-        end = next;
-    // Marks without end are cut after all.
-    if (end == 0) end = Character_Begin(text, most);
-    return text.substr(0, static_cast<std::size_t>(end));
+    return text.substr(0, static_cast<std::size_t>(Length_Within(text, most)));
 }
 
 Text_Span Word_Around(std::string_view text, int at) {

@@ -175,6 +175,16 @@ void Texts::OverWrite(const char* format, ...) {
     va_end(arguments);
 }
 
+bool Texts::Plain_Line(int line, char* text) const {
+    if (!Lines || line < 0 || line >= Most_Lines || !Lines[line]) return false;
+    std::size_t length = 0;
+    Text_Run run{};
+    for (Run_Reader reader(Lines[line], Codes_In(*this, Flag, line)); reader.Next(run);)
+        length += run.text.copy(text + length, Line_Room - 1 - length);
+    text[length] = '\0';
+    return true;
+}
+
 /// Formats a text and appends it, or puts it in place of the newest line.
 void Texts::Append(bool new_line, const char* format, va_list arguments) {
     if (!Has_Size(*this) || !format) return;

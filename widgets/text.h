@@ -200,6 +200,12 @@ class GALDREN_TOOLS_API Texts : public Tools, public Text_Fields {
     /// @param how  see `Text_Caret`
     void Show_Caret(Text_Caret how);
 
+    /// Copies an output line without its codes.
+    /// @param line  its index, 0 the newest
+    /// @param text  receives it, up to `Line_Room` bytes with its end
+    /// @return false when there is no such line
+    bool Plain_Line(int line, char* text) const;
+
     /// Appends a formatted text; every line break in it begins a new line. It is cut at 255 bytes, between
     /// characters.
     /// @param format  a printf format with its arguments; null does nothing

@@ -149,6 +149,7 @@ void Texts::Read_Echo() {
     const Area box = Input_Area(*this);
     if (!(Mode & TEXT_READING) || box.right < box.left) return;
     Canvas canvas(*this, Input_Reach(*this));
-    Paint_Body(canvas, *this, Select_State == Hover_Highlighted, nullptr, Flag, Frame_Width(*this) + canvas.Line(), box);
+    Paint_Body(canvas, *this, Select_State == Hover_Highlighted, nullptr, Flag,
+               Frame_Width(*this) + canvas.Line(), box);
     Input_View(*this, Input_Line(*this, Flag, Edits), Edits).Paint(canvas);
 }

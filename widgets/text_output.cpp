@@ -54,8 +54,8 @@ int Write_Line(Canvas& canvas, const Texts& field, int line, POINT place, Text_S
     Text_Run run{};
     for (Run_Reader reader(text, Codes_In(field, field.Flag, line)); reader.Next(run);) {
         const auto begin = static_cast<int>(run.text.data() - text);
-        width += Write_Span(canvas, fonts[run.font], run.text, {place.x + width, place.y}, Ink(canvas.Look(), run),
-                            {selected.from - begin, selected.to - begin}, rows);
+        width += Write_Span(canvas, fonts[run.font], run.text, {place.x + width, place.y},
+                            Ink(canvas.Look(), run), {selected.from - begin, selected.to - begin}, rows);
     }
     return width;
 }

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "tools/arithmetic.h"
+#include "tools/font_cache.h"
 #include "widgets/text_lines.h"
 #include "widgets/text_places.h"
 #include "widgets/text_spans.h"

@@ -1,7 +1,12 @@
 #include "widgets/text_spans.h"
 
+#include <algorithm>
+#include <cstdlib>
+
 #include "tools/code_page.h"
 #include "tools/font_cache.h"
+#include "tools/lock.h"
+#include "widgets/shaped_text.h"
 
 namespace galdren {
 
@@ -17,28 +22,52 @@ class Ended {
     char text[Text_Fields::Line_Room];
 };
 
-std::string_view Before(std::string_view text, int at) {
-    return text.substr(0, static_cast<std::size_t>(at));
-}
+/// Where the characters of a piece of a line have their edges.
+class Edges {
+  public:
+    Edges(HFONT written, std::string_view piece) : shaped(written, piece), font(written), text(piece) {}
+
+    int Length() const { return static_cast<int>(text.size()); }
+    int Next(int at) const { return Next_Character(text, at); }
+    /// Where the character at a byte index begins; behind the last one, where that ends.
+    int Begin(int at) const {
+        if (!shaped.Is_Needed()) return Width_Of(font, text.substr(0, static_cast<std::size_t>(at)));
+        if (at < Length()) return shaped.Edge_Of(at, false);
+        return at > 0 ? shaped.Edge_Of(Previous_Character(text, at), true) : 0;
+    }
+    /// Where it ends.
+    int End(int at) const { return shaped.Is_Needed() ? shaped.Edge_Of(at, true) : Begin(Next(at)); }
+    /// Whether characters that follow each other stand so.
+    bool Are_In_Order() const { return !shaped.Is_Needed(); }
+
+  private:
+    Drawing_Lock lock;
+    Shaped_Text shaped;
+    HFONT font;
+    std::string_view text;
+};
 
 }  // namespace
 
-int Width_Of(HFONT font, std::string_view text) { return Width_Of(font, Ended(text).Get()); }
+int Place_Of(HFONT font, std::string_view text, int at) { return Edges(font, text).Begin(at); }
 
-int Place_Of(HFONT font, std::string_view text, int at) { return Width_Of(font, Before(text, at)); }
-
+/// Of the character at `x` the nearer edge counts; of a place beyond all, the end that is nearest.
 int Nearest_To(HFONT font, std::string_view text, int x) {
-    const auto length = static_cast<int>(text.size());
-    int at = 0;
-    int begin = 0;
-    while (at < length) {
-        const int next = Next_Character(text, at);
-        const int end = Place_Of(font, text, next);
-        if (x < (begin + end) / 2) break;
+    const Edges edges(font, text);
+    int nearest = 0;
+    int least = std::abs(x - edges.Begin(0));
+    for (int at = 0; at < edges.Length();) {
+        const int next = edges.Next(at);
+        const int distance = std::abs(x - edges.End(at));
+        if (distance < least) {
+            least = distance;
+            nearest = next;
+        } else if (edges.Are_In_Order()) {
+            break;
+        }
         at = next;
-        begin = end;
     }
-    return at;
+    return nearest;
 }
 
 int Write_Span(Canvas& canvas, HFONT font, std::string_view text, POINT place, unsigned long color,
@@ -46,14 +75,21 @@ int Write_Span(Canvas& canvas, HFONT font, std::string_view text, POINT place, u
     const Ended piece(text);
     const int x = place.x;
     const int width = canvas.Write_Run(font, piece.Get(), x, place.y, color);
-    const auto length = static_cast<int>(text.size());
-    const Text_Span shown{std::max(selected.from, 0), std::min(selected.to, length)};
+    const Text_Span shown{std::max(selected.from, 0), std::min(selected.to, static_cast<int>(text.size()))};
     if (shown.Is_Empty()) return width;
-    const Area ground{x + Place_Of(font, text, shown.from), x + Place_Of(font, text, shown.to), rows.bottom,
-                      rows.top};
-    const Canvas::Narrow_Clip clip = canvas.Narrow(ground);
-    canvas.Box(ground, canvas.Look().Selection);
-    canvas.Write_Run(font, piece.Get(), x, place.y, canvas.Look().Caption_Selected);
+    const auto invert = [&](int from, int to) {
+        const Area ground{x + std::min(from, to), x + std::max(from, to), rows.bottom, rows.top};
+        const Canvas::Narrow_Clip clip = canvas.Narrow(ground);
+        canvas.Box(ground, canvas.Look().Selection);
+        canvas.Write_Run(font, piece.Get(), x, place.y, canvas.Look().Caption_Selected);
+    };
+    const Edges edges(font, text);
+    if (edges.Are_In_Order()) {
+        invert(edges.Begin(shown.from), edges.Begin(shown.to));
+        return width;
+    }
+    for (int at = shown.from; at < shown.to; at = edges.Next(at))
+        invert(edges.Begin(at), edges.End(at));
     return width;
 }
 

@@ -9,9 +9,6 @@
 
 namespace galdren {
 
-/// Width of a piece of a line in pixels.
-int Width_Of(HFONT font, std::string_view text);
-
 /// Where the character at a byte index stands, from the left of the piece on.
 int Place_Of(HFONT font, std::string_view text, int at);
 

@@ -19,7 +19,7 @@ struct Picker {
         tree.Name = "Directory";
         chosen.Flag = typed_label.Flag = FLAG_TEXT_LEFT;
         typed_label.Name = "Path";
-        typed.Flag = TEXT_SINGLE_LINE, typed.Color = Colors(222, 225, 230);
+        typed.Flag = TEXT_SINGLE_LINE | TEXT_EDITING, typed.Color = Colors(222, 225, 230);
         ok.Name = "OK", cancel.Name = "Cancel";
         Serve_Screen_Readers(host);
         host.Set_Background(Colors(76, 81, 90));

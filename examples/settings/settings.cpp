@@ -95,7 +95,7 @@ struct Dialog {
 
     void Add_Entry(Labels& label, const char* name, Texts& field, int y, unsigned long flag) {
         Add(label, name, 28, y, 60, 26, FLAG_TEXT_LEFT);
-        Add(field, nullptr, 92, y, 208, 26, flag | TEXT_SINGLE_LINE);
+        Add(field, nullptr, 92, y, 208, 26, flag | TEXT_SINGLE_LINE | TEXT_EDITING);
         field.Color = Colors(222, 225, 230);
     }
 

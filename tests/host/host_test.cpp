@@ -670,7 +670,7 @@ TEST_F(Host_Test, Move_Without_Change_Of_Hover_Paints_Nothing) {
     for (int x = 52; x < 58; ++x)
         Send(WM_MOUSEMOVE, 0, x, 20);
     for (const char* call :
-         {"GetDC", "GetDCEx", "SetDIBitsToDevice", "DrawTextA", "BitBlt", "PatBlt", "FillRect"}) {
+         {"GetDC", "GetDCEx", "SetDIBitsToDevice", "DrawTextW", "BitBlt", "PatBlt", "FillRect"}) {
         EXPECT_EQ(spy.Count(call), 0) << call;
     }
     Send(WM_MOUSEMOVE, 0, 64, 20);

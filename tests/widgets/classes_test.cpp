@@ -178,7 +178,7 @@ TYPED_TEST(Any_Class, Survives_Failures_And_Gives_Everything_Back) {
     };
     const auto all = [&] {
         for (const char* function :
-             {"", "GetDC", "GetDCEx", "CreateRectRgn", "CreateFontIndirectA", "CreateDIBSection"}) {
+             {"", "GetDC", "GetDCEx", "CreateRectRgn", "CreateFontIndirectW", "CreateDIBSection"}) {
             for (int passed = 0; passed < (*function ? 5 : 40); ++passed) {
                 Call_Spy spy;
                 *function ? spy.Fail(function, passed) : spy.Fail_Allocation(passed);

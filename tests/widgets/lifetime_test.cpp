@@ -134,7 +134,7 @@ TEST(Init, Rebuilds_Only_What_Changed) {
     EXPECT_EQ(button.Cur_Graph_Normal, button.Normal_Down);
     Call_Spy spy;
     box.Init(window), button.Init(window);
-    EXPECT_EQ(spy.Count("CreateFontIndirectA"), 0);
+    EXPECT_EQ(spy.Count("CreateFontIndirectW"), 0);
 }
 
 TEST(Init, Forgets_Withdrawn_Images_Whatever_Way_It_Takes) {
@@ -316,7 +316,7 @@ TEST(Failures, Of_A_Font_Are_Reported_Once) {
     Test_Window window(300, 200);
     Report_Catcher reports;
     Call_Spy spy;
-    spy.Fail("CreateFontIndirectA");
+    spy.Fail("CreateFontIndirectW");
     Boxs box;
     Fill_In(box);
     box.Font_Name = "Face";
@@ -324,7 +324,7 @@ TEST(Failures, Of_A_Font_Are_Reported_Once) {
     EXPECT_EQ(box.Font, nullptr);
     EXPECT_EQ(reports.Take(),
               "7:WARNING: in Z_Create_Font()|7:Unable to allocate font:(name:Face height:-13 weight:700 )");
-    spy.Fail("CreateFontIndirectA");
+    spy.Fail("CreateFontIndirectW");
     EXPECT_EQ(Z_Create_Font(window, "Other", nullptr, nullptr, 33), nullptr);
     EXPECT_EQ(reports.Take(), "");
     Boxs stock;
