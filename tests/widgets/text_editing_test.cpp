@@ -1,4 +1,5 @@
 // Text fields with `TEXT_EDITING`: clipboard, pointer and what shows.
+#include <optional>
 #include <string>
 #include <thread>
 
@@ -50,7 +51,7 @@ struct Field : Texts {
     }
     /// Presses elsewhere first, so that no double click comes of it.
     void Drag(POINT from, POINT to) {
-        Point(EVENT_PRESS, {30, 230}), Point(EVENT_MOVE, {30, 230});
+        Point(EVENT_PRESS, {300, 200}), Point(EVENT_MOVE, {300, 200});
         Point(EVENT_PRESS, from), Point(EVENT_DRAG, to), Point(EVENT_MOVE, to);
     }
     std::string Selection() const {
@@ -199,11 +200,14 @@ TEST(Text_Editing, The_Caret_Stands_Where_The_System_Has_It) {
         const int length = static_cast<int>(std::strlen(field.Line));
         const std::string line = field.Line;
         field.Input(KEY_NAVIGATION | VK_HOME);
+        std::optional<int> apart;  // both begin at a column of their own
         for (int at = 0; at < length; at = field.Cursor_Pos) {
             const auto unit = static_cast<int>(galdren::To_Wide(line.substr(0, std::size_t(at))).size());
             const POINT place = field.Place_Of(at);
-            EXPECT_EQ(place.x - field.Place_Of(0).x, native_place(unit) - native_place(0))
-                << line << " at " << at;
+            const int distance = place.x - native_place(unit);
+            // At its first character the native control always says 0, wherever that stands.
+            if (at > 0 && !apart) apart = distance;
+            EXPECT_TRUE(at == 0 || distance == apart) << line << " at " << at << ": " << distance;
             field.Drag(place, place);
             EXPECT_EQ(field.Cursor_Pos, at) << line;
             field.Cursor_Pos = static_cast<short>(at);
