@@ -34,12 +34,6 @@ void Renew_Region(Tools_Fields& control) {
 
 }  // namespace
 
-short Font_Points(const Tools_Fields& control) {
-    constexpr int Default_Points = 12;
-    const bool is_default = control.Font_Size < 1 && control.Scale != 0 && control.Scale != Unscaled;
-    return is_default ? Within_16(Scaled(control, Default_Points)) : control.Font_Size;
-}
-
 const char* Name_Of(const Tools_Fields& control) { return control.Name ? control.Name : "(null)"; }
 
 int Frame_Width(const Tools_Fields& control) {

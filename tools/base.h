@@ -100,9 +100,6 @@ void Bind(Tools_Fields& control, HWND window);
 /// Binds a control that needs no region; the one that it has goes.
 void Bind_Without_Region(Tools_Fields& control, HWND window);
 
-/// Height of the font of a control. What stands for none grows with the scale, as a size that is given does.
-short Font_Points(const Tools_Fields& control);
-
 /// Makes the font when there is none or its size changed.
 void Renew_Font(Tools_Fields& control);
 
@@ -111,6 +108,24 @@ void Remake_Font(Tools_Fields& control);
 
 /// Whether theme or scale are others than those of the last generation of buffers.
 bool Is_Redressed(const Tools_Fields& control);
+
+/// Gives a part the scale and the theme of its owner.
+inline void Copy_Look(Tools_Fields& part, const Tools_Fields& owner) {
+    part.Scale = owner.Scale;
+    part.Look = owner.Look;
+}
+
+/// Gives a part what its owner has around it: text clip rectangle, scale and theme. It is cut at the owner's
+/// edges, and painted when the owner is.
+inline void Copy_Surroundings(Tools_Fields& part, const Tools_Fields& owner) {
+    part.Room = Is_Empty(owner.Room) ? owner.Rect : Common(owner.Rect, owner.Room);
+    part.Veil = owner.Veil;
+    Copy_Look(part, owner);
+    part.Clip_X = owner.Clip_X;
+    part.Clip_Y = owner.Clip_Y;
+    part.Clip_Width = owner.Clip_Width;
+    part.Clip_Height = owner.Clip_Height;
+}
 
 /// Notes size, theme and scale as those of the last generation of buffers.
 void Note_Size(Tools_Fields& control);

@@ -76,8 +76,10 @@ Canvas::Canvas(const Tools_Fields& control, const Reach& reach)
 Canvas::Canvas(const Tools_Fields& control, const Area& covered, unsigned& picture)
     : Canvas(control, Kept_Reach(control, covered, picture)) {}
 
-Canvas::Canvas(HWND window, const Reach& reach)
-    : theme(Plain_Theme), scale(Unscaled), view(window, {reach.area, reach.covered, nullptr, true}) {}
+Canvas::Canvas(HWND window, const Reach& reach, const Tools_Fields* like)
+    : theme(like ? Theme_Of(*like) : Plain_Theme),
+      scale(like ? like->Scale : Unscaled),
+      view(window, {reach.area, reach.covered, nullptr, true}) {}
 
 void Canvas::Raise(int rows) {
     view.sheet->Raise(rows);
@@ -195,6 +197,29 @@ void Canvas::Pixels(const void* buffer, int width, int height, int column, int r
                     size.cy);
     } else if (view.dc) {
         Put_Pixels(view.dc, {shown.left, shown.top}, source, from_x, from_y, size);
+    }
+}
+
+void Canvas::Zoomed_Pixels(const void* buffer, SIZE size, const Zoom& zoom, POINT corner, const Area& area) {
+    const int width = static_cast<int>(size.cx);
+    const int height = static_cast<int>(size.cy);
+    if (zoom.times == zoom.part)
+        return Pixels(buffer, width, height, area.left - corner.x, area.bottom - corner.y, area);
+    const int left = corner.x;
+    const int top = Y(corner.y) + 1 - zoom.Of(height);
+    const RECT image{left, top, left + zoom.Of(width), top + zoom.Of(height)};
+    const RECT wanted{area.left, Y(area.top), area.right + 1, Y(area.bottom) + 1};
+    const RECT shown = Clipped(Common(image, wanted));
+    const Raster source{static_cast<unsigned long*>(const_cast<void*>(buffer)), width};
+    RECT block = shown;
+    for (; block.top < shown.bottom; block.top = block.bottom) {
+        const int row = zoom.From(static_cast<int>(block.top) - top);
+        block.bottom = std::min<LONG>(top + zoom.End_Of(row), shown.bottom);
+        for (block.left = shown.left; block.left < shown.right; block.left = block.right) {
+            const int column = zoom.From(static_cast<int>(block.left) - left);
+            block.right = std::min<LONG>(left + zoom.End_Of(column), shown.right);
+            Fill(block, Exchange_Red_And_Blue(*source.At(column, row)) & 0xFFFFFF);
+        }
     }
 }
 

@@ -38,7 +38,8 @@ class Canvas {
     /// On a picture that is kept from paint to paint, for a paint that covers an area; see `View`.
     Canvas(const Tools_Fields& control, const Area& covered, unsigned& picture);
     /// For a paint that belongs to no control.
-    Canvas(HWND window, const Reach& reach);
+    /// @param like  whose scale and theme it has; null for neither
+    Canvas(HWND window, const Reach& reach, const Tools_Fields* like = nullptr);
     /// The theme of the control.
     const Theme& Look() const { return theme; }
     /// A length at the scale of the control.
@@ -76,6 +77,10 @@ class Canvas {
     /// Pixels of a buffer of `width` x `height`, rows top-down, from its column `column` and `rows_below`
     /// rows above its last, to `area`, all four edges included. Where there are none nothing is painted.
     void Pixels(const void* buffer, int width, int height, int column, int rows_below, const Area& area);
+
+    /// A whole buffer of `size`, rows top-down, zoomed, with its bottom-left corner at a place. What lies
+    /// beyond `area`, all four edges included, is left out.
+    void Zoomed_Pixels(const void* buffer, SIZE size, const Zoom& zoom, POINT corner, const Area& area);
 
     /// One line of text with its tabs expanded, clipped to the columns left..right-1 and the rows
     /// bottom+1..top.

@@ -73,24 +73,6 @@ inline Reach Reach_Of(const Tools_Fields& control) {
     return complete ? Covering(covered) : Around(control);
 }
 
-/// Gives a part the scale and the theme of its owner.
-inline void Copy_Look(Tools& part, const Tools& owner) {
-    part.Scale = owner.Scale;
-    part.Look = owner.Look;
-}
-
-/// Gives a part what its owner has around it: text clip rectangle, scale and theme. It is cut at the owner's
-/// edges, and painted when the owner is.
-inline void Copy_Surroundings(Tools& part, const Tools& owner) {
-    part.Room = Is_Empty(owner.Room) ? owner.Rect : Common(owner.Rect, owner.Room);
-    part.Veil = owner.Veil;
-    Copy_Look(part, owner);
-    part.Clip_X = owner.Clip_X;
-    part.Clip_Y = owner.Clip_Y;
-    part.Clip_Width = owner.Clip_Width;
-    part.Clip_Height = owner.Clip_Height;
-}
-
 /// Gives a part the name of its owner. It holds the name like a copy does, for the owner may get another one.
 inline void Take_Name(Tools& part, const Tools& owner) {
     Release_Name(part);

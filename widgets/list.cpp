@@ -58,18 +58,6 @@ void Init_Bar(Lists& list, const Area& place, short start, int room, int extent,
     if (list.Scroll_Bar.Val == 0.0F) list.Scroll_Bar.Val = start;
 }
 
-/// Rows, or columns, that a bar has scrolled by.
-float Scrolled_By(const Lists& list) {
-    const Sliders& bar = list.Scroll_Bar;
-    if (!Has_Bar(list) || bar.Step == 0.0F) return 0.0F;
-    return (Is_Column(list) ? bar.Val - bar.End_Val : bar.Start_Val - bar.Val) / bar.Step;
-}
-
-/// Has a bar show the rows from one on.
-void Show_From(Sliders& bar, bool column, float row) {
-    bar.Val = column ? bar.End_Val + row * bar.Step : bar.Start_Val - row * bar.Step;
-}
-
 /// Items from the top down. Those that fit share the height evenly.
 Item_Size Lay_Out_Column(Lists& list, const Area& area) {
     const int margin = Margin_Of(list);
@@ -335,8 +323,6 @@ void Lists::Init(HWND window) {
     Bind(*this, window);
     Renew_Font(*this);
     Init_Frame(*this);
-    const bool rescaled = Scale != Last_Scale;
-    const float scrolled = Scrolled_By(*this);
     Scroll_Bar.Width = 0;
     Picture = 0;
     Count();
@@ -347,7 +333,6 @@ void Lists::Init(HWND window) {
     const Item_Size size = Is_Column(*this) ? Lay_Out_Column(*this, area) : Lay_Out_Row(*this, area);
     Origin = Is_Column(*this) ? Item_Y : Item_X;
     Init_Items(*this, size);
-    if (rescaled && Has_Bar(*this)) Show_From(Scroll_Bar, Is_Column(*this), scrolled);
     if (Has_Bar(*this)) Scroll_Bar.Init(window);
     Note_Size(*this);
 }

@@ -25,16 +25,10 @@ class Recorder : public Tools {
         : log(shared_log), id(letter) {
         X = x, Y = y, Width = width, Height = height;
     }
-    void Init(HWND window) {
-        Window = window;
-        Rect = {X, Y, X + Width + 1, Y + Height + 1};
-    }
+    void Init(HWND window) { Prepare(window); }
     void Draw() { Note(" draw"); }
     int Select(int event) {
-        POINT pointer{ZCursor_X, ZCursor_Y};
-        ScreenToClient(Window, &pointer);
-        pointer.y = client_height - 1 - pointer.y;
-        const int inside = PtInRect(&Rect, pointer) ? 1 : 0;
+        const bool inside = Is_Pointed();
         Note(std::to_string(event) + (inside ? '+' : '-'));
         return inside;
     }
@@ -675,6 +669,38 @@ TEST_F(Host_Test, Move_Without_Change_Of_Hover_Paints_Nothing) {
     }
     Send(WM_MOUSEMOVE, 0, 64, 20);
     EXPECT_EQ(spy.Contexts(), 2) << "the one that was left and the one entered";
+}
+
+/// An application's own control: pixels of its own stand where it says, and a part is cut, hidden and
+/// scaled like it.
+TEST_F(Host_Test, Helps_Controls_Of_The_Application) {
+    struct Stamp : Tools {
+        Buttons part;
+        void Init(HWND window) {
+            if (!Prepare(window)) return;
+            Adopt(part);
+            part.Init(window);
+        }
+        void Draw() {
+            const unsigned long pixels[] = {0x112233, 0x445566, 0x778899, 0xAABBCC};
+            Blit(pixels, 2, 2, static_cast<short>(X + 1), static_cast<short>(Y + 1));
+            Blit(nullptr, 2, 2, X, Y);
+            part.Draw();
+        }
+    } stamp;
+    stamp.X = 150, stamp.Y = 60, stamp.Width = 20, stamp.Height = 20, stamp.Scale = 200;
+    Place(stamp.part, "Part", 155, 65, 40, 10);
+    host->Clear();
+    host->Add(stamp);
+    host->Init_All();
+    const Picture shown = All_Painted();
+    EXPECT_EQ(shown.At(151, 62), 0x112233U);
+    EXPECT_EQ(shown.At(152, 61), 0xAABBCCU);
+    const auto ground = shown.At(5, 5);
+    EXPECT_NE(shown.At(170, 70), ground) << "the part goes on to the edge";
+    EXPECT_EQ(shown.At(171, 70), ground) << "and no farther";
+    EXPECT_EQ(stamp.part.Scale, 200);
+    EXPECT_EQ(stamp.Rect.right, 171);
 }
 
 }  // namespace

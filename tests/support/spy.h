@@ -49,7 +49,7 @@ class Call_Spy {
 
 /// Number of live GDI objects of this process.
 int Gdi_Objects();
-/// Blocks that the C runtime's heap holds.
+/// Blocks that the C runtime's heap holds, and those of the allocator of checked builds.
 int Live_Blocks();
 
 /// While it lives, takes the reports of both libraries, of every level.
