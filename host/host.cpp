@@ -7,6 +7,8 @@
 
 #include "host/client.h"
 #include "host/parts_view.h"
+#include "host/watch.h"
+#include "parts/typed_text.h"
 
 namespace {
 
@@ -18,7 +20,8 @@ Host::Host(HWND served)
     : window(served),
       life(std::make_shared<const int>(0)),
       parts(std::make_unique<Parts_View>(*this)),
-      keys(std::make_unique<Part_Keys>(*parts, [this](const RECT& area) { Uncover(area); })) {
+      keys(std::make_unique<Part_Keys>(*parts, [this](const RECT& area) { Uncover(area); })),
+      typed(std::make_unique<galdren::Typed_Text>()) {
     Check_Tools_Layout();
     keys->Set_On_Focus([this](Part_Place place) { Follow_Focus(place); });
     keys->Set_Active(GetFocus() == window);
@@ -207,13 +210,29 @@ bool Host::Handle(UINT message, WPARAM wparam, LPARAM lparam, LRESULT& result) {
             return On_Wheel(GET_WHEEL_DELTA_WPARAM(wparam), place, message == WM_MOUSEHWHEEL) && taken(0);
         case WM_SETFOCUS:
         case WM_KILLFOCUS:
+            if (message == WM_KILLFOCUS) Finish_Composing();
             keys->Set_Active(message == WM_SETFOCUS);
+            Follow_Caret();
             return false;
         case WM_KEYDOWN:
         case WM_KEYUP:
         case WM_CHAR:
         case WM_SYSKEYDOWN:
             return On_Key(message, wparam, lparam) && taken(0);
+        case WM_UNICHAR:
+            return On_Whole_Character(wparam, lparam, result);
+        case WM_IME_STARTCOMPOSITION:
+            On_Composition_Start();
+            return false;
+        case WM_IME_COMPOSITION:
+            return On_Composition(wparam, lparam, result);
+        case WM_IME_ENDCOMPOSITION:
+            composing_serial = 0;
+            return false;
+        case WM_CONTEXTMENU:
+            return On_Context_Menu(place) && taken(0);
+        case WM_SETCURSOR:
+            return On_Set_Cursor(lparam) && taken(TRUE);
         default:
             return false;
     }

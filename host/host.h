@@ -29,6 +29,10 @@
 #include "host_event.h"
 #include "host_service.h"
 
+namespace galdren {
+class Typed_Text;
+}
+
 /// Draws the controls of one window and tells them of the pointer and the keys.
 ///
 /// The host does not own controls: each must outlive the host or be removed. They are painted in the order in
@@ -314,12 +318,26 @@ class Host {
     Entry* Key_Taker();
     void Begin_Reading(const Entry& entry);
     void Follow_Focus(Part_Place place);
-    void Focus_By_Press(const Entry& entry, POINT logical);
+    bool Focus_By_Press(const Entry& entry, POINT logical);
     void Focus_By_Release();
     bool Offer(UINT message, int code) const;
     void Type(Entry& taker, int key);
     bool Work_Parts(UINT message, int key, bool repeated);
     bool On_Key(UINT message, WPARAM wparam, LPARAM lparam);
+    void Tell_Typed(Entry& taker, int key);
+
+    // host_text.cpp
+    Entry* Text_Taker();
+    static Texts* Edited_Field(const Entry* entry);
+    bool On_Character(UINT message, WPARAM wparam);
+    bool On_Whole_Character(WPARAM wparam, LPARAM lparam, LRESULT& result);
+    void Type_Text(Entry& taker, const std::string& text);
+    void On_Composition_Start();
+    bool On_Composition(WPARAM wparam, LPARAM lparam, LRESULT& result);
+    void Finish_Composing();
+    bool On_Context_Menu(POINT screen);
+    bool On_Set_Cursor(LPARAM lparam);
+    void Follow_Caret();
 
     // host_parts.cpp
     Entry* Workable(Part_Place place);
@@ -388,10 +406,14 @@ class Host {
     std::vector<std::unique_ptr<Host_Service>> services;
     std::unique_ptr<Parts_View> parts;
     std::unique_ptr<Part_Keys> keys;
-    bool takes_tab = false;       // Tab is being taken, of which the application hears nothing
-    std::size_t key_user = 0;     // number of a control that could have the keyboard; see `Wants_Keys`
-    unsigned focus_serial = 0;    // of the control that got the keyboard last; 0 for none
-    unsigned wanted_serial = 0;   // of the control that is to have it once it can; 0 for none
-    unsigned pressed_serial = 0;  // of the control that gets it when the left button goes up; 0 for none
-    int pressed_part = Whole;     // and its part
+    bool takes_tab = false;    // Tab is being taken, of which the application hears nothing
+    std::size_t key_user = 0;  // number of a control that could have the keyboard; see `Wants_Keys`
+    std::unique_ptr<galdren::Typed_Text> typed;  // characters of which a part is still to come
+    unsigned composing_serial = 0;  // of the control in which the input method composes; 0 for none
+    int caret_height = 0;           // of the system's caret; 0 while the window has none
+    POINT told_caret{};             // caret and selection of the field, of which the services know
+    unsigned focus_serial = 0;      // of the control that got the keyboard last; 0 for none
+    unsigned wanted_serial = 0;     // of the control that is to have it once it can; 0 for none
+    unsigned pressed_serial = 0;    // of the control that gets it when the left button goes up; 0 for none
+    int pressed_part = Whole;       // and its part
 };

@@ -65,6 +65,10 @@ std::wstring Access_Spot::Name() const {
     return Is_Client() ? Title_Of(window.Window()) : To_Wide(Name_Of_Part(window, place));
 }
 
+std::wstring Access_Spot::Description() const {
+    return Is_Client() ? std::wstring() : Wide_Of(Described().selected);
+}
+
 long Access_Spot::Role() const {
     return Is_Client() ? Role_Of_Client(window.Window()) : Role_Of(Described());
 }

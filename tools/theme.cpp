@@ -123,6 +123,7 @@ Theme Dark_Theme() {
     dark.Caption_Outline = 0xFFB478;
     dark.Caption_Barred = 0xA8A8A8;
     dark.Caption_Changed = 0xFFC080;
+    dark.Caption_Hint = 0xA8A8A8;
     const unsigned long codes[] = {0xFFB478, 0xE8E8E8, 0xFFFFFF, 0x8C8CFF, 0x60E0E0, 0x70D070};
     std::copy(std::begin(codes), std::end(codes), dark.Codes);
     dark.Highlight = 0x32329B;
@@ -152,6 +153,8 @@ Theme System_Theme() {
         code = text;
     system.Body = system.Blank = system.Window = face;
     system.Highlight = system.Highlight_Down = system.Highlight_Back = GetSysColor(COLOR_HIGHLIGHT);
+    system.Selection = GetSysColor(COLOR_HIGHLIGHT);
+    system.Caption_Selected = GetSysColor(COLOR_HIGHLIGHTTEXT);
     system.Darker_Down = 0;
     system.Ramp = 0;
     system.Rim = GetSysColor(COLOR_WINDOWFRAME);
@@ -164,7 +167,7 @@ Theme System_Theme() {
     system.Least_Contrast = Readable;
     const unsigned long link = Ink_On_Window(system, GetSysColor(COLOR_HOTLIGHT));
     system.Caption_Outline = system.Caption_Changed = link;
-    system.Caption_Barred = Ink_On_Window(system, GetSysColor(COLOR_GRAYTEXT));
+    system.Caption_Barred = system.Caption_Hint = Ink_On_Window(system, GetSysColor(COLOR_GRAYTEXT));
     return system;
 }
 

@@ -9,11 +9,13 @@
 struct Theme {
     /// @name Ink
     /// @{
-    unsigned long Caption = 0x000000;          ///< captions, rows of lists and trees, values
-    unsigned long Caption_Down = 0xFFFFFF;     ///< captions of what is down, and with `FLAG_TEXT_WHITE`
-    unsigned long Caption_Outline = 0xE64040;  ///< outlines of one pixel, and captions inside of them
-    unsigned long Caption_Barred = 0x6E6E6E;   ///< directories that cannot be entered
-    unsigned long Caption_Changed = 0xFF0000;  ///< directories that are chosen
+    unsigned long Caption = 0x000000;           ///< captions, rows of lists and trees, values
+    unsigned long Caption_Down = 0xFFFFFF;      ///< captions of what is down, and with `FLAG_TEXT_WHITE`
+    unsigned long Caption_Outline = 0xE64040;   ///< outlines of one pixel, and captions inside of them
+    unsigned long Caption_Barred = 0x6E6E6E;    ///< directories that cannot be entered
+    unsigned long Caption_Changed = 0xFF0000;   ///< directories that are chosen
+    unsigned long Caption_Selected = 0xFFFFFF;  ///< selected text
+    unsigned long Caption_Hint = 0x606060;      ///< what stands in an empty field
     unsigned long Codes[6] = {0xFF0000, 0x000000, 0xFFFFFF,
                               0x0000FF, 0x00FFFF, 0x00A000};  ///< of text lines, by their colour codes
     /// @}
@@ -25,6 +27,7 @@ struct Theme {
     unsigned long Highlight = 0x6464E6;                     ///< under the pointer
     unsigned long Highlight_Down = 0x3C3CBE;                ///< the same, when it is down
     unsigned long Highlight_Back = 0x6464D2;                ///< tabs behind the one in front
+    unsigned long Selection = 0x8C4614;                     ///< behind selected text
     /// @}
 
     /// @name Edges and marks

@@ -20,7 +20,7 @@ struct Picker {
         tree.Name = "Directory";
         chosen.Flag = typed_label.Flag = FLAG_TEXT_LEFT;
         typed_label.Name = "Path";
-        typed.Flag = TEXT_SINGLE_LINE, typed.Color = Colors(222, 225, 230);
+        typed.Flag = TEXT_SINGLE_LINE | TEXT_EDITING, typed.Color = Colors(222, 225, 230);
         ok.Name = "OK", cancel.Name = "Cancel";
         Serve_Screen_Readers(host);
         host.Add(tree, [this](DirTrees&, const Host_Event& event) {

@@ -108,7 +108,7 @@ struct Dialog {
 
     void Add_Entry(Labels& label, const char* name, Texts& field, unsigned long flag) {
         Add(label, name, FLAG_TEXT_LEFT);
-        Add(field, nullptr, flag | TEXT_SINGLE_LINE);
+        Add(field, nullptr, flag | TEXT_SINGLE_LINE | TEXT_EDITING);
         field.Color = Colors(222, 225, 230);
     }
 
