@@ -49,6 +49,7 @@ struct Controls {
 // Has to be the first test of this program: it needs a library that has not drawn yet.
 TEST(Surface, Two_Threads_May_Draw_First) {
     ASSERT_EQ(Critical_Flag, 0) << "run this test alone";
+    EXPECT_EQ(Current_Color, 0u);
     Test_Window windows[2] = {Test_Window(60, 40), Test_Window(60, 40)};
     std::atomic<int> ready = 0;
     int overlaps = 0;
@@ -171,6 +172,22 @@ TEST(Surface, Clips_To_A_Rectangle_Until_Reset) {
         EXPECT_EQ(clipped(5, 5, 0, 10, true), all);
         EXPECT_EQ(window.Changed([&] { Paint(window, all); }), all) << "a clip outlives its pair";
     }
+}
+
+TEST(Surface, Keeps_No_Objects_Of_Primitives) {
+    Test_Window window(100, 50);
+    const auto paint = [&] {
+        Begin_Draw(window, nullptr);
+        Clip_Rect(1, 1, 90, 40);
+        Draw_Line(9, 9, 3), Draw_Frame(0, 0, 9, 9), Draw_Box(0, 9, 9, 0), Text_Tabbed(nullptr, 1, 1, "text");
+        Clip_Reset();
+        End_Draw();
+    };
+    paint();
+    const int objects = Gdi_Objects();
+    for (int i = 0; i < 20; ++i)
+        paint();
+    EXPECT_EQ(Gdi_Objects(), objects);
 }
 
 TEST(Batch, Reaches_The_Window_At_Its_End_And_Equals_Plain_Painting) {
