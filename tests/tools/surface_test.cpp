@@ -403,6 +403,11 @@ TEST(Hold, Shows_What_Members_And_Pairs_Paint) {
     held.Point_At(0, 0);
     use(controls, held);
     EXPECT_TRUE(Same(Picture(held), picture));
+    {
+        const Call_Spy spy;
+        controls.Draw();
+        EXPECT_EQ(spy.Contexts(), 0) << "the library keeps one for a held window";
+    }
     held.Refill();
     const HDC dc = GetDC(held);
     EXPECT_EQ(Show_Hold(held, dc, {0, 0, 300, 120}), 1);
@@ -448,6 +453,21 @@ TEST(Hold, Ends_With_The_Window) {
         EXPECT_EQ(Gdi_Objects(), objects);
     }
     Expect_Nothing_Taken();
+}
+
+TEST(Print, Tells_What_Fails) {
+    const Test_Window window(100, 50);
+    ASSERT_EQ(Begin_Print(window, 0), 1);
+    const HDC dc = GetDC(window);
+    const RECT place{0, 0, 10, 10};
+    for (const char* function : {"SetStretchBltMode", "StretchDIBits"}) {
+        Call_Spy spy;
+        spy.Fail(function);
+        EXPECT_EQ(Show_Batch(dc, place), 0) << function;
+    }
+    EXPECT_EQ(Show_Batch(dc, place), 1);
+    ReleaseDC(window, dc);
+    End_Batch();
 }
 
 /// Without memory for pictures the window itself is painted on, pixel for pixel the same.
