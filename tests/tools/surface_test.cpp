@@ -220,6 +220,24 @@ TEST(Batch, Reaches_The_Window_At_Its_End_And_Equals_Plain_Painting) {
     EXPECT_TRUE(Same(window.After(batch), plain)) << "second batch";
 }
 
+TEST(Batch, Of_Windows_In_Each_Other_Leaves_Nothing) {
+    const Test_Window windows[] = {Test_Window(90, 90), Test_Window(80, 80), Test_Window(70, 70),
+                                   Test_Window(60, 60)};
+    const auto nest = [&] {
+        for (const Test_Window& window : windows)
+            Begin_Batch(window), Paint(window, {0, 9, 0, 9});
+        for (int i = 3; i >= 0; --i) {
+            End_Batch();
+            EXPECT_EQ(Picture(windows[i]).At(5, 5), 0xFF0000u);
+        }
+    };
+    nest();
+    const int objects = Gdi_Objects();
+    for (int i = 0; i < 5; ++i)
+        nest();
+    EXPECT_EQ(Gdi_Objects(), objects);
+}
+
 TEST(Batch, Fills_A_Rectangle_And_Leaves_The_Rest_Alone) {
     Test_Window window(100, 80);
     const RECT device{10, 20, 40, 30};  // rows 50 to 59 from the bottom
