@@ -50,11 +50,13 @@ using Holders =
 constexpr int Bits_Of_Place = 16;
 std::bitset<std::size_t{1} << Bits_Of_Place> Never_Freed;
 
+/// Mixed more than once: blocks that lie in rows would else meet by rows.
 std::size_t Place_Of(Thing kind, const void* thing) {
     constexpr std::uint64_t Spread = 0x9E3779B97F4A7C15;
-    const std::uint64_t address = reinterpret_cast<std::uintptr_t>(thing);
-    return static_cast<std::size_t>((address + static_cast<unsigned char>(kind)) * Spread >>
-                                    (64 - Bits_Of_Place));
+    std::uint64_t mixed = reinterpret_cast<std::uintptr_t>(thing) + static_cast<unsigned char>(kind);
+    for (int round = 0; round < 3; ++round)
+        mixed = (mixed ^ mixed >> 32) * Spread;
+    return static_cast<std::size_t>(mixed >> (64 - Bits_Of_Place));
 }
 
 bool Is_Lost(Thing kind, const void* thing) { return Never_Freed[Place_Of(kind, thing)]; }

@@ -49,6 +49,7 @@ struct Controls {
 // Has to be the first test of this program: it needs a library that has not drawn yet.
 TEST(Surface, Two_Threads_May_Draw_First) {
     ASSERT_EQ(Critical_Flag, 0) << "run this test alone";
+    EXPECT_EQ(Current_Color, 0u);
     Test_Window windows[2] = {Test_Window(60, 40), Test_Window(60, 40)};
     std::atomic<int> ready = 0;
     int overlaps = 0;
@@ -173,6 +174,22 @@ TEST(Surface, Clips_To_A_Rectangle_Until_Reset) {
     }
 }
 
+TEST(Surface, Keeps_No_Objects_Of_Primitives) {
+    Test_Window window(100, 50);
+    const auto paint = [&] {
+        Begin_Draw(window, nullptr);
+        Clip_Rect(1, 1, 90, 40);
+        Draw_Line(9, 9, 3), Draw_Frame(0, 0, 9, 9), Draw_Box(0, 9, 9, 0), Text_Tabbed(nullptr, 1, 1, "text");
+        Clip_Reset();
+        End_Draw();
+    };
+    paint();
+    const int objects = Gdi_Objects();
+    for (int i = 0; i < 20; ++i)
+        paint();
+    EXPECT_EQ(Gdi_Objects(), objects);
+}
+
 TEST(Batch, Reaches_The_Window_At_Its_End_And_Equals_Plain_Painting) {
     Test_Window window(300, 120), other(60, 60);
     Controls controls(window);
@@ -201,6 +218,24 @@ TEST(Batch, Reaches_The_Window_At_Its_End_And_Equals_Plain_Painting) {
     };
     EXPECT_TRUE(Same(window.After(batch), plain));
     EXPECT_TRUE(Same(window.After(batch), plain)) << "second batch";
+}
+
+TEST(Batch, Of_Windows_In_Each_Other_Leaves_Nothing) {
+    const Test_Window windows[] = {Test_Window(90, 90), Test_Window(80, 80), Test_Window(70, 70),
+                                   Test_Window(60, 60)};
+    const auto nest = [&] {
+        for (const Test_Window& window : windows)
+            Begin_Batch(window), Paint(window, {0, 9, 0, 9});
+        for (int i = 3; i >= 0; --i) {
+            End_Batch();
+            EXPECT_EQ(Picture(windows[i]).At(5, 5), 0xFF0000u);
+        }
+    };
+    nest();
+    const int objects = Gdi_Objects();
+    for (int i = 0; i < 5; ++i)
+        nest();
+    EXPECT_EQ(Gdi_Objects(), objects);
 }
 
 TEST(Batch, Fills_A_Rectangle_And_Leaves_The_Rest_Alone) {
@@ -386,6 +421,11 @@ TEST(Hold, Shows_What_Members_And_Pairs_Paint) {
     held.Point_At(0, 0);
     use(controls, held);
     EXPECT_TRUE(Same(Picture(held), picture));
+    {
+        const Call_Spy spy;
+        controls.Draw();
+        EXPECT_EQ(spy.Contexts(), 0) << "the library keeps one for a held window";
+    }
     held.Refill();
     const HDC dc = GetDC(held);
     EXPECT_EQ(Show_Hold(held, dc, {0, 0, 300, 120}), 1);
@@ -431,6 +471,21 @@ TEST(Hold, Ends_With_The_Window) {
         EXPECT_EQ(Gdi_Objects(), objects);
     }
     Expect_Nothing_Taken();
+}
+
+TEST(Print, Tells_What_Fails) {
+    const Test_Window window(100, 50);
+    ASSERT_EQ(Begin_Print(window, 0), 1);
+    const HDC dc = GetDC(window);
+    const RECT place{0, 0, 10, 10};
+    for (const char* function : {"SetStretchBltMode", "StretchDIBits"}) {
+        Call_Spy spy;
+        spy.Fail(function);
+        EXPECT_EQ(Show_Batch(dc, place), 0) << function;
+    }
+    EXPECT_EQ(Show_Batch(dc, place), 1);
+    ReleaseDC(window, dc);
+    End_Batch();
 }
 
 /// Without memory for pictures the window itself is painted on, pixel for pixel the same.

@@ -360,5 +360,5 @@ TEST(Failures, Of_All_Memory_Leave_Copies_What_They_Share) {
     EXPECT_LE(Live_Blocks(), blocks + Many) << "a name each";
     const int left = Live_Blocks();
     run(false);
-    EXPECT_LE(Live_Blocks(), left + Many / 50);
+    EXPECT_LE(Live_Blocks(), left + Many / 30);
 }
