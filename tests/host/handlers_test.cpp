@@ -292,6 +292,8 @@ TEST_F(Handlers_Test, A_Handler_May_End_Everything) {
                 Place(*bar, nullptr, 10, 10, 200, 24);
                 bar->End_Val = 100;
                 int calls = 0;
+                // What a handler holds must live until it returns, though nobody but the host knows of it.
+                const auto held = std::make_shared<std::string>(1000, 'x');
                 const auto act = [&](Valuators& control) {
                     ++calls;
                     if (deed == 0) host->Remove(control);
@@ -301,8 +303,11 @@ TEST_F(Handlers_Test, A_Handler_May_End_Everything) {
                     if (deed == 4) host.reset();
                 };
                 if (is_asked) {
-                    host->Add(*bar,
-                              [&](Valuators& control, const Host_Event&) { return act(control), false; });
+                    host->Add(*bar, [&, held](Valuators& control, const Host_Event&) {
+                        act(control);
+                        EXPECT_EQ(held->size(), 1000u);
+                        return false;
+                    });
                 } else {
                     host->Add(*bar, [&](Valuators& control, const Host_Event&) { act(control); });
                 }
@@ -319,6 +324,9 @@ TEST_F(Handlers_Test, A_Handler_May_End_Everything) {
                     [&] { Send(WM_KEYDOWN, VK_RIGHT, {}); }};
                 ways[way]();
                 EXPECT_EQ(calls, 1);
+                if (!host || deed == 0 || deed == 3) {
+                    EXPECT_EQ(held.use_count(), 1) << "the handler goes with the control";
+                }
                 STATE_MASK(0);
                 if (!host) continue;
                 if (deed == 0 || deed == 3) bar.reset();

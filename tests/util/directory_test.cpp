@@ -53,7 +53,8 @@ TEST(Directory, Is_Listed_With_What_Is_Below) {
     for (const auto& [name, answers] : table)
         EXPECT_EQ(Answers(listing, name), answers) << name;
     Scan_Free(listing);
-    EXPECT_EQ(Is_Tree((path + "\\tree\\").c_str()) * 10 + Is_Tree((path + "\\hollow").c_str()), 10);
+    EXPECT_EQ(Is_Tree((path + "\\tree\\").c_str()), 1);
+    EXPECT_EQ(Is_Tree((path + "\\hollow").c_str()), 0);
     const std::string deep = path + '\\' + long_name + '\\' + long_name;
     for (const std::string& empty : {deep, deep + '\\', path + "/tree/in"}) {
         listing = Scan_Dir(empty.c_str());
