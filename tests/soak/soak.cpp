@@ -214,7 +214,7 @@ template <class Control>
 void Allow(Stage& stage, const Control& control, int beyond = 0) {
     constexpr bool is_plain = std::is_same_v<Control, Boxs> || std::is_same_v<Control, Buttons>;
     constexpr bool is_tab = std::is_same_v<Control, TabItems> || std::is_same_v<Control, Tabs>;
-    const int frames = 2 * (8 + std::max({control.Border + 2, BORDER + 2, 1}));
+    const int frames = 2 * (8 + 2 + std::max(std::abs(int{control.Border}), int{BORDER}));
     int x = beyond, y = beyond;
     if (is_plain || is_tab || std::is_same_v<Control, Labels>) {
         x += control.Width > frames ? 3 : 3 + frames;
