@@ -320,6 +320,15 @@ TEST(Directory_Browser, Moves_What_It_Shows) {
     EXPECT_EQ(spy.Contexts(), 0);
 }
 
+TEST(Directory_Browser, Paints_No_Glyph_Outside_The_Text_Clip_Rectangle) {
+    Test_Window window(320, 380);
+    Browser tree(window, "c:\\windows", 160);
+    tree.Clip_X = 12, tree.Clip_Y = 20, tree.Clip_Width = 200, tree.Clip_Height = 10;  // below the rows
+    tree.Init(window);
+    const auto draw = [&] { tree.Draw(), tree.Bring_Into_View(0), tree.Bring_Into_View(tree.Nb_Row - 1); };
+    EXPECT_EQ(window.Changed(draw), (Area{12, 211, 21, 30}));
+}
+
 TEST(Directory_Browser, Survives_Any_Path) {
     Sample_Directories sample;
     std::string deep;

@@ -214,11 +214,15 @@ template <class Control>
 void Allow(Stage& stage, const Control& control, int beyond = 0) {
     constexpr bool is_plain = std::is_same_v<Control, Boxs> || std::is_same_v<Control, Buttons>;
     constexpr bool is_tab = std::is_same_v<Control, TabItems> || std::is_same_v<Control, Tabs>;
-    const int frames = 2 * (8 + std::max({control.Border + 2, BORDER + 2, 1}));
+    const int frames = 2 * (8 + 2 + std::max(std::abs(int{control.Border}), int{BORDER}));
     int x = beyond, y = beyond;
     if (is_plain || is_tab || std::is_same_v<Control, Labels>) {
         x += control.Width > frames ? 3 : 3 + frames;
         y += control.Flag & FLAG_VERTICAL ? 9999 : control.Height > frames ? 3 : 3 + frames;
+    }
+    if constexpr (std::is_same_v<Control, Tabs>) {
+        for (TabItems** item = control.Item; item && *item; ++item)
+            Allow(stage, **item, beyond);
     }
     stage.Allow(control.X - x, control.X + control.Width + x, control.Y - y, control.Y + control.Height + y);
 }
@@ -438,7 +442,13 @@ class Hosted {
         One([this](auto& control) {
             const int what = dice.Below(6);
             if (what == 0) Change_Host(control);
-            if (what == 1) Act(control, stage);
+            if (what == 1) {
+                const RECT place = control.Rect;
+                Act(control, stage);
+                if (EqualRect(&place, &control.Rect)) return;
+                host.Focus(nullptr);  // its ring is where the control was
+                Repaint();
+            }
             if (what == 2) return Repaint();
             if (what > 2) Send(control);
         });
