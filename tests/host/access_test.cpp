@@ -309,6 +309,10 @@ TEST(Access, Sets_Values_That_Fit) {
         EXPECT_EQ(root.Child(row.child).Value(), row.value);
     }
     EXPECT_STREQ(served.secret.Line, "other");
+    Set_Text_Code_Page(CP_UTF8);
+    EXPECT_EQ(root.Child(Entry).Set_Value(L"\u65E5\u0301\U0001F600"), S_OK);
+    EXPECT_EQ(root.Child(Entry).Value(), "\xE6\x97\xA5\xCC\x81\xF0\x9F\x98\x80");
+    Set_Text_Code_Page(0);
     EXPECT_EQ(root.Child(Depth)->put_accValue(Number(CHILDID_SELF), nullptr), DISP_E_MEMBERNOTFOUND);
 }
 
