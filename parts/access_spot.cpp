@@ -66,7 +66,7 @@ std::wstring Access_Spot::Name() const {
 }
 
 std::wstring Access_Spot::Description() const {
-    return Is_Client() ? std::wstring() : Wide_Of(Described().selected);
+    return Is_Client() ? std::wstring() : To_Wide(Described().selected);
 }
 
 long Access_Spot::Role() const {
