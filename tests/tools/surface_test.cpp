@@ -401,6 +401,35 @@ TEST(Paint_Counts, Tell_What_Members_Cost) {
     EXPECT_EQ(cost_of([&] { box.Draw(); }), (std::array<unsigned long long, 3>{}));
 }
 
+/// A line that comes to a console moves the others, which are not written again.
+TEST(Paint_Counts, Of_A_Console_Are_Those_Of_Its_New_Line) {
+    const Test_Window window(300, 120);
+    Texts console;
+    console.X = 5, console.Y = 5, console.Width = 200, console.Height = 100, console.Font_Name = "Arial";
+    console.Init(window), console.Draw();
+    for (int i = 0; i < 9; ++i)
+        console.Write("line");
+    const Call_Spy spy;
+    console.Write("one more");
+    EXPECT_EQ(spy.Count("ExtTextOutW"), 1);
+}
+
+TEST(Surface, Spares_Windows_Inside_When_The_Window_Asks_For_It) {
+    Test_Window window(100, 80);
+    const HWND inside =
+        CreateWindowA("STATIC", "", WS_CHILD | WS_VISIBLE, 20, 20, 30, 30, window, nullptr, nullptr, nullptr);
+    UpdateWindow(inside);
+    Boxs box;
+    box.Width = 90, box.Height = 70, box.Color = Colors(10, 200, 30);
+    box.Init(window);
+    for (const LONG style : {LONG{WS_CLIPCHILDREN}, 0L}) {
+        SetWindowLongA(window, GWL_STYLE, (GetWindowLongA(window, GWL_STYLE) & ~WS_CLIPCHILDREN) | style);
+        const std::uint32_t before = Picture(window).At(35, 45);
+        box.Draw();
+        EXPECT_EQ(Picture(window).At(35, 45) == before, style != 0);
+    }
+}
+
 /// A held window paints as any other, follows its size, and shows its picture again on demand.
 TEST(Hold, Shows_What_Members_And_Pairs_Paint) {
     Test_Window plain(300, 120), held(300, 120);
