@@ -1,6 +1,5 @@
 #include <cmath>
 #include <cstring>
-#include <limits>
 #include <string>
 
 #include "Galdren_Tools.h"
