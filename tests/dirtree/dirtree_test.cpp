@@ -1,7 +1,6 @@
 #include <cstring>
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "Galdren_Tools.h"
 #include "Galdren_Util.h"

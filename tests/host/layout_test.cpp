@@ -1,7 +1,6 @@
 // Layouts: where controls are at every size of the window, what is painted on the way, and the least size.
 #include <array>
 #include <functional>
-#include <memory>
 #include <vector>
 
 #include "tests/support/controls.h"

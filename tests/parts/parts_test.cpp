@@ -3,7 +3,6 @@
 #include <functional>
 #include <limits>
 #include <map>
-#include <memory>
 #include <string>
 #include <variant>
 #include <vector>

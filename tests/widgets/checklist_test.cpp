@@ -2,7 +2,6 @@
 #include <climits>
 #include <deque>
 #include <map>
-#include <memory>
 #include <string>
 #include <vector>
 

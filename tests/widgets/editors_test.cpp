@@ -1,6 +1,4 @@
 #include <array>
-#include <limits>
-#include <memory>
 #include <string>
 
 #include "Galdren_Tools.h"

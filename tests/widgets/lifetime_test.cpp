@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <functional>
-#include <memory>
 #include <string>
 #include <type_traits>
 #include <typeinfo>

@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <functional>
-#include <memory>
 #include <random>
 #include <string>
 #include <vector>

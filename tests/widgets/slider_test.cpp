@@ -1,7 +1,6 @@
 #include <array>
 #include <cmath>
 #include <cstring>
-#include <limits>
 #include <string>
 
 #include "Galdren_Tools.h"
