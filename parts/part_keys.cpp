@@ -7,6 +7,7 @@
 
 #include "parts/key_code.h"
 #include "tools/keyboard.h"
+#include "tools/look.h"
 #include "tools/ring.h"
 #include "util/wide.h"
 
@@ -223,22 +224,25 @@ void Part_Keys::Place_Caret(int control) {
 
 void Part_Keys::Place_Ring(Part_Place place) {
     std::optional<RECT> next;
+    int line = 1;
     if (uses_keys && place.control >= 0 && window.Window()) {
         const Part_Owner owner = window.Owner(place.control);
         const RECT area = Describe(owner, place.part).area;
         next = IsRectEmpty(&area) ? owner.control->Rect : area;
+        line = galdren::Line_Width(*owner.control);
     }
     if (ring.has_value() == next.has_value() && (!ring || Same(*ring, *next))) return;
     const std::optional<RECT> before = std::exchange(ring, next);
+    const int width_before = 2 * std::exchange(ring_line, line);
     if (next) {
         ring_window = window.Window();
-        Set_Ring(ring_window, *next);
+        Set_Ring(ring_window, *next, line);
     } else {
         Clear_Ring(ring_window);
     }
     if (!before) return;
     RECT covered = *before;
-    InflateRect(&covered, galdren::Ring_Width, galdren::Ring_Width);
+    InflateRect(&covered, width_before, width_before);
     repaint(covered);
 }
 
