@@ -446,7 +446,7 @@ class Hosted {
                 const RECT place = control.Rect;
                 Act(control, stage);
                 if (EqualRect(&place, &control.Rect)) return;
-                host.Focus(nullptr);  // its ring is where the control was
+                host.Focus(nullptr), host.Refresh();  // ring and picture show where it was
                 Repaint();
             }
             if (what == 2) return Repaint();
