@@ -60,7 +60,9 @@ class GALDREN_TOOLS_API DirTrees : public Tools, public Dir_Tree_Fields {
     /// Scrolls by wheel steps, up when positive; over the horizontal bar, to the right.
     void Scroll(int amount);
 
-    static constexpr int Row_Pitch = 18;  ///< height of a row in pixels
+    static constexpr int Row_Pitch = 18;  ///< height of a row in pixels when nothing is scaled
+    /// Height of a row in pixels, at the scale of the browser.
+    int Row_Height() const;
 
     /// Where a press chooses the directory of a row, as far as it shows: its name. Like `Rect`; empty when it
     /// does not show, and for a number that no row has.
@@ -83,6 +85,7 @@ class GALDREN_TOOLS_API DirTrees : public Tools, public Dir_Tree_Fields {
     void Dir_Tree_Update2(bool anew);
     void Dir_Tree_Draw2();
 
+    void Change_Scale();
     void Release_Tree();
     bool Own_Tree();
     void Renew_Rows();

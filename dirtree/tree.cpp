@@ -458,6 +458,15 @@ Dir_Tree* Find_Current(Dir_Tree& root) try {
     return nullptr;
 }
 
+void Forget_Widths(Dir_Tree& root) try {
+    Walk(root, [](Dir_Tree& node, int) {
+        node.width = 0;
+        return Go::Into;
+    });
+} catch (const std::bad_alloc&) {
+    return;
+}
+
 bool Toggle(Dir_Tree& node) {
     if (Has_Flag(node, DIR_OPEN)) {
         Mark(node, DIR_CLOSED);

@@ -51,6 +51,7 @@ void Host::Add_Entry(Tools& control, const galdren::Class_Calls& calls,
     // It may come from a host that is gone: that one does not touch controls any more, for they may be gone
     // too.
     if (control.Veil != VEIL_NONE) Set_Veil(entries[entries.Count() - 1], VEIL_NONE);
+    Receive(entries[entries.Count() - 1]);
     // The keyboard shows the caret of the field that has it, wherever the pointer is.
     if (calls.input) calls.parts().Show_Caret(control, CARET_AWAY);
     stale = true;
@@ -92,10 +93,14 @@ void Host::Clear() {
 }
 
 /// `Init` of a control, which has its veil also on parts that are new.
-void Host::Init_Entry(const Entry& entry) {
+void Host::Init_Entry(Entry& entry) {
     const unsigned serial = entry.serial;
+    const galdren::Design_Fields fields = Note_Design(entry);
     entry.calls->init(*entry.control, window);
-    if (const Entry* const left = entries.With_Serial(serial)) Renew_Veil(*left);
+    Entry* const left = entries.With_Serial(serial);
+    if (!left) return;
+    left->design.Keep(fields);
+    Renew_Veil(*left);
 }
 
 /// What waits for an `Init`: the keyboard, its ring and the picture.
@@ -107,13 +112,13 @@ void Host::Note_Init() {
 }
 
 void Host::Init_All() {
-    for (const Entry& entry : entries)
+    for (Entry& entry : entries)
         Init_Entry(entry);
     Note_Init();
 }
 
 void Host::Init(const Tools& control) {
-    const Entry* const entry = entries.Find(&control);
+    Entry* const entry = entries.Find(&control);
     if (!entry) return;
     Init_Entry(*entry);
     Note_Init();
@@ -164,6 +169,11 @@ bool Host::Handle(UINT message, WPARAM wparam, LPARAM lparam, LRESULT& result) {
         case WM_DISPLAYCHANGE:
         case WM_SETTINGCHANGE:
             stale = true;  // text may look otherwise from now on
+            return false;
+        case WM_DPICHANGED:
+            return follows_dpi && taken(0) && On_Dpi(LOWORD(wparam), *reinterpret_cast<const RECT*>(lparam));
+        case WM_SYSCOLORCHANGE:
+            if (follows_system) Wear(System_Theme());
             return false;
         case WM_NCDESTROY:
             if (std::exchange(holds, false)) End_Hold(window);

@@ -67,14 +67,19 @@ class Client_Pixels {
 }  // namespace
 
 Canvas::Canvas(const Tools_Fields& control, const Reach& reach)
-    : view(control.Veil ? nullptr : control.Window, Limited(control, reach)) {
+    : theme(Theme_Of(control)),
+      scale(control.Scale),
+      view(control.Veil ? nullptr : control.Window, Limited(control, reach)) {
     if (control.Veil) Leave_Out(control, reach);
 }
 
 Canvas::Canvas(const Tools_Fields& control, const Area& covered, unsigned& picture)
     : Canvas(control, Kept_Reach(control, covered, picture)) {}
 
-Canvas::Canvas(HWND window, const Reach& reach) : view(window, {reach.area, reach.covered, nullptr, true}) {}
+Canvas::Canvas(HWND window, const Reach& reach, const Tools_Fields* like)
+    : theme(like ? Theme_Of(*like) : Plain_Theme),
+      scale(like ? like->Scale : Unscaled),
+      view(window, {reach.area, reach.covered, nullptr, true}) {}
 
 void Canvas::Raise(int rows) {
     view.sheet->Raise(rows);
@@ -92,25 +97,26 @@ void Canvas::Box(const Area& area, unsigned long color) {
     Fill(Device(Upright(area)), color);
 }
 
-void Canvas::Row(int x_from, int x_to, int y, unsigned long color) {
+void Canvas::Row(int x_from, int x_to, int y, unsigned long color, int width) {
     if (x_from == x_to) return;
     const int left = x_from < x_to ? x_from : x_to + 1;
     const int right = x_from < x_to ? x_to : x_from + 1;
-    Box({left, right, y - 1, y}, color);
+    Box(width > 0 ? Area{left, right, y - 1, y + width - 1} : Area{left, right, y + width, y}, color);
 }
 
-void Canvas::Column(int x, int y_from, int y_to, unsigned long color) {
+void Canvas::Column(int x, int y_from, int y_to, unsigned long color, int width) {
     if (y_from == y_to) return;
     const int bottom = y_from < y_to ? y_from : y_to + 1;
     const int top = y_from < y_to ? y_to : y_from + 1;
-    Box({x, x + 1, bottom - 1, top - 1}, color);
+    Box(width > 0 ? Area{x, x + width, bottom - 1, top - 1} : Area{x + width + 1, x + 1, bottom - 1, top - 1},
+        color);
 }
 
-void Canvas::Outline(const Area& area, unsigned long color) {
-    Column(area.left, area.bottom, area.top, color);
-    Row(area.left, area.right, area.top, color);
-    Column(area.right, area.top, area.bottom, color);
-    Row(area.right, area.left, area.bottom, color);
+void Canvas::Outline(const Area& area, unsigned long color, int width) {
+    Column(area.left, area.bottom, area.top, color, width);
+    Row(area.left, area.right, area.top, color, -width);
+    Column(area.right, area.top, area.bottom, color, -width);
+    Row(area.right, area.left, area.bottom, color, width);
 }
 
 /// Fills the rows from `top` to `bottom`, of which `next` gives the pixels in turn. Most runs are a few
@@ -191,6 +197,29 @@ void Canvas::Pixels(const void* buffer, int width, int height, int column, int r
                     size.cy);
     } else if (view.dc) {
         Put_Pixels(view.dc, {shown.left, shown.top}, source, from_x, from_y, size);
+    }
+}
+
+void Canvas::Zoomed_Pixels(const void* buffer, SIZE size, const Zoom& zoom, POINT corner, const Area& area) {
+    const int width = static_cast<int>(size.cx);
+    const int height = static_cast<int>(size.cy);
+    if (zoom.times == zoom.part)
+        return Pixels(buffer, width, height, area.left - corner.x, area.bottom - corner.y, area);
+    const int left = corner.x;
+    const int top = Y(corner.y) + 1 - zoom.Of(height);
+    const RECT image{left, top, left + zoom.Of(width), top + zoom.Of(height)};
+    const RECT wanted{area.left, Y(area.top), area.right + 1, Y(area.bottom) + 1};
+    const RECT shown = Clipped(Common(image, wanted));
+    const Raster source{static_cast<unsigned long*>(const_cast<void*>(buffer)), width};
+    RECT block = shown;
+    for (; block.top < shown.bottom; block.top = block.bottom) {
+        const int row = zoom.From(static_cast<int>(block.top) - top);
+        block.bottom = std::min<LONG>(top + zoom.End_Of(row), shown.bottom);
+        for (block.left = shown.left; block.left < shown.right; block.left = block.right) {
+            const int column = zoom.From(static_cast<int>(block.left) - left);
+            block.right = std::min<LONG>(left + zoom.End_Of(column), shown.right);
+            Fill(block, Exchange_Red_And_Blue(*source.At(column, row)) & 0xFFFFFF);
+        }
     }
 }
 

@@ -6,6 +6,7 @@
 
 #include "api.h"
 #include "colors.h"
+#include "theme.h"
 
 /// Bits of `Tools::Flag` that controls share.
 /// @{
@@ -73,7 +74,7 @@ struct Tools_Fields {
     const char* Font_Weight{};      ///< "bold" or any other word; not owned
     const char* Font_Style{};       ///< "i" or "o" for italic, or any other word; not owned
     short Font_Size{};              ///< height of the font in points
-    short Font_Size_Last{};         ///< `Font_Size` when `Font` was made
+    short Font_Size_Last{};         ///< points of which `Font` was made
     Colors Color;                   ///< background colour
     short Clip_X{};                 ///< left edge of the text clip rectangle
     short Clip_Y{};                 ///< bottom edge of the text clip rectangle
@@ -98,7 +99,12 @@ struct Tools_Fields {
     const char* Owned_Name{};            ///< text made by `Set_Name`, whatever `Name` is now; owned
     RECT Room{};  ///< `Rect` of the control that this one is a part of, beyond which nothing of it is
                   ///< painted; empty for one that stands alone
-    unsigned char Veil{};  ///< see `Tools_Veil`; kept by a host, not copied
+    unsigned char Veil{};      ///< see `Tools_Veil`; kept by a host, not copied
+    unsigned short Scale{};    ///< scale in percent of what has no field of its own, such as lines of one
+                               ///< pixel and tree rows; 0 means 100. The fields above are pixels as painted
+    const Theme* Look{};       ///< theme; null is the look without one. Not owned, see `Keep_Theme`
+    const Theme* Last_Look{};  ///< `Look` when the buffers were made
+    unsigned short Last_Scale{};  ///< `Scale` when buffers and font were made
 };
 
 /// How often a control got another hit rectangle (`Rect`) so far, from `Init` or as a copy, in any window of

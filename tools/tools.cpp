@@ -194,7 +194,7 @@ unsigned long* Tools::Inside_3D(Colors c) { return Make_Shading(*this, c); }
 void Tools::Text(HFONT font, const char* text, long flags, short x, short y, short w, short h, short border) {
     if (!text || !*text) return;
     const Area area{x, x + w, y, y + h};
-    Canvas canvas(*this, Caption_Reach(font, text, static_cast<unsigned long>(flags), area, border));
+    Canvas canvas(*this, Caption_Reach(*this, font, text, static_cast<unsigned long>(flags), area, border));
     Paint_Caption(canvas, font, text, static_cast<unsigned long>(flags), area, border);
 }
 
@@ -204,3 +204,22 @@ void Tools::Arrow(short direction, short inset, short size, short x, short w, sh
     Canvas canvas(*this, Turned(area, size + std::abs(inset) + 4));
     Paint_Arrow(canvas, direction, inset, size, area);
 }
+
+void Tools::Blit(const unsigned long* pixels, short width, short height, short x, short y) {
+    if (!pixels || width < 1 || height < 1) return;
+    const Area area{x, x + width - 1, y, y + height - 1};
+    Canvas canvas(*this, Covering(area));
+    canvas.Pixels(pixels, width, height, 0, 0, area);
+}
+
+bool Tools::Prepare(HWND window) {
+    if (!Begin_Init(*this, window, "Tools::Prepare")) return false;
+    Bind(*this, window);
+    Renew_Font(*this);
+    Note_Size(*this);
+    return true;
+}
+
+void Tools::Adopt(Tools& part) const { Copy_Surroundings(part, *this); }
+
+bool Tools::Is_Pointed() const { return Pointer_Inside(*this); }

@@ -94,4 +94,22 @@ class GALDREN_TOOLS_API Tools : public Tools_Fields {
     /// @param inset      margin kept free
     /// @param size       length of the arrow's zone; nothing is painted unless it is above `inset`
     void Arrow(short direction, short inset, short size, short x, short w, short y, short h);
+
+    /// Paints pixels in the pixel form, rows top-down, with their bottom-left one at (x, y).
+    /// @param pixels  `width` x `height` of them; null paints nothing
+    void Blit(const unsigned long* pixels, short width, short height, short x, short y);
+
+    /// @name For the `Init` and the `Select` of an application's own controls
+    /// @{
+
+    /// Binds the control to a window: `Window`, `Rect`, `Region` and `Font` are then as in every control.
+    /// @param window  null keeps the window of the last time; without any it is reported at level 11
+    /// @return false when there is nothing to bind: no size, or no window
+    bool Prepare(HWND window);
+    /// Gives a part what the control has around it: text clip rectangle, scale and theme. It is cut at the
+    /// control's edges, and hidden with it. Before the `Init` of the part.
+    void Adopt(Tools& part) const;
+    /// Whether the pointer is inside the hit rectangle.
+    bool Is_Pointed() const;
+    /// @}
 };

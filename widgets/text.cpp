@@ -76,7 +76,7 @@ void Fit_Bar(const Texts& field, Sliders& bar, unsigned long direction, const Ar
     const bool needed = total > visible;
     if (!needed) flag |= Unused_Bar;
     const float end = needed ? static_cast<float>(total - visible) : 0.0F;
-    Copy_Clip(bar, field);
+    Copy_Surroundings(bar, field);
     if (bar.Window == field.Window && bar.Flag == flag && bar.End_Val == end && Stands_At(bar, place)) return;
     Set_Bar(bar, field, place, flag, {0.0F, end, static_cast<float>(field.Line_Height)});
     bar.Color = Colors(170, 170, 170);
@@ -112,9 +112,8 @@ void For_Bars(Texts& field, Act act) {
 /// @return its width
 int Write_Line(Canvas& canvas, const Texts& field, const char* line, int x, int y) {
     constexpr char Codes[] = "\1\2\3\4\5\6\360\361\362";
-    constexpr unsigned long Code_Colors[] = {0xFF0000, Black, White, 0x0000FF, 0x00FFFF, 0x00A000};
     const HFONT code_fonts[] = {field.Font, field.Bold_Font, field.Oblique_Font};
-    unsigned long color = Black;
+    unsigned long color = canvas.Look().Caption;
     HFONT font = field.Font;
     int width = 0;
     while (*line) {
@@ -127,7 +126,7 @@ int Write_Line(Canvas& canvas, const Texts& field, const char* line, int x, int 
         if (code >= TEXT_NORMAL_FONT) {
             font = code_fonts[code - TEXT_NORMAL_FONT];
         } else if (code != 0) {
-            color = Code_Colors[code - TEXT_BLUE];
+            color = canvas.Look().Codes[code - TEXT_BLUE];
         }
         if (code != 0) ++line;
     }

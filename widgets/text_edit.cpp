@@ -261,7 +261,6 @@ void Texts::Show_Caret(Text_Caret how) {
 void Texts::Read_Echo() {
     constexpr int Text_Gap = 4;
     constexpr int Caret_Gap = 3;
-    constexpr unsigned long Caret_Yellow = 0x00FFFF;
     const Area box = Input_Area(*this);
     const int border = Frame_Width(*this);
     if (!(Mode & TEXT_READING) || box.right < box.left) return;
@@ -281,10 +280,10 @@ void Texts::Read_Echo() {
     const int left = box.left + border;
     if (Caret == CARET_SHOWN || (Caret == CARET_AT_POINTER && Select_State == Hover_Highlighted)) {
         const int caret = left + Width_Of(Bold_Font, before_caret + first) + Caret_Gap;
-        canvas.Column(caret, box.bottom + border + 2, box.top - border - 2, Caret_Yellow);
-        canvas.Column(caret + 1, box.bottom + border + 2, box.top - border - 2, Caret_Yellow);
+        canvas.Column(caret, box.bottom + border + 2, box.top - border - 2, canvas.Look().Mark);
+        canvas.Column(caret + 1, box.bottom + border + 2, box.top - border - 2, canvas.Look().Mark);
     }
     const int height = Metrics_Of(Bold_Font).tmHeight;
     const int y = box.bottom + (box.top - box.bottom - height) / 2;
-    canvas.Write_Run(Bold_Font, text + first, left + Text_Gap, y, Black);
+    canvas.Write_Run(Bold_Font, text + first, left + Text_Gap, y, canvas.Look().Caption);
 }

@@ -424,6 +424,65 @@ TEST(Directory_Browser, Shares_With_Copies_And_Frees_Once) {
     EXPECT_EQ(Gdi_Objects(), objects);
 }
 
+/// Puts a browser made at 100 % to another scale.
+void Put_To_Scale(DirTrees& tree, int percent, const DirTrees& design) {
+    const auto scaled = [percent](int pixels) { return static_cast<short>(pixels * percent / 100); };
+    tree.Scale = static_cast<unsigned short>(percent);
+    tree.X = scaled(design.X), tree.Y = scaled(design.Y);
+    tree.Width = scaled(design.Width), tree.Height = scaled(design.Height);
+    tree.Init(nullptr);
+}
+
+TEST(Directory_Browser, Grows_With_Its_Scale) {
+    Sample sample{"a\\", "a\\in\\", "b\\", "c\\"};
+    for (int i = 0; i < 20; ++i)
+        sample.Add("c\\" + std::to_string(i) + "\\");
+    Test_Window window(680, 800);
+    Browser tree(window, sample.Plain("c").c_str());
+    tree.Vertical_Bar.Val = 37, tree.Draw();
+    const float value = tree.Vertical_Bar.Val;
+    const DirTrees design(tree);
+    const Picture plain(window);
+    const Boxs& list = design.List_Box;
+    const int row = Find(tree, "a");
+    const short width = tree.Row[row].node->width;
+
+    const Picture twice = window.After([&] { Put_To_Scale(tree, 200, design), tree.Draw(); });
+    EXPECT_EQ(tree.Row_Height(), 36);
+    EXPECT_NEAR(tree.Row[row].node->width, 2 * width, 4);
+    EXPECT_EQ(design.Row[row].node->width, width) << "the copy has names as wide as it shows them";
+    // Leads, folders and icons, each pixel doubled.
+    const int names = list.X + 2 * SPACE + 28;
+    for (int y = list.Y + 30; y < list.Y + list.Height - 20; ++y) {
+        for (int x = list.X + 2; x < names; ++x) {
+            ASSERT_EQ(twice.At(2 * x, 2 * y), plain.At(x, y)) << x << ' ' << y;
+            ASSERT_EQ(twice.At(2 * x + 1, 2 * y + 1), plain.At(x, y)) << x << ' ' << y;
+        }
+    }
+    tree.Bring_Into_View(Find(tree, "b"));
+    const RECT name = tree.Row_Place(Find(tree, "b"));
+    window.Point_At(name.left + 1, name.bottom - 2);
+    EXPECT_EQ(Press(window, tree), 2);
+    EXPECT_EQ(Lower(tree.Read()), Lower(sample.Plain("b\\")));
+    EXPECT_EQ(tree.Set(sample.Plain("c").c_str()), 1);
+
+    tree.Vertical_Bar.Val = 2 * value;
+    for (const int percent : {125, 25, 150, 500, 175, 100}) {
+        Put_To_Scale(tree, percent, design);
+        tree.Draw();
+        Expect_Shown(window, tree);
+    }
+    EXPECT_EQ(tree.Vertical_Bar.Val, value);
+    EXPECT_TRUE(Same(window.After([&] { tree.Draw(); }), window.After([&] { DirTrees(design).Draw(); })));
+
+    const Theme dark = Dark_Theme();
+    tree.Look = Keep_Theme(dark);
+    tree.Init(nullptr), tree.Draw();
+    const Picture shown(window);
+    for (int x = list.X + 2; x < list.X + list.Width; ++x)
+        ASSERT_NE(shown.At(x, list.Y + 4), 0xAAAAAAU) << x;
+}
+
 TEST(Directory_Browser, Goes_Without_Memory) {
     Sample sample{"a\\", "a\\in\\"};
     const std::string path = sample.Plain("a");

@@ -8,9 +8,8 @@
 #include <string>
 
 #include "tests/support/controls.h"
-#include "tests/support/keys.h"
+#include "tests/support/hosted.h"
 #include "tests/support/spy.h"
-#include "tests/support/window.h"
 
 namespace galdren_test {
 namespace {
@@ -24,21 +23,12 @@ class Recorder : public Tools {
   public:
     Recorder(std::string& shared_log, char letter, short x, short y, short width, short height)
         : log(shared_log), id(letter) {
-        X = x;
-        Y = y;
-        Width = width;
-        Height = height;
+        X = x, Y = y, Width = width, Height = height;
     }
-    void Init(HWND window) {
-        Window = window;
-        Rect = {X, Y, X + Width + 1, Y + Height + 1};
-    }
+    void Init(HWND window) { Prepare(window); }
     void Draw() { Note(" draw"); }
     int Select(int event) {
-        POINT pointer{ZCursor_X, ZCursor_Y};
-        ScreenToClient(Window, &pointer);
-        pointer.y = client_height - 1 - pointer.y;
-        const int inside = PtInRect(&Rect, pointer) ? 1 : 0;
+        const bool inside = Is_Pointed();
         Note(std::to_string(event) + (inside ? '+' : '-'));
         return inside;
     }
@@ -69,34 +59,24 @@ class Key_Recorder : public Recorder {
     void Input(int key) { Note(" key " + std::to_string(key)); }
 };
 
-class Host_Test : public testing::Test {
+class Host_Test : public testing::Test, protected Hosted_Window {
   protected:
-    Host_Test() {
+    Host_Test() : Hosted_Window(client_width, client_height) {
         host->Add(a, Note_Press, Note_Change);
         host->Add(b, Note_Press, Note_Change);
         host->Init_All();
     }
-    ~Host_Test() override {
-        ReleaseCapture();
-        STATE_MASK(0);
-    }
-
     static void Note_Press(Recorder& control) { control.Note(" press"); }
     static void Note_Change(Recorder& control) { control.Note(" change"); }
 
     /// Sends a message at logical (x, y) and returns what the controls wrote down.
     std::string Send(UINT message, WPARAM keys, int x, int y) {
         log.clear();
-        taken = host->Message(message, keys, MAKELPARAM(x, client_height - 1 - y), result);
+        taken = Hosted_Window::Send(message, keys, {x, y});
         return log;
     }
     std::string Wheel(int delta, int x, int y) {
-        POINT screen{x, client_height - 1 - y};
-        ClientToScreen(window, &screen);
-        log.clear();
-        taken = host->Message(WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(delta)),
-                              MAKELPARAM(screen.x, screen.y), result);
-        return log;
+        return Send(WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(delta)), x, y);
     }
     /// Paints the logical rectangle (left, bottom) to (right, top), both included.
     std::string Paint(int left, int bottom, int right, int top) {
@@ -108,9 +88,6 @@ class Host_Test : public testing::Test {
 
     std::string log;
     bool taken = false;
-    LRESULT result = -1;
-    Test_Window window{client_width, client_height};
-    std::unique_ptr<Host> host = std::make_unique<Host>(window);
     Recorder a{log, 'a', 10, 10, 50, 30};
     Recorder b{log, 'b', 100, 10, 50, 30};
 };
@@ -692,6 +669,38 @@ TEST_F(Host_Test, Move_Without_Change_Of_Hover_Paints_Nothing) {
     }
     Send(WM_MOUSEMOVE, 0, 64, 20);
     EXPECT_EQ(spy.Contexts(), 2) << "the one that was left and the one entered";
+}
+
+/// An application's own control: pixels of its own stand where it says, and a part is cut, hidden and
+/// scaled like it.
+TEST_F(Host_Test, Helps_Controls_Of_The_Application) {
+    struct Stamp : Tools {
+        Buttons part;
+        void Init(HWND window) {
+            if (!Prepare(window)) return;
+            Adopt(part);
+            part.Init(window);
+        }
+        void Draw() {
+            const unsigned long pixels[] = {0x112233, 0x445566, 0x778899, 0xAABBCC};
+            Blit(pixels, 2, 2, static_cast<short>(X + 1), static_cast<short>(Y + 1));
+            Blit(nullptr, 2, 2, X, Y);
+            part.Draw();
+        }
+    } stamp;
+    stamp.X = 150, stamp.Y = 60, stamp.Width = 20, stamp.Height = 20, stamp.Scale = 200;
+    Place(stamp.part, "Part", 155, 65, 40, 10);
+    host->Clear();
+    host->Add(stamp);
+    host->Init_All();
+    const Picture shown = All_Painted();
+    EXPECT_EQ(shown.At(151, 62), 0x112233U);
+    EXPECT_EQ(shown.At(152, 61), 0xAABBCCU);
+    const auto ground = shown.At(5, 5);
+    EXPECT_NE(shown.At(170, 70), ground) << "the part goes on to the edge";
+    EXPECT_EQ(shown.At(171, 70), ground) << "and no farther";
+    EXPECT_EQ(stamp.part.Scale, 200);
+    EXPECT_EQ(stamp.Rect.right, 171);
 }
 
 }  // namespace

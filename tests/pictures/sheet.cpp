@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
+#include <optional>
 #include <sstream>
 
 #include "tests/support/png.h"
+#include "tests/support/spy.h"
 
 namespace galdren_test {
 
@@ -16,11 +18,24 @@ struct Sheet::Way {
     void (*end)();
 };
 
+namespace {
+
+std::optional<Call_Spy> Starved;
+
+/// From now on there are no pictures in memory: the window itself is painted on.
+void Starve() {
+    Tools_Lib_Cleanup();
+    Starved.emplace().Fail_Every("CreateDIBSection");
+}
+
+}  // namespace
+
 const Sheet::Way Sheet::Ways[] = {
     {"directly", 0, [](HWND) {}, [] {}},
     {"in batches", 0, [](HWND window) { Begin_Batch(window); }, End_Batch},
     {"in pairs", 0, [](HWND window) { Begin_Draw(window, nullptr); }, End_Draw},
     {"on a context of its own", CS_OWNDC, [](HWND) {}, [] {}},
+    {"without memory", 0, [](HWND) { Starve(); }, [] { Starved.reset(); }},
 };
 
 namespace {

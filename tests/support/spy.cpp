@@ -105,12 +105,14 @@ void Call_Spy::Fail_Allocation(int passed) {
     Fail(Plain_Allocator, passed);
 }
 
-void Call_Spy::Fail_Every_Allocation() {
+void Call_Spy::Fail_Every(const char* function) {
     void* (*const none)() = [] { return static_cast<void*>(nullptr); };
-    for (const auto& [name, entry] : entries_) {
-        if (name == Plain_Allocator || name == Guarded_Allocator)
-            Write_Slot(entry.slot, reinterpret_cast<ULONGLONG>(none));
-    }
+    Write_Slot(entries_.at(function).slot, reinterpret_cast<ULONGLONG>(none));
+}
+
+void Call_Spy::Fail_Every_Allocation() {
+    for (const char* allocator : {Plain_Allocator, Guarded_Allocator})
+        if (entries_.contains(allocator)) Fail_Every(allocator);
 }
 
 int Gdi_Objects() {
@@ -152,6 +154,21 @@ Report_Catcher::~Report_Catcher() {
 
 std::string Report_Catcher::Take() { return std::exchange(Caught, {}); }
 
+namespace {
+
+/// Blocks of the allocator of checked builds, which are ranges without access but for the block.
+int Guarded_Blocks() {
+    int count = 0;
+    const char* address = nullptr;
+    for (MEMORY_BASIC_INFORMATION range; VirtualQuery(address, &range, sizeof range) == sizeof range;
+         address = static_cast<const char*>(range.BaseAddress) + range.RegionSize)
+        count += range.State == MEM_COMMIT && range.AllocationProtect == PAGE_NOACCESS &&
+                 range.Type == MEM_PRIVATE;
+    return count;
+}
+
+}  // namespace
+
 int Live_Blocks() {
     // The last freed blocks, which the checked heap still watches, count too: it has as many each time.
     constexpr int Most_Watched = 2000;
@@ -159,7 +176,7 @@ int Live_Blocks() {
         void* volatile block = std::malloc(1);
         std::free(block);
     }
-    int count = 0;
+    int count = Guarded_Blocks();
     for (_HEAPINFO block{}; _heapwalk(&block) == _HEAPOK;)
         count += block._useflag == _USEDENTRY;
     return count;

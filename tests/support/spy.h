@@ -27,7 +27,9 @@ class Call_Spy {
     void Fail(const char* function, int passed = 0);
     /// Makes the allocation that comes after `passed` more fail.
     void Fail_Allocation(int passed = 0);
-    /// Makes every allocation fail from now on, until the spy goes.
+    /// Makes every call of `function` answer 0 from now on, until the spy goes.
+    void Fail_Every(const char* function);
+    /// The same for every allocation.
     void Fail_Every_Allocation();
 
   private:
@@ -47,7 +49,7 @@ class Call_Spy {
 
 /// Number of live GDI objects of this process.
 int Gdi_Objects();
-/// Blocks that the C runtime's heap holds.
+/// Blocks that the C runtime's heap holds, and those of the allocator of checked builds.
 int Live_Blocks();
 
 /// While it lives, takes the reports of both libraries, of every level.

@@ -135,6 +135,7 @@ TEST(Surface, Tolerates_Missing_Windows_And_Ends) {
             Clip_Rect(0, 0, 9, 9);
             Draw_Line(9, 9, 1), Draw_Frame(0, 0, 9, 9), Draw_Box(0, 9, 9, 0);
             Text_Tabbed(nullptr, 0, 0, "text"), Text_Width(nullptr, "text"), Text_Height(nullptr);
+            Text_Tabbed(nullptr, 0, 0, nullptr), Text_Width(nullptr, nullptr);
             Clip_Reset();
             End_Draw();
             Begin_Batch(bad);
@@ -292,7 +293,10 @@ TEST(Surface, Comes_Back_From_Members_As_It_Was) {
         Begin_Draw(window, nullptr);
         Clip_Rect(10, 10, 60, 50);
         SetTextColor(Z_DC, 0x123456), SetBkMode(Z_DC, OPAQUE);
+        const HGDIOBJ font = GetCurrentObject(Z_DC, OBJ_FONT);
+        Text_Width(controls.box.Font, "text"), Text_Tabbed(controls.box.Font, 20, 30, "text");
         controls.Draw();
+        EXPECT_EQ(GetCurrentObject(Z_DC, OBJ_FONT), font);
         EXPECT_EQ(GetTextColor(Z_DC), 0x123456u);
         EXPECT_EQ(GetBkMode(Z_DC), OPAQUE);
         Current_Color = 0xFF;
@@ -336,7 +340,7 @@ TEST(Surface, Is_Never_Mirrored) {
 TEST(Paint_Counts, Tell_What_Members_Cost) {
     Test_Window window(300, 120);
     Boxs box;
-    box.X = 10, box.Y = 10, box.Width = 50, box.Height = 40;
+    box.X = 10, box.Y = 10, box.Width = 50, box.Height = 40, box.Font_Name = "Arial";
     box.Init(window);
     const auto cost_of = [](const auto& use) {
         const Paint_Count before = Tools_Paint_Count();
@@ -355,6 +359,9 @@ TEST(Paint_Counts, Tell_What_Members_Cost) {
         box.Draw(), box.Draw(), box.Draw();
     });
     EXPECT_EQ(three, (std::array{3 * one[0], one[1], one[2]}));
+    const Call_Spy spy;
+    box.Name = "Usual", box.Draw();
+    EXPECT_EQ(spy.Count("DrawTextA"), 0) << "the glyphs of a usual caption are placed by hand";
     box.Veil = VEIL_HIDDEN;
     EXPECT_EQ(cost_of([&] { box.Draw(); }), (std::array<unsigned long long, 3>{}));
 }
@@ -407,13 +414,22 @@ TEST(Hold, Ends_With_The_Window) {
         Paint(window, {0, 9, 0, 9});
         End_Draw();
     };
-    hold_and_go(), Paint(other, {0, 9, 0, 9});
-    Begin_Batch(other), End_Batch();
-    const int objects = Gdi_Objects();
-    for (int i = 0; i < 20; ++i)
-        hold_and_go();
-    Begin_Batch(other), End_Batch();
-    EXPECT_EQ(Gdi_Objects(), objects);
+    Controls controls(other);
+    void (*const ways_to_go_on[])(HWND, Controls&) = {
+        [](HWND window, Controls&) { Begin_Hold(window), End_Hold(window); },
+        [](HWND window, Controls&) { Begin_Batch(window), End_Batch(); },
+        [](HWND, Controls& other_controls) { other_controls.Draw(); },
+        [](HWND, Controls&) { Tools_Lib_Cleanup(); },
+    };
+    for (const auto& go_on : ways_to_go_on) {
+        SCOPED_TRACE(&go_on - ways_to_go_on);
+        hold_and_go(), ways_to_go_on[0](other, controls), go_on(other, controls);
+        const int objects = Gdi_Objects();
+        for (int i = 0; i < 20; ++i)
+            hold_and_go();
+        go_on(other, controls);
+        EXPECT_EQ(Gdi_Objects(), objects);
+    }
     Expect_Nothing_Taken();
 }
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <string>
 
 #include "tests/support/code_page.h"
@@ -31,6 +32,8 @@ TEST(Error_Fct, Filters_Strips_And_Cuts) {
     EXPECT_EQ(Error_Set_Level(11), 7);
     Error_Fct(nullptr, 1, "its code is missing\xF1");
     EXPECT_EQ(reports.Take(), "1:its code is missing");
+    Error_Fct(nullptr, 1, "%s", "");
+    EXPECT_EQ(reports.Take(), "1:");
     const std::string longest(2047, 'x');
     for (const std::size_t length : {2047U, 2048U, 100000U}) {
         Error_Fct(nullptr, 1, "%s", std::string(length, 'x').c_str());
@@ -39,6 +42,27 @@ TEST(Error_Fct, Filters_Strips_And_Cuts) {
         Error_Fct(nullptr, 1, format.c_str(), "x", 1);
         EXPECT_EQ(reports.Take().substr(2), longest);
     }
+}
+
+TEST(Error_Fct, Writes_What_Nobody_Takes_To_Standard_Error) {
+    for (const char* end : {"", "\n"}) {
+        EXPECT_EXIT((Error_Fct(nullptr, 1, "text%s", end), std::exit(0)), testing::ExitedWithCode(0),
+                    "^util_test: text\n$");
+    }
+}
+
+TEST(Program, Is_Known_By_Its_Name_And_Its_Library_By_Its_Place) {
+    EXPECT_STREQ(Prog_Name, "util_test");
+    char library[MAX_PATH], elsewhere[MAX_PATH];
+    ASSERT_GT(GetModuleFileNameA(GetModuleHandleA("Galdren_Util.dll"), library, MAX_PATH), 0u);
+    ASSERT_GT(GetTempPathA(MAX_PATH, elsewhere), 0u);
+    const std::string copy = std::string(elsewhere) + "Copy_Of_Util.dll";
+    ASSERT_TRUE(CopyFileA(library, copy.c_str(), FALSE));
+    const HMODULE loaded = LoadLibraryA(copy.c_str());
+    ASSERT_TRUE(loaded);
+    EXPECT_STRCASEEQ(*reinterpret_cast<const char**>(GetProcAddress(loaded, "Inst_Path")), elsewhere);
+    FreeLibrary(loaded);
+    DeleteFileA(copy.c_str());
 }
 
 TEST(Color_Space, Knows_The_Corners_And_Comes_Back) {

@@ -24,12 +24,15 @@ void Fill_In(Control& control) {
 
 }  // namespace
 
-/// Neither a report of misuse nor another name that the application puts in its place loses the text.
-TEST(Names, Are_Freed_Whatever_Becomes_Of_The_Fields) {
+/// Neither a report of misuse nor another name that the application puts in its place loses the text; an
+/// image for both states is one image.
+TEST(Names_And_Images, Are_Freed_Whatever_Becomes_Of_The_Fields) {
     const auto live = [] {
         const Report_Catcher reports;
         Tools named;
         named.Set_Name("%s", "freed with the control");
+        named.Width = named.Height = 9;
+        named.Alloc_Graph_Normal(0), named.Graph_Select = named.Graph_Normal;
         named.Clear();
         EXPECT_EQ(named.State, STATE_WARNED);
         Tools copy(named);
@@ -124,6 +127,7 @@ TEST(Init, Rebuilds_Only_What_Changed) {
     EXPECT_EQ(survivors([] {}), "kkkkkk");
     EXPECT_EQ(survivors([&] { box.Flag |= FLAG_RAISED, box.X += 5, button.Value = 1, box.Font_Size = 14; }),
               "kkkkkk");
+    EXPECT_NE(box.Font, button.Font) << "of another size";
     EXPECT_EQ(survivors([&] { box.Set_Color(9, 8, 7), button.Set_Color(30, 8, 7); }), "-k--kk");
     EXPECT_EQ(survivors([&] { box.Set_Color(0, 0, 0), button.Color = Colors(170, 170, 170); }), "-k--kk");
     EXPECT_EQ(survivors([&] { box.Width++, button.Height++; }), "------");

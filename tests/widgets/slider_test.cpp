@@ -1,3 +1,4 @@
+#include <array>
 #include <cmath>
 #include <cstring>
 #include <limits>
@@ -55,6 +56,11 @@ TEST(Sliders, Know_The_Value_Of_Every_Position) {
         s.Flag |= FLAG_PASSIVE;
         EXPECT_EQ(s.Read(), 0);
     }
+}
+
+TEST(Bars, Have_Dimensions_For_Layouts) {
+    EXPECT_EQ((std::array{NUM_DIM, VAL_DIM, VAL_SMALL, BUT_LIST}),
+              (std::array<short, 4>{48, 26, 18, BUT_DIM}));
 }
 
 TEST(Bars, Show_The_Part_That_Is_Visible) {
@@ -160,6 +166,10 @@ TYPED_TEST(Grab, Is_Kept_From_Press_To_Release) {
         Point_Along(window, bar, 100);
         bar.Select(EVENT_PRESS), bar.Deselect();
         EXPECT_EQ(bar.Capture, 0);
+        if constexpr (std::is_same_v<TypeParam, Sliders>) {
+            bar.Select(EVENT_PRESS), bar.Init(window);
+            EXPECT_EQ(bar.Capture, 0);
+        }
         bar.Flag = FLAG_PASSIVE;
         EXPECT_EQ(bar.Select(EVENT_PRESS) * 10 + bar.Select(EVENT_TEST), 1);
     }

@@ -62,7 +62,17 @@ TEST(Tab_Items, Show_Images_Of_The_Size_That_Init_Saw) {
 TEST(Tab_Sets, Show_The_Same_After_A_Press_As_Painted_Anew) {
     Test_Window window(420, 120);
     Row s(6, 380, 30);
-    s.Init(window), s.Draw();
+    s.Init(window);
+    const auto texts_written = [](const auto& draw) {
+        const Call_Spy spy;
+        draw();
+        return spy.Count("ExtTextOutW");
+    };
+    EXPECT_EQ(texts_written([&] { s.Draw(); }), texts_written([&] {
+                  for (int i = 0; i < 6; ++i)
+                      s.Item[i]->Draw();
+              }))
+        << "each tab is painted once";
     std::mt19937 random(5);
     for (int i = 0; i < 300; ++i) {
         window.Point_At(Left + static_cast<int>(random() % 400), Bottom + static_cast<int>(random() % 40));
