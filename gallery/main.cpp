@@ -159,6 +159,7 @@ int Run(gallery::Window& window, std::size_t page) {
 }  // namespace
 
 int main(int count, char** words) try {
+    Set_Text_Code_Page(CP_UTF8);
     const std::optional<Options> options = Read_Options(count, words);
     if (!options) return exit_usage;
     if (options->help) {

@@ -10,6 +10,8 @@ using std::min;
 }  // namespace Gdiplus
 #include <gdiplus.h>
 
+#include "Galdren_Util.h"
+
 namespace gallery {
 
 namespace {
@@ -57,9 +59,9 @@ class Snapshot {
 };
 
 std::wstring Widen(const std::string& text) {
-    const int length = MultiByteToWideChar(CP_ACP, 0, text.c_str(), -1, nullptr, 0);
-    std::wstring wide(static_cast<std::size_t>(std::max(length, 1)), L'\0');
-    MultiByteToWideChar(CP_ACP, 0, text.c_str(), -1, wide.data(), length);
+    const auto length = static_cast<int>(text.size());
+    std::wstring wide(text.size(), L'\0');
+    wide.resize(static_cast<std::size_t>(Text_To_Wide(text.data(), length, wide.data(), length)));
     return wide;
 }
 

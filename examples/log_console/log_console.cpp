@@ -125,6 +125,7 @@ LRESULT CALLBACK Window_Procedure(HWND window, UINT message, WPARAM wparam, LPAR
 }
 
 int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int show) {
+    Set_Text_Code_Page(CP_UTF8);
     WNDCLASSA window_class{};
     window_class.lpfnWndProc = Window_Procedure;
     window_class.hInstance = instance;
