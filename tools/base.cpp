@@ -7,6 +7,7 @@
 #include "tools/dimensions.h"
 #include "tools/font_cache.h"
 #include "tools/sharing.h"
+#include "tools/stamp.h"
 #include "tools/view.h"
 #include "util/error.h"
 #include "util/program.h"
@@ -151,7 +152,29 @@ void Note_Size(Tools_Fields& control) {
     control.Last_Scale = control.Scale;
 }
 
+namespace {
+
+/// @param body   what is painted
+/// @param image  the application's
+/// @param given  what is known of the body
+void Note_Given(const Tools_Fields& control, const unsigned long* body, const unsigned long* image,
+                Given_Image& given) {
+    const auto scale = static_cast<unsigned short>(Scaled(control, Unscaled));
+    const bool is_known = body && body == given.Pixels;
+    if (!body || body != image) {
+        if (!is_known) given = {};
+    } else if (is_known && (given.Is_Zoomed || given.Scale != scale)) {
+        given.Is_Zoomed = true;
+    } else {
+        given = {body, control.Width, control.Height, scale, false};
+    }
+}
+
+}  // namespace
+
 void Note_Images(Tools_Fields& control) {
+    Note_Given(control, control.Cur_Graph_Normal, control.Graph_Normal, control.Given_Normal);
+    Note_Given(control, control.Cur_Graph_Select, control.Graph_Select, control.Given_Select);
     control.Last_Graph_Normal = control.Graph_Normal;
     control.Last_Graph_Select = control.Graph_Select;
 }
@@ -166,6 +189,7 @@ bool Is_Redressed(const Tools_Fields& control) {
 }
 
 Images Take_Images(Tools_Fields& control) {
+    Renew_Icon_Images(control);
     const bool resized = control.Width != control.Last_Width || control.Height != control.Last_Height;
     const bool recolored = control.Color.get() != control.Last_Color;
     const bool generate = !Has_Flag(control, FLAG_OWN_IMAGES);

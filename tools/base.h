@@ -130,7 +130,8 @@ void Forget_Withdrawn_Images(Control& control) {
     }
 }
 
-/// Notes the application's images as those that this `Init` found.
+/// Notes the application's images as those that this `Init` found, and at which size and scale those that are
+/// painted were given.
 void Note_Images(Tools_Fields& control);
 
 /// What `Take_Images` found.

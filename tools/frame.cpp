@@ -77,17 +77,34 @@ bool Fits_Size(const Tools_Fields& control, const void* buffer) {
     return control.Width * control.Height <= (made ? made : control.Last_Width * control.Last_Height);
 }
 
+const Given_Image* Zoomed_Image(const Tools_Fields& control, const void* buffer) {
+    for (const Given_Image* image : {&control.Given_Normal, &control.Given_Select}) {
+        if (buffer && buffer == image->Pixels && image->Is_Zoomed) return image;
+    }
+    return nullptr;
+}
+
+void Paint_Zoomed(Canvas& canvas, const Tools_Fields& control, const Given_Image& image, POINT corner,
+                  const Area& area) {
+    const Zoom zoom = Zoom_Between(image.Scale, control.Scale);
+    corner.x += Offset(Place::Middle, control.Width, zoom.Of(image.Width));
+    corner.y += Offset(Place::Middle, control.Height, zoom.Of(image.Height));
+    canvas.Zoomed_Pixels(image.Pixels, {image.Width, image.Height}, zoom, corner, area);
+}
+
 void Paint_Body(Canvas& canvas, const Tools_Fields& control, bool highlighted, const void* buffer,
                 unsigned long flags, int inset, const Area& area) {
     if (flags & FLAG_STATIC) return;
     const Area body = area.Inset(inset);
-    if (buffer && Fits_Size(control, buffer)) {
+    const Given_Image* const zoomed = Zoomed_Image(control, buffer);
+    if (buffer && !zoomed && Fits_Size(control, buffer)) {
         if (body.right < body.left || body.top < body.bottom) return;
         canvas.Pixels(buffer, control.Width, control.Height, inset, inset - 1, body);
     } else {
         const Theme& theme = Theme_Of(control);
         const Colors flat = Body_Color(theme, highlighted ? Highlight_Color(control) : control.Color);
         Paint_Flat_Body(canvas, {body.left, body.right + 1, body.bottom - 1, body.top}, area, flat.get());
+        if (zoomed) Paint_Zoomed(canvas, control, *zoomed, {area.left, area.bottom + 1}, body);
     }
 }
 

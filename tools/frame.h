@@ -22,6 +22,14 @@ void Paint_Outline(Canvas& canvas, const Area& area);
 /// when `Init` did not renew it, and an image for the size that `Init` saw.
 bool Fits_Size(const Tools_Fields& control, const void* buffer);
 
+/// What is known of a buffer that is an image given at another scale; null for any other buffer.
+const Given_Image* Zoomed_Image(const Tools_Fields& control, const void* buffer);
+
+/// Paints an image that was given at another scale in the middle of its control, where that is in an area.
+/// @param corner  bottom-left pixel of an image as large as the control
+void Paint_Zoomed(Canvas& canvas, const Tools_Fields& control, const Given_Image& image, POINT corner,
+                  const Area& area);
+
 /// The body; see `Tools::Fill_Select`.
 void Paint_Body(Canvas& canvas, const Tools_Fields& control, bool highlighted, const void* buffer,
                 unsigned long flags, int inset, const Area& area);

@@ -9,6 +9,7 @@
 #include "tools/base.h"
 #include "tools/font_cache.h"
 #include "tools/sharing.h"
+#include "tools/stamp.h"
 #include "util/error.h"
 #include "util/program.h"
 
@@ -39,7 +40,8 @@ int Format_Name(char* text, std::size_t room, const char* format, va_list argume
 
 /// Replaces `image` by a new one of the control's size, unless the other image is the same.
 bool Renew_Image(const Tools& control, unsigned long*& image, const unsigned long* other_image,
-                 unsigned long fill, int report_line) {
+                 Given_Image& given, unsigned long fill, int report_line) {
+    given = {};  // the new one may come to stand at the same address
     if (image != other_image) Release_Array(image);
     const auto width = std::size_t(std::max<short>(control.Width, 0));
     const auto height = std::size_t(std::max<short>(control.Height, 0));
@@ -82,6 +84,7 @@ Tools::Tools(const Tools& other) : Tools_Fields(other) {
     Share_Font(Font);
     Share_Array(Graph_Select);
     if (Graph_Normal != Graph_Select) Share_Array(Graph_Normal);
+    Share_Array(Icon_Pixels);
 }
 
 Tools& Tools::operator=(const Tools& other) { return Reassign(*this, other); }
@@ -92,21 +95,27 @@ Tools::~Tools() {
     Release_Font(Font);
     Release_Array(Graph_Select);
     if (Graph_Normal != Graph_Select) Release_Array(Graph_Normal);
+    Release_Array(Icon_Pixels);
     State = 0;
 }
 
 void* Tools::Free(void* p) {
+    for (Given_Image* given : {&Given_Normal, &Given_Select}) {
+        if (p == given->Pixels) *given = {};
+    }
     Release_Array(p);
     return nullptr;
 }
 
 int Tools::Alloc_Graph_Normal(unsigned long fill) {
-    return Renew_Image(*this, Graph_Normal, Graph_Select, fill, Line_Of_Normal);
+    return Renew_Image(*this, Graph_Normal, Graph_Select, Given_Normal, fill, Line_Of_Normal);
 }
 
 int Tools::Alloc_Graph_Select(unsigned long fill) {
-    return Renew_Image(*this, Graph_Select, Graph_Normal, fill, Line_Of_Select);
+    return Renew_Image(*this, Graph_Select, Graph_Normal, Given_Select, fill, Line_Of_Select);
 }
+
+int Tools::Icon(const char* file) { return Read_Icon_Pixels(*this, file); }
 
 void Tools::Clear() {
     Check(*this, "Tools::Clear");

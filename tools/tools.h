@@ -39,6 +39,19 @@ class GALDREN_TOOLS_API Tools : public Tools_Fields {
     /// Replaces `Graph_Select`; see `Alloc_Graph_Normal`.
     int Alloc_Graph_Select(unsigned long fill);
 
+    /// Reads a picture for the body of a box or a button, in place of images that it has. The next `Init`
+    /// makes `Graph_Normal` and `Graph_Select` of it, and any that changes size, colour, scale or theme makes
+    /// them anew: the shading of the control and of the highlight, with the picture in the middle, blended
+    /// over it. One that is too large is made smaller, its proportions kept; at a scale one that has room is
+    /// enlarged by a whole factor. An image that the application puts in place of these ends that.
+    /// @param file  a Targa image when the name holds ".tga", else an SGI image. The last channel of 2 or 4
+    /// is
+    ///              opacity in a Targa image, and its opposite in an SGI image, as in those of `Icon_Read`
+    /// @return 1; 0 when it cannot be read, or the memory not be had: that is reported at level 11 or 1, and
+    /// nothing
+    ///         has changed
+    int Icon(const char* file);
+
     /// Fills the control's rectangle, right column and top row included, with `Color`.
     void Clear();
     /// Fills the control's rectangle with `c`, one row higher than `Clear()` does.

@@ -105,7 +105,7 @@ bool Begin_Button(Buttons& button, HWND& window) {
 /// Whether `Init` has a button's whole look to make.
 bool Is_New(const Buttons& button) {
     return !(button.State & STATE_READY) && !button.Font && !button.Graph_Normal && !button.Graph_Select &&
-           !Has_Flag(button, FLAG_STATIC | FLAG_OWN_IMAGES);
+           !button.Icon_Pixels && !Has_Flag(button, FLAG_STATIC | FLAG_OWN_IMAGES);
 }
 
 /// Whether a button has all that others may take over.

@@ -217,12 +217,15 @@ unsigned long Ground_Of(const Lists& list) { return Body_Color(Theme_Of(list), l
 void Paint_Ground(Canvas& canvas, const Lists& list, const Area& area) {
     if (area.left >= area.right || area.bottom >= area.top) return;
     const Boxs& frame = list.Frame;
-    if (frame.Cur_Graph_Normal) {
+    const Area ground{area.left, area.right - 1, area.bottom + 1, area.top};
+    const Given_Image* const zoomed = Zoomed_Image(frame, frame.Cur_Graph_Normal);
+    if (frame.Cur_Graph_Normal && !zoomed) {
         canvas.Pixels(frame.Cur_Graph_Normal, frame.Width, frame.Height, area.left - frame.X,
-                      area.bottom - frame.Y, {area.left, area.right - 1, area.bottom + 1, area.top});
-    } else if (!Has_Flag(list, FLAG_NO_BODY)) {
-        canvas.Box(area, Ground_Of(list));
+                      area.bottom - frame.Y, ground);
+        return;
     }
+    if (!Has_Flag(list, FLAG_NO_BODY)) canvas.Box(area, Ground_Of(list));
+    if (zoomed) Paint_Zoomed(canvas, frame, *zoomed, {frame.X, frame.Y + 1}, ground);
 }
 
 /// What the ground fills of the inner area, edges included.

@@ -135,12 +135,12 @@ void Paint_Shape(Canvas& canvas, const TabItems& tab, const Area& top, unsigned 
 void Paint_Fill(Canvas& canvas, const TabItems& tab, bool highlighted, const void* image, unsigned long flags,
                 int border, const Area& top) {
     if (flags & FLAG_STATIC) return;
-    if (image && Fits_Size(tab, image)) {
-        const int inset = std::max(border, 0);
-        canvas.Pixels(image, tab.Width, tab.Height, inset, inset, top.Inset(inset));
-    } else {
-        Paint_Shape(canvas, tab, top, Body_Color_Of(tab, highlighted));
-    }
+    const int inset = std::max(border, 0);
+    const Given_Image* const zoomed = Zoomed_Image(tab, image);
+    if (image && !zoomed && Fits_Size(tab, image))
+        return canvas.Pixels(image, tab.Width, tab.Height, inset, inset, top.Inset(inset));
+    Paint_Shape(canvas, tab, top, Body_Color_Of(tab, highlighted));
+    if (zoomed) Paint_Zoomed(canvas, tab, *zoomed, {top.left, top.bottom}, top.Inset(inset));
 }
 
 /// What `Paint_Fill` takes for the place of a tab: its rectangle without the slanted ends.
