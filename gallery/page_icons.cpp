@@ -2,6 +2,7 @@
 #include <functional>
 #include <string>
 
+#include "Galdren_Util.h"
 #include "gallery/pages.h"
 
 namespace gallery {
@@ -140,8 +141,7 @@ void Give_Icon(Buttons& button, const char* file, const Colors& color) {
 }
 
 void Add_Bodies(Sheet& sheet, int top) {
-    sheet.Heading(page_area.x, page_area.top + top,
-                  "On the bodies of buttons, made smaller where there is less room");
+    sheet.Heading(page_area.x, page_area.top + top, "On buttons, made smaller where they must be");
     const Colors colors[] = {{0, 0, 0}, paper, {222, 172, 84}, {92, 128, 160}, {120, 200, 120}};
     for (int i = 0; i < static_cast<int>(std::size(drive_icons)); ++i) {
         Place place = Cell(i, 6, top + 24, 42 - 5 * i);

@@ -44,7 +44,8 @@ class GALDREN_TOOLS_API Tools : public Tools_Fields {
     /// them anew: the shading of the control and of the highlight, with the picture in the middle, blended
     /// over it. One that is too large is made smaller, its proportions kept; at a scale one that has room is
     /// enlarged by a whole factor. An image that the application puts in place of these ends that.
-    /// @param file  a Targa image when the name holds ".tga", else an SGI image. The last channel of 2 or 4 is
+    /// @param file  a Targa image when the name holds ".tga", else an SGI image. The last channel of 2 or 4
+    /// is
     ///              opacity in a Targa image, and its opposite in an SGI image, as in those of `Icon_Read`
     /// @return 1; 0 with nothing changed when it cannot be read (reported at level 11) or there is no memory
     ///         (reported at level 1)
@@ -108,7 +109,7 @@ class GALDREN_TOOLS_API Tools : public Tools_Fields {
 
     /// Paints pixels in the pixel form, rows top-down, with their bottom-left one at (x, y).
     /// @param pixels  `width` x `height` of them; null paints nothing
-    void Blit(const unsigned long* pixels, short width, short height, short x, short y);
+    GALDREN_TOOLS_API void Blit(const unsigned long* pixels, short width, short height, short x, short y);
 
     /// @name For the `Init` and the `Select` of an application's own controls
     /// @{
@@ -116,11 +117,11 @@ class GALDREN_TOOLS_API Tools : public Tools_Fields {
     /// Binds the control to a window: `Window`, `Rect`, `Region` and `Font` are then as in every control.
     /// @param window  null keeps the window of the last time; without any it is reported at level 11
     /// @return false when there is nothing to bind: no size, or no window
-    bool Prepare(HWND window);
+    GALDREN_TOOLS_API bool Prepare(HWND window);
     /// Gives a part what the control has around it: text clip rectangle, scale and theme. It is cut at the
     /// control's edges, and hidden with it. Before the `Init` of the part.
-    void Adopt(Tools& part) const;
+    GALDREN_TOOLS_API void Adopt(Tools& part) const;
     /// Whether the pointer is inside the hit rectangle.
-    bool Is_Pointed() const;
+    GALDREN_TOOLS_API bool Is_Pointed() const;
     /// @}
 };

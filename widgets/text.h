@@ -140,79 +140,79 @@ struct Edit_State {
 /// The application starts reading with `Read`, hands every key to `Input`, and asks `Update` whether a line
 /// was entered. Nothing is limited but in length: a line holds 255 bytes, the input line takes 254, and
 /// of the output lines and the lines entered the oldest go when the fields are full.
-class GALDREN_TOOLS_API Texts : public Tools, public Text_Fields {
+class Texts : public Tools, public Text_Fields {
   public:
     /// Every field zero.
-    Texts();
+    GALDREN_TOOLS_API Texts();
     /// Copies every field; lines, history and fonts are shared with the source, in both directions.
-    Texts(const Texts& other);
+    GALDREN_TOOLS_API Texts(const Texts& other);
     /// Lets go of what this field owns and copies every field.
-    Texts& operator=(const Texts& other);
+    GALDREN_TOOLS_API Texts& operator=(const Texts& other);
     /// Lets go of lines, history and fonts, then of what every control owns.
-    ~Texts();
+    GALDREN_TOOLS_API ~Texts();
 
     /// Binds the field to a window, makes its fonts and places its parts. Idle, it clears the input line.
     /// @param window  null keeps the window of the last `Init`; without any it is reported at level 11
-    void Init(HWND window);
+    GALDREN_TOOLS_API void Init(HWND window);
     /// Paints the whole field.
-    void Draw();
+    GALDREN_TOOLS_API void Draw();
     /// Forgets all output and all entered lines and ends reading.
-    void Cleanup();
+    GALDREN_TOOLS_API void Cleanup();
     /// Follows the pointer and the scroll bars.
     /// @param event  see `Select_Event`
     /// @return 1 when the pointer is inside; 0 elsewhere and when passive
-    int Select(int event);
+    GALDREN_TOOLS_API int Select(int event);
     /// Takes caret and highlights away.
-    void Deselect();
+    GALDREN_TOOLS_API void Deselect();
     /// Scrolls by wheel steps: the bar under the pointer, else the vertical one.
-    void Scroll(int n);
+    GALDREN_TOOLS_API void Scroll(int n);
 
     /// Starts reading, with the formatted text in the input line and the cursor at its end. A field that
     /// reports changes and reads already keeps its cursor.
     /// @param format  a printf format with its arguments; null starts with an empty line
-    void Read(const char* format, ...) GALDREN_PRINTF(2, 3);
+    GALDREN_TOOLS_API void Read(const char* format, ...) GALDREN_PRINTF(2, 3);
     /// Asks whether the user entered a line or, with `TEXT_REPORT_CHANGES`, changed it. An entered line ends
     /// reading.
     /// @return `Line`; null when nothing happened
-    char* Update();
+    GALDREN_TOOLS_API char* Update();
     /// Whether the filters of the field let a character in.
-    bool Accepts(char character) const;
+    GALDREN_TOOLS_API bool Accepts(char character) const;
     /// Takes one key while reading. Characters of several bytes come byte by byte.
     /// @param key  a key code as `Parse_Keyboard` gives it
-    void Input(int key);
+    GALDREN_TOOLS_API void Input(int key);
     /// Puts a text at the caret, in place of what is selected, as one edit: what the filters let in and there
     /// is room for, without control characters.
     /// @param text  null does nothing
-    void Insert(const char* text);
+    GALDREN_TOOLS_API void Insert(const char* text);
 
     /// Whether a key of `TEXT_EDITING` would do something now, such as Ctrl+C with something selected.
-    bool Can_Take(int key);
+    GALDREN_TOOLS_API bool Can_Take(int key);
     /// Whether a place in the window is over text that `TEXT_EDITING` lets the pointer select.
     /// @param place  in logical pixels
-    bool Is_Text_At(POINT place) const;
+    GALDREN_TOOLS_API bool Is_Text_At(POINT place) const;
     /// Finds the caret of the input line.
     /// @param area  receives its place, in logical pixels like `Rect`
     /// @return false while nothing is read
-    bool Find_Caret(RECT& area);
+    GALDREN_TOOLS_API bool Find_Caret(RECT& area);
 
     /// Has the caret shown by the keyboard focus in place of the pointer, and repaints the input line while
     /// it reads.
     /// @param how  see `Text_Caret`
-    void Show_Caret(Text_Caret how);
+    GALDREN_TOOLS_API void Show_Caret(Text_Caret how);
 
     /// Copies an output line without its codes.
     /// @param line  its index, 0 the newest
     /// @param text  receives it, up to `Line_Room` bytes with its end
     /// @return false when there is no such line
-    bool Plain_Line(int line, char* text) const;
+    GALDREN_TOOLS_API bool Plain_Line(int line, char* text) const;
 
     /// Appends a formatted text; every line break in it begins a new line. It is cut at 255 bytes, between
     /// characters.
     /// @param format  a printf format with its arguments; null does nothing
-    void Write(const char* format, ...) GALDREN_PRINTF(2, 3);
+    GALDREN_TOOLS_API void Write(const char* format, ...) GALDREN_PRINTF(2, 3);
     /// Puts a formatted text in place of the newest line.
     /// @param format  see `Write`
-    void OverWrite(const char* format, ...) GALDREN_PRINTF(2, 3);
+    GALDREN_TOOLS_API void OverWrite(const char* format, ...) GALDREN_PRINTF(2, 3);
 
   private:
     void Append(bool new_line, const char* format, va_list arguments);
