@@ -109,7 +109,7 @@ class GALDREN_TOOLS_API Tools : public Tools_Fields {
 
     /// Paints pixels in the pixel form, rows top-down, with their bottom-left one at (x, y).
     /// @param pixels  `width` x `height` of them; null paints nothing
-    GALDREN_TOOLS_API void Blit(const unsigned long* pixels, short width, short height, short x, short y);
+    void Blit(const unsigned long* pixels, short width, short height, short x, short y);
 
     /// @name For the `Init` and the `Select` of an application's own controls
     /// @{
@@ -117,11 +117,11 @@ class GALDREN_TOOLS_API Tools : public Tools_Fields {
     /// Binds the control to a window: `Window`, `Rect`, `Region` and `Font` are then as in every control.
     /// @param window  null keeps the window of the last time; without any it is reported at level 11
     /// @return false when there is nothing to bind: no size, or no window
-    GALDREN_TOOLS_API bool Prepare(HWND window);
+    bool Prepare(HWND window);
     /// Gives a part what the control has around it: text clip rectangle, scale and theme. It is cut at the
     /// control's edges, and hidden with it. Before the `Init` of the part.
-    GALDREN_TOOLS_API void Adopt(Tools& part) const;
+    void Adopt(Tools& part) const;
     /// Whether the pointer is inside the hit rectangle.
-    GALDREN_TOOLS_API bool Is_Pointed() const;
+    bool Is_Pointed() const;
     /// @}
 };
