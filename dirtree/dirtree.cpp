@@ -414,6 +414,7 @@ int DirTrees::Select(int event) {
 
 void DirTrees::Scroll(int amount) {
     Check(*this, "DirTrees::Scroll");
+    if (!Has_Size(*this)) return;
     const Shared_Context context(Window);
     Sliders& bar = Horizontal_Bar.Select(EVENT_TEST) ? Horizontal_Bar : Vertical_Bar;
     bar.Scroll(-std::max(amount, -INT_MAX));

@@ -24,9 +24,10 @@ Reach Limited(const Tools_Fields& control, Reach reach) {
     return reach;
 }
 
-/// Part of a picture is not kept.
+/// Part of a picture is not kept. What a picture is kept of is made of parts, and cut at its rectangle.
 Reach Kept_Reach(const Tools_Fields& control, const Area& covered, unsigned& picture) {
-    const Reach limited = Limited(control, Covering(covered));
+    Reach limited = Limited(control, Covering(covered));
+    limited.area = Common(limited.area, Area_Of(control));
     if (limited.area.Holds(covered)) return {covered, covered, &picture};
     picture = 0;
     return limited;

@@ -326,6 +326,10 @@ TEST(Directory_Browser, Paints_No_Glyph_Outside_The_Text_Clip_Rectangle) {
     tree.Init(window);
     const auto draw = [&] { tree.Draw(), tree.Bring_Into_View(0), tree.Bring_Into_View(tree.Nb_Row - 1); };
     EXPECT_EQ(window.Changed(draw), (Area{12, 211, 21, 30}));
+    tree.Clip_Width = 0;
+    tree.Init(window);
+    tree.Width = 0;
+    EXPECT_EQ(window.Changed([&] { tree.Scroll(-1); }), Nothing);
 }
 
 TEST(Directory_Browser, Survives_Any_Path) {
