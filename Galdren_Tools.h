@@ -18,6 +18,7 @@
 #include "tools/paint_count.h"
 #include "tools/ring.h"
 #include "tools/surface.h"
+#include "tools/theme.h"
 #include "tools/tools.h"
 #include "widgets/box.h"
 #include "widgets/button.h"

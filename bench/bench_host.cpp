@@ -104,6 +104,12 @@ class Our_Side {
         host->Message(WM_SETFOCUS, 0, 0, result);
     }
     void Hold() { host->Hold(); }
+    /// Scales all, and has the window painted.
+    void Set_Scale(int percent) {
+        host->Set_Scale(percent);
+        Require(buttons[0].Scale == (percent == 100 ? 0 : percent), "the buttons are not scaled");
+        UpdateWindow(stage.Get());
+    }
     /// Has each button go a pixel up, or back.
     void Shift(bool up) {
         for (Buttons& button : buttons)
@@ -492,6 +498,90 @@ Result Dragged_By_Corner() {
     return Compare(our_drag, native_drag, 5);
 }
 
+/// Made larger and as before, and painted each time.
+Result Scaled() {
+    Our_Side ours(Hundreds);
+    const auto scale_twice = [&ours] {
+        for (const int scale : {150, 100})
+            ours.Set_Scale(scale);
+        bench::Flush();
+    };
+    return {bench::Time({scale_twice, 2, [&ours] { ours.Window().Raise(); }}), {}};
+}
+
+/// Controls of which it is counted how many bytes go to the window.
+class Counted_Side {
+  public:
+    Counted_Side() : stage([this](auto... message) { return host && host->Message(message...); }) {
+        host = std::make_unique<Host>(stage.Get());
+        host->Set_Background(Colors(170, 170, 170));
+        bench::Place(button, {10, 10, 110, 35});
+        button.Name = "Press";
+        bench::Place(console, {10, 50, 410, 450});
+        bench::Place(list, {420, 50, 620, 450});
+        list.Flag = FLAG_VERTICAL;
+        Require(list.Grow(100, 0) == 1, "there is no memory for the items");
+        host->Add(button), host->Add(console), host->Add(list);
+        host->Init_All();
+        stage.Raise();
+        stage.Repaint();
+        for (int i = 0; i < 100; ++i)
+            console.Write("line %d", i);
+    }
+    void Move_To(POINT client) { Send(WM_MOUSEMOVE, 0, client); }
+    void Turn_Wheel(POINT client) {
+        ClientToScreen(stage.Get(), &client);
+        Send(WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(-WHEEL_DELTA)), client);
+    }
+    Result Bytes_Of(const std::function<void()>& prepare, const std::function<void()>& event) {
+        return {bench::Repeat([&] {
+                    prepare();
+                    UpdateWindow(stage.Get());
+                    const unsigned long long before = Tools_Paint_Count().bytes;
+                    event();
+                    UpdateWindow(stage.Get());
+                    const auto bytes = static_cast<double>(Tools_Paint_Count().bytes - before);
+                    Require(bytes > 0, "nothing was painted");
+                    return bytes;
+                }),
+                {}};
+    }
+
+    Buttons button;
+    Texts console;
+    Lists list;
+
+  private:
+    void Send(UINT message, WPARAM wparam, POINT place) {
+        LRESULT result = 0;
+        host->Message(message, wparam, MAKELPARAM(place.x, place.y), result);
+    }
+
+    std::unique_ptr<Host> host;
+    Stage stage;  // the last, so that its messages end before the host does
+};
+
+constexpr POINT On_Button{50, 20};
+constexpr POINT On_List{520, 250};
+constexpr double Bytes_Of_Button = 4.0 * 101 * 26;
+constexpr double Bytes_Of_Console = 4.0 * 401 * 401;
+constexpr double Bytes_Of_List = 4.0 * 201 * 401;
+
+Result Bytes_Of_Hover() {
+    Counted_Side side;
+    return side.Bytes_Of([&] { side.Move_To({5, 5}); }, [&] { side.Move_To(On_Button); });
+}
+
+Result Bytes_Of_Line() {
+    Counted_Side side;
+    return side.Bytes_Of([] {}, [&] { side.console.Write("one more"); });
+}
+
+Result Bytes_Of_Wheel() {
+    Counted_Side side;
+    return side.Bytes_Of([&] { side.Move_To(On_List); }, [&] { side.Turn_Wheel(On_List); });
+}
+
 /// From nothing to buttons that can be painted, beside windows of the same class.
 Result Made_And_Added() {
     Stage stage;
@@ -541,6 +631,11 @@ const Register rows[] = {
     Register({"host: 200 repainted, held, on display", "us", Of_Native(1.3), Held_Repaint}),
     Register({"host: resized by a pixel, on display", "us", Of_Native(1.3), Resized}),
     Register({"host: 200 laid out, a step of a drag", "us", Of_Native(0.5), Dragged_By_Corner}),
+    Register({"host: scale of 200 changed, on display", "us", At_Most(100'000), Scaled}),
+    Register({"host: bytes to the window, a button lit", "bytes", At_Most(Bytes_Of_Button), Bytes_Of_Hover}),
+    Register(
+        {"host: bytes to the window, a console line", "bytes", At_Most(Bytes_Of_Console), Bytes_Of_Line}),
+    Register({"host: bytes to the window, a list step", "bytes", At_Most(Bytes_Of_List), Bytes_Of_Wheel}),
     Register({"host: Tab among 200, on display", "us", At_Most(200), Focus_Moves<Hundreds>}),
     Register({"host: Tab among 20,000, on display", "us", At_Most(200), Focus_Moves<Ten_Thousands>}),
     Register({"host: a button made, added, Init", "us", At_Most(0.6), Made_And_Added}),

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <climits>
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -17,6 +18,7 @@
 #include "tools/surface.h"
 #include "util/directory.h"
 #include "util/program.h"
+#include "util/wide.h"
 #include "widgets/items.h"
 #include "widgets/scroll.h"
 
@@ -24,15 +26,23 @@ using namespace galdren;
 
 namespace {
 
-constexpr int Row_Height = DirTrees::Row_Pitch;
-constexpr int Indent = 18;  // of each depth
-constexpr int Name_Offset = 28;
-constexpr int Name_Drop = 4;  // below the baseline
+/// Lengths of a browser, at its scale.
+struct Lengths {
+    const DirTrees& tree;
+    int line = Line_Width(tree);
+    int row = tree.Row_Height();
+    int indent = std::max(Scaled(tree, 18), 1);  // of each depth
+    int name_offset = Scaled(tree, 28);
+    int name_drop = Scaled(tree, 4);     // below the baseline
+    int column_start = Scaled(tree, 5);  // of the columns that presses count in, each as wide as an indent
+    int border = Scaled(tree, BORDER);
+    int space = Scaled(tree, SPACE);
+    int bar = Scaled(tree, CURSEUR);
+    int button = Scaled(tree, BUT_DIM);
+};
 
-// Presses count in columns as wide as an indent: that of the mark, then those that choose the row.
-constexpr int Column_Start = 5;
+/// A press on the first column of a row is one on its mark; those that follow choose the row.
 constexpr int Name_Columns = 6;
-constexpr unsigned long Blue = 0xFF0000;
 
 constexpr unsigned long Upright_Bar = FLAG_VERTICAL | SLIDER_REVERSED | SLIDER_KEEP_GRAB;
 constexpr unsigned long Level_Bar = SLIDER_KEEP_GRAB;
@@ -40,37 +50,42 @@ constexpr unsigned long Level_Bar = SLIDER_KEEP_GRAB;
 void Place(Tools& part, const DirTrees& tree, int x, int y, int width, int height) {
     Set_Place(part, Not_Turned({x, x + width, y, y + height}));
     part.Color = tree.Color;
-    Copy_Clip(part, tree);
+    Copy_Surroundings(part, tree);
 }
 
 void Set_Font(Tools& part, const char* weight, short size) {
     part.Font_Name = "Arial";
     part.Font_Weight = weight;
-    part.Font_Size = size;
+    part.Font_Size = Within_16(Scaled(part, size));
 }
 
 void Init_Boxes(DirTrees& tree) {
+    const Lengths at{tree};
     Boxs& frame = tree.Frame;
     frame.Flag = FLAG_TEXT_BOTTOM | FLAG_OWN_IMAGES | FLAG_PASSIVE;
-    Place(frame, tree, tree.X + 1, tree.Y + 1, tree.Width - 2, tree.Height - 2);
+    Place(frame, tree, tree.X + at.line, tree.Y + at.line, tree.Width - 2 * at.line,
+          tree.Height - 2 * at.line);
     Set_Font(frame, "bold", 14);
     frame.Init(tree.Window);
 
     Boxs& box = tree.Tree_Box;
     box.Flag = FLAG_OWN_IMAGES;
-    Place(box, tree, frame.X + SPACE, frame.Y + BUT_DIM + SPACE, tree.Width - 2 * SPACE,
-          frame.Height - 2 * SPACE - BUT_DIM);
+    Place(box, tree, frame.X + at.space, frame.Y + at.button + at.space, tree.Width - 2 * at.space,
+          frame.Height - 2 * at.space - at.button);
     box.Init(tree.Window);
     box.Flag = FLAG_STATIC;
 
     Boxs& list = tree.List_Box;
     list.Flag = FLAG_STATIC;
-    Place(list, tree, box.X + BORDER + 2, box.Y + BORDER + CURSEUR + SPACE,
-          box.Width - 2 * (BORDER + 1) - CURSEUR - SPACE,
-          box.Height - 3 * BORDER - CURSEUR - BUT_DIM - SPACE - 2);
+    Place(list, tree, box.X + at.border + 2 * at.line, box.Y + at.border + at.bar + at.space,
+          box.Width - 2 * (at.border + at.line) - at.bar - at.space,
+          box.Height - 3 * at.border - at.bar - at.button - at.space - 2 * at.line);
     Set_Font(list, "regular", 10);
     list.Init(tree.Window);
 }
+
+/// What a part stands on where nothing else is painted.
+Colors Ground_Of(const Tools& part) { return Body_Color(Theme_Of(part), part.Color); }
 
 /// Binds a bar that stands where it is to stand. `Init` ends a drag and brings the value into the range, but
 /// a bar that is fitted or moved while it is dragged goes on.
@@ -81,32 +96,43 @@ void Init_Bar(Sliders& bar, HWND window) {
 }
 
 void Init_Bars(DirTrees& tree) {
+    const Lengths at{tree};
+    const auto step = static_cast<float>(at.row);
     const Boxs& box = tree.Tree_Box;
-    const int width = box.Width - 3 * SPACE - CURSEUR;
-    const int height = box.Height - 3 * SPACE - BORDER - CURSEUR - BUT_DIM;
-    const int right = box.X + box.Width - SPACE;
-    const int bottom = box.Y + SPACE;
+    const int width = box.Width - 3 * at.space - at.bar;
+    const int height = box.Height - 3 * at.space - at.border - at.bar - at.button;
+    const int right = box.X + box.Width - at.space;
+    const int bottom = box.Y + at.space;
     Sliders& upright = tree.Vertical_Bar;
-    const int above = bottom + SPACE + CURSEUR;
-    Set_Bar(upright, tree, Not_Turned({right - CURSEUR, right, above, above + height}),
-            Upright_Bar | Unused_Bar, {std::max(upright.Val, 100.0F), 0.0F, Row_Height});
+    const int above = bottom + at.space + at.bar;
+    Set_Bar(upright, tree, Not_Turned({right - at.bar, right, above, above + height}),
+            Upright_Bar | Unused_Bar, {std::max(upright.Val, 100.0F), 0.0F, step});
     Init_Bar(upright, tree.Window);
 
     Sliders& level = tree.Horizontal_Bar;
-    const int left = box.X + SPACE;
-    Set_Bar(level, tree, Not_Turned({left, left + width, bottom, bottom + CURSEUR}), Level_Bar | Unused_Bar,
-            {0.0F, std::max(level.Val, 0.0F), Row_Height});
+    const int left = box.X + at.space;
+    Set_Bar(level, tree, Not_Turned({left, left + width, bottom, bottom + at.bar}), Level_Bar | Unused_Bar,
+            {0.0F, std::max(level.Val, 0.0F), step});
     Init_Bar(level, tree.Window);
 }
 
 void Init_Button(DirTrees& tree) {
+    const Lengths at{tree};
     const Boxs& list = tree.List_Box;
     Buttons& button = tree.Refresh;
     button.Name = "Refresh";
     Copy_Font(button, tree);
-    Place(button, tree, tree.Tree_Box.X + SPACE, list.Y + list.Height + BORDER,
-          tree.Tree_Box.Width - 2 * SPACE, BUT_DIM - 3);
+    Place(button, tree, tree.Tree_Box.X + at.space, list.Y + list.Height + at.border,
+          tree.Tree_Box.Width - 2 * at.space, at.button - Scaled(tree, 3));
     button.Init(tree.Window);
+}
+
+/// Keeps the place of a bar from one scale to another. What was a whole number of pixels comes back as one.
+void Rescale(Sliders& bar, int from, int to) {
+    constexpr double Nearly_Whole = 0.01;
+    const double value = double{bar.Val} * to / from;
+    const double whole = std::round(value);
+    bar.Val = static_cast<float>(std::abs(value - whole) < Nearly_Whole ? whole : value);
 }
 
 /// What a bar shows.
@@ -128,7 +154,7 @@ void Fit_Bar(Sliders& bar, unsigned long flag, int room, int extent, float& far_
     const bool needed = extent > room;
     bar.Flag = needed ? flag : flag | Unused_Bar;
     if (needed) {
-        far_from = static_cast<float>(4 * BORDER - room + extent);
+        far_from = static_cast<float>(4 * Scaled(bar, BORDER) - room + extent);
         Size_Thumb(bar, room, extent);
     } else {
         bar.Val = 0;
@@ -136,7 +162,7 @@ void Fit_Bar(Sliders& bar, unsigned long flag, int room, int extent, float& far_
     Init_Bar(bar, bar.Window);
     if (!anew && Bar_Look(bar) == before) return;
     const Canvas for_both(bar, Inside(bar));
-    if (!needed) bar.Clear();
+    if (!needed) bar.Clear(Ground_Of(bar));
     bar.Draw();
 }
 
@@ -169,9 +195,10 @@ void Read_Icons(const Dir_Tree& root) {
 }
 
 int Widest_Row(const DirTrees& tree) {
+    const Lengths at{tree};
     int widest = 0;
     for (const Dir_Row* row = tree.Row; row != tree.Row + tree.Nb_Row; ++row) {
-        const int before = tree.List_Box.X + 2 * (9 * row->depth + 9 + SPACE);
+        const int before = tree.List_Box.X + at.indent * (row->depth + 1) + 2 * at.space;
         Dir_Tree& node = *row->node;
         if (node.width == 0) node.width = Within_16(Width_Of(tree.List_Box.Font, node.name));
         widest = std::max(widest, before + node.width);
@@ -185,27 +212,28 @@ class Row_Painter {
     Row_Painter(Canvas& surface, DirTrees& browser)
         : canvas(surface),
           tree(browser),
-          first(std::max(Pixels_Scrolled(tree.Vertical_Bar) / Row_Height, 0)),
-          left(tree.List_Box.X + 2 * SPACE - Pixels_Scrolled(tree.Horizontal_Bar)),
-          baseline_0(tree.List_Box.Y + tree.List_Box.Height + Pixels_Scrolled(tree.Vertical_Bar) - SPACE -
-                     Row_Height) {}
+          at{browser},
+          first(std::max(Pixels_Scrolled(tree.Vertical_Bar) / at.row, 0)),
+          left(tree.List_Box.X + 2 * at.space - Pixels_Scrolled(tree.Horizontal_Bar)),
+          baseline_0(tree.List_Box.Y + tree.List_Box.Height + Pixels_Scrolled(tree.Vertical_Bar) - at.space -
+                     at.row) {}
 
     /// Paints a part of the list, ground and all.
     void Paint(const Area& area) {
         if (area.left >= area.right || area.bottom >= area.top) return;
         const Canvas::Narrow_Clip clip = canvas.Narrow(area);
-        canvas.Box(area, tree.List_Box.Color.get());
+        canvas.Box(area, Ground_Of(tree.List_Box).get());
         for (int row = std::max(first - 1, 0); row < tree.Nb_Row; ++row) {
-            if (Baseline(row) + Reach_Up <= area.bottom) break;
-            if (Baseline(row) - Name_Drop < area.top) Paint_Row(row, area);
+            if (Baseline(row) + Most_Rows_Up * at.row <= area.bottom) break;
+            if (Baseline(row) - at.name_drop < area.top) Paint_Row(row, area);
         }
     }
 
   private:
     /// What a row may paint above its baseline; icons and fonts may be larger than ours.
-    static constexpr int Reach_Up = 3 * Row_Height;
+    static constexpr int Most_Rows_Up = 3;
 
-    int Baseline(int row) const { return baseline_0 - Row_Height * row; }
+    int Baseline(int row) const { return baseline_0 - at.row * row; }
 
     void Paint_Row(int index, const Area& area) {
         const Dir_Row& row = tree.Row[index];
@@ -215,29 +243,29 @@ class Row_Painter {
             Paint_Lead(row, baseline, area);
         }
         if (index < first) return;
-        const int x = left + Indent * row.depth;
-        Paint_Picture(*row.node, x, baseline - 1, area);
-        Paint_Name(*row.node, x + Name_Offset, baseline - Name_Drop, area);
+        const int x = left + at.indent * row.depth;
+        Paint_Picture(*row.node, x, baseline - at.line, area);
+        Paint_Name(*row.node, x + at.name_offset, baseline - at.name_drop, area);
     }
 
     /// Lines from the ancestors that have siblings below, down to them.
     void Paint_Stems(const Dir_Row& row, int baseline, const Area& area) {
-        constexpr int Stem = 7;
+        const int stem = canvas.Scaled(7);
         for (const Dir_Row* above = tree.Row + row.parent; above->depth > 0;
              above = tree.Row + above->parent) {
-            const int x = left + Indent * (above->depth - 1) + Stem;
+            const int x = left + at.indent * (above->depth - 1) + stem;
             if (Has_Flag(*above->node, DIR_LAST) || x < area.left || x >= area.right) continue;
-            canvas.Column(x, baseline, baseline + Row_Height + 1, Blue);
+            canvas.Column(x, baseline, baseline + at.row + at.line, canvas.Look().Caption_Changed, at.line);
         }
     }
 
     void Paint_Lead(const Dir_Row& row, int baseline, const Area& area) {
-        const int x = left + Indent * (row.depth - 1);
+        const int x = left + at.indent * (row.depth - 1);
         if (!May_Show(x, area)) return;
         const char more = !Has_Flag(*row.node, DIR_LAST);
         const auto paint = Lead_Of(*row.node);
-        paint(&tree.List_Box, more, Low_16(x), Low_16(x + Indent), Low_16(baseline),
-              Low_16(baseline + Row_Height));
+        paint(&tree.List_Box, more, Low_16(x), Low_16(x + at.indent), Low_16(baseline),
+              Low_16(baseline + at.row));
     }
 
     static auto Lead_Of(const Dir_Tree& node) -> decltype(&Icon_Lead_Leaf) {
@@ -259,41 +287,44 @@ class Row_Painter {
 
     void Paint_Name(const Dir_Tree& node, int x, int y, const Area& area) {
         if (x >= area.right) return;
-        const unsigned long color = Has_Flag(node, DIR_NO_ACCESS) ? Dark_Grey
-                                    : Has_Flag(node, DIR_CURRENT) ? Blue
-                                                                  : Black;
+        const Theme& theme = canvas.Look();
+        const unsigned long color = Has_Flag(node, DIR_NO_ACCESS) ? theme.Caption_Barred
+                                    : Has_Flag(node, DIR_CURRENT) ? theme.Caption_Changed
+                                                                  : theme.Caption;
         if (node.name) canvas.Write_Run(tree.List_Box.Font, node.name, x, y, color);
     }
 
     /// Whether something small at `x` may be in the area. In a very deep tree there are places that the
     /// coordinates of the glyphs cannot tell.
-    static bool May_Show(int x, const Area& area) {
-        constexpr int Widest_Picture = 3 * Indent;
-        return x + Widest_Picture > area.left && x - Indent < area.right;
+    bool May_Show(int x, const Area& area) const {
+        const int widest_picture = 3 * at.indent;
+        return x + widest_picture > area.left && x - at.indent < area.right;
     }
 
     Canvas& canvas;
     DirTrees& tree;
+    Lengths at;
     int first;  // row that shows its name at the top
     int left;   // of the root
     int baseline_0;
 };
 
 /// Lower edge of the strip at the top in which a row is cut off: it shows its lead there and nothing else.
-int Cut_Off_Below(const Area& list, int scrolled) {
-    return std::min(list.top - SPACE + scrolled % Row_Height - Name_Drop, list.top);
+int Cut_Off_Below(const Lengths& at, const Area& list, int scrolled) {
+    return std::min(list.top - at.space + scrolled % at.row - at.name_drop, list.top);
 }
 
 /// Moves the rows on the kept picture to where they are to be, and paints what that leaves open.
 /// @param from  how far they were scrolled
 /// @param to    how far they are now
 /// @return false, with nothing changed, when everything has to be painted
-bool Move_Rows(Canvas& canvas, Row_Painter& painter, const Area& list, const POINT& from, const POINT& to) {
+bool Move_Rows(Canvas& canvas, Row_Painter& painter, const Lengths& at, const Area& list, const POINT& from,
+               const POINT& to) {
     const int up = to.y - from.y;
-    if (from.x != to.x || std::abs(up) >= list.top - list.bottom - 2 * Row_Height) return false;
+    if (from.x != to.x || std::abs(up) >= list.top - list.bottom - 2 * at.row) return false;
     canvas.Raise(up);
-    int open_below = Cut_Off_Below(list, to.y);
-    if (up < 0) open_below = std::min({open_below, list.top + up, Cut_Off_Below(list, from.y) + up});
+    int open_below = Cut_Off_Below(at, list, to.y);
+    if (up < 0) open_below = std::min({open_below, list.top + up, Cut_Off_Below(at, list, from.y) + up});
     painter.Paint({list.left, list.right, open_below, list.top});
     painter.Paint({list.left, list.right, list.bottom, list.bottom + up});
     return true;
@@ -302,7 +333,7 @@ bool Move_Rows(Canvas& canvas, Row_Painter& painter, const Area& list, const POI
 /// The title: the name of the control and that of the chosen directory. Before the first choice it is left to
 /// the application; when the choice is lost the name of the directory goes, for `Read` answers none either.
 void Renew_Title(DirTrees& tree) {
-    constexpr std::size_t Longest = 1024;
+    constexpr std::size_t Longest = 1024 + Longest_Character;  // `Set_Name` cuts
     if (!tree.Current && !tree.Frame.Owned_Name) return;
     char title[Longest];
     std::snprintf(title, sizeof title, "%s%s%s", tree.Name ? tree.Name : "",
@@ -328,12 +359,15 @@ void DirTrees::Init(HWND window) {
                         Horizontal_Bar))
         return;
     Bind(*this, window);
+    if (Scale != Last_Scale) Change_Scale();
     Init_Boxes(*this);
     Init_Bars(*this);
     Init_Button(*this);
     Rows_Current = false;
     Picture = 0;
 }
+
+int DirTrees::Row_Height() const { return std::max(Scaled(*this, Row_Pitch), 1); }
 
 int DirTrees::Set(const char* path) {
     // The old tree goes last: the path may come from it.
@@ -431,7 +465,7 @@ void DirTrees::Dir_Tree_Update2(bool anew) {
         Rows_Current = true;
     }
     Fit_Bar(Horizontal_Bar, Level_Bar, Horizontal_Bar.Width, Widest, Horizontal_Bar.End_Val, anew);
-    Fit_Bar(Vertical_Bar, Upright_Bar, Vertical_Bar.Height, Nb_Row * Row_Height, Vertical_Bar.Start_Val,
+    Fit_Bar(Vertical_Bar, Upright_Bar, Vertical_Bar.Height, Nb_Row * Row_Height(), Vertical_Bar.Start_Val,
             anew);
 }
 
@@ -441,7 +475,8 @@ void DirTrees::Dir_Tree_Draw2() {
     const POINT to = Scrolled(*this);
     Canvas canvas(List_Box, {list.left, list.right - 1, list.bottom + 1, list.top}, Picture);
     Row_Painter painter(canvas, *this);
-    if (!canvas.Kept() || !Move_Rows(canvas, painter, list, Painted_At, to)) painter.Paint(list);
+    if (!canvas.Kept() || !Move_Rows(canvas, painter, Lengths{*this}, list, Painted_At, to))
+        painter.Paint(list);
     Painted_At = to;
 }
 
@@ -453,6 +488,16 @@ void DirTrees::Release_Tree() {
     Root = Current = nullptr;
     Rows_Current = false;
     Picture = 0;
+}
+
+/// Names are as wide as the scale has them, also in a tree that copies share.
+void DirTrees::Change_Scale() {
+    const int from = Scaled(Last_Scale, Unscaled);
+    const int to = Scaled(Scale, Unscaled);
+    Rescale(Vertical_Bar, from, to);
+    Rescale(Horizontal_Bar, from, to);
+    Last_Scale = Scale;
+    if (from != to && Own_Tree()) Forget_Widths(*Root);
 }
 
 /// Gives a browser that shares its tree with a copy one of its own, before it changes.
@@ -503,9 +548,10 @@ int DirTrees::Press_Row() {
     const std::optional<POINT> pointer = Pointer_On(List_Box);
     if (!pointer) return 1;
     const POINT scrolled = Scrolled(*this);
-    const int top = scrolled.y + List_Box.Y + List_Box.Height - SPACE - Name_Drop;
-    const int row = (top - pointer->y) / Row_Height;
-    const int column = (pointer->x + scrolled.x - List_Box.X - 2 * SPACE - Column_Start) / Indent;
+    const Lengths at{*this};
+    const int top = scrolled.y + List_Box.Y + List_Box.Height - at.space - at.name_drop;
+    const int row = (top - pointer->y) / at.row;
+    const int column = (pointer->x + scrolled.x - List_Box.X - 2 * at.space - at.column_start) / at.indent;
     if (Dir_Tree_Expand(row, column)) {
         const Shared_Context context(Window);
         Dir_Tree_Update2(false);
@@ -521,19 +567,20 @@ int DirTrees::Press_Row() {
 namespace {
 
 /// What of a control's height is above the rows.
-int Above_Rows() { return SPACE + Name_Drop; }
+int Above_Rows(const Lengths& at) { return at.space + at.name_drop; }
 
 /// Where the name of a row begins, and the lowest pixels of it.
 POINT Name_Start(const DirTrees& tree, int row) {
+    const Lengths at{tree};
     const POINT scrolled = Scrolled(tree);
     const Boxs& list = tree.List_Box;
-    return {list.X + 2 * SPACE - scrolled.x + Indent * tree.Row[row].depth + Name_Offset,
-            list.Y + list.Height + scrolled.y - Above_Rows() - Row_Height * (row + 1) + 1};
+    return {list.X + 2 * at.space - scrolled.x + at.indent * tree.Row[row].depth + at.name_offset,
+            list.Y + list.Height + scrolled.y - Above_Rows(at) - at.row * (row + 1) + 1};
 }
 
 /// How much of a name can be pressed.
-int Pressed_Width(const Dir_Row& row) {
-    return std::min<int>(row.node->width, Column_Start + Name_Columns * Indent - Name_Offset);
+int Pressed_Width(const Lengths& at, const Dir_Row& row) {
+    return std::min<int>(row.node->width, at.column_start + Name_Columns * at.indent - at.name_offset);
 }
 
 /// Moves a bar that is needed, by so many pixels as its contents are to move.
@@ -552,17 +599,18 @@ int Way_Between(int low, int high, int low_end, int high_end) {
 }  // namespace
 
 RECT DirTrees::Row_Place(int row) const {
-    if (!Has_Row(row) || row < Pixels_Scrolled(Vertical_Bar) / Row_Height) return {};
+    if (!Has_Row(row) || row < Pixels_Scrolled(Vertical_Bar) / Row_Height()) return {};
     const POINT start = Name_Start(*this, row);
-    const RECT name{start.x, start.y, start.x + Pressed_Width(Row[row]), start.y + Row_Height};
+    const RECT name{start.x, start.y, start.x + Pressed_Width(Lengths{*this}, Row[row]),
+                    start.y + Row_Height()};
     const RECT shown = Common(name, List_Box.Rect);
     return Is_Empty(shown) ? RECT{} : shown;
 }
 
 int DirTrees::Row_At(POINT place) const {
     if (!PtInRect(&List_Box.Rect, place)) return -1;
-    const int top = Pixels_Scrolled(Vertical_Bar) + List_Box.Y + List_Box.Height - Above_Rows();
-    const int row = (top - place.y) / Row_Height;
+    const int top = Pixels_Scrolled(Vertical_Bar) + List_Box.Y + List_Box.Height - Above_Rows(Lengths{*this});
+    const int row = (top - place.y) / Row_Height();
     const RECT area = Row_Place(row);
     return PtInRect(&area, place) ? row : -1;
 }
@@ -572,7 +620,7 @@ void DirTrees::Bring_Into_View(int row) {
     const POINT start = Name_Start(*this, row);
     const RECT& list = List_Box.Rect;
     const POINT before = Scrolled(*this);
-    Move_Bar(Vertical_Bar, Way_Between(start.y, start.y + Row_Height, list.top, list.bottom));
+    Move_Bar(Vertical_Bar, Way_Between(start.y, start.y + Row_Height(), list.top, list.bottom));
     Move_Bar(Horizontal_Bar, -Way_Between(start.x, start.x + Row[row].node->width, list.left, list.right));
     const POINT after = Scrolled(*this);
     if (before.x != after.x || before.y != after.y) Dir_Tree_Draw2();

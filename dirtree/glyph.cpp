@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <span>
+#include <utility>
 
 #include "tools/base.h"
 #include "tools/surface.h"
 #include "tools/window.h"
+#include "widgets/text.h"
 
 namespace galdren {
 
@@ -18,49 +20,56 @@ enum class Shape : unsigned char {
 };
 using enum Shape;
 
-/// One stroke of a glyph, relative to its bottom-left corner.
+/// What a stroke is painted with: a colour of its own, or one of the theme.
+enum class Paint : unsigned long {
+    // In the GDI form, blue in the highest byte.
+    White = 0xFFFFFF,
+    Black = 0x000000,
+    Grey = 0x505050,
+    Olive = 0x388E8E,
+    Rose = 0x4040FF,
+    // Beyond all colours.
+    Mark = 0x1000000,
+    No_Entry
+};
+using enum Paint;
+
+/// One stroke of a glyph, in pixels at 96 dots per inch from its bottom-left corner.
 struct Stroke {
-    unsigned long color;
+    Paint paint;
     Shape shape;
     POINT from;
     POINT to;
 };
 
-// In the GDI form, blue in the highest byte.
-constexpr unsigned long Grey = 0x505050;
-constexpr unsigned long Olive = 0x388E8E;
-constexpr unsigned long Rose = 0x4040FF;
-constexpr unsigned long Red = 0x0000FF;
-constexpr unsigned long Blue = 0xFF0000;
-
 // clang-format off
 constexpr Stroke Minus_Box[] = {
-    {Black, Frame, {3, 0}, {11, 8}},
-    {Black, Line, {5, 4}, {10, 4}},
+    {Mark, Frame, {3, 0}, {11, 8}},
+    {Mark, Line, {5, 4}, {10, 4}},
 };
 
 constexpr Stroke Plus_Box[] = {
-    {Black, Frame, {3, 0}, {11, 8}},
-    {Black, Line, {5, 4}, {10, 4}},
-    {Black, Line, {7, 2}, {7, 7}},
+    {Mark, Frame, {3, 0}, {11, 8}},
+    {Mark, Line, {5, 4}, {10, 4}},
+    {Mark, Line, {7, 2}, {7, 7}},
 };
 
 constexpr Stroke Crossed_Ring[] = {
-    {Red, Line, {5, 0}, {10, 0}},
-    {Red, Line, {4, 1}, {6, 1}},
-    {Red, Line, {9, 1}, {11, 1}},
-    {Red, Line, {3, 2}, {7, 2}},
-    {Red, Line, {10, 2}, {12, 2}},
-    {Red, Line, {3, 3}, {3, 6}},
-    {Red, Line, {11, 3}, {11, 6}},
-    {Red, Line, {5, 3}, {8, 3}},
-    {Red, Line, {6, 4}, {9, 4}},
-    {Red, Line, {7, 5}, {10, 5}},
-    {Red, Line, {3, 6}, {5, 6}},
-    {Red, Line, {8, 6}, {12, 6}},
-    {Red, Line, {4, 7}, {6, 7}},
-    {Red, Line, {9, 7}, {11, 7}},
-    {Red, Line, {5, 8}, {10, 8}},
+    {No_Entry, Line, {5, 0}, {10, 0}},
+    {No_Entry, Line, {4, 1}, {6, 1}},
+    {No_Entry, Line, {9, 1}, {11, 1}},
+    {No_Entry, Line, {3, 2}, {7, 2}},
+    {No_Entry, Line, {10, 2}, {12, 2}},
+    {No_Entry, Line, {3, 3}, {3, 6}},
+    {No_Entry, Line, {11, 3}, {11, 6}},
+    {No_Entry, Line, {5, 3}, {8, 3}},
+    {No_Entry, Line, {6, 4}, {9, 4}},
+    {No_Entry, Line, {7, 5}, {10, 5}},
+    {No_Entry, Line, {3, 6}, {5, 6}},
+    {No_Entry, Line, {8, 6}, {12, 6}},
+    {No_Entry, Line, {4, 7}, {6, 7}},
+    {No_Entry, Line, {9, 7}, {11, 7}},
+    {No_Entry, Line, {5, 8}, {10, 8}},
 };
 
 constexpr Stroke Closed_Folder[] = {
@@ -140,43 +149,84 @@ constexpr int Branch = 4;  ///< y of the branch
 constexpr int Glyph_Size = 16;
 constexpr int Glyph_Overhang = 2;  ///< of the open folder, and of branches
 
-void Paint_Stroke(Canvas& canvas, const Stroke& stroke, int x, int y) {
-    const Area area{x + stroke.from.x, x + stroke.to.x, y + stroke.from.y, y + stroke.to.y};
-    switch (stroke.shape) {
-        case Line:
-            if (area.bottom == area.top) return canvas.Row(area.left, area.right, area.top, stroke.color);
-            return canvas.Column(area.left, area.bottom, area.top, stroke.color);
-        case Frame:
-            return canvas.Outline(area, stroke.color);
-        case Box:
-            return canvas.Box(area, stroke.color);
+unsigned short Scale_Of(const Boxs* box) { return box ? box->Scale : Unscaled; }
+
+/// The surface in use, for what stands in an area and may overhang it.
+class Glyph_Canvas {
+  public:
+    Glyph_Canvas(const Boxs* box, const Area& area)
+        : canvas(Window_In_Use(), {area.Inset(-Scaled(Scale_Of(box), Glyph_Overhang))}, box) {}
+
+    void Paint_Strokes(std::span<const Stroke> strokes, int x, int y) {
+        for (const Stroke& stroke : strokes)
+            Paint_Stroke(stroke, x, y);
     }
+
+    /// From (x, y_from) towards y_to, which is not painted.
+    void Paint_Stem(int x, int y_from, int y_to) {
+        canvas.Column(x, y_from, y_to, Line_Color(), canvas.Line());
+    }
+
+    /// From (x_from, y) towards x_to, which is not painted.
+    void Paint_Branch(int x_from, int x_to, int y) {
+        canvas.Row(x_from, x_to, y, Line_Color(), canvas.Line());
+    }
+
+    unsigned long Line_Color() const { return canvas.Look().Caption_Changed; }
+
+  private:
+    unsigned long Color_Of(Paint paint) const {
+        if (paint == Mark) return canvas.Look().Caption;
+        return paint == No_Entry ? canvas.Look().Codes[TEXT_RED - TEXT_BLUE]
+                                 : static_cast<unsigned long>(paint);
+    }
+
+    /// Strokes that stand beside each other do so at any scale: each goes on to where the next pixel begins.
+    void Paint_Stroke(const Stroke& stroke, int x, int y) {
+        const auto [from, to] = std::pair(stroke.from, stroke.to);
+        const auto at = [this](int pixel) { return canvas.Scaled(pixel); };
+        const auto thickness = [&](int pixel) { return std::max(at(pixel + 1) - at(pixel), canvas.Line()); };
+        const unsigned long color = Color_Of(stroke.paint);
+        switch (stroke.shape) {
+            case Line:
+                if (from.y == to.y)
+                    return canvas.Row(x + at(from.x), x + at(to.x), y + at(from.y), color, thickness(from.y));
+                return canvas.Column(x + at(from.x), y + at(from.y), y + at(to.y), color, thickness(from.x));
+            case Frame:
+                return canvas.Outline(
+                    {x + at(from.x), x + at(to.x + 1) - 1, y + at(from.y), y + at(to.y + 1) - 1}, color,
+                    canvas.Line());
+            case Box:
+                return canvas.Box(
+                    {x + at(from.x), x + at(to.x), y + at(from.y + 1) - 1, y + at(to.y + 1) - 1}, color);
+        }
+    }
+
+    Canvas canvas;
+};
+
+void Paint_Folder(const Boxs* box, std::span<const Stroke> strokes, int x, int y) {
+    const int size = Scaled(Scale_Of(box), Glyph_Size);
+    Glyph_Canvas canvas(box, {x, x + size, y, y + size});
+    canvas.Paint_Strokes(strokes, x, y);
 }
 
-void Paint_Strokes(Canvas& canvas, std::span<const Stroke> strokes, int x, int y) {
-    for (const Stroke& stroke : strokes)
-        Paint_Stroke(canvas, stroke, x, y);
-}
-
-void Paint_Folder(std::span<const Stroke> strokes, int x, int y) {
-    Canvas canvas(Window_In_Use(), {Area{x, x + Glyph_Size, y, y + Glyph_Size}.Inset(-Glyph_Overhang)});
-    Paint_Strokes(canvas, strokes, x, y);
-}
-
-void Paint_Lead(const Lead& lead, int x, int x_end, int y, int y_top) {
-    const auto [left, right] = std::minmax({x, x_end, x + Glyph_Size});
-    const auto [bottom, top] = std::minmax({y, y_top, y + Glyph_Size});
-    Canvas canvas(Window_In_Use(), {Area{left, right, bottom, top}.Inset(-Glyph_Overhang)});
-    Paint_Strokes(canvas, lead.mark, x, y);
-    canvas.Column(x + Stem, y + lead.up_from, y_top, Blue);
-    canvas.Row(x + lead.branch_from, x_end + lead.branch_past, y + Branch, Blue);
-    Current_Color = Blue;  // also when both lines have no length
+void Paint_Lead(const Boxs* box, const Lead& lead, int x, int x_end, int y, int y_top) {
+    const auto at = [scale = Scale_Of(box)](int pixel) { return Scaled(scale, pixel); };
+    const auto [left, right] = std::minmax({x, x_end, x + at(Glyph_Size)});
+    const auto [bottom, top] = std::minmax({y, y_top, y + at(Glyph_Size)});
+    Glyph_Canvas canvas(box, {left, right, bottom, top});
+    canvas.Paint_Strokes(lead.mark, x, y);
+    canvas.Paint_Stem(x + at(Stem), y + at(lead.up_from), y_top);
+    canvas.Paint_Branch(x + at(lead.branch_from), x_end + at(lead.branch_past), y + at(Branch));
+    Current_Color = canvas.Line_Color();  // also when both lines have no length
 }
 
 /// Continues the line from the parent down to the sibling below.
-void Paint_Stem_Below(int x, int y) {
-    Canvas canvas(Window_In_Use(), {{x, x + Glyph_Size, y, y + Glyph_Size}});
-    canvas.Column(x + Stem, y, y + Branch + 1, Blue);
+void Paint_Stem_Below(const Boxs* box, int x, int y) {
+    const auto at = [scale = Scale_Of(box)](int pixel) { return Scaled(scale, pixel); };
+    Glyph_Canvas canvas(box, {x, x + at(Glyph_Size), y, y + at(Glyph_Size)});
+    canvas.Paint_Stem(x + at(Stem), y, y + at(Branch + 1));
 }
 
 }  // namespace
@@ -185,23 +235,23 @@ void Paint_Stem_Below(int x, int y) {
 
 using namespace galdren;
 
-void Icon_Lead_Leaf(Boxs*, char more, short x, short x_end, short y, short y_top) {
-    if (more) Paint_Stem_Below(x, y);
-    Paint_Lead(Leaf, x, x_end, y, y_top);
+void Icon_Lead_Leaf(Boxs* box, char more, short x, short x_end, short y, short y_top) {
+    if (more) Paint_Stem_Below(box, x, y);
+    Paint_Lead(box, Leaf, x, x_end, y, y_top);
 }
 
-void Icon_Lead_No_Access(Boxs*, char, short x, short x_end, short y, short y_top) {
-    Paint_Lead(No_Access, x, x_end, y, y_top);
+void Icon_Lead_No_Access(Boxs* box, char, short x, short x_end, short y, short y_top) {
+    Paint_Lead(box, No_Access, x, x_end, y, y_top);
 }
 
-void Icon_Lead_Expand(Boxs*, char, short x, short x_end, short y, short y_top) {
-    Paint_Lead(Expanded, x, x_end, y, y_top);
+void Icon_Lead_Expand(Boxs* box, char, short x, short x_end, short y, short y_top) {
+    Paint_Lead(box, Expanded, x, x_end, y, y_top);
 }
 
-void Icon_Lead_Collapse(Boxs*, char, short x, short x_end, short y, short y_top) {
-    Paint_Lead(Collapsed, x, x_end, y, y_top);
+void Icon_Lead_Collapse(Boxs* box, char, short x, short x_end, short y, short y_top) {
+    Paint_Lead(box, Collapsed, x, x_end, y, y_top);
 }
 
-void Icon_Dir_Close(Boxs*, short x, short y) { Paint_Folder(Closed_Folder, x, y); }
+void Icon_Dir_Close(Boxs* box, short x, short y) { Paint_Folder(box, Closed_Folder, x, y); }
 
-void Icon_Dir_Open(Boxs*, short x, short y) { Paint_Folder(Open_Folder, x, y); }
+void Icon_Dir_Open(Boxs* box, short x, short y) { Paint_Folder(box, Open_Folder, x, y); }

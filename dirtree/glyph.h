@@ -2,7 +2,8 @@
 /// Glyphs of the directory tree: the lead of a row and the folders, drawn with lines.
 ///
 /// They belong between `Begin_Draw` and `End_Draw`. (x, y) is the bottom-left corner of a glyph. The leads
-/// leave `Current_Color` blue, the folders leave it white. `box` is not used and may be null.
+/// leave `Current_Color` blue, the folders leave it white. They have the scale and the theme of `box`, which
+/// may be null.
 #pragma once
 
 #include "../widgets/box.h"

@@ -72,15 +72,18 @@ class Surface_Aside {
     bool given_back = false;
 };
 
+/// What an icon takes at the scale of a box.
+Area Place_Of(const Boxs& box, const Icon_Entry& icon, int x, int y) {
+    return {x, x + Scaled(box, icon.width), y, y + Scaled(box, icon.height)};
+}
+
 /// The icon, when its place touches the box and the box is painted.
 const Icon_Entry* Find_Shown(Boxs* box, int x, int y, const char* name) {
     if (!box || box->Veil) return nullptr;
     const auto* icon = static_cast<const Icon_Entry*>(Icon_Read(box, name));
     if (!icon) return nullptr;
-    const Area area = Area_Of(*box);
-    const bool touches =
-        x + icon->width >= area.left && x <= area.right && y + icon->height >= area.bottom && y <= area.top;
-    return touches ? icon : nullptr;
+    const Area shared = Common(Area_Of(*box), Place_Of(*box, *icon, x, y));
+    return shared.left <= shared.right && shared.bottom <= shared.top ? icon : nullptr;
 }
 
 /// The surface in use, or else the box's own.
@@ -121,13 +124,17 @@ class Blend_Buffer {
     unsigned long* pixels;
 };
 
+/// Paints an icon in the middle of its place, enlarged by a whole factor.
 /// @param background  in the GDI form; black means that the pixels go as they are
-void Paint_Icon(Canvas& canvas, const Icon_Entry& icon, int x, int y, unsigned long background) {
+void Paint_Icon(Canvas& canvas, const Icon_Entry& icon, const Area& place, const Zoom& zoom,
+                unsigned long background) {
     const auto paint = [&](const unsigned long* pixels) {
-        const Area area{x, x + icon.width - 1, y, y + icon.height - 1};
-        canvas.Pixels(pixels, icon.width, icon.height, 0, 0, area);
+        const POINT corner{
+            place.left + Offset(Place::Middle, place.right - place.left, zoom.Of(icon.width)),
+            place.bottom + Offset(Place::Middle, place.top - place.bottom, zoom.Of(icon.height))};
+        canvas.Zoomed_Pixels(pixels, {icon.width, icon.height}, zoom, corner, place);
     };
-    if (background == Black) return paint(icon.pixels);
+    if (background == 0) return paint(icon.pixels);
     const std::size_t count = std::size_t{icon.width} * icon.height;
     Blend_Buffer blended(count);
     if (!blended.Get()) {
@@ -162,20 +169,25 @@ void Icon_Draw_Image(Boxs* box, short x, short y, const char* label, const char*
     Error_Fct(hwnd, ERROR_LEVEL_TRACE, "in Icon_Draw_Image(%s,%s)", shown(label), shown(name));
     const Icon_Entry* icon = Find_Shown(box, x, y, name);
     if (!icon) return;
-    Canvas canvas(Window_For(*box), Covering({x, x + icon->width - 1, y, y + icon->height - 1}));
-    Paint_Icon(canvas, *icon, x, y, box->Color.get());
+    const Area place = Place_Of(*box, *icon, x, y);
+    const Area painted{place.left, place.right - 1, place.bottom, place.top - 1};
+    const Zoom zoom = Zoom_Between(Unscaled, box->Scale);
+    const bool covers = zoom.Of(Unscaled) == Scaled(*box, Unscaled);
+    Canvas canvas(Window_For(*box), covers ? Covering(painted) : Reach{painted}, box);
+    Paint_Icon(canvas, *icon, place, zoom, Body_Color(canvas.Look(), box->Color).get());
 }
 
 void Icon_Draw_Border(Boxs* box, short x, short y, const char*, const char* name) {
     const Icon_Entry* icon = Find_Shown(box, x, y, name);
     if (!icon) return;
-    const int right = x + icon->width;
-    const int top = y + icon->height;
-    Canvas canvas(Window_For(*box), {{x - 1, right, y - 1, top}});
-    canvas.Row(x, right, y - 1, Black);
-    canvas.Column(right, y - 1, top, Black);
-    canvas.Row(x - 1, right, top, White);
-    canvas.Column(x - 1, y, top, White);
+    const int line = Line_Width(*box);
+    const Area place = Place_Of(*box, *icon, x, y);
+    Canvas canvas(Window_For(*box), {place.Inset(-line)}, box);
+    const Theme& theme = canvas.Look();
+    canvas.Row(place.left, place.right, place.bottom - 1, theme.Rim, -line);
+    canvas.Column(place.right, place.bottom - line, place.top, theme.Rim, line);
+    canvas.Row(place.left - line, place.right, place.top, theme.Edge_Bright, line);
+    canvas.Column(place.left - 1, place.bottom, place.top, theme.Edge_Bright, -line);
 }
 
 void Icon_Cleanup() {

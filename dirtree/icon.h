@@ -5,6 +5,9 @@
 /// fourth being transparency: 0 opaque, 255 clear. The files lie in the directory "Icons" below `Inst_Path`,
 /// or in "c:\Program Files\Galdren\Icons\" when that is not set; a name may lead to a directory below it. All
 /// functions are for the thread that draws.
+///
+/// At the scale of a box an icon is enlarged by the largest whole factor that its scaled place has room for,
+/// and stands in the middle of that.
 #pragma once
 
 #include "../widgets/box.h"

@@ -11,6 +11,7 @@
 
 #include "util/error.h"
 #include "util/image.h"
+#include "util/open_file.h"
 #include "util/program.h"
 
 namespace galdren {
@@ -134,11 +135,9 @@ void Read_Sgi(Icon_Entry& entry) {
     pixels.Move_To(entry);
 }
 
-using File = std::unique_ptr<std::FILE, decltype(&std::fclose)>;
-
 File Open(const Icon_Path& path) {
     errno = ENAMETOOLONG;
-    return {path.whole ? std::fopen(path.text, "rb") : nullptr, std::fclose};
+    return path.whole ? Open_To_Read(path.text) : nullptr;
 }
 
 /// What an icon reads of the head of a Targa file; the pixels follow it at once.

@@ -15,6 +15,7 @@
 
 #include "tools/arithmetic.h"
 #include "tools/sharing.h"
+#include "util/code_page.h"
 #include "util/directory.h"
 #include "util/error.h"
 #include "util/program.h"
@@ -232,17 +233,20 @@ unsigned Drive_Kind(const char* path) {
 /// @param line  receives the line of the report if there is no memory for it
 char* Drive_Name(const char* path, int& line) {
     constexpr int Longest_Label = 80;
-    char label[Longest_Label] = "";
+    wchar_t label[Longest_Label] = L"";
     const char letter = path[0];
+    const wchar_t root[] = {static_cast<wchar_t>(letter), L':', L'\\', L'\0'};
     line = 790;
     if (letter > 'B') {
         const bool answered =
-            GetVolumeInformationA(path, label, Longest_Label, nullptr, nullptr, nullptr, nullptr, 0) != 0;
+            GetVolumeInformationW(root, label, Longest_Label, nullptr, nullptr, nullptr, nullptr, 0) != 0;
         line = answered ? 783 : 786;
-        if (!answered) label[0] = '\0';
+        if (!answered) label[0] = L'\0';
     }
-    char name[Longest_Label + 8];
-    std::snprintf(name, sizeof name, "%s%s(%c:)", label, label[0] ? " " : "", letter);
+    char name[4 * Longest_Label + 8];
+    const int length = Text_From_Wide(label, lstrlenW(label), name, 4 * Longest_Label);
+    std::snprintf(name + length, sizeof name - static_cast<std::size_t>(length), "%s(%c:)", length ? " " : "",
+                  letter);
     return Duplicate(name);
 }
 
@@ -452,6 +456,15 @@ Dir_Tree* Find_Current(Dir_Tree& root) try {
     return found;
 } catch (const std::bad_alloc&) {
     return nullptr;
+}
+
+void Forget_Widths(Dir_Tree& root) try {
+    Walk(root, [](Dir_Tree& node, int) {
+        node.width = 0;
+        return Go::Into;
+    });
+} catch (const std::bad_alloc&) {
+    return;
 }
 
 bool Toggle(Dir_Tree& node) {

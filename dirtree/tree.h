@@ -35,6 +35,9 @@ Dir_Tree* Find_Path(Dir_Tree& root, const char* path);
 /// The node that is marked as the current one; null when there is none.
 Dir_Tree* Find_Current(Dir_Tree& root);
 
+/// Has all names measured anew.
+void Forget_Widths(Dir_Tree& root);
+
 /// Opens a closed node, reading it the first time, or closes an open one.
 /// @return false when it is neither
 bool Toggle(Dir_Tree& node);

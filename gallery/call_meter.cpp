@@ -1,30 +1,8 @@
 #include "gallery/call_meter.h"
 
+#include "host/event_name.h"
+
 namespace gallery {
-
-namespace {
-
-/// Word for an event; null for a message that is none.
-const char* Event_Name(UINT message) {
-    switch (message) {
-        case WM_MOUSEMOVE:
-            return "pointer";
-        case WM_MOUSELEAVE:
-            return "pointer gone";
-        case WM_MOUSEWHEEL:
-        case WM_MOUSEHWHEEL:
-            return "wheel";
-        case WM_LBUTTONUP:
-        case WM_MBUTTONUP:
-        case WM_RBUTTONUP:
-            return "release";
-        default:
-            if (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST) return "press";
-            return message >= WM_KEYFIRST && message <= WM_KEYLAST ? "key" : nullptr;
-    }
-}
-
-}  // namespace
 
 Call_Meter& Call_Meter::Get() {
     static Call_Meter meter;
@@ -35,7 +13,7 @@ Call_Meter::Call_Meter()
     : library(GetModuleHandleA("Galdren_Tools.dll")), program(GetModuleHandleA(nullptr)) {}
 
 void Call_Meter::Begin_Event(HWND window, UINT message) {
-    const char* event = Event_Name(message);
+    const char* event = galdren::Event_Name(message);
     if (depth == 0 && !event) return;
     if (depth++ > 0) return;
     served = window;

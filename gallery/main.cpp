@@ -1,5 +1,6 @@
 // The gallery: every control of Galdren_Tools in all its styles, alive.
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <exception>
 #include <optional>
@@ -19,6 +20,8 @@ constexpr int exit_usage = 2;
 
 struct Options {
     std::size_t page = 0;
+    std::size_t look = 0;
+    int scale = 100;
     std::string png_directory;
     std::string flags_directory;
     bool log = false;
@@ -29,18 +32,21 @@ void Print_Help() {
     std::puts(
         "gallery: every control of Galdren_Tools in all its styles\n"
         "\n"
-        "usage: gallery [--page NAME] [--log]\n"
-        "       gallery --png DIR\n"
+        "usage: gallery [--page NAME] [--scale PERCENT] [--theme NAME] [--log]\n"
+        "       gallery --png DIR [--scale PERCENT] [--theme NAME]\n"
         "       gallery --flags DIR\n"
         "\n"
         "  --page NAME  begin with this page\n"
         "  --png DIR    write a picture of every page, and of the focus ring, to DIR\\gallery-NAME.png and "
         "exit\n"
+        "  --scale PERCENT  scale all, from 25 to 500 percent\n"
+        "  --theme NAME  wear plain, dark or system\n"
         "  --flags DIR  write a small picture of what each flag does to DIR\\CLASS-FLAG.png and exit\n"
         "  --log        write events to standard output, one per line; the first line is \"ready\"\n"
         "  --help       show this text\n"
         "\n"
-        "F12 switches the inspector, which tells about the control under the pointer.\n"
+        "F7 goes on to the next theme and F8 to the next scale. F12 switches the inspector, which tells\n"
+        "about the control under the pointer.\n"
         "\n"
         "pages:");
     for (const Page& page : Pages())
@@ -59,6 +65,19 @@ std::optional<std::size_t> Find_Page(const char* name) {
     return Usage_Error(std::string("no page is called ") + name);
 }
 
+std::optional<std::size_t> Find_Look(const char* name) {
+    for (std::size_t i = 0; i < gallery::Looks().size(); ++i) {
+        if (std::strcmp(gallery::Looks()[i].name, name) == 0) return i;
+    }
+    return Usage_Error(std::string("no theme is called ") + name);
+}
+
+std::optional<std::size_t> Read_Scale(const char* word) {
+    const int scale = std::atoi(word);
+    if (scale >= 25 && scale <= 500) return static_cast<std::size_t>(scale);
+    return Usage_Error(std::string("no scale from 25 to 500 is ") + word);
+}
+
 /// Reads the command line; what is wrong with it has been said when there is no answer.
 std::optional<Options> Read_Options(int count, char** words) {
     Options options;
@@ -69,7 +88,8 @@ std::optional<Options> Read_Options(int count, char** words) {
             options.help = true;
         } else if (word == "--log") {
             options.log = true;
-        } else if (word != "--page" && word != "--png" && word != "--flags") {
+        } else if (word != "--page" && word != "--png" && word != "--flags" && word != "--scale" &&
+                   word != "--theme") {
             return Usage_Error("unknown option " + word);
         } else if (!has_value) {
             return Usage_Error(word + " needs a value");
@@ -78,9 +98,14 @@ std::optional<Options> Read_Options(int count, char** words) {
         } else if (word == "--flags") {
             options.flags_directory = words[++i];
         } else {
-            const std::optional<std::size_t> page = Find_Page(words[++i]);
-            if (!page) return std::nullopt;
-            options.page = *page;
+            const char* const value = words[++i];
+            const std::optional<std::size_t> number = word == "--page"    ? Find_Page(value)
+                                                      : word == "--theme" ? Find_Look(value)
+                                                                          : Read_Scale(value);
+            if (!number) return std::nullopt;
+            if (word == "--page") options.page = *number;
+            if (word == "--theme") options.look = *number;
+            if (word == "--scale") options.scale = static_cast<int>(*number);
         }
     }
     return options;
@@ -112,7 +137,9 @@ int Write_Pictures(gallery::Window& window, const std::string& directory) {
         }
         std::puts(path.c_str());
     }
-    if (!Write_Ring(window, writer, directory + "\\gallery-ring.png")) return exit_failed;
+    // The ring is shown where it stands in the design.
+    const bool as_designed = window.Scale() == 100;
+    if (as_designed && !Write_Ring(window, writer, directory + "\\gallery-ring.png")) return exit_failed;
     return 0;
 }
 
@@ -132,6 +159,7 @@ int Run(gallery::Window& window, std::size_t page) {
 }  // namespace
 
 int main(int count, char** words) try {
+    Set_Text_Code_Page(CP_UTF8);
     const std::optional<Options> options = Read_Options(count, words);
     if (!options) return exit_usage;
     if (options->help) {
@@ -143,6 +171,8 @@ int main(int count, char** words) try {
         gallery::Write_Flags(options->flags_directory);
     } else {
         gallery::Window window(GetModuleHandleA(nullptr), options->log);
+        window.Set_Scale(options->scale);
+        window.Wear(options->look);
         code = options->png_directory.empty() ? Run(window, options->page)
                                               : Write_Pictures(window, options->png_directory);
     }

@@ -35,7 +35,7 @@ Texts& Add_Entry(Sheet& sheet, const Place& place, const Entry_Sample& sample) {
     };
     const auto take = [&sheet, name = sample.name](Texts& field) { Take_Entry(sheet, field, name); };
     Texts& field = sheet.Add<Texts>({place.x + name_width, place.top, place.width - name_width, place.height},
-                                    nullptr, sample.flag | TEXT_SINGLE_LINE, begin, take);
+                                    nullptr, sample.flag | TEXT_SINGLE_LINE | TEXT_EDITING, begin, take);
     field.Font_Size = 10;
     field.Border = 2;
     field.Color = Colors(222, 225, 230);
@@ -71,6 +71,8 @@ void Add_Looks(Sheet& sheet, int left, int top) {
     narrow.Width = 90;
     Texts& wide = Add_Entry(sheet, place(4, 28), {"A frame of 4", 0, "Border 4"});
     wide.Border = 4;
+    Texts& empty = Add_Entry(sheet, place(5, 24), {"Empty", 0, ""});
+    empty.Placeholder = "something to be typed";
 }
 
 /// Fields of several lines, each with other parts.

@@ -1,6 +1,8 @@
 #include <cstdio>
 #include <functional>
+#include <string>
 
+#include "Galdren_Util.h"
 #include "gallery/pages.h"
 
 namespace gallery {
@@ -132,12 +134,31 @@ void Add_Glyphs(Sheet& sheet, int top) {
     }
 }
 
+/// Gives a button the picture of a file in the folder of the icons.
+void Give_Icon(Buttons& button, const char* file, const Colors& color) {
+    button.Color = color;
+    button.Icon((std::string(Inst_Path) + "Icons\\" + file).c_str());
+}
+
+void Add_Bodies(Sheet& sheet, int top) {
+    sheet.Heading(page_area.x, page_area.top + top, "On buttons, made smaller where they must be");
+    const Colors colors[] = {{0, 0, 0}, paper, {222, 172, 84}, {92, 128, 160}, {120, 200, 120}};
+    for (int i = 0; i < static_cast<int>(std::size(drive_icons)); ++i) {
+        Place place = Cell(i, 6, top + 24, 42 - 5 * i);
+        place.width -= 20 * i;
+        Give_Icon(sheet.Button(place, nullptr), drive_icons[i], colors[i]);
+    }
+    Buttons& named = sheet.Button(Cell(5, 6, top + 24, 42), "Drive", FLAG_TEXT_LEFT);
+    Give_Icon(named, drive_icons[1], paper);
+}
+
 }  // namespace
 
 void Build_Icons(Sheet& sheet) {
     Add_Drives(sheet, 0);
-    Add_Grounds(sheet, 192);
-    Add_Glyphs(sheet, 316);
+    Add_Grounds(sheet, 174);
+    Add_Glyphs(sheet, 280);
+    Add_Bodies(sheet, 430);
 }
 
 }  // namespace gallery

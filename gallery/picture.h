@@ -16,7 +16,7 @@ class Picture_Writer {
     Picture_Writer(const Picture_Writer&) = delete;
     Picture_Writer& operator=(const Picture_Writer&) = delete;
 
-    /// Writes what the client area of `window` shows.
+    /// Writes what the client area of `window` would show, also where it reaches beyond the screen.
     /// @return false when there is no encoder or the file cannot be written
     bool Write(HWND window, const std::string& path) const;
     /// Writes what a part of the client area shows.

@@ -71,7 +71,8 @@ class Sheet {
     void Show(const char* title) const;
     /// Takes the controls from the host.
     void Hide() const;
-    /// Moves the controls to where they stand in a client area of this size. They need `Init` afterwards.
+    /// Moves the controls to where they stand in a client area of this size, in pixels of the design. They
+    /// need `Init` afterwards.
     void Fit(SIZE client);
     /// The controls in order of addition.
     std::vector<const Tools*> Controls() const;
@@ -92,6 +93,10 @@ class Sheet {
 
     template <class Control>
     static void Move(Tools& control, int right, int up) {
+        // Fields are in pixels of the scale that the control has.
+        const int scale = control.Scale ? control.Scale : 100;
+        right = MulDiv(right, scale, 100);
+        up = MulDiv(up, scale, 100);
         control.X = static_cast<short>(control.X + right);
         control.Y = static_cast<short>(control.Y + up);
         control.Clip_X = static_cast<short>(control.Clip_X + right);

@@ -1,6 +1,8 @@
 #include "gallery/window.h"
 
+#include <algorithm>
 #include <cstdio>
+#include <iterator>
 #include <stdexcept>
 #include <utility>
 
@@ -26,11 +28,29 @@ const Colors page_color{76, 81, 90};
 const Colors ground_color{48, 52, 59};
 const Colors back_tab_color{188, 193, 202};
 
+constexpr Look looks[] = {
+    {"plain", [](Host& host) { host.Set_Theme(nullptr); }},
+    {"dark",
+     [](Host& host) {
+         const Theme dark = Dark_Theme();
+         host.Set_Theme(&dark);
+     }},
+    {"system", [](Host& host) { host.Follow_System_Theme(); }},
+};
+
+constexpr int scales[] = {100, 125, 150, 200};
+
 /// Size of the whole window around a client area of `design_size`.
-SIZE Window_Size() {
-    RECT area{0, 0, design_size.cx, design_size.cy};
+SIZE Window_Size(int scale) {
+    RECT area{0, 0, MulDiv(design_size.cx, scale, 100), MulDiv(design_size.cy, scale, 100)};
     AdjustWindowRect(&area, window_style, FALSE);
     return {area.right - area.left, area.bottom - area.top};
+}
+
+/// The first of `scales` that is larger, or the smallest.
+int Next_Scale(int scale) {
+    const auto* const next = std::upper_bound(std::begin(scales), std::end(scales), scale);
+    return next == std::end(scales) ? scales[0] : *next;
 }
 
 SIZE Client_Size(HWND window) {
@@ -46,7 +66,7 @@ HWND Make_Window(HINSTANCE instance, WNDPROC procedure) {
     description.hCursor = LoadCursorA(nullptr, MAKEINTRESOURCEA(32512));
     description.lpszClassName = window_class;
     RegisterClassA(&description);
-    const SIZE size = Window_Size();
+    const SIZE size = Window_Size(100);
     const HWND window = CreateWindowExA(0, window_class, window_title, window_style, 120, 80, size.cx,
                                         size.cy, nullptr, nullptr, instance, nullptr);
     if (!window) throw std::runtime_error("cannot make a window");
@@ -54,6 +74,8 @@ HWND Make_Window(HINSTANCE instance, WNDPROC procedure) {
 }
 
 }  // namespace
+
+std::span<const Look> Looks() { return looks; }
 
 Window::Window(HINSTANCE instance, bool log)
     : window(Make_Window(instance, Procedure)), host(window), logging(log), sheets(Pages().size()) {
@@ -100,12 +122,31 @@ void Window::Build_Status() {
     status_cost.Font_Size = 9;
 }
 
-/// F12 switches the inspector.
+/// F7 goes on to the next theme, F8 to the next scale, and F12 switches the inspector.
 bool Window::On_Key(int key) {
-    if (key != (KEY_NAVIGATION | VK_F12)) return false;
-    Inspect(host, !Is_Inspected(host));
-    Report(Is_Inspected(host) ? "inspector on" : "inspector off");
-    return true;
+    switch (key) {
+        case KEY_NAVIGATION | VK_F7:
+            Wear((worn + 1) % std::size(looks));
+            Report(std::string("theme ") + looks[worn].name);
+            return true;
+        case KEY_NAVIGATION | VK_F8:
+            Set_Scale(Next_Scale(host.Scale()));
+            Report("scale " + std::to_string(host.Scale()));
+            return true;
+        case KEY_NAVIGATION | VK_F12:
+            Inspect(host, !Is_Inspected(host));
+            Report(Is_Inspected(host) ? "inspector on" : "inspector off");
+            return true;
+        default:
+            return false;
+    }
+}
+
+void Window::Set_Scale(int percent) { host.Scale_Window(percent); }
+
+void Window::Wear(std::size_t look) {
+    worn = look;
+    looks[worn].wear(host);
 }
 
 /// Shows the page whose tab was pressed.
@@ -128,15 +169,22 @@ void Window::Show_Page(std::size_t index) {
     page_tabs.Value = static_cast<short>(index);
     for (std::size_t i = 0; i < Pages().size(); ++i)
         page_tabs.Item[i]->Color = i == index ? page_color : back_tab_color;
+    sheet->Fit(Design_Of_Client());
     sheet->Show(Pages()[index].title);
     Fit();
     InvalidateRect(window, nullptr, FALSE);
     if (announced) Log_Page();
 }
 
+/// The client area in pixels of the design.
+SIZE Window::Design_Of_Client() const {
+    const SIZE client = Client_Size(window);
+    return {MulDiv(client.cx, 100, host.Scale()), MulDiv(client.cy, 100, host.Scale())};
+}
+
 /// Moves everything to where it stands in the present client area.
 void Window::Fit() {
-    const SIZE client = Client_Size(window);
+    const SIZE client = Design_Of_Client();
     if (client.cx == 0 || client.cy == 0) return;
     sheets[shown]->Fit(client);
     Fit_Tabs(client);
@@ -146,28 +194,19 @@ void Window::Fit() {
 
 /// The page of the tabs fills the window, but for the status line.
 void Window::Fit_Tabs(SIZE client) {
-    page_tabs.X = margin;
-    page_tabs.Y = static_cast<short>(client.cy - tabs_top - tabs_height);
-    page_tabs.Width = static_cast<short>(client.cx - 2 * margin);
-    page_tabs.Height = tabs_height;
+    host.Place(page_tabs, margin, client.cy - tabs_top - tabs_height, client.cx - 2 * margin, tabs_height);
 }
 
 void Window::Fit_Status(SIZE client) {
-    status_box.X = margin;
-    status_box.Y = gap;
-    status_box.Width = static_cast<short>(client.cx - 2 * margin);
-    status_box.Height = status_height;
-    status_text.X = static_cast<short>(status_box.X + 10);
-    status_text.Y = status_box.Y;
-    status_text.Width = static_cast<short>(status_box.Width - 20);
-    status_text.Height = status_box.Height;
-    status_cost.X = status_text.X;
-    status_cost.Y = status_text.Y;
-    status_cost.Width = status_text.Width;
-    status_cost.Height = status_text.Height;
+    const int width = client.cx - 2 * margin;
+    host.Place(status_box, margin, gap, width, status_height);
+    for (const Labels* const label : {&status_text, &status_cost})
+        host.Place(*label, margin + 10, gap, width - 20, status_height);
 }
 
-void Window::Paint_Page() { page_tabs.Page(page_tabs.Y + page_tabs.Height - page_bottom); }
+void Window::Paint_Page() {
+    page_tabs.Page(page_tabs.Y + page_tabs.Height - MulDiv(page_bottom, host.Scale(), 100));
+}
 
 void Window::Paint_Now() const { RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW); }
 
@@ -262,8 +301,11 @@ LRESULT Window::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
             Fit();
             return 0;
         case WM_GETMINMAXINFO: {
-            const SIZE least = Window_Size();
-            reinterpret_cast<MINMAXINFO*>(lparam)->ptMinTrackSize = {least.cx, least.cy};
+            const SIZE least = Window_Size(host.Scale());
+            MINMAXINFO& limits = *reinterpret_cast<MINMAXINFO*>(lparam);
+            limits.ptMinTrackSize = {least.cx, least.cy};
+            limits.ptMaxTrackSize = {std::max(limits.ptMaxTrackSize.x, least.cx),
+                                     std::max(limits.ptMaxTrackSize.y, least.cy)};
             return 0;
         }
         case WM_DESTROY:

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <memory>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -10,6 +11,15 @@
 #include "gallery/pages.h"
 
 namespace gallery {
+
+/// A theme that the gallery can wear.
+struct Look {
+    const char* name;  ///< word for the command line
+    void (*wear)(Host& host);
+};
+
+/// All of them; the first is none.
+std::span<const Look> Looks();
 
 class Window {
   public:
@@ -21,6 +31,11 @@ class Window {
     Window& operator=(const Window&) = delete;
 
     HWND Handle() const { return window; }
+    int Scale() const { return host.Scale(); }
+    /// Scales all, and the window with it.
+    void Set_Scale(int percent);
+    /// Has all wear one of `Looks()`.
+    void Wear(std::size_t look);
     /// Puts a page on the window, in the state in which it was left.
     void Show_Page(std::size_t index);
     /// Paints all that is pending now.
@@ -38,6 +53,7 @@ class Window {
     void Build_Status();
     bool On_Key(int key);
     void Choose_Page_Of_Tab();
+    SIZE Design_Of_Client() const;
     void Fit();
     void Fit_Tabs(SIZE client);
     void Fit_Status(SIZE client);
@@ -52,6 +68,7 @@ class Window {
 
     HWND window;
     Host host;
+    std::size_t worn = 0;  // index in `Looks()`
     bool logging;
     bool announced = false;
     const Tools* pointed_at = nullptr;  // the control or tab last logged as under the pointer

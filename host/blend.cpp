@@ -78,13 +78,13 @@ bool Blend::Keep(HWND window, const RECT& area) {
     return BitBlt(dc, 0, 0, width, height, surface.Context(), from.x, from.y, SRCCOPY) != 0;
 }
 
-void Blend::Mix(HWND window) const {
-    constexpr BLENDFUNCTION half{AC_SRC_OVER, 0, 128, 0};
+void Blend::Mix(HWND window, unsigned char share) const {
+    const BLENDFUNCTION blended{AC_SRC_OVER, 0, share, 0};
     const int width = kept.right - kept.left;
     const int height = kept.bottom - kept.top;
     Pixel_Surface surface(window);
     const POINT to = surface.Unmap(kept);
-    GdiAlphaBlend(surface.Context(), to.x, to.y, width, height, dc, 0, 0, width, height, half);
+    GdiAlphaBlend(surface.Context(), to.x, to.y, width, height, dc, 0, 0, width, height, blended);
 }
 
 }  // namespace galdren

@@ -1,12 +1,12 @@
 /// @file
-/// Half of what is painted, and half of what was there.
+/// What is painted, blended with what was there.
 #pragma once
 
 #include <windows.h>
 
 namespace galdren {
 
-/// Keeps what a window shows at a place, and blends it half with what is painted there afterwards. For the
+/// Keeps what a window shows at a place, and blends it with what is painted there afterwards. For the
 /// inside of a paint batch.
 class Blend {
   public:
@@ -20,7 +20,8 @@ class Blend {
     /// @return false without memory: there is nothing to blend with then
     bool Keep(HWND window, const RECT& area);
     /// Blends it with what is there now.
-    void Mix(HWND window) const;
+    /// @param share  of what was kept, of 255
+    void Mix(HWND window, unsigned char share) const;
 
   private:
     bool Make_Room(int width, int height);

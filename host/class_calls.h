@@ -8,6 +8,7 @@
 
 #include "../Galdren_Tools.h"
 #include "../parts/classes.h"
+#include "design.h"
 
 namespace galdren {
 
@@ -20,7 +21,8 @@ struct Class_Calls {
                    int steps);  // by the wheel, positive when it was turned away from the user
     void (*input)(Tools& control, int key);
     const Class_Parts& (*parts)();
-    Texts* (*field)(Tools& control);  // the control itself, for text fields alone
+    Design_Fields (*design)(Tools& control);  // the fields that depend on the scale
+    Texts* (*field)(Tools& control);          // the control itself, for text fields alone
     const Sliders* (*rows_bar)(const Tools& control, bool across);  // see `Rows_Bar`
     bool (*lies_across)(const Tools& control);                      // see `Lies_Across`
     int overhang;         // that it may paint beyond its rectangle, in pixels
@@ -101,6 +103,12 @@ constexpr Class_Calls Make_Calls() {
     calls.init = [](Tools& control, HWND target) { static_cast<Control&>(control).Init(target); };
     calls.draw = [](Tools& control) { static_cast<Control&>(control).Draw(); };
     calls.parts = &Parts_Of_Class<Control>;
+    calls.design = [](Tools& control) {
+        Design_Fields fields;
+        Add_Common_Design(control, fields);
+        Add_Design(static_cast<Control&>(control), fields);
+        return fields;
+    };
     // A tab joins with the page below and beside it.
     constexpr bool is_tab = std::derived_from<Control, Tabs> || std::derived_from<Control, TabItems>;
     calls.overhang = is_tab ? Most_Overhang : 0;

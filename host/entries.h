@@ -34,6 +34,7 @@ struct Entry {
     bool put_away = false;                     // the application has hidden it
     bool hidden = false;                       // it, or the page that it is on, is hidden
     bool disabled = false;
+    Design design{};
 
     Entry_Extras& Extras() {
         if (!extras) extras = std::make_unique<Entry_Extras>();

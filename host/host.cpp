@@ -7,6 +7,8 @@
 
 #include "host/client.h"
 #include "host/parts_view.h"
+#include "host/watch.h"
+#include "parts/typed_text.h"
 
 namespace {
 
@@ -18,7 +20,8 @@ Host::Host(HWND served)
     : window(served),
       life(std::make_shared<const int>(0)),
       parts(std::make_unique<Parts_View>(*this)),
-      keys(std::make_unique<Part_Keys>(*parts, [this](const RECT& area) { Uncover(area); })) {
+      keys(std::make_unique<Part_Keys>(*parts, [this](const RECT& area) { Uncover(area); })),
+      typed(std::make_unique<galdren::Typed_Text>()) {
     Check_Tools_Layout();
     keys->Set_On_Focus([this](Part_Place place) { Follow_Focus(place); });
     keys->Set_Active(GetFocus() == window);
@@ -51,6 +54,7 @@ void Host::Add_Entry(Tools& control, const galdren::Class_Calls& calls,
     // It may come from a host that is gone: that one does not touch controls any more, for they may be gone
     // too.
     if (control.Veil != VEIL_NONE) Set_Veil(entries[entries.Count() - 1], VEIL_NONE);
+    Receive(entries[entries.Count() - 1]);
     // The keyboard shows the caret of the field that has it, wherever the pointer is.
     if (calls.input) calls.parts().Show_Caret(control, CARET_AWAY);
     stale = true;
@@ -92,10 +96,14 @@ void Host::Clear() {
 }
 
 /// `Init` of a control, which has its veil also on parts that are new.
-void Host::Init_Entry(const Entry& entry) {
+void Host::Init_Entry(Entry& entry) {
     const unsigned serial = entry.serial;
+    const galdren::Design_Fields fields = Note_Design(entry);
     entry.calls->init(*entry.control, window);
-    if (const Entry* const left = entries.With_Serial(serial)) Renew_Veil(*left);
+    Entry* const left = entries.With_Serial(serial);
+    if (!left) return;
+    left->design.Keep(fields);
+    Renew_Veil(*left);
 }
 
 /// What waits for an `Init`: the keyboard, its ring and the picture.
@@ -107,13 +115,13 @@ void Host::Note_Init() {
 }
 
 void Host::Init_All() {
-    for (const Entry& entry : entries)
+    for (Entry& entry : entries)
         Init_Entry(entry);
     Note_Init();
 }
 
 void Host::Init(const Tools& control) {
-    const Entry* const entry = entries.Find(&control);
+    Entry* const entry = entries.Find(&control);
     if (!entry) return;
     Init_Entry(*entry);
     Note_Init();
@@ -165,6 +173,11 @@ bool Host::Handle(UINT message, WPARAM wparam, LPARAM lparam, LRESULT& result) {
         case WM_SETTINGCHANGE:
             stale = true;  // text may look otherwise from now on
             return false;
+        case WM_DPICHANGED:
+            return follows_dpi && taken(0) && On_Dpi(LOWORD(wparam), *reinterpret_cast<const RECT*>(lparam));
+        case WM_SYSCOLORCHANGE:
+            if (follows_system) Wear(System_Theme());
+            return false;
         case WM_NCDESTROY:
             if (std::exchange(holds, false)) End_Hold(window);
             keys->Set_Active(false);
@@ -197,13 +210,29 @@ bool Host::Handle(UINT message, WPARAM wparam, LPARAM lparam, LRESULT& result) {
             return On_Wheel(GET_WHEEL_DELTA_WPARAM(wparam), place, message == WM_MOUSEHWHEEL) && taken(0);
         case WM_SETFOCUS:
         case WM_KILLFOCUS:
+            if (message == WM_KILLFOCUS) Finish_Composing();
             keys->Set_Active(message == WM_SETFOCUS);
+            Follow_Caret();
             return false;
         case WM_KEYDOWN:
         case WM_KEYUP:
         case WM_CHAR:
         case WM_SYSKEYDOWN:
             return On_Key(message, wparam, lparam) && taken(0);
+        case WM_UNICHAR:
+            return On_Whole_Character(wparam, lparam, result);
+        case WM_IME_STARTCOMPOSITION:
+            On_Composition_Start();
+            return false;
+        case WM_IME_COMPOSITION:
+            return On_Composition(wparam, lparam, result);
+        case WM_IME_ENDCOMPOSITION:
+            composing_serial = 0;
+            return false;
+        case WM_CONTEXTMENU:
+            return On_Context_Menu(place) && taken(0);
+        case WM_SETCURSOR:
+            return On_Set_Cursor(lparam) && taken(TRUE);
         default:
             return false;
     }

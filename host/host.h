@@ -24,9 +24,14 @@
 #include "blend.h"
 #include "class_calls.h"
 #include "entries.h"
+#include "fade.h"
 #include "handlers.h"
 #include "host_event.h"
 #include "host_service.h"
+
+namespace galdren {
+class Typed_Text;
+}
 
 /// Draws the controls of one window and tells them of the pointer and the keys.
 ///
@@ -54,7 +59,8 @@ class Host {
     /// next WM_PAINT paint everything. Without memory for the picture the window is painted as before.
     void Hold();
 
-    /// Colour behind the controls; grey (170, 170, 170) until it is set. Takes effect with the next paint.
+    /// Colour behind the controls while the host has no theme; grey (170, 170, 170) until it is set. Takes
+    /// effect with the next paint.
     void Set_Background(Colors color);
 
     /// Called at every paint, and not to destroy the host, for the application's own drawing, above the
@@ -138,6 +144,47 @@ class Host {
     bool Paint_Into(HDC target, const RECT& place);
 
     /// @}
+    /// @name Scale
+    /// A host has a scale, in percent, at which the lengths of a design at 96 dots per inch are painted:
+    /// places, sizes, borders, fonts, and the lengths that each class has. Public fields always hold the
+    /// pixels at which a control is painted; the host keeps the design apart.
+    ///
+    /// What an application writes into fields is of the design until the first `Init` of the control, and in
+    /// pixels of its scale afterwards: the next `Init` by the host takes it into the design.
+    /// @{
+
+    /// Scales all controls, and those that are added later, calls `Init` of those that had one, and has the
+    /// window painted anew. The window keeps its size.
+    /// @param percent  from 25 to 500; another one is reported at level 11 and changes nothing
+    void Set_Scale(int percent);
+    /// The scale, 100 until it is set.
+    int Scale() const { return scale ? scale : 100; }
+
+    /// Sets the scale, and makes the client area larger or smaller by as much.
+    void Scale_Window(int percent);
+
+    /// Scales the window as the display wants it that it is on, now and whenever it gets to another one
+    /// (WM_DPICHANGED). The system tells so of programs whose manifest says that they are aware of it.
+    void Follow_Dpi();
+
+    /// Gives a control another place, in pixels of the design, calls its `Init` if it had one, and has the
+    /// window painted anew where it was and where it is.
+    void Place(const Tools& control, int x, int y, int width, int height);
+
+    /// @}
+    /// @name Theme
+    /// @{
+
+    /// Has all controls, those that are added later, and the ground behind them wear a theme, and the window
+    /// painted anew. The theme is copied. Captions of disabled controls keep its contrast.
+    /// @param theme  null: the look without a theme
+    void Set_Theme(const Theme* theme);
+
+    /// Wears the colours of the system, and others when the user has chosen others (WM_SYSCOLORCHANGE), until
+    /// `Set_Theme`.
+    void Follow_System_Theme();
+
+    /// @}
     /// @name Shown and hidden, enabled and disabled
     /// Fields of the controls stay as they are. Controls that were not added are ignored.
     /// @{
@@ -148,7 +195,7 @@ class Host {
     /// Whether a control is neither hidden nor on a page that is not in front.
     bool Is_Shown(const Tools& control) const;
 
-    /// Disables a control, or enables it again. A disabled one is shown half blended with what is behind it,
+    /// Disables a control, or enables it again. A disabled one is shown blended with what is behind it,
     /// and hears of nothing, but hides what it covers from the pointer.
     void Set_Enabled(const Tools& control, bool enabled);
     /// Whether a control is not disabled.
@@ -226,9 +273,20 @@ class Host {
                    std::shared_ptr<const galdren::Handlers> handlers);
     static void Give_Back(const Entry& entry);
     void Forget_Control(const Tools* control);
-    void Init_Entry(const Entry& entry);
+    void Init_Entry(Entry& entry);
     void Note_Init();
     bool Handle(UINT message, WPARAM wparam, LPARAM lparam, LRESULT& result);
+
+    // host_surroundings.cpp
+    galdren::Design_Fields Note_Design(Entry& entry) const;
+    void Receive(Entry& entry) const;
+    void Init_Again(Entry& entry);
+    void Rescale(Entry& entry);
+    bool On_Dpi(int dpi, const RECT& place);
+    const Theme* Look_Of(const Entry& entry) const;
+    void Wear(const Theme& theme);
+    void Dress(const Theme* kept);
+    Colors Ground() const;
 
     // host_events.cpp
     bool Notify(const Entry& told, const Host_Event& event);
@@ -260,12 +318,26 @@ class Host {
     Entry* Key_Taker();
     void Begin_Reading(const Entry& entry);
     void Follow_Focus(Part_Place place);
-    void Focus_By_Press(const Entry& entry, POINT logical);
+    bool Focus_By_Press(const Entry& entry, POINT logical);
     void Focus_By_Release();
     bool Offer(UINT message, int code) const;
     void Type(Entry& taker, int key);
     bool Work_Parts(UINT message, int key, bool repeated);
     bool On_Key(UINT message, WPARAM wparam, LPARAM lparam);
+    void Tell_Typed(Entry& taker, int key);
+
+    // host_text.cpp
+    Entry* Text_Taker();
+    static Texts* Edited_Field(const Entry* entry);
+    bool On_Character(UINT message, WPARAM wparam);
+    bool On_Whole_Character(WPARAM wparam, LPARAM lparam, LRESULT& result);
+    void Type_Text(Entry& taker, const std::string& text);
+    void On_Composition_Start();
+    bool On_Composition(WPARAM wparam, LPARAM lparam, LRESULT& result);
+    void Finish_Composing();
+    bool On_Context_Menu(POINT screen);
+    bool On_Set_Cursor(LPARAM lparam);
+    void Follow_Caret();
 
     // host_parts.cpp
     Entry* Workable(Part_Place place);
@@ -313,6 +385,12 @@ class Host {
     galdren::Blend blend;      // for controls that are disabled
     std::size_t disabled = 0;  // their number
 
+    unsigned short scale = 0;  // in percent; 0 until it is set, and controls are left alone
+    bool follows_dpi = false;
+    const Theme* look = nullptr;
+    galdren::Fade fade;  // of controls that are disabled
+    bool follows_system = false;
+
     POINT pointer{};           // where the pointer was seen last, on the screen
     Tools* current = nullptr;  // the control that gets the pointer's events
     int answer = 0;            // of the last `Select`
@@ -328,10 +406,14 @@ class Host {
     std::vector<std::unique_ptr<Host_Service>> services;
     std::unique_ptr<Parts_View> parts;
     std::unique_ptr<Part_Keys> keys;
-    bool takes_tab = false;       // Tab is being taken, of which the application hears nothing
-    std::size_t key_user = 0;     // number of a control that could have the keyboard; see `Wants_Keys`
-    unsigned focus_serial = 0;    // of the control that got the keyboard last; 0 for none
-    unsigned wanted_serial = 0;   // of the control that is to have it once it can; 0 for none
-    unsigned pressed_serial = 0;  // of the control that gets it when the left button goes up; 0 for none
-    int pressed_part = Whole;     // and its part
+    bool takes_tab = false;    // Tab is being taken, of which the application hears nothing
+    std::size_t key_user = 0;  // number of a control that could have the keyboard; see `Wants_Keys`
+    std::unique_ptr<galdren::Typed_Text> typed;  // characters of which a part is still to come
+    unsigned composing_serial = 0;  // of the control in which the input method composes; 0 for none
+    int caret_height = 0;           // of the system's caret; 0 while the window has none
+    POINT told_caret{};             // caret and selection of the field, of which the services know
+    unsigned focus_serial = 0;      // of the control that got the keyboard last; 0 for none
+    unsigned wanted_serial = 0;     // of the control that is to have it once it can; 0 for none
+    unsigned pressed_serial = 0;    // of the control that gets it when the left button goes up; 0 for none
+    int pressed_part = Whole;       // and its part
 };

@@ -80,6 +80,7 @@ const Tools* Host::Focused() const {
 /// Takes note of the part that has got the keyboard. A control that cannot have it for a while keeps its
 /// claim.
 void Host::Follow_Focus(Part_Place place) {
+    Finish_Composing();
     if (place.control >= 0) {
         const Entry& entry = entries[static_cast<std::size_t>(place.control)];
         wanted_serial = 0;
@@ -87,6 +88,7 @@ void Host::Follow_Focus(Part_Place place) {
         Begin_Reading(entry);
     }
     Tell_Services(Part_Change::Focus, place);
+    Follow_Caret();
 }
 
 /// Has an entry field take what is typed.
@@ -98,16 +100,20 @@ void Host::Begin_Reading(const Entry& entry) {
 
 /// Gives a control that was pressed the keyboard. Of a control with parts, the part that was pressed gets it
 /// when the button goes up: what is brought into view must not move away from below the pointer.
-void Host::Focus_By_Press(const Entry& entry, POINT logical) {
+/// @return whether a field of `TEXT_EDITING` takes what is typed from now on
+bool Host::Focus_By_Press(const Entry& entry, POINT logical) {
     const Class_Parts& described = entry.calls->parts();
     const unsigned serial = entry.serial;
     if (described.Count(*entry.control) > 0) {
         pressed_serial = serial;
         pressed_part = described.At(*entry.control, logical);
-        return;
+        return false;
     }
     pressed_serial = 0;
+    const bool read = Is_Reading(entry);
     if (keys->Set_Focus({entries.Number_Of(serial), Whole}) && Is_Single_Line(entry)) Begin_Reading(entry);
+    Follow_Caret();
+    return !read && Edited_Field(&entry) && Is_Reading(entry);
 }
 
 void Host::Focus_By_Release() {
@@ -166,15 +172,23 @@ bool Host::Work_Parts(UINT message, int key, bool repeated) {
 /// Gives a control what is typed. The host may be gone then.
 void Host::Type(Entry& taker, int key) {
     taker.calls->input(*taker.control, key);
+    Tell_Typed(taker, key);
+}
+
+/// Tells the handler of what was typed last. The host may be gone then.
+void Host::Tell_Typed(Entry& taker, int key) {
+    const Watch watch(*this);
     Host_Event event{Host_Event::Key};
     event.key = key;
     Texts* const field = Field_Of(taker);
     if (field && taker.handlers && !Is_Plain(taker)) event.answer = field->Update() ? 1 : 0;
     Notify(taker, event);
+    if (watch.Has_Host()) Follow_Caret();
 }
 
 bool Host::On_Key(UINT message, WPARAM wparam, LPARAM lparam) {
     if (!Wants_Keys()) return false;
+    if (message == WM_CHAR && On_Character(message, wparam)) return true;
     const int code = Key_Code(window, message, wparam, lparam);
     const int key = Typed_Key(message, wparam, code);
     const bool repeated = Is_Repeated(lparam);

@@ -133,7 +133,7 @@ class Host::Print_Look {
 bool Host::Paint_Into(HDC target, const RECT& place) {
     if (!window || printing) return false;
     Follow_Pages();
-    const Print_Scope print(window, background);
+    const Print_Scope print(window, Ground());
     if (!print) return false;
     const Print_Look look(*this);
     Paint_Area(Client_Area(window));
@@ -236,7 +236,7 @@ RECT Host::Paint_Marked() {
 /// @return what has been painted
 RECT Host::Paint_Area(RECT area) {
     const bool clips = !Grow_To_Controls(area);
-    const Paint_Batch batch(window, Flip(area, Client_Area(window).bottom), background.get());
+    const Paint_Batch batch(window, Flip(area, Client_Area(window).bottom), Ground().get());
     Paint_Ground(area);
     std::optional<Clip_Scope> clip;
     if (clips) clip.emplace(window, area);
@@ -255,7 +255,7 @@ void Host::Draw(const Entry& entry) {
     entry.calls->draw(*entry.control);
 }
 
-/// Half of a control as a passive one, and half of what is behind it.
+/// A control as a passive one, blended with what is behind it.
 void Host::Draw_Disabled(const Entry& entry) {
     Tools& control = *entry.control;
     const RECT client = Client_Area(window);
@@ -270,7 +270,7 @@ void Host::Draw_Disabled(const Entry& entry) {
         entry.calls->draw(control);
     }
     Set_Veil(entry, VEIL_LATER);
-    if (blends) blend.Mix(window);
+    if (blends) blend.Mix(window, fade.share);
 }
 
 /// Grows an area until it holds the controls that meet it.

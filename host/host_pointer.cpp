@@ -83,6 +83,7 @@ bool Host::On_Move(WPARAM buttons, POINT client) {
     const Entry* entry = entries.Find(current);
     if (!entry) return false;
     const int button = Button_Of(buttons);
+    if (Edited_Field(entry)) Follow_Caret();
     if (answered && held && button) Notify(*entry, {Host_Event::Drag, answered, button});
     return true;
 }
@@ -105,7 +106,12 @@ bool Host::On_Press(int button, WPARAM buttons, POINT client, bool second) {
     held |= 1u << button;
     const Entry* entry = entries.Find(current);
     if (!entry) return false;
-    if (button == 1) Focus_By_Press(*entry, To_Logical(window, client));
+    if (button == 1 && Focus_By_Press(*entry, To_Logical(window, client))) {
+        // The press goes into the text that is read from now on.
+        Point(client, Event_Word(EVENT_PRESS, buttons));
+        entry = entries.Find(current);
+        if (!entry) return false;
+    }
     if (!answered) return true;
     const Watch watch(*this);
     const bool taken = Notify(*entry, {Host_Event::Press, answered, button, second});

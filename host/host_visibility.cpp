@@ -41,6 +41,10 @@ void Host::Set_Enabled(const Tools& control, bool enabled) {
     entry->disabled = !enabled;
     enabled ? --disabled : ++disabled;
     Renew_Veil(*entry);
+    if (fade.look) {
+        entry->control->Look = Look_Of(*entry);
+        Init_Again(*entry);
+    }
     Refresh_Area(Painted_Area(*entry));
     keys->Update();
     Tell_Services(Part_Change::State, {static_cast<int>(entries.Number_Of(*entry)), Whole});

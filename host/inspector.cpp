@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "host/client.h"
+#include "host/event_name.h"
 #include "host/host.h"
 #include "host/inspector_panel.h"
 #include "tools/paint_count.h"
@@ -15,26 +16,6 @@
 using namespace galdren;
 
 namespace {
-
-/// Word for an event that is counted; null for a message that is none.
-const char* Event_Name(UINT message) {
-    switch (message) {
-        case WM_MOUSEMOVE:
-            return "pointer";
-        case WM_MOUSELEAVE:
-            return "pointer gone";
-        case WM_MOUSEWHEEL:
-        case WM_MOUSEHWHEEL:
-            return "wheel";
-        case WM_LBUTTONUP:
-        case WM_MBUTTONUP:
-        case WM_RBUTTONUP:
-            return "release";
-        default:
-            if (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST) return "press";
-            return message >= WM_KEYFIRST && message <= WM_KEYLAST ? "key" : nullptr;
-    }
-}
 
 /// An area of logical pixels in those of the system, in the client area and on the screen.
 /// @{

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "host/client.h"
+#include "util/wide.h"
 
 extern "C" IMAGE_DOS_HEADER __ImageBase;  // of the program or library that this is linked into
 
@@ -11,7 +12,7 @@ namespace galdren {
 
 namespace {
 
-constexpr char Class_Name[] = "Galdren_Inspector";
+constexpr wchar_t Class_Name[] = L"Galdren_Inspector";
 constexpr UINT Refresh_Message = WM_APP;
 constexpr UINT Refresh_Pause = 200;  // milliseconds; changes by the application cause no message
 
@@ -26,13 +27,13 @@ const Colors Text_Color{235, 235, 235};
 HINSTANCE Module() { return reinterpret_cast<HINSTANCE>(&__ImageBase); }
 
 HWND Make_Window(HWND owner, WNDPROC procedure) {
-    WNDCLASSA description{};
+    WNDCLASSW description{};
     description.lpfnWndProc = procedure;
     description.hInstance = Module();
     description.hCursor = LoadCursorA(nullptr, MAKEINTRESOURCEA(32512));
     description.lpszClassName = Class_Name;
-    RegisterClassA(&description);
-    return CreateWindowExA(WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE, Class_Name, "Inspector", WS_POPUP, 0, 0,
+    RegisterClassW(&description);
+    return CreateWindowExW(WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE, Class_Name, L"Inspector", WS_POPUP, 0, 0,
                            Width, Line_Height, owner, nullptr, Module(), nullptr);
 }
 
@@ -102,7 +103,7 @@ Inspector_Panel::~Inspector_Panel() {
         SetWindowLongPtrA(window, GWLP_USERDATA, 0);
         DestroyWindow(window);
     }
-    UnregisterClassA(Class_Name, Module());  // fails as long as there is another panel
+    UnregisterClassW(Class_Name, Module());  // fails as long as there is another panel
 }
 
 void Inspector_Panel::Ask() {
@@ -139,7 +140,7 @@ void Inspector_Panel::Build(const std::vector<Fact>& facts) {
 void Inspector_Panel::Show(const std::vector<Fact>& facts) {
     if (!window) return;
     if (lines.empty()) Build(facts);
-    SetWindowTextA(window, Text_Of(facts).c_str());
+    SetWindowTextW(window, To_Wide(Text_Of(facts)).c_str());
     for (std::size_t i = 0; i < lines.size(); ++i) {
         Labels& shown = lines[i].text;
         if (shown.Name && shown.Name == facts[i].text) continue;
@@ -162,7 +163,7 @@ void Inspector_Panel::Keep_Clear_Of(const RECT& part) {
 
 LRESULT CALLBACK Inspector_Panel::Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
     auto* const self = reinterpret_cast<Inspector_Panel*>(GetWindowLongPtrA(window, GWLP_USERDATA));
-    if (!self) return DefWindowProcA(window, message, wparam, lparam);
+    if (!self) return DefWindowProcW(window, message, wparam, lparam);
     return self->On_Message(message, wparam, lparam);
 }
 
@@ -185,7 +186,7 @@ LRESULT Inspector_Panel::On_Message(UINT message, WPARAM wparam, LPARAM lparam) 
         default:
             break;
     }
-    return DefWindowProcA(here, message, wparam, lparam);
+    return DefWindowProcW(here, message, wparam, lparam);
 }
 
 }  // namespace galdren

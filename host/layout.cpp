@@ -62,7 +62,7 @@ class Layout_Service final : public Host_Service {
     bool Message(UINT message, WPARAM wparam, LPARAM lparam, LRESULT&) override {
         if (message == WM_GETMINMAXINFO) Limit(*reinterpret_cast<MINMAXINFO*>(lparam));
         if (message == WM_SIZE && wparam != SIZE_MINIMIZED) stale = true;
-        if (stale) Lay_Out();
+        if (stale || scale != host.Scale()) Lay_Out();
         return false;
     }
 
@@ -74,7 +74,7 @@ class Layout_Service final : public Host_Service {
     }
 
     SIZE Needed() {
-        Measure(root, host.Parts());
+        Measure(root, host.Parts(), host.Scale());
         return root.needed;
     }
 
@@ -82,6 +82,7 @@ class Layout_Service final : public Host_Service {
         const HWND window = host.Parts().Window();
         if (!window || IsIconic(window)) return;
         stale = false;
+        scale = host.Scale();
         const RECT client = Client_Area(window);
         const SIZE needed = Needed();
         std::vector<Placed_Control> placed;
@@ -124,6 +125,7 @@ class Layout_Service final : public Host_Service {
     Layout_Item root;
     bool follows = false;  // an item gives its room away
     bool stale = false;
+    int scale = 0;  // at which all was laid out
     unsigned runs = 0;
 };
 

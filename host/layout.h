@@ -3,8 +3,9 @@
 /// not link them.
 ///
 /// A layout is an item made of items: a control, rows and columns, or controls that keep their distance to
-/// edges. All lengths are in pixels of the window as it was designed, and count what is covered: a control
-/// that is 80 long has a `Width` of 79, for its column `X + Width` is painted, too.
+/// edges. All lengths are in pixels of the window as it was designed, at 96 dots per inch, and count what is
+/// covered: a control that is 80 long has a `Width` of 79, for its column `X + Width` is painted, too. They
+/// follow the scale of the host.
 #pragma once
 
 #include <windows.h>
@@ -71,6 +72,7 @@ struct Layout_Item {
     unsigned serial = 0;  // of the control in its host; 0 when it was not added
 
     // As it was found last, in pixels of the window.
+    unsigned short scale = 0;  // in percent, at which that was
     SIZE needed{};
     bool gone = false;  // takes no room, and is not laid out
     Measured_Caption caption;

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "parts/part_window.h"
+#include "tools/look.h"
 
 namespace galdren {
 
@@ -33,6 +34,12 @@ struct Axis {
     bool is_row;
 };
 
+/// Pixels of the window that a length of the design of an item takes. Every length of a design goes through
+/// here.
+int Pixels(const Layout_Item& item, int design) {
+    return std::clamp(Scaled(item.scale, std::clamp(design, -Longest, Longest)), -Longest, Longest);
+}
+
 // Captions
 
 /// A font like that of a control, which has none before its first `Init`.
@@ -40,7 +47,7 @@ class Caption_Font {
   public:
     Caption_Font(HWND window, const Tools& control)
         : font(Z_Create_Font(window, control.Font_Name, control.Font_Weight, control.Font_Style,
-                             control.Font_Size)) {}
+                             Font_Points(control))) {}
     ~Caption_Font() { Z_Delete_Font(nullptr, font); }
     Caption_Font(const Caption_Font&) = delete;
     Caption_Font& operator=(const Caption_Font&) = delete;
@@ -56,7 +63,7 @@ SIZE Extent(HWND window, const Tools& control) {
     const int height = Text_Height(font.Get());
     SIZE extent{Text_Width(font.Get(), control.Name), height};
     if (control.Flag & FLAG_VERTICAL) {
-        const auto lines = static_cast<int>(std::min<std::size_t>(std::strlen(control.Name), Longest));
+        const auto lines = std::min<int>(Text_Characters(control.Name), Longest);
         extent = {Text_Width(font.Get(), "xxx"), std::min(lines * height, Longest)};
     }
     End_Draw();
@@ -77,9 +84,9 @@ SIZE Caption_Extent(Measured_Caption& caption, HWND window, const Tools& control
     if (!control.Name || !*control.Name) return {};
     const unsigned long vertical = control.Flag & FLAG_VERTICAL;
     std::string font = Font_Words(control);
-    if (caption.text != control.Name || caption.font != font || caption.points != control.Font_Size ||
+    if (caption.text != control.Name || caption.font != font || caption.points != Font_Points(control) ||
         caption.vertical != vertical) {
-        caption = {control.Name, std::move(font), control.Font_Size, vertical, Extent(window, control)};
+        caption = {control.Name, std::move(font), Font_Points(control), vertical, Extent(window, control)};
     }
     return caption.extent;
 }
@@ -137,12 +144,13 @@ Span Span_Of(int start, int length, int whole, int needed, bool keeps_start, boo
 
 struct Anchored {
     explicit Anchored(const Layout_Item& item, const Layout_Item& around)
-        : x(Pixels(item.place.x)),
-          width(Pixels(item.place.width)),
-          height(Pixels(item.place.height)),
-          whole_width(Pixels(around.design.cx)),
-          whole_height(Pixels(around.design.cy)),
-          top(item.place.from_top ? Pixels(item.place.y) : whole_height - Pixels(item.place.y) - height) {}
+        : x(Pixels(item, item.place.x)),
+          width(Pixels(item, item.place.width)),
+          height(Pixels(item, item.place.height)),
+          whole_width(Pixels(around, around.design.cx)),
+          whole_height(Pixels(around, around.design.cy)),
+          top(item.place.from_top ? Pixels(item, item.place.y)
+                                  : whole_height - Pixels(item, item.place.y) - height) {}
     int x, width, height, whole_width, whole_height, top;
 };
 
@@ -163,8 +171,8 @@ SIZE Needed_In_Line(const Layout_Item& line) {
     bool first = true;
     for (const Layout_Item& item : line.items) {
         if (item.gone) continue;
-        if (!std::exchange(first, false)) along = Sum(along, Pixels(line.gap));
-        along = Sum(along, item.fixed < 0 ? axis.Along(item.needed) : Pixels(item.fixed));
+        if (!std::exchange(first, false)) along = Sum(along, Pixels(line, line.gap));
+        along = Sum(along, item.fixed < 0 ? axis.Along(item.needed) : Pixels(item, item.fixed));
         across = std::max(across, axis.Across(item.needed));
     }
     return axis.Size(along, across);
@@ -178,7 +186,7 @@ SIZE Needed_Inside(const Layout_Item& item) {
         const bool is_anchored = item.kind == Kind::Anchors;
         needed = Larger(needed, is_anchored ? Needed_By_Anchored(inner, item) : inner.needed);
     }
-    const int margins = item.kind == Kind::Margin ? 2 * Pixels(item.gap) : 0;
+    const int margins = item.kind == Kind::Margin ? 2 * Pixels(item, item.gap) : 0;
     return {Sum(needed.cx, margins), Sum(needed.cy, margins)};
 }
 
@@ -194,9 +202,11 @@ std::vector<int> Lengths(const Layout_Item& line, int room) {
     bool first = true;
     for (std::size_t i = 0; i < line.items.size(); ++i) {
         const Layout_Item& item = line.items[i];
-        lengths.push_back(item.gone ? 0 : item.fixed < 0 ? axis.Along(item.needed) : Pixels(item.fixed));
+        lengths.push_back(item.gone        ? 0
+                          : item.fixed < 0 ? axis.Along(item.needed)
+                                           : Pixels(item, item.fixed));
         if (item.gone) continue;
-        if (!std::exchange(first, false)) rest -= Pixels(line.gap);
+        if (!std::exchange(first, false)) rest -= Pixels(line, line.gap);
         if (item.weight > 0) {
             shares[i] = &item;
             weights += item.weight;
@@ -234,7 +244,7 @@ void Arrange_Line(const Layout_Item& line, const RECT& area, std::vector<Placed_
     for (std::size_t i = 0; i < lengths.size(); ++i) {
         if (line.items[i].gone) continue;
         Arrange(line.items[i], axis.Part(area, start, start + lengths[i]), placed);
-        start += lengths[i] + Pixels(line.gap);
+        start += lengths[i] + Pixels(line, line.gap);
     }
 }
 
@@ -258,31 +268,30 @@ SIZE Least_Around(const Buttons& button, SIZE caption) {
     constexpr int Lamp_Width = 8;
     constexpr int Least_Side = 6;
     const int border = std::max<int>(button.Border, 1);
-    const int side = std::max(2 * border, Least_Side);
-    const int frame = button.Border > 0 ? button.Border : BORDER;
-    const int lamp = button.Flag & BUTTON_LAMP ? Lamp_Width : 0;
+    const int side = std::max(2 * border, Scaled(button, Least_Side));
+    const int frame = button.Border > 0 ? button.Border : Scaled(button, BORDER);
+    const int lamp = button.Flag & BUTTON_LAMP ? Scaled(button, Lamp_Width) : 0;
     // The last stroke may reach a pixel beyond the extent.
     return {Sum(caption.cx, 2 * side + lamp + 1), Sum(caption.cy, 2 * (frame + 1))};
 }
 
-int Pixels(int design) { return std::clamp(design, -Longest, Longest); }
-
-void Measure(Layout_Item& item, const Part_Window& window) {
+void Measure(Layout_Item& item, const Part_Window& window, int scale) {
+    item.scale = static_cast<unsigned short>(scale);
     for (Layout_Item& inner : item.items)
-        Measure(inner, window);
+        Measure(inner, window, scale);
     if (item.kind == Kind::Control) {
         Measure_Control(item, window);
     } else {
         item.gone = item.if_shown && !Has_Shown(item, window);
         item.needed = Needed_Inside(item);
     }
-    item.needed = Larger(item.needed, {Pixels(item.least.cx), Pixels(item.least.cy)});
+    item.needed = Larger(item.needed, {Pixels(item, item.least.cx), Pixels(item, item.least.cy)});
 }
 
 void Arrange(const Layout_Item& item, const RECT& area, std::vector<Placed_Control>& placed) {
     if (item.kind == Kind::Control) placed.push_back({item.serial, area});
     if (item.kind == Kind::Row || item.kind == Kind::Column) return Arrange_Line(item, area, placed);
-    const int margin = item.kind == Kind::Margin ? Pixels(item.gap) : 0;
+    const int margin = item.kind == Kind::Margin ? Pixels(item, item.gap) : 0;
     const RECT inside{area.left + margin, area.top + margin, area.right - margin, area.bottom - margin};
     for (const Layout_Item& inner : item.items) {
         if (inner.gone) continue;

@@ -12,11 +12,8 @@ class Part_Window;
 
 namespace galdren {
 
-/// Pixels of the window that a length of the design takes. Every length of a design goes through here.
-int Pixels(int design);
-
-/// Notes what an item and all in it need, and which of them take no room.
-void Measure(Layout_Item& item, const Part_Window& window);
+/// Notes what an item and all in it need at a scale, in percent, and which of them take no room.
+void Measure(Layout_Item& item, const Part_Window& window, int scale);
 
 /// A control and the rectangle that it is to cover, y downward from the top of the client area.
 struct Placed_Control {

@@ -20,6 +20,8 @@ DWORD Event_Of(Part_Change change) {
             return EVENT_OBJECT_SHOW;
         case Part_Change::Hidden:
             return EVENT_OBJECT_HIDE;
+        case Part_Change::Text_Selection:
+            return EVENT_OBJECT_TEXTSELECTIONCHANGED;
     }
     return 0;
 }

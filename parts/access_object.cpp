@@ -175,7 +175,12 @@ STDMETHODIMP Access_Object::get_accValue(VARIANT child, BSTR* value) {
 }
 
 STDMETHODIMP Access_Object::get_accDescription(VARIANT child, BSTR* description) {
-    return Ask(child, description, Has_None);
+    return Ask(child, description, [](const Access_Spot& spot, Access_Answer& answer) {
+        std::wstring text = spot.Description();
+        if (text.empty()) return Has_None(spot, answer);
+        answer = std::move(text);
+        return S_OK;
+    });
 }
 
 STDMETHODIMP Access_Object::get_accRole(VARIANT child, VARIANT* role) {

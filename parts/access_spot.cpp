@@ -3,7 +3,7 @@
 #include "parts/access_object.h"
 #include "parts/access_terms.h"
 #include "parts/by_name.h"
-#include "parts/wide_text.h"
+#include "util/wide.h"
 
 namespace galdren {
 
@@ -62,7 +62,11 @@ HRESULT Access_Spot::Find(unsigned serial, long child) {
 }
 
 std::wstring Access_Spot::Name() const {
-    return Is_Client() ? Title_Of(window.Window()) : Wide_Of(Name_Of_Part(window, place));
+    return Is_Client() ? Title_Of(window.Window()) : To_Wide(Name_Of_Part(window, place));
+}
+
+std::wstring Access_Spot::Description() const {
+    return Is_Client() ? std::wstring() : To_Wide(Described().selected);
 }
 
 long Access_Spot::Role() const {
@@ -100,7 +104,7 @@ HRESULT Access_Spot::Value(Access_Answer& answer) const {
     const Part part = Described();
     if (part.state & PART_PROTECTED) return E_ACCESSDENIED;
     if (Has_Value(part)) {
-        answer = Wide_Of(part.value);
+        answer = To_Wide(part.value);
     } else if (part.level > 0) {
         answer = std::to_wstring(part.level - 1);  // rows of trees tell their depth this way
     } else {

@@ -30,6 +30,8 @@ class Access_Spot {
     Access_Link& Link() const { return link; }
 
     std::wstring Name() const;
+    /// What of a field's text is selected.
+    std::wstring Description() const;
     long Role() const;
     /// STATE_SYSTEM_ bits.
     long State() const;

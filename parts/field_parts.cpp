@@ -4,6 +4,7 @@
 
 #include "parts/classes.h"
 #include "parts/describe.h"
+#include "util/code_page.h"
 #include "widgets/text.h"
 
 using namespace galdren;
@@ -21,33 +22,36 @@ std::string Input_Of(const Texts& field) {
     return std::string(field.Line, strnlen(field.Line, Texts::Line_Room));
 }
 
-/// An output line without the codes that switch its look.
-std::string Plain(const char* line) {
-    const auto is_code = [](char character) {
-        const auto byte = static_cast<unsigned char>(character);
-        return (byte >= TEXT_BLUE && byte <= TEXT_GREEN) ||
-               (byte >= TEXT_NORMAL_FONT && byte <= TEXT_OBLIQUE_FONT);
-    };
-    std::string plain(line, strnlen(line, Texts::Line_Room));
-    plain.erase(std::remove_if(plain.begin(), plain.end(), is_code), plain.end());
-    return plain;
+/// What is selected in the input line, of the part of it that may be seen.
+std::string Selected_In(const Texts& field, const std::string& value) {
+    if (!Is_Reading(field) || !Has_Bit(field, TEXT_EDITING) || value.empty()) return {};
+    const int length = static_cast<int>(value.size());
+    const int caret = std::clamp<int>(field.Cursor_Pos, 0, length);
+    const int other = std::clamp(caret + field.Selected, 0, length);
+    return value.substr(static_cast<std::size_t>(std::min(caret, other)),
+                        static_cast<std::size_t>(std::abs(caret - other)));
 }
 
 /// The newest output lines, the newest one last.
 std::string Output_Of(const Texts& field) {
     constexpr int Most_Lines = 8;
     std::string output;
-    for (int line = 0; field.Lines && line < Most_Lines && field.Lines[line]; ++line)
-        output.insert(0, Plain(field.Lines[line]) + (line ? "\n" : ""));
+    char text[Texts::Line_Room];
+    for (int line = 0; line < Most_Lines && field.Plain_Line(line, text); ++line)
+        output.insert(0, text + std::string(line ? "\n" : ""));
     return output;
 }
 
 /// Whether the keys that write a text would all be taken.
 bool Can_Be_Typed(const Texts& field, std::string_view text) {
-    return text.size() <= std::size_t{Texts::Longest_Input} &&
-           std::all_of(text.begin(), text.end(), [&](char character) {
-               return static_cast<unsigned char>(character) >= ' ' && field.Accepts(character);
-           });
+    if (text.size() > std::size_t{Texts::Longest_Input}) return false;
+    while (!text.empty()) {
+        // A filter that lets no byte beyond ASCII in lets no character in that begins with one.
+        if (static_cast<unsigned char>(text[0]) < ' ' || !field.Accepts(text[0])) return false;
+        const auto bytes = Text_Decode(text.data(), static_cast<int>(text.size()), nullptr);
+        text.remove_prefix(static_cast<std::size_t>(bytes));
+    }
+    return true;
 }
 
 class Field_Parts final : public Parts_For<Texts> {
@@ -58,6 +62,8 @@ class Field_Parts final : public Parts_For<Texts> {
         const Texts& field = Own(control);
         Part part = Whole_Of(field, Is_Line(field) ? Part_Role::Field : Part_Role::Console, Use_Of(field));
         part.value = Takes_Keys(field) ? Input_Of(field) : Output_Of(field);
+        if (Is_Reading(field)) part.caret = field.Cursor_Pos;
+        part.selected = Selected_In(field, part.value);
         Note(part, PART_PROTECTED, Takes_Keys(field) && Has_Bit(field, TEXT_PASSWORD));
         Note(part, PART_READ_ONLY, !Is_Reading(field));
         return part;
@@ -115,6 +121,7 @@ class Field_Parts final : public Parts_For<Texts> {
   private:
     static Part_Use Use_Of(const Texts& field) {
         if (Takes_Keys(field)) return Part_Use::Type;
+        if (Has_Bit(field, TEXT_EDITING)) return Part_Use::Step;  // its lines can be copied
         return field.V_Slider.End_Val > 0 || field.H_Slider.End_Val > 0 ? Part_Use::Step : Part_Use::None;
     }
 

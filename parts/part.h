@@ -66,6 +66,8 @@ struct Part {
     RECT area{};             ///< where it is pressed, like `Tools::Rect`: logical pixels, `top` the lower y
     std::string name;        ///< what it is called; empty when it has no caption
     std::string value;       ///< what it holds, as it is shown; empty without a value
+    std::string selected;    ///< what of the value is selected; empty for a value that is not shown
+    int caret = -1;          ///< byte index in the value of the character behind the caret; -1 without one
     bool has_range = false;  ///< `least` to `most` count
     double least = 0;        ///< smallest value of its range
     double most = 0;         ///< largest value of its range

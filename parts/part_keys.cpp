@@ -1,13 +1,15 @@
 #include "parts/part_keys.h"
 
 #include <algorithm>
-#include <array>
+#include <string>
 #include <string_view>
 #include <utility>
 
 #include "parts/key_code.h"
 #include "tools/keyboard.h"
+#include "tools/look.h"
 #include "tools/ring.h"
+#include "util/wide.h"
 
 namespace {
 
@@ -35,26 +37,11 @@ int Turn_Of(int code) {
     }
 }
 
-/// Every byte as a small letter, in the code page of the system.
-std::array<char, 256> Make_Small_Letters() {
-    std::array<char, 256> letters{};
-    for (std::size_t i = 0; i < letters.size(); ++i) {
-        const auto letter = reinterpret_cast<LPSTR>(static_cast<ULONG_PTR>(i));
-        letters[i] = static_cast<char>(reinterpret_cast<ULONG_PTR>(CharLowerA(letter)));
-    }
-    return letters;
-}
-
-char Small(char letter) {
-    static const std::array<char, 256> letters = Make_Small_Letters();
-    return letters[static_cast<unsigned char>(letter)];
-}
-
-/// @param beginning  in small letters
-bool Begins(std::string_view name, std::string_view beginning) {
-    return name.size() >= beginning.size() &&
-           std::equal(beginning.begin(), beginning.end(), name.begin(),
-                      [](char wanted, char letter) { return wanted == letter || wanted == Small(letter); });
+/// A text in small letters.
+std::wstring Small(std::string_view text) {
+    std::wstring wide = galdren::To_Wide(text);
+    CharLowerBuffW(wide.data(), static_cast<DWORD>(wide.size()));
+    return wide;
 }
 
 bool Same(const RECT& a, const RECT& b) {
@@ -237,22 +224,25 @@ void Part_Keys::Place_Caret(int control) {
 
 void Part_Keys::Place_Ring(Part_Place place) {
     std::optional<RECT> next;
+    int line = 1;
     if (uses_keys && place.control >= 0 && window.Window()) {
         const Part_Owner owner = window.Owner(place.control);
         const RECT area = Describe(owner, place.part).area;
         next = IsRectEmpty(&area) ? owner.control->Rect : area;
+        line = galdren::Line_Width(*owner.control);
     }
     if (ring.has_value() == next.has_value() && (!ring || Same(*ring, *next))) return;
     const std::optional<RECT> before = std::exchange(ring, next);
+    const int width_before = 2 * std::exchange(ring_line, line);
     if (next) {
         ring_window = window.Window();
-        Set_Ring(ring_window, *next);
+        Set_Ring(ring_window, *next, line);
     } else {
         Clear_Ring(ring_window);
     }
     if (!before) return;
     RECT covered = *before;
-    InflateRect(&covered, galdren::Ring_Width, galdren::Ring_Width);
+    InflateRect(&covered, width_before, width_before);
     repaint(covered);
 }
 
@@ -340,10 +330,13 @@ bool Part_Keys::Type(Part_Place place, char character) {
 
 /// Goes to the next part whose name begins with what has been typed.
 bool Part_Keys::Search(Part_Place place, char character) {
-    typed += Small(character);
+    constexpr wchar_t Broken = 0xFFFD;
+    typed += character;
     typed_at = GetTickCount();
-    const bool goes_on = typed.find_first_not_of(typed.front()) == std::string::npos;
-    const std::string beginning = goes_on ? typed.substr(0, 1) : typed;
+    const std::wstring all = Small(typed);
+    if (all.back() == Broken) return true;  // its other bytes follow
+    const bool goes_on = all.find_first_not_of(all.front()) == std::wstring::npos;
+    const std::wstring beginning = goes_on ? all.substr(0, 1) : all;
     const Part_Owner owner = window.Owner(place.control);
     const int count = Count(owner);
     const int start = place.part + (goes_on ? 1 : 0);
@@ -351,7 +344,7 @@ bool Part_Keys::Search(Part_Place place, char character) {
         const int next = (start + i) % count;
         const Part described = Describe(owner, next);
         if (described.use == Part_Use::None || described.state & PART_PASSIVE) continue;
-        if (Begins(described.name, beginning)) return Choose({place.control, next});
+        if (Small(described.name).starts_with(beginning)) return Choose({place.control, next});
     }
     return false;
 }

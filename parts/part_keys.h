@@ -123,9 +123,10 @@ class Part_Keys {
     bool active = false;                    // see `Set_Active`
     bool uses_keys = false;                 // since the mouse was pressed
     std::optional<RECT> ring;               // that is shown
+    int ring_line = 1;                      // thickness of its lines
     HWND ring_window = nullptr;             // where
     std::optional<unsigned> caret;          // serial number of the control that shows it
-    std::string typed;                      // of the name of an item, small letters
+    std::string typed;                      // of the name of an item
     DWORD typed_at = 0;                     // when, in milliseconds
     const Tools* default_button = nullptr;  // compared, never touched
     const Tools* cancel_button = nullptr;   // the same

@@ -24,7 +24,7 @@ struct Part_Owner {
 };
 
 /// What has become of a part.
-enum class Part_Change { Focus, Value, State, Chosen, Shown, Hidden };
+enum class Part_Change { Focus, Value, State, Chosen, Shown, Hidden, Text_Selection };
 
 /// The controls of a window, in the order of the Tab key. For the thread that runs the window; a call may
 /// change or remove controls, so numbers are asked for anew after it.

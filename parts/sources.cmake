@@ -16,7 +16,7 @@ set(parts_sources
     part_keys.cpp
     single_parts.cpp
     tree_parts.cpp
+    typed_text.cpp
     value_parts.cpp
-    wide_text.cpp
 )
 list(TRANSFORM parts_sources PREPEND ${CMAKE_CURRENT_LIST_DIR}/)

@@ -101,7 +101,7 @@ class Tree_Parts final : public Parts_For<DirTrees> {
     /// One row of a page stays in view.
     int Page(const Tools& control) const override {
         const DirTrees& tree = Own(control);
-        return std::max(tree.List_Box.Height / DirTrees::Row_Pitch - 1, 1);
+        return std::max(tree.List_Box.Height / tree.Row_Height() - 1, 1);
     }
 };
 

@@ -20,9 +20,11 @@
 #include "tools/input.h"
 #include "tools/keyboard.h"
 #include "tools/lock.h"
+#include "tools/look.h"
 #include "tools/surface.h"
 #include "util/error.h"
 #include "util/program.h"
+#include "util/wide.h"
 #include "widgets/box.h"
 #include "widgets/button.h"
 #include "widgets/items.h"
@@ -87,6 +89,35 @@ class Owner_Window {
     bool enabled;
 };
 
+/// Scale and theme, which a window keeps for its dialogs under these names.
+struct Dress {
+    unsigned short scale = 0;
+    const Theme* look = nullptr;
+};
+constexpr char Scale_Name[] = "Galdren_Dialog_Scale";
+constexpr char Look_Name[] = "Galdren_Dialog_Look";
+
+/// What a window keeps, or the nearest one that it belongs to and that keeps anything.
+Dress Dress_Of(HWND window) {
+    for (; window; window = GetParent(window)) {
+        const HANDLE scale = GetPropA(window, Scale_Name);
+        const HANDLE look = GetPropA(window, Look_Name);
+        if (!scale && !look) continue;
+        return {static_cast<unsigned short>(reinterpret_cast<UINT_PTR>(scale)),
+                static_cast<const Theme*>(look)};
+    }
+    return {};
+}
+
+/// Has a window keep a value under a name; null keeps none.
+void Keep(HWND window, const char* name, const void* value) {
+    if (value) {
+        SetPropA(window, name, const_cast<void*>(value));
+    } else {
+        RemovePropA(window, name);
+    }
+}
+
 class Window_Paint {
   public:
     explicit Window_Paint(HWND painted) : window(painted) { BeginPaint(window, &paint); }
@@ -102,12 +133,14 @@ class Window_Paint {
 void Set_Font(Tools& control) {
     control.Font_Name = "Arial";
     control.Font_Weight = "bold";
-    control.Font_Size = 11;
+    control.Font_Size = Within_16(Scaled(control, 11));
 }
 
-void Place(Tools& control, int x, int y, int width, int height) {
+void Place(Tools& control, const Dress& dress, int x, int y, int width, int height) {
     Set_Place(control, {x, x + width, y, y + height});
-    control.Border = 1;
+    control.Scale = dress.scale;
+    control.Look = dress.look;
+    control.Border = Within_16(Line_Width(control));
 }
 
 /// The mouse buttons that are held, as bits of an event.
@@ -131,8 +164,8 @@ void Note_Pointer(HWND dialog, LPARAM position) {
 /// Appends a text in which "%%" means "%", up to the length of a line. It is data: any other "%" stands for
 /// itself.
 void Write_Text(Texts& field, const char* text) {
-    char shown[Texts::Line_Room];
-    char* const end = shown + Texts::Line_Room - 1;
+    char shown[Texts::Line_Room + Longest_Character];  // `Write` sees whole characters, and cuts
+    char* const end = std::end(shown) - 1;
     char* out = shown;
     for (; *text && out < end; ++text) {
         if (text[0] == '%' && text[1] == '%') ++text;
@@ -203,6 +236,7 @@ class Popup final : public Part_Window {
     std::span<const Answer> answers;
     std::atomic<bool> open{};
     std::optional<Owner_Window> owner;
+    Dress dress;
     std::optional<Part_Keys> keys;  // while the dialog is open, as the next
     std::optional<Access> access;
     char* message{};
@@ -225,13 +259,14 @@ int Popup::Run(const char* title, const char* caption, char* text, short width, 
         Error_Fct(hwnd, ERROR_LEVEL_WARNING, "%s: another dialog of this kind is open", label);
         return No_Answer;
     }
-    const Dialog_Template dialog(title, width, height);
+    dress = Dress_Of(GetActiveWindow());
+    const Dialog_Template dialog(title, width, height, dress.scale);
     if (!dialog.Get()) return No_Answer;
     field.Name = caption;
     message = text;
     answered = false;
     owner.emplace();
-    const INT_PTR result = DialogBoxIndirectParamA(owner->Instance(), dialog.Get(), owner->Window(),
+    const INT_PTR result = DialogBoxIndirectParamW(owner->Instance(), dialog.Get(), owner->Window(),
                                                    Procedure, reinterpret_cast<LPARAM>(this));
     access.reset();
     keys.reset();
@@ -321,24 +356,24 @@ bool Popup::On_Message(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam) 
 
 /// The buttons share a row at the bottom; the text has the rest.
 void Popup::Lay_Out(HWND dialog, int width, int height) {
-    constexpr int Margin = 6;
-    constexpr int Button_Height = 26;
-    constexpr int Text_Bottom = Margin + Button_Height + Margin;
+    const int margin = Scaled(dress.scale, 6);
+    const int button_height = Scaled(dress.scale, 26);
+    const int text_bottom = margin + button_height + margin;
 
-    Place(background, 0, 0, width - 1, height - 1);
+    Place(background, dress, 0, 0, width - 1, height - 1);
     background.Flag = FLAG_PASSIVE | FLAG_OWN_IMAGES;
     background.Init(dialog);
 
     const auto count = static_cast<int>(answers.size());
-    const int button_width = (width - Margin * (count + 1)) / count;
+    const int button_width = (width - margin * (count + 1)) / count;
     for (int i = 0; i < count; ++i) {
-        Place(buttons[i], Margin + i * (button_width + Margin), Margin, button_width, Button_Height);
+        Place(buttons[i], dress, margin + i * (button_width + margin), margin, button_width, button_height);
         Set_Font(buttons[i]);
         buttons[i].Name = answers[static_cast<std::size_t>(i)].caption;
         buttons[i].Init(dialog);
     }
 
-    Place(field, Margin, Text_Bottom, width - 2 * Margin, height - Text_Bottom - Margin);
+    Place(field, dress, margin, text_bottom, width - 2 * margin, height - text_bottom - margin);
     Set_Font(field);
     field.Flag = TEXT_V_BAR;
     field.Init(dialog);
@@ -358,6 +393,7 @@ void Popup::Fill() {
 }
 
 void Popup::On_Open(HWND dialog) {
+    Set_Dialog_Look(dialog, dress.scale, dress.look);  // for a dialog that opens above this one
     RECT client{};
     GetClientRect(dialog, &client);
     Lay_Out(dialog, client.right, client.bottom);
@@ -393,6 +429,7 @@ void Popup::On_Close(HWND dialog) {
 }
 
 void Popup::On_Destroy() {
+    Set_Dialog_Look(Window(), 0, nullptr);
     keys->Set_Active(false);
     field.Cleanup();
     background.Window = nullptr;
@@ -518,6 +555,11 @@ const Cleanup Controls_Cleanup([] {
 });
 
 }  // namespace
+
+void Set_Dialog_Look(HWND owner, unsigned short scale, const Theme* look) {
+    Keep(owner, Scale_Name, reinterpret_cast<const void*>(UINT_PTR{scale}));
+    Keep(owner, Look_Name, look);
+}
 
 int PopUp_Message(const char* title, const char* caption, char* message, short width, short height) {
     return The<Kinds>().message.Run(title, caption, message, width, height);

@@ -15,14 +15,24 @@
 /// `Text_Code` switch colour and font.
 #pragma once
 
+#include <windows.h>
+
 #include "../tools/api.h"
+#include "../tools/theme.h"
+
+/// Says at which scale and in which theme dialogs are shown that belong to a window, or to a window that
+/// belongs to it. They keep it until the dialog that is open is closed. A window of which nothing is said has
+/// dialogs at 100 % and without a theme.
+/// @param scale  in percent: widths and heights of dialogs are in pixels at 100 %; 0 means 100
+/// @param look   null means none; not owned, see `Keep_Theme`
+GALDREN_TOOLS_API void Set_Dialog_Look(HWND owner, unsigned short scale, const Theme* look);
 
 /// Shows a message with the button "OK" until it is pressed or the dialog is closed.
 /// @param title    text of the title bar, cut at 49 characters; may be null
 /// @param caption  caption of the text field; may be null
 /// @param message  the text; may be null; see above for what happens to a long one
-/// @param width    width of the client area in pixels; 0 means 300
-/// @param height   height of the client area in pixels; 0 means 150
+/// @param width    width of the client area in pixels at 100 %; 0 means 300
+/// @param height   height of the client area in pixels at 100 %; 0 means 150
 /// @return 0 for "OK"; what the system answers when the dialog was closed otherwise; -1 when it could not be
 ///         opened
 GALDREN_TOOLS_API int PopUp_Message(const char* title, const char* caption, char* message, short width,

@@ -11,10 +11,11 @@ class Dialog_Template {
   public:
     static constexpr int Longest_Title = 49;  ///< UTF-16 characters
 
-    /// @param title   in the ANSI code page; cut when it is too long; null means none
+    /// @param title   in the code page of texts; cut when it is too long; null means none
     /// @param width   of the client area in pixels, rounded to dialog units; 0 means 300
     /// @param height  of the client area in pixels, rounded to dialog units; 0 means 150
-    Dialog_Template(const char* title, short width, short height);
+    /// @param scale   in percent, of both; 0 means 100
+    Dialog_Template(const char* title, short width, short height, unsigned short scale);
     ~Dialog_Template();
     Dialog_Template(const Dialog_Template&) = delete;
     Dialog_Template& operator=(const Dialog_Template&) = delete;

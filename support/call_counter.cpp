@@ -13,9 +13,9 @@ constexpr std::size_t Code_Size = 0x10000;
 /// Functions of user32 that give the device context of a window.
 constexpr const char* context_functions[] = {"BeginPaint", "GetDC", "GetDCEx", "GetWindowDC"};
 /// Others of user32 that paint, or have something painted.
-constexpr const char* painting_functions[] = {"DrawTextA",    "DrawTextW",     "FillRect",
-                                              "FrameRect",    "InvertRect",    "InvalidateRect",
-                                              "RedrawWindow", "TabbedTextOutA"};
+constexpr const char* painting_functions[] = {"DrawTextA",    "DrawTextW",      "FillRect",
+                                              "FrameRect",    "InvertRect",     "InvalidateRect",
+                                              "RedrawWindow", "TabbedTextOutA", "TabbedTextOutW"};
 
 bool Is_Among(const auto& functions, const char* function) {
     return std::any_of(std::begin(functions), std::end(functions),

@@ -7,6 +7,7 @@
 #include "tools/dimensions.h"
 #include "tools/font_cache.h"
 #include "tools/sharing.h"
+#include "tools/stamp.h"
 #include "tools/view.h"
 #include "util/error.h"
 #include "util/program.h"
@@ -36,20 +37,22 @@ void Renew_Region(Tools_Fields& control) {
 
 const char* Name_Of(const Tools_Fields& control) { return control.Name ? control.Name : "(null)"; }
 
-int Frame_Width(const Tools_Fields& control) { return control.Border ? control.Border : BORDER; }
+int Frame_Width(const Tools_Fields& control) {
+    return control.Border ? control.Border : Scaled(control, BORDER);
+}
 
 int Frame_Thickness(const Tools_Fields& control) { return std::abs(Frame_Width(control)); }
 
 Reach Around(const Tools_Fields& control) {
-    constexpr int Overhang = 3;     // a tab joins with the page beside and below it
-    constexpr int Inner_Frame = 8;  // where that of a box begins, at most
-    const int frames = 2 * (Frame_Thickness(control) + Inner_Frame);
-    const int across = Overhang + std::max(frames - control.Width, 0);
-    const int upward = Overhang + std::max(frames - control.Height, 0);
+    const int overhang = Scaled(control, 3);     // a tab joins with the page beside and below it
+    const int inner_frame = Scaled(control, 8);  // where that of a box begins, at most
+    const int frames = 2 * (Frame_Thickness(control) + inner_frame);
+    const int across = overhang + std::max(frames - control.Width, 0);
+    const int upward = overhang + std::max(frames - control.Height, 0);
     const Area area = Area_Of(control);
     const Area around{area.left - across, area.right + across, area.bottom - upward, area.top + upward};
     if (!control.Name) return {around};
-    return Caption_Reach(control.Font, control.Name, control.Flag, around, frames);
+    return Caption_Reach(control, control.Font, control.Name, control.Flag, around, frames);
 }
 
 void Check(Tools_Fields& control, const char* label) {
@@ -117,15 +120,15 @@ void Bind_Without_Region(Tools_Fields& control, HWND window) {
 }
 
 void Renew_Font(Tools_Fields& control) {
-    if (control.Font && control.Font_Size == control.Font_Size_Last) return;
-    control.Font_Size_Last = control.Font_Size;
+    if (control.Font && Font_Points(control) == control.Font_Size_Last) return;
+    control.Font_Size_Last = Font_Points(control);
     Remake_Font(control);
 }
 
 void Remake_Font(Tools_Fields& control) {
     Release_Font(control.Font);
     control.Font = Acquire_Font(control.Window, control.Font_Name, control.Font_Weight, control.Font_Style,
-                                control.Font_Size);
+                                Font_Points(control));
 }
 
 bool Hover_Changes(const Tools_Fields& control, short& hover, bool inside) {
@@ -138,9 +141,33 @@ bool Hover_Changes(const Tools_Fields& control, short& hover, bool inside) {
 void Note_Size(Tools_Fields& control) {
     control.Last_Width = control.Width;
     control.Last_Height = control.Height;
+    control.Last_Look = control.Look;
+    control.Last_Scale = control.Scale;
 }
 
+namespace {
+
+/// @param body   what is painted
+/// @param image  the application's
+/// @param given  what is known of the body
+void Note_Given(const Tools_Fields& control, const unsigned long* body, const unsigned long* image,
+                Given_Image& given) {
+    const auto scale = static_cast<unsigned short>(Scaled(control, Unscaled));
+    const bool is_known = body && body == given.Pixels;
+    if (!body || body != image) {
+        if (!is_known) given = {};
+    } else if (is_known && (given.Is_Zoomed || given.Scale != scale)) {
+        given.Is_Zoomed = true;
+    } else {
+        given = {body, control.Width, control.Height, scale, false};
+    }
+}
+
+}  // namespace
+
 void Note_Images(Tools_Fields& control) {
+    Note_Given(control, control.Cur_Graph_Normal, control.Graph_Normal, control.Given_Normal);
+    Note_Given(control, control.Cur_Graph_Select, control.Graph_Select, control.Given_Select);
     control.Last_Graph_Normal = control.Graph_Normal;
     control.Last_Graph_Select = control.Graph_Select;
 }
@@ -150,7 +177,12 @@ void Forget_If_Withdrawn(const Tools_Fields& control, unsigned long*& body) {
     if (was_taken && body != control.Graph_Normal && body != control.Graph_Select) body = nullptr;
 }
 
+bool Is_Redressed(const Tools_Fields& control) {
+    return control.Look != control.Last_Look || control.Scale != control.Last_Scale;
+}
+
 Images Take_Images(Tools_Fields& control) {
+    Renew_Icon_Images(control);
     const bool resized = control.Width != control.Last_Width || control.Height != control.Last_Height;
     const bool recolored = control.Color.get() != control.Last_Color;
     const bool generate = !Has_Flag(control, FLAG_OWN_IMAGES);
@@ -164,8 +196,9 @@ Images Take_Images(Tools_Fields& control) {
     if (images.normal_taken) control.Cur_Graph_Normal = control.Graph_Normal;
     if (images.select_taken) control.Cur_Graph_Select = control.Graph_Select;
     // The highlight colour is fixed, so a new colour of the control leaves its shading alone.
-    images.normal_needed = generate && !control.Graph_Normal && (resized || recolored || images.normal_taken);
-    images.select_needed = generate && !control.Graph_Select && (resized || images.select_taken);
+    const bool anew = resized || Is_Redressed(control);
+    images.normal_needed = generate && !control.Graph_Normal && (anew || recolored || images.normal_taken);
+    images.select_needed = generate && !control.Graph_Select && (anew || images.select_taken);
     if ((images.normal_needed || images.select_needed) && !May_Generate(control))
         images.normal_needed = images.select_needed = false;
 

@@ -20,6 +20,9 @@ int Frame_Width(const Tools_Fields& control);
 /// The same without its sign.
 int Frame_Thickness(const Tools_Fields& control);
 
+/// How far the body of a control stands inside of it: by the rim and the frame.
+inline int Body_Inset(const Tools_Fields& control) { return Line_Width(control) + Frame_Thickness(control); }
+
 /// Whether any of the bits is set.
 inline bool Has_Flag(const Tools_Fields& control, unsigned long bits) { return (control.Flag & bits) != 0; }
 
@@ -103,7 +106,28 @@ void Renew_Font(Tools_Fields& control);
 /// Makes the font anew, for its words may have changed too.
 void Remake_Font(Tools_Fields& control);
 
-/// Notes the size as that of the last generation of buffers.
+/// Whether theme or scale are others than those of the last generation of buffers.
+bool Is_Redressed(const Tools_Fields& control);
+
+/// Gives a part the scale and the theme of its owner.
+inline void Copy_Look(Tools_Fields& part, const Tools_Fields& owner) {
+    part.Scale = owner.Scale;
+    part.Look = owner.Look;
+}
+
+/// Gives a part what its owner has around it: text clip rectangle, scale and theme. It is cut at the owner's
+/// edges, and painted when the owner is.
+inline void Copy_Surroundings(Tools_Fields& part, const Tools_Fields& owner) {
+    part.Room = Is_Empty(owner.Room) ? owner.Rect : Common(owner.Rect, owner.Room);
+    part.Veil = owner.Veil;
+    Copy_Look(part, owner);
+    part.Clip_X = owner.Clip_X;
+    part.Clip_Y = owner.Clip_Y;
+    part.Clip_Width = owner.Clip_Width;
+    part.Clip_Height = owner.Clip_Height;
+}
+
+/// Notes size, theme and scale as those of the last generation of buffers.
 void Note_Size(Tools_Fields& control);
 
 /// Empties `body` when it is an image that the application has withdrawn since an `Init` took it: it may be
@@ -124,7 +148,8 @@ void Forget_Withdrawn_Images(Control& control) {
     }
 }
 
-/// Notes the application's images as those that this `Init` found.
+/// Notes the application's images as those that this `Init` found, and at which size and scale those that are
+/// painted were given.
 void Note_Images(Tools_Fields& control);
 
 /// What `Take_Images` found.

@@ -1,8 +1,9 @@
 #include "tools/canvas.h"
 
 #include <algorithm>
-#include <cstring>
+#include <string_view>
 
+#include "tools/code_page.h"
 #include "tools/font.h"
 #include "tools/font_cache.h"
 #include "tools/globals.h"
@@ -66,14 +67,19 @@ class Client_Pixels {
 }  // namespace
 
 Canvas::Canvas(const Tools_Fields& control, const Reach& reach)
-    : view(control.Veil ? nullptr : control.Window, Limited(control, reach)) {
+    : theme(Theme_Of(control)),
+      scale(control.Scale),
+      view(control.Veil ? nullptr : control.Window, Limited(control, reach)) {
     if (control.Veil) Leave_Out(control, reach);
 }
 
 Canvas::Canvas(const Tools_Fields& control, const Area& covered, unsigned& picture)
     : Canvas(control, Kept_Reach(control, covered, picture)) {}
 
-Canvas::Canvas(HWND window, const Reach& reach) : view(window, {reach.area, reach.covered, nullptr, true}) {}
+Canvas::Canvas(HWND window, const Reach& reach, const Tools_Fields* like)
+    : theme(like ? Theme_Of(*like) : Plain_Theme),
+      scale(like ? like->Scale : Unscaled),
+      view(window, {reach.area, reach.covered, nullptr, true}) {}
 
 void Canvas::Raise(int rows) {
     view.sheet->Raise(rows);
@@ -91,25 +97,26 @@ void Canvas::Box(const Area& area, unsigned long color) {
     Fill(Device(Upright(area)), color);
 }
 
-void Canvas::Row(int x_from, int x_to, int y, unsigned long color) {
+void Canvas::Row(int x_from, int x_to, int y, unsigned long color, int width) {
     if (x_from == x_to) return;
     const int left = x_from < x_to ? x_from : x_to + 1;
     const int right = x_from < x_to ? x_to : x_from + 1;
-    Box({left, right, y - 1, y}, color);
+    Box(width > 0 ? Area{left, right, y - 1, y + width - 1} : Area{left, right, y + width, y}, color);
 }
 
-void Canvas::Column(int x, int y_from, int y_to, unsigned long color) {
+void Canvas::Column(int x, int y_from, int y_to, unsigned long color, int width) {
     if (y_from == y_to) return;
     const int bottom = y_from < y_to ? y_from : y_to + 1;
     const int top = y_from < y_to ? y_to : y_from + 1;
-    Box({x, x + 1, bottom - 1, top - 1}, color);
+    Box(width > 0 ? Area{x, x + width, bottom - 1, top - 1} : Area{x + width + 1, x + 1, bottom - 1, top - 1},
+        color);
 }
 
-void Canvas::Outline(const Area& area, unsigned long color) {
-    Column(area.left, area.bottom, area.top, color);
-    Row(area.left, area.right, area.top, color);
-    Column(area.right, area.top, area.bottom, color);
-    Row(area.right, area.left, area.bottom, color);
+void Canvas::Outline(const Area& area, unsigned long color, int width) {
+    Column(area.left, area.bottom, area.top, color, width);
+    Row(area.left, area.right, area.top, color, -width);
+    Column(area.right, area.top, area.bottom, color, -width);
+    Row(area.right, area.left, area.bottom, color, width);
 }
 
 /// Fills the rows from `top` to `bottom`, of which `next` gives the pixels in turn. Most runs are a few
@@ -193,6 +200,29 @@ void Canvas::Pixels(const void* buffer, int width, int height, int column, int r
     }
 }
 
+void Canvas::Zoomed_Pixels(const void* buffer, SIZE size, const Zoom& zoom, POINT corner, const Area& area) {
+    const int width = static_cast<int>(size.cx);
+    const int height = static_cast<int>(size.cy);
+    if (zoom.times == zoom.part)
+        return Pixels(buffer, width, height, area.left - corner.x, area.bottom - corner.y, area);
+    const int left = corner.x;
+    const int top = Y(corner.y) + 1 - zoom.Of(height);
+    const RECT image{left, top, left + zoom.Of(width), top + zoom.Of(height)};
+    const RECT wanted{area.left, Y(area.top), area.right + 1, Y(area.bottom) + 1};
+    const RECT shown = Clipped(Common(image, wanted));
+    const Raster source{static_cast<unsigned long*>(const_cast<void*>(buffer)), width};
+    RECT block = shown;
+    for (; block.top < shown.bottom; block.top = block.bottom) {
+        const int row = zoom.From(static_cast<int>(block.top) - top);
+        block.bottom = std::min<LONG>(top + zoom.End_Of(row), shown.bottom);
+        for (block.left = shown.left; block.left < shown.right; block.left = block.right) {
+            const int column = zoom.From(static_cast<int>(block.left) - left);
+            block.right = std::min<LONG>(left + zoom.End_Of(column), shown.right);
+            Fill(block, Exchange_Red_And_Blue(*source.At(column, row)) & 0xFFFFFF);
+        }
+    }
+}
+
 /// The context for a text, wherever it is.
 HDC Canvas::With_Text(HFONT font, unsigned long color) {
     if (view.sheet) return view.sheet->With_Text(font, color);
@@ -234,18 +264,20 @@ void Canvas::Polygon_By_GDI(std::span<const POINT> corners, unsigned long color)
 
 /// The glyphs of a text that is short and of characters that the font has.
 struct Canvas::Glyph_Run {
-    static constexpr int Longest = 255;
+    static constexpr std::size_t Longest = 255;
     WORD glyphs[Longest];
     int count = 0;
     int width = 0;
 
+    /// @param longest  bytes that are still short
     /// @return false when the text is not of that kind
-    bool Take(const Font_Facts& facts, const char* text, int longest) {
-        for (; text[count]; ++count) {
-            const auto byte = static_cast<unsigned char>(text[count]);
-            if (count == longest || facts.glyphs[byte] == Font_Facts::No_Glyph) return false;
-            glyphs[count] = facts.glyphs[byte];
-            width += facts.widths[byte];
+    bool Take(Font_Facts& facts, std::string_view text, std::size_t longest) {
+        if (text.size() > longest) return false;
+        while (!text.empty()) {
+            const Glyph glyph = facts.Take(text);
+            if (glyph.index == Glyph::None) return false;
+            glyphs[count++] = glyph.index;
+            width += glyph.width;
         }
         return true;
     }
@@ -265,16 +297,16 @@ void Canvas::Write_Glyphs(HFONT font, const Glyph_Run& run, int x, int y, const 
 /// The glyphs of the usual caption are placed by hand, for DrawText takes twice as long.
 void Canvas::Write(HFONT font, const char* text, const Area& area, Place across, Place down,
                    unsigned long color) {
-    constexpr int Longest_Caption = 128;
+    constexpr std::size_t Longest_Caption = 128;
     if (area.left >= area.right || area.bottom >= area.top) return;
-    const Font_Facts* facts = Facts_Of(font);
+    Font_Facts* const facts = Facts_Of(font);
     Glyph_Run run;
     if (!facts || !run.Take(*facts, text, Longest_Caption))
         return Write_Any(font, text, area, across, down, color);
     int x = area.left;
     if (across == Place::Middle) x = (area.left + area.right - run.width) / 2;
     if (across == Place::End) x = area.right - run.width;
-    const int y = Y(area.top) + Offset(down, area.top - area.bottom, facts->metrics.tmHeight);
+    const int y = Y(area.top) + Offset(down, area.top - area.bottom, facts->Metrics().tmHeight);
     Write_Glyphs(font, run, x, y, Device(area), color);
 }
 
@@ -287,24 +319,25 @@ void Canvas::Write_Any(HFONT font, const char* text, const Area& area, Place acr
     if (across == Place::End) format |= DT_RIGHT;
     Write_By_GDI(font, Device(area), color, [&](HDC dc) {
         RECT line = Device({area.left, area.right, top - height, top});
-        DrawTextA(dc, Escape_Ampersand(text), -1, &line, format);
+        const Wide_Line written(Escape_Ampersand(text));
+        DrawTextW(dc, written.Units(), written.Length(), &line, format);
     });
 }
 
-void Canvas::Write_Lines(HFONT font, const char* text, int length, const Area& area, UINT format,
+void Canvas::Write_Lines(HFONT font, std::wstring_view text, const Area& area, UINT format,
                          unsigned long color) {
     if (area.left >= area.right || area.bottom >= area.top) return;
     Write_By_GDI(font, Device(area), color, [&](HDC dc) {
         RECT rectangle = Device(area);
-        DrawTextA(dc, text, length, &rectangle, format | DT_CENTER);
+        DrawTextW(dc, text.data(), static_cast<int>(text.size()), &rectangle, format | DT_CENTER);
     });
 }
 
 int Canvas::Write_Run(HFONT font, const char* text, int x, int y, unsigned long color) {
-    const Font_Facts* facts = Facts_Of(font);
+    Font_Facts* const facts = Facts_Of(font);
     Glyph_Run run;
     const bool plain = facts && run.Take(*facts, text, Glyph_Run::Longest);
-    const TEXTMETRICA metrics = facts ? facts->metrics : Metrics_Of(font);
+    const TEXTMETRICA metrics = facts ? facts->Metrics() : Metrics_Of(font);
     const int height = static_cast<int>(metrics.tmHeight);
     const int top = Y(y + height);
     if (!plain) {

@@ -6,9 +6,11 @@
 
 #include <initializer_list>
 #include <span>
+#include <string_view>
 
 #include "tools/area.h"
 #include "tools/fields.h"
+#include "tools/look.h"
 #include "tools/shape.h"
 #include "tools/view.h"
 
@@ -36,7 +38,15 @@ class Canvas {
     /// On a picture that is kept from paint to paint, for a paint that covers an area; see `View`.
     Canvas(const Tools_Fields& control, const Area& covered, unsigned& picture);
     /// For a paint that belongs to no control.
-    Canvas(HWND window, const Reach& reach);
+    /// @param like  whose scale and theme it has; null for neither
+    Canvas(HWND window, const Reach& reach, const Tools_Fields* like = nullptr);
+    /// The theme of the control.
+    const Theme& Look() const { return theme; }
+    /// A length at the scale of the control.
+    int Scaled(int pixels) const { return galdren::Scaled(scale, pixels); }
+    /// The thickness of lines of one pixel at the scale of the control.
+    int Line() const { return std::max(Scaled(1), 1); }
+
     /// Whether it paints on a kept picture that still holds what the control painted.
     bool Kept() const { return view.kept; }
 
@@ -49,11 +59,14 @@ class Canvas {
     void Box(const Area& area, unsigned long color);
 
     /// Horizontal line from x_from towards x_to, which is not painted.
-    void Row(int x_from, int x_to, int y, unsigned long color);
+    /// @param width  of a thicker one, the rest of it above; below when negative
+    void Row(int x_from, int x_to, int y, unsigned long color, int width = 1);
     /// Vertical line from y_from towards y_to, which is not painted.
-    void Column(int x, int y_from, int y_to, unsigned long color);
-    /// Outline of one pixel along all four edges.
-    void Outline(const Area& area, unsigned long color);
+    /// @param width  of a thicker one, the rest of it to the right; to the left when negative
+    void Column(int x, int y_from, int y_to, unsigned long color, int width = 1);
+    /// Outline along all four edges.
+    /// @param width  of a thicker one, the rest of it inside
+    void Outline(const Area& area, unsigned long color, int width = 1);
 
     /// Lines of one pixel through up to six points in turn; the last point is not painted.
     void Lines(std::initializer_list<POINT> points, unsigned long color);
@@ -65,6 +78,10 @@ class Canvas {
     /// rows above its last, to `area`, all four edges included. Where there are none nothing is painted.
     void Pixels(const void* buffer, int width, int height, int column, int rows_below, const Area& area);
 
+    /// A whole buffer of `size`, rows top-down, zoomed, with its bottom-left corner at a place. What lies
+    /// beyond `area`, all four edges included, is left out.
+    void Zoomed_Pixels(const void* buffer, SIZE size, const Zoom& zoom, POINT corner, const Area& area);
+
     /// One line of text with its tabs expanded, clipped to the columns left..right-1 and the rows
     /// bottom+1..top.
     /// @param font  null means the stock system font
@@ -72,10 +89,8 @@ class Canvas {
 
     /// Lines of text, centred, from the top of the area downwards, clipped to it as above.
     /// @param font    null means the stock system font
-    /// @param length  number of bytes
     /// @param format  further bits for DrawText
-    void Write_Lines(HFONT font, const char* text, int length, const Area& area, UINT format,
-                     unsigned long color);
+    void Write_Lines(HFONT font, std::wstring_view text, const Area& area, UINT format, unsigned long color);
 
     /// A piece of a line as `Text_Tabbed` writes it, not clipped.
     /// @param font  null means the stock system font
@@ -120,6 +135,8 @@ class Canvas {
     void Write_Any(HFONT font, const char* text, const Area& area, Place across, Place down,
                    unsigned long color);
 
+    const Theme& theme;
+    unsigned short scale;
     View view;
 };
 

@@ -16,12 +16,13 @@ inline unsigned long Caption_Flags(const Tools_Fields& control, bool down) {
 void Paint_Caption(Canvas& canvas, HFONT font, const char* text, unsigned long flags, const Area& area,
                    int border);
 
-/// Whether all that `Paint_Caption` may paint lies in `body`, all four edges of that included.
-bool Caption_Stays_Inside(HFONT font, const char* text, unsigned long flags, const Area& area, int border,
-                          const Area& body);
+/// Whether all that `Paint_Caption` may paint of the name of a control lies in `body`, all four edges of that
+/// included.
+bool Caption_Stays_Inside(const Tools_Fields& control, unsigned long flags, const Area& body);
 
-/// All that `Paint_Caption` may paint. Stacked text may be longer than its area is high.
-Reach Caption_Reach(HFONT font, const char* text, unsigned long flags, const Area& area, int border);
+/// All that `Paint_Caption` may paint for a control. Stacked text may be longer than its area is high.
+Reach Caption_Reach(const Tools_Fields& control, HFONT font, const char* text, unsigned long flags,
+                    const Area& area, int border);
 
 /// One line of text, placed in `area` by the placement bits in `flags`.
 void Paint_Line(Canvas& canvas, HFONT font, const char* text, unsigned long flags, const Area& area,

@@ -6,6 +6,7 @@
 
 #include "api.h"
 #include "colors.h"
+#include "theme.h"
 
 /// Bits of `Tools::Flag` that controls share.
 /// @{
@@ -60,6 +61,16 @@ enum Select_Event : int {
 /// Directions of `Tools::Arrow`.
 enum Arrow_Direction : short { ARROW_LEFT, ARROW_RIGHT, ARROW_DOWN, ARROW_UP };
 
+/// At which size and scale an image of the application was given. At another scale it is painted by a whole
+/// factor, for its pixels are no more than they were.
+struct Given_Image {
+    const unsigned long* Pixels{};  ///< the image; not owned
+    short Width{};                  ///< width of the control when it was given
+    short Height{};                 ///< height of the control when it was given
+    unsigned short Scale{};         ///< scale of the control when it was given, in percent
+    bool Is_Zoomed{};               ///< whether the control has been at another scale since
+};
+
 /// The fields that every control begins with, all zero at first. The application fills in those up to
 /// `Border`; `Init` and the other members keep the rest.
 struct Tools_Fields {
@@ -73,7 +84,7 @@ struct Tools_Fields {
     const char* Font_Weight{};      ///< "bold" or any other word; not owned
     const char* Font_Style{};       ///< "i" or "o" for italic, or any other word; not owned
     short Font_Size{};              ///< height of the font in points
-    short Font_Size_Last{};         ///< `Font_Size` when `Font` was made
+    short Font_Size_Last{};         ///< points of which `Font` was made
     Colors Color;                   ///< background colour
     short Clip_X{};                 ///< left edge of the text clip rectangle
     short Clip_Y{};                 ///< bottom edge of the text clip rectangle
@@ -98,7 +109,18 @@ struct Tools_Fields {
     const char* Owned_Name{};            ///< text made by `Set_Name`, whatever `Name` is now; owned
     RECT Room{};  ///< `Rect` of the control that this one is a part of, beyond which nothing of it is
                   ///< painted; empty for one that stands alone
-    unsigned char Veil{};  ///< see `Tools_Veil`; kept by a host, not copied
+    unsigned char Veil{};      ///< see `Tools_Veil`; kept by a host, not copied
+    unsigned short Scale{};    ///< scale in percent of what has no field of its own, such as lines of one
+                               ///< pixel and tree rows; 0 means 100. The fields above are pixels as painted
+    const Theme* Look{};       ///< theme; null is the look without one. Not owned, see `Keep_Theme`
+    const Theme* Last_Look{};  ///< `Look` when the buffers were made
+    unsigned short Last_Scale{};   ///< `Scale` when buffers and font were made
+    bool Icon_Is_New{};            ///< the next `Init` makes images of what `Icon` has read
+    Given_Image Given_Normal;      ///< what is known of `Cur_Graph_Normal` when it is an image
+    Given_Image Given_Select;      ///< what is known of `Cur_Graph_Select` when it is an image
+    unsigned long* Icon_Pixels{};  ///< picture that `Icon` has read, opacity in the highest byte; owned
+    unsigned short Icon_Width{};   ///< width of that picture
+    unsigned short Icon_Height{};  ///< height of that picture
 };
 
 /// How often a control got another hit rectangle (`Rect`) so far, from `Init` or as a copy, in any window of

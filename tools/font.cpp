@@ -1,7 +1,9 @@
 #include "tools/font.h"
 
 #include <cstring>
+#include <string_view>
 
+#include "tools/code_page.h"
 #include "tools/font_cache.h"
 #include "tools/globals.h"
 
@@ -47,6 +49,14 @@ void Text_Tabbed(HFONT font, int x, int y, const char* text) {
     const Font_In_Use in_use(font);
     const TEXTMETRICA metrics = Metrics_In_Place(Z_DC);
     Write_Tabbed(Z_DC, x, y + metrics.tmHeight, text, metrics);
+}
+
+int Text_Characters(const char* text) {
+    const std::string_view whole = text ? text : "";
+    int count = 0;
+    for (int at = 0; at < static_cast<int>(whole.size()); at = Next_Character(whole, at))
+        ++count;
+    return count;
 }
 
 char* Escape_Ampersand(const char* text) {

@@ -4,6 +4,7 @@
 
 #include <windows.h>
 
+#include "../util/code_page.h"
 #include "api.h"
 
 /// Makes a font.
@@ -29,8 +30,11 @@ GALDREN_TOOLS_API int Text_Width(HFONT font, const char* text);
 /// @param font  null means the stock system font
 GALDREN_TOOLS_API int Text_Height(HFONT font);
 
-/// Writes the first 255 bytes of `text` on the surface in use, top-left at (x, y + height of the font), with
-/// a tab stop every 4 average characters.
+/// Characters of `text`, a letter with the marks that combine with it counted as one. Null has none.
+GALDREN_TOOLS_API int Text_Characters(const char* text);
+
+/// Writes `text`, as far as whole characters fit into 255 bytes, on the surface in use, top-left at (x, y +
+/// height of the font), with a tab stop every 4 average characters.
 /// @param font  null means the stock system font
 GALDREN_TOOLS_API void Text_Tabbed(HFONT font, int x, int y, const char* text);
 

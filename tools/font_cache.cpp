@@ -8,8 +8,10 @@
 #include <cstring>
 #include <map>
 #include <new>
+#include <string_view>
 
 #include "tools/arithmetic.h"
+#include "tools/code_page.h"
 #include "tools/lock.h"
 #include "tools/picture.h"
 #include "tools/sharing.h"
@@ -19,10 +21,6 @@
 namespace galdren {
 
 namespace {
-
-struct Measuring_Picture : Picture {
-    Measuring_Picture() : Picture({1, 1}) {}
-};
 
 /// Resolution of the display in pixels per inch. It is fixed for the life of a process, and asking for it is
 /// slow.
@@ -47,18 +45,33 @@ int Pixel_Height(HWND window, short points) {
     return std::abs(Truncate(static_cast<float>(scaled) / pixels_per_point_base));
 }
 
+/// The character set of fonts that have the letters of the code page. For western texts and those of the
+/// system's own page it is that of western fonts, which the system completes by its own.
+BYTE Character_Set(unsigned page) {
+    constexpr unsigned Western = 1252;
+    if (page == Western || page == GetACP()) return ANSI_CHARSET;
+    CHARSETINFO found{};
+    const bool known =
+        page != CP_UTF8 && TranslateCharsetInfo(reinterpret_cast<DWORD*>(static_cast<DWORD_PTR>(page)),
+                                                &found, TCI_SRCCODEPAGE) != 0;
+    return known ? static_cast<BYTE>(found.ciCharset) : BYTE{DEFAULT_CHARSET};
+}
+
 /// What a font is made from, in the form in which equal fonts are equal.
 struct Font_Key {
-    std::array<char, LF_FACESIZE> face{};
+    std::array<wchar_t, LF_FACESIZE> face{};
     int height;
     bool bold;
     bool italic;
+    BYTE character_set;
 
     Font_Key(HWND window, const char* face_word, const char* weight, const char* style, short points)
         : height(Pixel_Height(window, points)),
           bold(weight && std::strcmp(weight, "bold") == 0),
-          italic(style && (std::strcmp(style, "i") == 0 || std::strcmp(style, "o") == 0)) {
-        std::strncpy(face.data(), face_word ? face_word : "Arial", LF_FACESIZE - 1);
+          italic(style && (std::strcmp(style, "i") == 0 || std::strcmp(style, "o") == 0)),
+          character_set(Character_Set(Text_Code_Page())) {
+        const std::string_view word = face_word ? face_word : "Arial";
+        Text_To_Wide(word.data(), static_cast<int>(word.size()), face.data(), LF_FACESIZE - 1);
     }
 
     auto operator<=>(const Font_Key&) const = default;
@@ -69,36 +82,9 @@ using Font_Pool = Pool<Thing::Font, Font_Key, HFONT>;
 /// Facts of the fonts in the pool, and those asked for last: most paints stay with one font.
 struct Facts_Cache {
     std::map<HFONT, Font_Facts> facts;
-    const std::pair<const HFONT, Font_Facts>* last = nullptr;
+    std::pair<const HFONT, Font_Facts>* last = nullptr;
+    unsigned page = 0;  ///< for which they were asked
 };
-
-/// Accents that combine, and scripts whose letters change their place or shape beside others.
-bool Needs_Layout(WCHAR character) {
-    return (character >= 0x0300 && character <= 0x036F) || (character >= 0x0590 && character <= 0x10FF);
-}
-
-/// Glyphs are looked up byte by byte, which is right in the code pages of one byte a character. A character
-/// without one, and every one of a font of bitmaps, is left to DrawText.
-Font_Facts Ask_Facts(HDC dc) {
-    Font_Facts facts{};
-    GetTextMetricsA(dc, &facts.metrics);
-    CPINFO code_page{};
-    const bool scalable = (facts.metrics.tmPitchAndFamily & TMPF_TRUETYPE) != 0;
-    const bool by_glyph = scalable && GetCPInfo(CP_ACP, &code_page) && code_page.MaxCharSize == 1;
-    for (int byte = 0; byte < 256; ++byte) {
-        WORD& glyph = facts.glyphs[byte];
-        glyph = Font_Facts::No_Glyph;
-        const char text = static_cast<char>(byte);
-        WCHAR wide = 0;
-        if (!by_glyph || byte < ' ' || MultiByteToWideChar(CP_ACP, 0, &text, 1, &wide, 1) != 1) continue;
-        if (Needs_Layout(wide)) continue;
-        GetGlyphIndicesW(dc, &wide, 1, &glyph, GGI_MARK_NONEXISTING_GLYPHS);
-        SIZE extent{};
-        GetTextExtentPoint32W(dc, &wide, 1, &extent);
-        facts.widths[byte] = extent.cx;
-    }
-    return facts;
-}
 
 void Forget_Facts(HFONT font) {
     Facts_Cache& cache = The<Facts_Cache>();
@@ -107,22 +93,24 @@ void Forget_Facts(HFONT font) {
 }
 
 /// Every failure but the first of the process is silent.
-void Report_Failure(const LOGFONTA& description) {
+void Report_Failure(const LOGFONTW& description) {
     static std::atomic_flag reported;
     if (reported.test_and_set()) return;
+    char face[4 * LF_FACESIZE]{};
+    Text_From_Wide(description.lfFaceName, lstrlenW(description.lfFaceName), face, sizeof face - 1);
     Error_Fct(hwnd, ERROR_LEVEL_FONT, "WARNING: in Z_Create_Font()");
-    Error_Fct(hwnd, ERROR_LEVEL_FONT, "Unable to allocate font:(name:%s height:%d weight:%d )",
-              description.lfFaceName, static_cast<int>(description.lfHeight),
-              static_cast<int>(description.lfWeight));
+    Error_Fct(hwnd, ERROR_LEVEL_FONT, "Unable to allocate font:(name:%s height:%d weight:%d )", face,
+              static_cast<int>(description.lfHeight), static_cast<int>(description.lfWeight));
 }
 
 HFONT Make_Font(const Font_Key& key) {
-    LOGFONTA description{};
+    LOGFONTW description{};
     description.lfHeight = -key.height;
     description.lfWeight = key.bold ? FW_BOLD : FW_DONTCARE;
     description.lfItalic = key.italic;
-    std::memcpy(description.lfFaceName, key.face.data(), key.face.size());
-    const HFONT font = CreateFontIndirectA(&description);
+    description.lfCharSet = key.character_set;
+    std::copy(key.face.begin(), key.face.end(), description.lfFaceName);
+    const HFONT font = CreateFontIndirectW(&description);
     if (!font) Report_Failure(description);
     return font;
 }
@@ -130,9 +118,6 @@ HFONT Make_Font(const Font_Key& key) {
 bool Asks_For_Nothing(const char* face, const char* weight, const char* style, short points) {
     return !face && !weight && !style && points == 0;
 }
-
-/// The context on which texts are measured, with the font in place.
-HDC Measure_With(HFONT font) { return The<Measuring_Picture>().With_Font(font); }
 
 }  // namespace
 
@@ -168,23 +153,23 @@ TEXTMETRICA Metrics_In_Place(HDC dc) {
     return metrics;
 }
 
-int Extent_In_Place(HDC dc, const char* text) {
+int Extent_In_Place(HDC dc, std::string_view text) {
     constexpr int Characters_Per_Tab = 3;
-    const std::size_t length = std::strlen(text);
+    const Wide_Line line(text);
     SIZE extent{};
-    GetTextExtentPoint32A(dc, text, static_cast<int>(length), &extent);
-    const auto tabs = static_cast<int>(std::count(text, text + length, '\t'));
+    GetTextExtentPoint32W(dc, line.Units(), line.Length(), &extent);
+    const auto tabs = static_cast<int>(std::count(text.begin(), text.end(), '\t'));
     return extent.cx + (tabs ? Characters_Per_Tab * Metrics_In_Place(dc).tmAveCharWidth * tabs : 0);
 }
 
-const Font_Facts* Facts_Of(HFONT font) {
+Font_Facts* Facts_Of(HFONT font) {
     Facts_Cache& cache = The<Facts_Cache>();
+    if (const unsigned page = Text_Code_Page(); cache.page != page) cache = {{}, nullptr, page};
     if (cache.last && cache.last->first == font) return &cache.last->second;
     if (!The<Font_Pool>().Key_Of(font)) return nullptr;
     auto found = cache.facts.find(font);
     try {
-        if (found == cache.facts.end())
-            found = cache.facts.emplace(font, Ask_Facts(Measure_With(font))).first;
+        if (found == cache.facts.end()) found = cache.facts.try_emplace(font, font).first;
     } catch (const std::bad_alloc&) {
         return nullptr;
     }
@@ -195,27 +180,27 @@ const Font_Facts* Facts_Of(HFONT font) {
 TEXTMETRICA Metrics_Of(HFONT font) {
     const Drawing_Lock lock;
     const Font_Facts* facts = Facts_Of(font);
-    return facts ? facts->metrics : Metrics_In_Place(Measure_With(font));
+    return facts ? facts->Metrics() : Metrics_In_Place(Measure_With(font));
 }
 
-int Width_Of(HFONT font, const char* text) {
+int Width_Of(HFONT font, std::string_view text) {
     const Drawing_Lock lock;
-    const Font_Facts* facts = Facts_Of(font);
+    Font_Facts* const facts = Facts_Of(font);
     int width = 0;
-    for (const char* at = text; facts && *at; ++at) {
-        const auto byte = static_cast<unsigned char>(*at);
-        if (facts->glyphs[byte] == Font_Facts::No_Glyph) facts = nullptr;
-        if (facts) width += facts->widths[byte];
+    for (std::string_view rest = text; facts && !rest.empty();) {
+        const Glyph glyph = facts->Take(rest);
+        if (glyph.index == Glyph::None) return Extent_In_Place(Measure_With(font), text);
+        width += glyph.width;
     }
     return facts ? width : Extent_In_Place(Measure_With(font), text);
 }
 
-void Write_Tabbed(HDC dc, int x, int y, const char* text, const TEXTMETRICA& metrics) {
+void Write_Tabbed(HDC dc, int x, int y, std::string_view text, const TEXTMETRICA& metrics) {
     constexpr int Longest = 255;
     constexpr int Characters_Per_Stop = 4;
     const int stop = Characters_Per_Stop * metrics.tmAveCharWidth;
-    const auto length = static_cast<int>(std::find(text, text + Longest, '\0') - text);
-    TabbedTextOutA(dc, x, y, text, length, 1, &stop, 0);
+    const Wide_Line line(text.substr(0, static_cast<std::size_t>(Length_Within(text, Longest))));
+    TabbedTextOutW(dc, x, y, line.Units(), line.Length(), 1, &stop, 0);
 }
 
 }  // namespace galdren

@@ -4,6 +4,10 @@
 
 #include <windows.h>
 
+#include <string_view>
+
+#include "tools/font_facts.h"
+
 namespace galdren {
 
 /// The font that `Z_Create_Font` would make, shared with every other holder.
@@ -19,32 +23,23 @@ void Share_Font(HFONT font, unsigned holders = 1);
 /// Lets go of a font. Null and the stock system font are left alone.
 void Release_Font(HFONT font);
 
-/// What painting needs to know of a font, asked of the system once.
-struct Font_Facts {
-    static constexpr WORD No_Glyph = 0xFFFF;
-
-    TEXTMETRICA metrics;
-    WORD glyphs[256];  ///< of each byte in the system's code page; `No_Glyph` where the font has none
-    int widths[256];   ///< advance of each glyph in pixels
-};
-
 /// Facts of a font from the cache; null for any other font, whose handle may stand for another one tomorrow.
 /// For the thread that holds the lock.
-const Font_Facts* Facts_Of(HFONT font);
+Font_Facts* Facts_Of(HFONT font);
 
 /// Metrics of a font; null means the stock system font.
 TEXTMETRICA Metrics_Of(HFONT font);
 
 /// Width of a text in pixels, with 3 average characters added for every tab.
-int Width_Of(HFONT font, const char* text);
+int Width_Of(HFONT font, std::string_view text);
 
-/// Writes the first 255 bytes of `text`, top-left at (x, y) of the context, with a tab stop every 4 average
-/// characters.
+/// Writes `text`, as far as whole characters fit into 255 bytes, top-left at (x, y) of the context, with a
+/// tab stop every 4 average characters.
 /// @param metrics  of the font in place
-void Write_Tabbed(HDC dc, int x, int y, const char* text, const TEXTMETRICA& metrics);
+void Write_Tabbed(HDC dc, int x, int y, std::string_view text, const TEXTMETRICA& metrics);
 
 /// `Text_Width` of the font in place on `dc`.
-int Extent_In_Place(HDC dc, const char* text);
+int Extent_In_Place(HDC dc, std::string_view text);
 
 /// Metrics of the font in place on `dc`.
 TEXTMETRICA Metrics_In_Place(HDC dc);

@@ -6,30 +6,29 @@
 
 namespace galdren {
 
-constexpr unsigned long Black = 0x000000;
-constexpr unsigned long White = 0xFFFFFF;
-constexpr unsigned long Light_Grey = 0xD8D8D8;    // the lit side of an edge
-constexpr unsigned long Dark_Grey = 0x6E6E6E;     // its side in the shade
-constexpr unsigned long Outline_Blue = 0xE64040;  // red 64, green 64, blue 230
-
-/// Colour of a highlighted body.
-inline Colors Highlight_Color() { return {230, 100, 100}; }
-
-/// The shaded frame; see `Tools::Cadre`.
+/// The shaded frame; see `Tools::Cadre`. Its rim is a line wide.
 void Paint_Frame(Canvas& canvas, Colors color, unsigned long flags, bool sunken, int width, const Area& area);
 
 /// Where the second, inset frame stands in an area.
-inline Area Inner_Frame_Of(const Area& area) {
-    constexpr int Margin = 5;
-    return {area.left + Margin, area.right - Margin - 1, area.bottom + Margin, area.top - Margin - 1};
+inline Area Inner_Frame_Of(const Tools_Fields& control, const Area& area) {
+    const int margin = Scaled(control, 5);
+    return {area.left + margin, area.right - margin - 1, area.bottom + margin, area.top - margin - 1};
 }
 
-/// The blue outline; see `Tools::Cadre_Outline`.
+/// The outline; see `Tools::Cadre_Outline`.
 void Paint_Outline(Canvas& canvas, const Area& area);
 
 /// Whether `buffer` may be read at the control's present size: generated shading was made for another one
 /// when `Init` did not renew it, and an image for the size that `Init` saw.
 bool Fits_Size(const Tools_Fields& control, const void* buffer);
+
+/// What is known of a buffer that is an image given at another scale; null for any other buffer.
+const Given_Image* Zoomed_Image(const Tools_Fields& control, const void* buffer);
+
+/// Paints an image that was given at another scale in the middle of its control, where that is in an area.
+/// @param corner  bottom-left pixel of an image as large as the control
+void Paint_Zoomed(Canvas& canvas, const Tools_Fields& control, const Given_Image& image, POINT corner,
+                  const Area& area);
 
 /// The body; see `Tools::Fill_Select`.
 void Paint_Body(Canvas& canvas, const Tools_Fields& control, bool highlighted, const void* buffer,

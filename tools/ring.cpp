@@ -1,5 +1,7 @@
 #include "tools/ring.h"
 
+#include <algorithm>
+
 #include "tools/area.h"
 #include "tools/lock.h"
 #include "tools/window.h"
@@ -13,18 +15,19 @@ struct Ring {
     COLORREF outside;
     HWND window = nullptr;  // null while there is none
     RECT area{};            // see `Set_Ring`
+    int line = 1;           // thickness of each of its lines
 };
 
 Ring The_Ring{RGB(0, 0, 0)};
 Ring The_Outline{RGB(224, 0, 0)};
 
-/// Fills what a frame of one pixel has in common with a rectangle.
-void Paint_Frame(HDC dc, const RECT& frame, const RECT& limit) {
+/// Fills what a frame has in common with a rectangle.
+void Paint_Frame(HDC dc, const RECT& frame, int line, const RECT& limit) {
     const auto brush = static_cast<HBRUSH>(GetStockObject(DC_BRUSH));
-    for (const RECT& side : {RECT{frame.left, frame.top, frame.right, frame.top + 1},
-                             RECT{frame.left, frame.bottom - 1, frame.right, frame.bottom},
-                             RECT{frame.left, frame.top, frame.left + 1, frame.bottom},
-                             RECT{frame.right - 1, frame.top, frame.right, frame.bottom}}) {
+    for (const RECT& side : {RECT{frame.left, frame.top, frame.right, frame.top + line},
+                             RECT{frame.left, frame.bottom - line, frame.right, frame.bottom},
+                             RECT{frame.left, frame.top, frame.left + line, frame.bottom},
+                             RECT{frame.right - line, frame.top, frame.right, frame.bottom}}) {
         const RECT shown = Common(side, limit);
         if (!Is_Empty(shown)) FillRect(dc, &shown, brush);
     }
@@ -36,18 +39,19 @@ void Paint(const Ring& ring, HDC dc, const RECT& painted) {
     RECT frame{ring.area.left, height - ring.area.bottom, ring.area.right, height - ring.area.top};
     // The context may be one that is not reset for the next who takes it.
     const COLORREF before = SetDCBrushColor(dc, Light);
-    InflateRect(&frame, 1, 1);
-    Paint_Frame(dc, frame, painted);
+    InflateRect(&frame, ring.line, ring.line);
+    Paint_Frame(dc, frame, ring.line, painted);
     SetDCBrushColor(dc, ring.outside);
-    InflateRect(&frame, 1, 1);
-    Paint_Frame(dc, frame, painted);
+    InflateRect(&frame, ring.line, ring.line);
+    Paint_Frame(dc, frame, ring.line, painted);
     SetDCBrushColor(dc, before);
 }
 
-void Show(Ring& ring, HWND window, const RECT& area) {
+void Show(Ring& ring, HWND window, const RECT& area, int line) {
     const Drawing_Lock lock;
     ring.window = window;
     ring.area = area;
+    ring.line = std::max(line, 1);
     const SIZE client = Client_Size(window);
     Paint_Rings(window, Window_Context(window).Get(), {0, 0, client.cx, client.cy});
 }
@@ -72,10 +76,10 @@ void Paint_Rings(HWND window, HDC dc, const RECT& painted) {
 
 }  // namespace galdren
 
-void Set_Ring(HWND window, const RECT& area) { Show(The_Ring, window, area); }
+void Set_Ring(HWND window, const RECT& area, int line) { Show(The_Ring, window, area, line); }
 
 void Clear_Ring(HWND window) { Forget(The_Ring, window); }
 
-void Set_Outline(HWND window, const RECT& area) { Show(The_Outline, window, area); }
+void Set_Outline(HWND window, const RECT& area) { Show(The_Outline, window, area, 1); }
 
 void Clear_Outline(HWND window) { Forget(The_Outline, window); }

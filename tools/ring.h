@@ -7,12 +7,13 @@
 
 #include "api.h"
 
-/// Shows a ring of two pixels, dark outside and light inside, around a rectangle of a window. It is on the
+/// Shows a ring of two lines, dark outside and light inside, around a rectangle of a window. It is on the
 /// window alone, not in pictures that are held, and stays above whatever members paint. There is one ring in
 /// a process, as there is one keyboard: one shown before is forgotten, and what it covered is to be painted
 /// anew by whoever showed it.
 /// @param area  what is inside the ring, like `Tools::Rect`: logical pixels, `top` the lower y
-GALDREN_TOOLS_API void Set_Ring(HWND window, const RECT& area);
+/// @param line  thickness of each line in pixels; below 1 counts as 1
+GALDREN_TOOLS_API void Set_Ring(HWND window, const RECT& area, int line = 1);
 
 /// Forgets the ring of a window; one of another window stays.
 GALDREN_TOOLS_API void Clear_Ring(HWND window);
@@ -26,7 +27,7 @@ GALDREN_TOOLS_API void Clear_Outline(HWND window);
 
 namespace galdren {
 
-/// Width of ring and outline in pixels.
+/// Width of a ring with lines of one pixel, and of the outline.
 constexpr int Ring_Width = 2;
 
 /// Whether a window has the ring or the outline.

@@ -10,6 +10,7 @@
 
 #include "tools/arithmetic.h"
 #include "tools/dimensions.h"
+#include "tools/look.h"
 #include "tools/sharing.h"
 #include "util/error.h"
 #include "util/program.h"
@@ -23,6 +24,7 @@ struct Shading {
     int width;            ///< at least 1
     int height;           ///< at least 1
     int border;           ///< not negative
+    int ramp;             ///< strength in percent
     unsigned long color;  ///< pixel form
 
     auto operator<=>(const Shading&) const = default;
@@ -49,14 +51,17 @@ std::array<unsigned long, 2 * Farthest + 1> Make_Ramp(unsigned long color) {
 }
 
 /// Part of the offset that position `i` of `count` brings; none where there is no room for a body.
-float Share_Of_Offset(int i, int count) {
-    return count < 1 ? 0.0F : static_cast<float>(i) * (100.0F / static_cast<float>(count)) - 50.0F;
+float Share_Of_Offset(int i, int count, int ramp) {
+    const auto whole = static_cast<float>(ramp);
+    return count < 1 ? 0.0F : static_cast<float>(i) * (whole / static_cast<float>(count)) - whole / 2;
 }
 
 Shading Shading_Of(const Tools_Fields& control, const Colors& color) {
     const int border = Magnitude(control.Border);
+    const Theme& theme = Theme_Of(control);
     return {std::max(int{control.Width}, 1), std::max(int{control.Height}, 1),
-            border ? border : Magnitude(BORDER), color.get_invert()};
+            border ? border : Scaled(control, Magnitude(BORDER)), theme.Ramp,
+            Body_Color(theme, color).get_invert()};
 }
 
 std::size_t Pixels_Of(const Shading& shading) {
@@ -74,10 +79,11 @@ unsigned long* Make_Body(const Shading& shading, int margin) {
     const int columns = shading.width - 2 * shading.border;
     const int rows = shading.height - 2 * shading.border;
     for (int y = margin; y < shading.height - margin; ++y) {
-        const float row_offset = Share_Of_Offset(y - shading.border, rows);
+        const float row_offset = Share_Of_Offset(y - shading.border, rows, shading.ramp);
         unsigned long* const row = pixels + std::ptrdiff_t{y} * shading.width;
         for (int x = margin; x < shading.width - margin; ++x) {
-            const auto offset = static_cast<int>(Share_Of_Offset(x - shading.border, columns) + row_offset);
+            const auto offset =
+                static_cast<int>(Share_Of_Offset(x - shading.border, columns, shading.ramp) + row_offset);
             row[x] = ramp[static_cast<std::size_t>(std::clamp(offset, -Farthest, Farthest) + Farthest)];
         }
     }

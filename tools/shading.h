@@ -17,8 +17,8 @@ void Expect_Other_Control();
 /// Null when the memory cannot be had, or for more pixels than may be generated.
 unsigned long* Make_Shading(const Tools_Fields& control, const Colors& color);
 
-/// Replaces generated shading by that of `color` at the control's present size. The ramp goes on outside the
-/// border, for a body may be painted with another one.
+/// Replaces generated shading by that of `color` at the control's present size, as its theme has it. The ramp
+/// goes on outside the border, for a body may be painted with another one.
 void Renew_Shading(const Tools_Fields& control, unsigned long*& own, const Colors& color);
 
 /// Number of pixels of generated shading; 0 when the buffer is none.

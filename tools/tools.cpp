@@ -7,8 +7,10 @@
 #include <new>
 
 #include "tools/base.h"
+#include "tools/code_page.h"
 #include "tools/font_cache.h"
 #include "tools/sharing.h"
+#include "tools/stamp.h"
 #include "util/error.h"
 #include "util/program.h"
 
@@ -39,7 +41,8 @@ int Format_Name(char* text, std::size_t room, const char* format, va_list argume
 
 /// Replaces `image` by a new one of the control's size, unless the other image is the same.
 bool Renew_Image(const Tools& control, unsigned long*& image, const unsigned long* other_image,
-                 unsigned long fill, int report_line) {
+                 Given_Image& given, unsigned long fill, int report_line) {
+    given = {};  // the new one may come to stand at the same address
     if (image != other_image) Release_Array(image);
     const auto width = std::size_t(std::max<short>(control.Width, 0));
     const auto height = std::size_t(std::max<short>(control.Height, 0));
@@ -82,6 +85,7 @@ Tools::Tools(const Tools& other) : Tools_Fields(other) {
     Share_Font(Font);
     Share_Array(Graph_Select);
     if (Graph_Normal != Graph_Select) Share_Array(Graph_Normal);
+    Share_Array(Icon_Pixels);
 }
 
 Tools& Tools::operator=(const Tools& other) { return Reassign(*this, other); }
@@ -92,21 +96,27 @@ Tools::~Tools() {
     Release_Font(Font);
     Release_Array(Graph_Select);
     if (Graph_Normal != Graph_Select) Release_Array(Graph_Normal);
+    Release_Array(Icon_Pixels);
     State = 0;
 }
 
 void* Tools::Free(void* p) {
+    for (Given_Image* given : {&Given_Normal, &Given_Select}) {
+        if (p == given->Pixels) *given = {};
+    }
     Release_Array(p);
     return nullptr;
 }
 
 int Tools::Alloc_Graph_Normal(unsigned long fill) {
-    return Renew_Image(*this, Graph_Normal, Graph_Select, fill, Line_Of_Normal);
+    return Renew_Image(*this, Graph_Normal, Graph_Select, Given_Normal, fill, Line_Of_Normal);
 }
 
 int Tools::Alloc_Graph_Select(unsigned long fill) {
-    return Renew_Image(*this, Graph_Select, Graph_Normal, fill, Line_Of_Select);
+    return Renew_Image(*this, Graph_Select, Graph_Normal, Given_Select, fill, Line_Of_Select);
 }
+
+int Tools::Icon(const char* file) { return Read_Icon_Pixels(*this, file); }
 
 void Tools::Clear() {
     Check(*this, "Tools::Clear");
@@ -126,15 +136,15 @@ int Tools::Set_Name(const char* format, ...) {
         return 0;
     }
     // Formatted before the old name goes: it may be among the arguments.
-    constexpr std::size_t Longest = 1024;
-    char text[Longest];
+    constexpr int Longest = 1023;
+    char text[Longest + Longest_Character + 1];
     va_list arguments;
     va_start(arguments, format);
     const int length = Format_Name(text, sizeof text, format, arguments);
     va_end(arguments);
     Release_Owned_Name(*this);
     if (length < 0) return 0;
-    char* name = Duplicate({text, std::min(static_cast<std::size_t>(length), Longest - 1)});
+    char* name = Duplicate({text, static_cast<std::size_t>(Length_Within(text, Longest))});
     if (!name) {
         Report_No_Memory(Line_Of_Name);
         return 0;
@@ -193,7 +203,7 @@ unsigned long* Tools::Inside_3D(Colors c) { return Make_Shading(*this, c); }
 void Tools::Text(HFONT font, const char* text, long flags, short x, short y, short w, short h, short border) {
     if (!text || !*text) return;
     const Area area{x, x + w, y, y + h};
-    Canvas canvas(*this, Caption_Reach(font, text, static_cast<unsigned long>(flags), area, border));
+    Canvas canvas(*this, Caption_Reach(*this, font, text, static_cast<unsigned long>(flags), area, border));
     Paint_Caption(canvas, font, text, static_cast<unsigned long>(flags), area, border);
 }
 
@@ -203,3 +213,22 @@ void Tools::Arrow(short direction, short inset, short size, short x, short w, sh
     Canvas canvas(*this, Turned(area, size + std::abs(inset) + 4));
     Paint_Arrow(canvas, direction, inset, size, area);
 }
+
+void Tools::Blit(const unsigned long* pixels, short width, short height, short x, short y) {
+    if (!pixels || width < 1 || height < 1) return;
+    const Area area{x, x + width - 1, y, y + height - 1};
+    Canvas canvas(*this, Covering(area));
+    canvas.Pixels(pixels, width, height, 0, 0, area);
+}
+
+bool Tools::Prepare(HWND window) {
+    if (!Begin_Init(*this, window, "Tools::Prepare")) return false;
+    Bind(*this, window);
+    Renew_Font(*this);
+    Note_Size(*this);
+    return true;
+}
+
+void Tools::Adopt(Tools& part) const { Copy_Surroundings(part, *this); }
+
+bool Tools::Is_Pointed() const { return Pointer_Inside(*this); }

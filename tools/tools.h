@@ -39,6 +39,18 @@ class GALDREN_TOOLS_API Tools : public Tools_Fields {
     /// Replaces `Graph_Select`; see `Alloc_Graph_Normal`.
     int Alloc_Graph_Select(unsigned long fill);
 
+    /// Reads a picture for the body of a box or a button, in place of images that it has. The next `Init`
+    /// makes `Graph_Normal` and `Graph_Select` of it, and any that changes size, colour, scale or theme makes
+    /// them anew: the shading of the control and of the highlight, with the picture in the middle, blended
+    /// over it. One that is too large is made smaller, its proportions kept; at a scale one that has room is
+    /// enlarged by a whole factor. An image that the application puts in place of these ends that.
+    /// @param file  a Targa image when the name holds ".tga", else an SGI image. The last channel of 2 or 4
+    /// is
+    ///              opacity in a Targa image, and its opposite in an SGI image, as in those of `Icon_Read`
+    /// @return 1; 0 with nothing changed when it cannot be read (reported at level 11) or there is no memory
+    ///         (reported at level 1)
+    int Icon(const char* file);
+
     /// Fills the control's rectangle, right column and top row included, with `Color`.
     void Clear();
     /// Fills the control's rectangle with `c`, one row higher than `Clear()` does.
@@ -94,4 +106,22 @@ class GALDREN_TOOLS_API Tools : public Tools_Fields {
     /// @param inset      margin kept free
     /// @param size       length of the arrow's zone; nothing is painted unless it is above `inset`
     void Arrow(short direction, short inset, short size, short x, short w, short y, short h);
+
+    /// Paints pixels in the pixel form, rows top-down, with their bottom-left one at (x, y).
+    /// @param pixels  `width` x `height` of them; null paints nothing
+    void Blit(const unsigned long* pixels, short width, short height, short x, short y);
+
+    /// @name For the `Init` and the `Select` of an application's own controls
+    /// @{
+
+    /// Binds the control to a window: `Window`, `Rect`, `Region` and `Font` are then as in every control.
+    /// @param window  null keeps the window of the last time; without any it is reported at level 11
+    /// @return false when there is nothing to bind: no size, or no window
+    bool Prepare(HWND window);
+    /// Gives a part what the control has around it: text clip rectangle, scale and theme. It is cut at the
+    /// control's edges, and hidden with it. Before the `Init` of the part.
+    void Adopt(Tools& part) const;
+    /// Whether the pointer is inside the hit rectangle.
+    bool Is_Pointed() const;
+    /// @}
 };

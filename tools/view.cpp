@@ -108,9 +108,13 @@ void View::Use(Sheet& used) {
 }
 
 /// Paints inside another view of the window. A control elsewhere in the window, painted meanwhile to show a
-/// report, is none of its parts.
+/// report, is none of its parts. Where nothing of a control is seen, nothing of its parts is.
 bool View::Join(const Reach& reach) {
-    if (!outer->sheet && !outer->dc) return false;
+    const bool is_context_only = outer->client.cx == 0;
+    if (!outer->sheet && !outer->dc) {
+        client = outer->client;
+        return reach.is_part && !is_context_only;
+    }
     const RECT needed = Common(Device_Of(reach.area, outer->client.cy), Box_Of(outer->client));
     const bool fits = !outer->sheet || Is_Empty(needed) || !Is_Empty(Common(needed, outer->sheet->place));
     if (!fits && !reach.is_part) return false;

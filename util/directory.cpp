@@ -10,34 +10,16 @@
 #include <vector>
 
 #include "util/silent_drives.h"
+#include "util/wide.h"
 
 // Everything is asked of the system in UTF-16: paths may be longer than MAX_PATH then, and what the code page
 // cannot express is noticed.
 
 namespace {
 
+using galdren::Narrow;
 using galdren::Silent_Drives;
-
-std::wstring Widen(const char* text) {
-    const auto length = static_cast<int>(std::strlen(text));
-    std::wstring wide(static_cast<std::size_t>(length), L'\0');
-    const int made = MultiByteToWideChar(CP_ACP, 0, text, length, wide.data(), length);
-    wide.resize(static_cast<std::size_t>(made));
-    return wide;
-}
-
-/// Converts to the code page.
-/// @param exact  receives whether converting back gives the same
-std::string Narrow(const std::wstring& wide, bool& exact) {
-    constexpr int Most_Bytes = 4;  // of a character
-    const auto length = static_cast<int>(wide.size());
-    std::string text(wide.size() * Most_Bytes, '\0');
-    const int made = WideCharToMultiByte(CP_ACP, 0, wide.data(), length, text.data(), Most_Bytes * length,
-                                         nullptr, nullptr);
-    text.resize(static_cast<std::size_t>(made));
-    exact = Widen(text.c_str()) == wide;
-    return text;
-}
+using galdren::To_Wide;
 
 /// The absolute form of a path; empty when it has none.
 std::wstring Full_Path(const std::wstring& path) {
@@ -55,7 +37,7 @@ void End_With_Backslash(std::wstring& path) {
 /// The form of a directory's path that is not bound to MAX_PATH, with a trailing backslash; empty when there
 /// is none.
 std::wstring Long_Form(const char* path) {
-    std::wstring full = path ? Full_Path(Widen(path)) : std::wstring();
+    std::wstring full = path ? Full_Path(To_Wide(path)) : std::wstring();
     End_With_Backslash(full);
     if (full.empty() || full.starts_with(L"\\\\?\\") || full.starts_with(L"\\\\.\\")) return full;
     return full.starts_with(L"\\\\") ? L"\\\\?\\UNC" + full.substr(1) : L"\\\\?\\" + full;
@@ -150,18 +132,21 @@ class Listing {
 /// Adds a directory with what one look into it tells.
 /// @param place  path of the directory that it is in
 void Add_Entry(Listing& listing, const std::wstring& place, const wchar_t* wide_name) {
-    bool exact = false;
-    const std::string name = Narrow(wide_name, exact);
+    std::string name;
     // No path in the code page leads to a directory whose name is not in it.
-    if (!exact) return listing.Add(name, 1, 0);
+    if (!Narrow(wide_name, name)) return listing.Add(name, 1, 0);
     Directory_Search below(place + wide_name + L'\\');
     listing.Add(name, !below.Is_Listable(), below.Finds_Undotted());
 }
 
-void Lower_Ascii(char* text) {
-    for (; *text; ++text) {
-        if (*text >= 'A' && *text <= 'Z') *text = static_cast<char>(*text - 'A' + 'a');
-    }
+/// Puts the small letter in the place of a coded character, unless it takes more or fewer bytes.
+void Lower_Character(char* text, int bytes, unsigned code) {
+    if (code > 0xFFFF) return;
+    const auto small = static_cast<wchar_t>(
+        reinterpret_cast<ULONG_PTR>(CharLowerW(reinterpret_cast<LPWSTR>(ULONG_PTR{code}))));
+    char changed[4];
+    if (small != code && Text_From_Wide(&small, 1, changed, sizeof changed) == bytes)
+        std::memcpy(text, changed, static_cast<std::size_t>(bytes));
 }
 
 }  // namespace
@@ -191,11 +176,10 @@ int Is_Tree(const char* path) try {
 }
 
 int Path_To_Abs(char* path, size_t size) try {
-    std::wstring full = path ? Full_Path(Widen(path)) : std::wstring();
+    std::wstring full = path ? Full_Path(To_Wide(path)) : std::wstring();
     End_With_Backslash(full);
-    bool exact = false;
-    const std::string text = Narrow(full, exact);
-    if (text.empty() || !exact || text.size() >= size) return 0;
+    std::string text;
+    if (!Narrow(full, text) || text.empty() || text.size() >= size) return 0;
     std::memcpy(path, text.c_str(), text.size() + 1);
     return 1;
 } catch (const std::bad_alloc&) {
@@ -204,13 +188,15 @@ int Path_To_Abs(char* path, size_t size) try {
 
 char* Str_To_Lower(char* text) {
     const int length = text ? static_cast<int>(std::strlen(text)) : 0;
-    if (length == 0) return text;
-    const int made =
-        LCMapStringA(LOCALE_SYSTEM_DEFAULT, LCMAP_LOWERCASE | LOCALE_USE_CP_ACP, text, length, text, length);
-    if (made > 0) {
-        text[made] = '\0';
-    } else {
-        Lower_Ascii(text);  // some letter takes more bytes when it is small
+    for (int at = 0; at < length;) {
+        unsigned code = 0;
+        const int bytes = Text_Decode(text + at, length - at, &code);
+        if (code >= 'A' && code <= 'Z') {
+            text[at] = static_cast<char>(text[at] - 'A' + 'a');
+        } else if (code >= 0x80) {
+            Lower_Character(text + at, bytes, code);
+        }
+        at += bytes;
     }
     return text;
 }

@@ -17,8 +17,9 @@ typedef struct Scan_Entry {
 
 /// Lists the directories in a directory, in the order in which the system has them, without "." and "..".
 ///
-/// Texts are in the system's code page. A directory whose name is not in it is listed with other characters
-/// in the place of those that are missing, and as one that cannot be listed, since no path leads to it.
+/// Texts are in the code page of `Set_Text_Code_Page`. A directory whose name is not in it is listed with
+/// other characters in the place of those that are missing, and as one that cannot be listed, since no path
+/// leads to it.
 /// @param path  a directory, with or without a trailing backslash; may be longer than MAX_PATH
 /// @return the listing, to be given back with `Scan_Free`; null when the directory cannot be listed
 GALDREN_UTIL_API Scan_Entry* Scan_Dir(const char* path);
@@ -36,8 +37,8 @@ GALDREN_UTIL_API int Is_Tree(const char* path);
 /// @return 1; 0, with `path` left as it was, when it has no absolute form or that has no room
 GALDREN_UTIL_API int Path_To_Abs(char* path, size_t size);
 
-/// Turns the capital letters of a text into small ones, in place, also those beyond ASCII in the system's
-/// code page.
+/// Turns the capital letters of a text into small ones, in place, also those beyond ASCII. One whose small
+/// letter takes another number of bytes stays.
 /// @return `text`, which may be null
 GALDREN_UTIL_API char* Str_To_Lower(char* text);
 }

@@ -5,10 +5,15 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <new>
+#include <string_view>
 
 #include "util/program.h"
+#include "util/wide.h"
 
 namespace {
+
+using galdren::Longest_Character;
 
 constexpr int Default_Level = ERROR_LEVEL_WARNING;
 constexpr std::size_t Longest_Report = 2048;
@@ -33,17 +38,22 @@ void Drop_Cut_Conversion(char* format) {
     }
 }
 
-/// Copies a format without its style bytes, and cuts what is longer than any report. Names and paths are
-/// among the arguments: there the same bytes are letters.
+/// Copies a format without its style bytes, and cuts what is longer than any report. In letters of several
+/// bytes, and in names and paths, which are among the arguments, the same bytes are no styles.
 void Strip_Styles(const char* format, char (&plain)[Longest_Format]) {
     constexpr unsigned char Style = 0xF1;  // followed by the code of the style
     constexpr unsigned char Plain = 0x01;
     constexpr unsigned char Strong = 0x02;
     std::size_t length = 0;
     const char* in = format;
-    for (; *in && length < Longest_Format - 1; ++in) {
+    for (; *in && length < Longest_Format - Longest_Character; ++in) {
         const auto byte = static_cast<unsigned char>(*in);
-        if (byte == Style) {
+        const int bytes = Text_Decode(in, static_cast<int>(strnlen(in, Longest_Character)), nullptr);
+        if (bytes > 1) {
+            std::memcpy(plain + length, in, static_cast<std::size_t>(bytes));
+            length += static_cast<std::size_t>(bytes);
+            in += bytes - 1;
+        } else if (byte == Style) {
             if (in[1]) ++in;
         } else if (byte != Plain && byte != Strong) {
             plain[length++] = *in;
@@ -51,6 +61,25 @@ void Strip_Styles(const char* format, char (&plain)[Longest_Format]) {
     }
     plain[length] = '\0';
     if (*in) Drop_Cut_Conversion(plain);
+}
+
+/// Cuts a text at a whole character.
+void Cut(char* text) {
+    constexpr int Longest = Longest_Report - 1;
+    const auto length = static_cast<int>(std::strlen(text));
+    int at = 0;
+    while (length > Longest && at < length) {
+        const int next = at + Text_Decode(text + at, length - at, nullptr);
+        if (next > Longest) break;
+        at = next;
+    }
+    if (length > Longest) text[at] = '\0';
+}
+
+void Write_To_Debugger(std::string_view line) try {
+    OutputDebugStringW(galdren::To_Wide(line).c_str());
+} catch (const std::bad_alloc&) {
+    return;  // it stands on standard error
 }
 
 void Report_Standard(const char* text) {
@@ -61,7 +90,7 @@ void Report_Standard(const char* text) {
     std::snprintf(line, sizeof line, "%s: %s%s", program, text, line_end);
     std::fputs(line, stderr);
     std::fflush(stderr);  // a crash that follows must not take it along
-    OutputDebugStringA(line);
+    Write_To_Debugger(line);
 }
 
 }  // namespace
@@ -70,12 +99,13 @@ void Error_Fct(HWND window, int level, const char* format, ...) {
     if (!format || level > Level.load()) return;
     char plain[Longest_Format];
     Strip_Styles(format, plain);
-    char text[Longest_Report];
+    char text[Longest_Report + Longest_Character];
     va_list arguments;
     va_start(arguments, format);
     const int length = std::vsnprintf(text, sizeof text, plain, arguments);
     va_end(arguments);
     if (length < 0) return;
+    Cut(text);
     if (const Error_Handler handler = Handler.load()) {
         handler(window, level, text);
     } else {

@@ -9,6 +9,7 @@
 
 #include "util/error.h"
 #include "util/image_decode.h"
+#include "util/open_file.h"
 #include "util/program.h"
 
 namespace {
@@ -17,11 +18,6 @@ using namespace galdren;
 
 /// Twice the bytes of the largest picture that is read.
 constexpr long long Largest_File = 1LL << 29;
-
-struct File_Closer {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-};
-using File = std::unique_ptr<std::FILE, File_Closer>;
 
 /// All bytes of a file.
 class Contents {
@@ -46,7 +42,7 @@ class Contents {
 
 /// A file that cannot be opened is no news: the fault has no text, for the caller knows better what to say.
 Fault Read_And_Decode(const char* path, Decoder decode, Image_Owner& image) {
-    const File file(std::fopen(path, "rb"));
+    const File file = Open_To_Read(path);
     if (!file) return {errno, ""};
     Contents contents;
     if (const Fault fault = contents.Read(file.get())) return fault;

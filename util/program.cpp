@@ -1,17 +1,33 @@
 #include "util/program.h"
 
-#include <cstring>
+#include <string_view>
+
+#include "util/code_page.h"
+#include "util/program_name.h"
 
 namespace {
 
+constexpr int Longest = 4 * MAX_PATH;  // bytes
+
 /// Path of the file that `module` was loaded from; null stands for the program itself. Empty when it is
 /// longer than a path can be.
-struct Module_Path {
-    char text[MAX_PATH];
+class Module_Path {
+  public:
     explicit Module_Path(HMODULE module) {
-        const DWORD length = GetModuleFileNameA(module, text, MAX_PATH);
-        if (length == 0 || length >= MAX_PATH) text[0] = '\0';
+        const DWORD length = GetModuleFileNameW(module, units, MAX_PATH);
+        if (length < MAX_PATH) whole = {units, length};
     }
+    /// With a backslash at its end.
+    std::wstring_view Directory() const { return whole.substr(0, whole.rfind(L'\\') + 1); }
+    /// Without directory and extension.
+    std::wstring_view Name() const {
+        const std::wstring_view file = whole.substr(Directory().size());
+        return file.substr(0, file.rfind(L'.'));
+    }
+
+  private:
+    wchar_t units[MAX_PATH];
+    std::wstring_view whole;
 };
 
 /// The module that holds this code: the DLL, or the program when linked statically.
@@ -22,21 +38,27 @@ HMODULE This_Module() {
     return module;
 }
 
+const char* Write(std::wstring_view wide, char (&text)[Longest]) {
+    text[Text_From_Wide(wide.data(), static_cast<int>(wide.size()), text, Longest - 1)] = '\0';
+    return text;
+}
+
 const char* Directory_Of_Library() {
-    static Module_Path path(This_Module());
-    if (char* last = std::strrchr(path.text, '\\')) last[1] = '\0';
-    return path.text;
+    static char text[Longest];
+    return Write(Module_Path(This_Module()).Directory(), text);
 }
 
 const char* Name_Of_Program() {
-    static Module_Path path(nullptr);
-    char* last = std::strrchr(path.text, '\\');
-    char* name = last ? last + 1 : path.text;
-    if (char* extension = std::strrchr(name, '.')) *extension = '\0';
-    return name;
+    static char text[Longest];
+    return Write(Module_Path(nullptr).Name(), text);
 }
 
 }  // namespace
+
+void galdren::Name_Program() {
+    Directory_Of_Library();
+    Name_Of_Program();
+}
 
 HWND hwnd = nullptr;
 const char* Inst_Path = Directory_Of_Library();

@@ -18,11 +18,11 @@ void Paint_Name(Canvas& canvas, const Boxs& box) {
 void Paint_Look(Canvas& canvas, const Boxs& box, bool highlighted) {
     const Area area = Area_Of(box);
     if (Has_Flag(box, FLAG_INNER_FRAME)) {
-        const Area inner = Inner_Frame_Of(area);
-        Paint_Body(canvas, box, highlighted, BORDER + 1,
+        const Area inner = Inner_Frame_Of(box, area);
+        Paint_Body(canvas, box, highlighted, Scaled(box, BORDER) + canvas.Line(),
                    {inner.left, inner.right + 1, inner.bottom + 1, inner.top + 1});
     } else {
-        Paint_Body(canvas, box, highlighted, Frame_Width(box) + 1, area);
+        Paint_Body(canvas, box, highlighted, Frame_Width(box) + canvas.Line(), area);
     }
     Paint_Name(canvas, box);
 }
@@ -32,7 +32,7 @@ void Paint_Frames(Canvas& canvas, const Boxs& box) {
     const Area area = Area_Of(box);
     Paint_Frame(canvas, box.Color, box.Flag, !raised, Frame_Width(box), area);
     if (!Has_Flag(box, FLAG_INNER_FRAME)) return;
-    Area inner = Inner_Frame_Of(area);
+    Area inner = Inner_Frame_Of(box, area);
     ++(raised ? inner.left : inner.bottom);
     Paint_Frame(canvas, box.Color, 0, false, Frame_Width(box), inner);
 }
@@ -70,7 +70,7 @@ void Boxs::Init(HWND window) {
             Cur_Graph_Normal = Own_Graph_Normal;
         }
         if (images.select_needed) {
-            Renew_Shading(*this, Own_Graph_Select, Highlight_Color());
+            Renew_Shading(*this, Own_Graph_Select, Highlight_Color(*this));
             Cur_Graph_Select = Own_Graph_Select;
         }
     }

@@ -13,30 +13,29 @@ using namespace galdren;
 
 namespace {
 
-constexpr int Lamp_Width = 8;
+int Lamp_Width(const Buttons& button) { return Scaled(button, 8); }
 
 unsigned long Lamp_Color(const Buttons& button) {
-    constexpr unsigned long Grey = 0xAAAAAA;
-    constexpr unsigned long Yellow = 0x00FFFF;
-    constexpr unsigned long Red = 0x0000FF;
-    constexpr unsigned long Numbered[] = {Grey, 0x00FF00, 0xFF0000, Yellow};
-    if (button.Lamp && !Has_Flag(button, BUTTON_LAMP_COLORS)) return Yellow;
-    return button.Lamp >= 0 && button.Lamp < int(std::size(Numbered)) ? Numbered[button.Lamp] : Red;
+    const Theme& theme = Theme_Of(button);
+    const auto [green, blue, red] = theme.Lamps;
+    const unsigned long numbered[] = {theme.Blank, green, blue, theme.Mark};
+    if (button.Lamp && !Has_Flag(button, BUTTON_LAMP_COLORS)) return theme.Mark;
+    return button.Lamp >= 0 && button.Lamp < int(std::size(numbered)) ? numbered[button.Lamp] : red;
 }
 
 /// The lamp stands `SPACE` pixels from the left edge, centred, as high as the body but at most as that of a
 /// button of the common size.
 Area Lamp_Area(const Buttons& button) {
-    const int height = std::min(button.Height, BUT_DIM);
-    const int margin = 2 * Frame_Thickness(button) + 4;
-    const int left = button.X + SPACE;
-    return {left, left + Lamp_Width, button.Y + ((button.Height - height + margin) >> 1),
+    const int height = std::min<int>(button.Height, Scaled(button, BUT_DIM));
+    const int margin = 2 * Frame_Thickness(button) + Scaled(button, 4);
+    const int left = button.X + Scaled(button, SPACE);
+    return {left, left + Lamp_Width(button), button.Y + ((button.Height - height + margin) >> 1),
             button.Y + ((height - margin + button.Height) >> 1)};
 }
 
 void Paint_Lamp(Canvas& canvas, const Buttons& button) {
     if (!Has_Flag(button, BUTTON_LAMP)) return;
-    const int frame = std::max(Frame_Thickness(button) - 1, 1);
+    const int frame = std::max(Frame_Thickness(button) - canvas.Line(), 1);
     const Area lamp = Lamp_Area(button);
     canvas.Box(lamp.Inset(frame), Lamp_Color(button));
     Paint_Frame(canvas, button.Color, 0, true, frame, lamp);
@@ -48,31 +47,34 @@ unsigned long Caption_Flags(const Buttons& button) {
 
 void Paint_Name(Canvas& canvas, const Buttons& button, unsigned long flags) {
     Area area = Area_Of(button);
-    if (Has_Flag(button, BUTTON_LAMP)) area.left += Lamp_Width;
+    if (Has_Flag(button, BUTTON_LAMP)) area.left += Lamp_Width(button);
     Paint_Caption(canvas, button.Font, button.Name, flags, area, button.Border);
 }
 
 void Paint_Look(Canvas& canvas, const Buttons& button, bool highlighted, bool with_lamp) {
-    Paint_Body(canvas, button, highlighted, Frame_Thickness(button) + 1, Area_Of(button));
+    Paint_Body(canvas, button, highlighted, Body_Inset(button), Area_Of(button));
     if (with_lamp) Paint_Lamp(canvas, button);
     Paint_Name(canvas, button, Caption_Flags(button));
 }
 
 void Renew_Bodies(Buttons& button) {
+    const Theme& theme = Theme_Of(button);
     const Images images = Take_Images(button);
     if (images.normal_taken) button.Normal_Up = button.Normal_Down = button.Graph_Normal;
     if (images.select_taken) button.Select_Up = button.Select_Down = button.Graph_Select;
     if (images.normal_needed) {
+        const int darker = theme.Darker_Down;
         Colors down = button.Color;
-        down -= Colors(40, 40, 40);
+        down -= Colors(darker, darker, darker);
         Renew_Shading(button, button.Own_Normal_Up, button.Color);
         Renew_Shading(button, button.Own_Normal_Down, down);
         button.Normal_Up = button.Own_Normal_Up;
         button.Normal_Down = button.Own_Normal_Down;
     }
     if (images.select_needed) {
-        Renew_Shading(button, button.Own_Select_Up, Highlight_Color());
-        Renew_Shading(button, button.Own_Select_Down, Colors(190, 60, 60));
+        Renew_Shading(button, button.Own_Select_Up, Highlight_Color(button));
+        Renew_Shading(button, button.Own_Select_Down,
+                      Colors(static_cast<unsigned int>(theme.Highlight_Down)));
         button.Select_Up = button.Own_Select_Up;
         button.Select_Down = button.Own_Select_Down;
     }
@@ -103,7 +105,7 @@ bool Begin_Button(Buttons& button, HWND& window) {
 /// Whether `Init` has a button's whole look to make.
 bool Is_New(const Buttons& button) {
     return !(button.State & STATE_READY) && !button.Font && !button.Graph_Normal && !button.Graph_Select &&
-           !Has_Flag(button, FLAG_STATIC | FLAG_OWN_IMAGES);
+           !button.Icon_Pixels && !Has_Flag(button, FLAG_STATIC | FLAG_OWN_IMAGES);
 }
 
 /// Whether a button has all that others may take over.
@@ -135,8 +137,7 @@ void For_Owned(const Buttons& button, Act act) {
 
 bool Body_Hides_Rest(const Buttons& button) {
     return !Has_Flag(button, BUTTON_LAMP) &&
-           Caption_Stays_Inside(button.Font, button.Name, Caption_Flags(button), Area_Of(button),
-                                button.Border, Area_Of(button).Inset(Frame_Thickness(button) + 1));
+           Caption_Stays_Inside(button, Caption_Flags(button), Area_Of(button).Inset(Body_Inset(button)));
 }
 
 /// The whole button, highlighted when the pointer is inside. A passive one shows no lamp.

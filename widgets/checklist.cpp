@@ -51,7 +51,8 @@ const char* Label_Text(const CheckLists& list, int item) {
 
 void Paint_Label(Canvas& canvas, const CheckLists& list, int item, unsigned long color) {
     const Buttons& box = list.Check[item];
-    canvas.Write_Run(list.Font, Label_Text(list, item), box.X + box.Width + SPACE, box.Y - 1, color);
+    canvas.Write_Run(list.Font, Label_Text(list, item), box.X + box.Width + Scaled(list, SPACE),
+                     box.Y - Scaled(list, 1), color);
 }
 
 bool Has_Mark(const Buttons& box) { return box.Value != 0 && box.Flag == 0; }
@@ -59,8 +60,10 @@ bool Has_Mark(const Buttons& box) { return box.Value != 0 && box.Flag == 0; }
 void Paint_Mark(Canvas& canvas, const Buttons& box) {
     const int border = Frame_Width(box);
     const Area body = Area_Of(box);
-    const Area mark{body.left + border + 1, body.right - border, body.bottom + border, body.top - border - 1};
-    canvas.Box(mark, Colors(255, 255, 0).get());
+    const int line = canvas.Line();
+    const Area mark{body.left + border + line, body.right - border - line + 1,
+                    body.bottom + border + line - 1, body.top - border - line};
+    canvas.Box(mark, canvas.Look().Mark);
 }
 
 void Paint_Check(Buttons& box) {
@@ -75,7 +78,8 @@ void Paint_Item(Canvas& canvas, CheckLists& list, int item) {
     Buttons& box = list.Check[item];
     const bool outline = Has_Flag(list, FLAG_OUTLINE);
     if (outline) box.Flag = FLAG_OUTLINE;
-    Paint_Label(canvas, list, item, Has_Flag(box, FLAG_OUTLINE) ? Outline_Blue : Black);
+    Paint_Label(canvas, list, item,
+                Has_Flag(box, FLAG_OUTLINE) ? canvas.Look().Caption_Outline : canvas.Look().Caption);
     Paint_Check(box);
     if (!outline) return;
     box.Flag = 0;
@@ -88,11 +92,11 @@ void Paint_Hover(const CheckLists& list, int item, bool highlighted) {
     Canvas canvas(list,
                   {Common(Area_Of(list), {row.left, list.X + list.Width, row.bottom - 2 * list.Font_Height,
                                           row.top + 2 * list.Font_Height})});
-    Paint_Label(canvas, list, item, highlighted ? Highlight_Color().get() : Black);
+    Paint_Label(canvas, list, item, highlighted ? canvas.Look().Highlight : canvas.Look().Caption);
     if (!highlighted && Has_Mark(box)) {
         Paint_Mark(canvas, box);
     } else {
-        Paint_Body(canvas, box, highlighted, Frame_Width(box) + 1, Area_Of(box));
+        Paint_Body(canvas, box, highlighted, Frame_Width(box) + canvas.Line(), Area_Of(box));
     }
 }
 
@@ -101,7 +105,7 @@ bool Is_Crowded(const CheckLists& list) {
     const Buttons& box = list.Check[0];
     const Buttons& label = list.Label[0];
     if (label.Width <= box.Width || label.Height <= box.Height) return true;
-    const int room = label.Width - (box.X - label.X + box.Width + SPACE);
+    const int room = label.Width - (box.X - label.X + box.Width + Scaled(list, SPACE));
     const short last_column = list.Label[list.Count - 1].X;
     for (int item = 0; list.Label[item].X != last_column; ++item) {
         if (Width_Of(list.Font, Label_Text(list, item)) > room) return true;
@@ -179,8 +183,9 @@ struct Grid {
 /// @pre the list has items
 Grid Make_Grid(const CheckLists& list) {
     const int border = Frame_Thickness(list);
-    const int row_height = list.Line_Height ? Magnitude(list.Line_Height) : list.Font_Height + 2;
-    int room = list.Height - 2 * border - 4;
+    const int gap = Scaled(list, 2);
+    const int row_height = list.Line_Height ? Magnitude(list.Line_Height) : list.Font_Height + gap;
+    int room = list.Height - 2 * border - 2 * gap;
     if (list.Name && !Has_Flag(list, CHECKLIST_NO_TITLE_ROW)) room -= list.Font_Height + 2 * border;
     const int fitting = room / row_height;
     int rows = fitting > 1 ? std::min<int>(fitting, list.Count) : 1;
@@ -188,15 +193,16 @@ Grid Make_Grid(const CheckLists& list) {
     const int columns = (list.Count - 1) / rows + 1;
     const bool name_left = list.Name && Has_Flag(list, CHECKLIST_NAME_LEFT);
     const int rest = room - row_height * rows;
-    return {list.Box.X + border + 2 + (name_left ? Width_Of(list.Font, list.Name) + SPACE : 0),
-            list.Box.Y + rest / 2 + border + (rows - 1) * row_height + 2,
-            (list.Width - 2 * border - 4) / columns, row_height, rows};
+    return {
+        list.Box.X + border + gap + (name_left ? Width_Of(list.Font, list.Name) + Scaled(list, SPACE) : 0),
+        list.Box.Y + rest / 2 + border + (rows - 1) * row_height + gap,
+        (list.Width - 2 * border - 2 * gap) / columns, row_height, rows};
 }
 
 void Init_Label(const CheckLists& list, int item, const Grid& grid) {
     Buttons& label = list.Label[item];
     Copy_Face(label, list);
-    Copy_Clip(label, list);
+    Copy_Surroundings(label, list);
     label.Flag = Label_Flags;
     label.Set_Name("%s", list.List[item]);
     const int left = grid.left + item / grid.rows * grid.column_width;
@@ -208,12 +214,12 @@ void Init_Label(const CheckLists& list, int item, const Grid& grid) {
 void Init_Check(const CheckLists& list, int item) {
     Buttons& box = list.Check[item];
     Copy_Face(box, list);
-    Copy_Clip(box, list);
+    Copy_Surroundings(box, list);
     box.Flag = list.Enabled && !list.Enabled[item] ? Disabled_Flags : 0;
-    box.Border = 2;
-    box.X = Within_16(list.Label[item].X + 1);
-    box.Y = Within_16(list.Label[item].Y + 1);
-    box.Width = box.Height = Within_16(list.Font_Height - 2);
+    box.Border = Low_16(Scaled(list, 2));
+    box.X = Within_16(list.Label[item].X + Scaled(list, 1));
+    box.Y = Within_16(list.Label[item].Y + Scaled(list, 1));
+    box.Width = box.Height = Within_16(list.Font_Height - Scaled(list, 2));
     box.Value = Starts_Checked(list, item);
     Init_Without_Region(box, list.Window);
 }

@@ -36,26 +36,28 @@ Space Space_Of(const Color_Edit& editor) {
 
 bool Has_Mode_Button(const Color_Edit& editor) { return Has_Flag(editor, COLOR_EDIT_MODE_BUTTON); }
 
+int Button_Width(const Color_Edit& editor) { return Scaled(editor, BUT_DIM - SPACE); }
+
 bool Has_Frame(const Color_Edit& editor) { return editor.Border > 0; }
 
 /// What frame, caption, swatch and mode button leave for the troughs.
 Area Channel_Area(const Color_Edit& editor) {
-    constexpr int Below_Caption = 3;
+    const int below_caption = Scaled(editor, 3);
     Area area = Area_Of(editor);
     if (Has_Frame(editor)) {
         area = Room_In_Frame(editor, Frame_Thickness(editor));
-        if (editor.Name) area.top -= Below_Caption + Metrics_Of(editor.Font).tmHeight;
+        if (editor.Name) area.top -= below_caption + Metrics_Of(editor.Font).tmHeight;
     } else {
-        area.right -= Part_Gap + 2 * BUT_DIM;
+        area.right -= Part_Gap(editor) + Swatch_Width(editor);
     }
-    if (Has_Mode_Button(editor)) area.right -= Part_Gap + BUT_DIM - SPACE;
+    if (Has_Mode_Button(editor)) area.right -= Part_Gap(editor) + Button_Width(editor);
     return area;
 }
 
 /// Three rows from the top down; the first takes what cannot be shared evenly.
-std::array<Area, 3> Split_In_Rows(const Area& area) {
-    const int height = (area.top - area.bottom - 2 * Part_Gap) / 3;
-    const int step = height + Part_Gap;
+std::array<Area, 3> Split_In_Rows(const Area& area, int gap) {
+    const int height = (area.top - area.bottom - 2 * gap) / 3;
+    const int step = height + gap;
     const auto row = [&](int bottom, int top) { return Area{area.left, area.right, bottom, top}; };
     return {row(area.bottom + 2 * step, area.top), row(area.bottom + step, area.bottom + step + height),
             row(area.bottom, area.bottom + height)};
@@ -79,19 +81,19 @@ void Init_Frame(Color_Edit& editor) {
 
 void Init_Mode_Button(Color_Edit& editor, const Area& swatch) {
     Buttons& button = editor.Mode_Button;
-    const int left = swatch.right + Part_Gap;
-    Set_Place(button, {left, left + BUT_DIM - SPACE, swatch.bottom, swatch.top}, Within_16);
+    const int left = swatch.right + Part_Gap(editor);
+    Set_Place(button, {left, left + Button_Width(editor), swatch.bottom, swatch.top}, Within_16);
     button.Flag = editor.Flag | FLAG_VERTICAL;
     button.Border = editor.Frame.Border;
     Copy_Font(button, editor);
-    Copy_Clip(button, editor);
+    Copy_Surroundings(button, editor);
     button.Init(editor.Window);
     Name_Part(button, Has_Flag(editor, COLOR_EDIT_HLS) ? "HLS" : "RGB");
 }
 
 void Init_Channels(Color_Edit& editor, const Area& area) {
     const auto troughs = Troughs_Of(editor);
-    const auto rows = Split_In_Rows(area);
+    const auto rows = Split_In_Rows(area, Part_Gap(editor));
     const Channel_Look* looks = Has_Flag(editor, COLOR_EDIT_HLS) ? HLS_Looks : RGB_Looks;
     for (std::size_t i = 0; i < troughs.size(); ++i) {
         troughs[i]->Font_Style = editor.Font_Style;
@@ -126,7 +128,7 @@ void Color_Edit::Init(HWND window) {
     Bind_Editor(*this, window);
     Init_Frame(*this);
     const Area channels = Channel_Area(*this);
-    const Area swatch = Swatch_Area(channels);
+    const Area swatch = Swatch_Area(*this, channels);
     Swatch.Flag = Frame.Flag;
     Init_Swatch(Swatch, *this, swatch, Frame.Border, Value, !Has_Flag(Frame, FLAG_NO_BODY));
     if (Has_Mode_Button(*this)) Init_Mode_Button(*this, swatch);

@@ -40,21 +40,23 @@ void Bind_Editor(Tools& editor, HWND window) {
 }
 
 Area Room_In_Frame(const Tools& editor, int border) {
-    Area room = Area_Of(editor).Inset(border + Part_Gap);
-    room.right -= Part_Gap + 2 * BUT_DIM;
+    Area room = Area_Of(editor).Inset(border + Part_Gap(editor));
+    room.right -= Part_Gap(editor) + Swatch_Width(editor);
     return room;
 }
 
-Area Swatch_Area(const Area& room) {
-    const int left = room.right + Part_Gap;
-    return {left, left + 2 * BUT_DIM, room.bottom, room.top};
+int Swatch_Width(const Tools& editor) { return Scaled(editor, 2 * BUT_DIM); }
+
+Area Swatch_Area(const Tools& editor, const Area& room) {
+    const int left = room.right + Part_Gap(editor);
+    return {left, left + Swatch_Width(editor), room.bottom, room.top};
 }
 
 void Dress_Part(Tools& part, const Tools& editor, const Area& place, int border) {
     Set_Place(part, place, Within_16);
     part.Border = Within_16(border);
     part.Color = editor.Color;
-    Copy_Clip(part, editor);
+    Copy_Surroundings(part, editor);
 }
 
 namespace {
@@ -98,9 +100,9 @@ bool Renew_Image(Tools& part, unsigned long pixel) {
 
 /// Without size or memory there is none.
 void Show_Gradient(Valuators& trough, const Gradient& gradient) {
-    constexpr unsigned long Blank = 0xAAAAAA;
+    const auto blank = Exchange_Red_And_Blue(Theme_Of(trough).Blank);
     const bool reusable = Has_Image_Of_Its_Size(trough) && !Shares_Image(trough);
-    if (!reusable && !Renew_Image(trough, Blank)) return;
+    if (!reusable && !Renew_Image(trough, blank)) return;
     Paint_Gradient(trough.Graph_Normal, trough.Width, trough.Height, gradient);
     trough.Graph_Select = trough.Graph_Normal;
 }

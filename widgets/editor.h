@@ -39,7 +39,10 @@ constexpr Gradient Black_To_White{0xFF000000, 0x010101, 0};
 constexpr Gradient White_To_Red{0xFFFF0000, 0, 0x000101};
 
 /// Between the parts of an editor.
-constexpr int Part_Gap = 2;
+inline int Part_Gap(const Tools& editor) { return Scaled(editor, 2); }
+
+/// Width of a swatch.
+int Swatch_Width(const Tools& editor);
 
 /// Binds an editor to its window and gives it colour and font.
 void Bind_Editor(Tools& editor, HWND window);
@@ -48,7 +51,7 @@ void Bind_Editor(Tools& editor, HWND window);
 Area Room_In_Frame(const Tools& editor, int border);
 
 /// Place of the swatch, to the right of `room`.
-Area Swatch_Area(const Area& room);
+Area Swatch_Area(const Tools& editor, const Area& room);
 
 /// Gives a part place, frame, colour and clip of its editor.
 void Dress_Part(Tools& part, const Tools& editor, const Area& place, int border);

@@ -15,14 +15,14 @@ constexpr unsigned long Pure_Red = 0xFF0000FF;
 bool Has_Frame(const Hue_Edit& editor) { return editor.Border >= 1; }
 
 int Part_Border(const Hue_Edit& editor) {
-    constexpr int Widest = 2;
-    return std::min(Frame_Thickness(editor), Widest);
+    const int widest = Scaled(editor, 2);
+    return std::min(Frame_Thickness(editor), widest);
 }
 
 Area Rainbow_Area(const Hue_Edit& editor) {
     if (Has_Frame(editor)) return Room_In_Frame(editor, Part_Border(editor));
     Area area = Area_Of(editor);
-    area.right -= 2 * BUT_DIM + SPACE;
+    area.right -= Swatch_Width(editor) + Scaled(editor, SPACE);
     return area;
 }
 
@@ -45,7 +45,7 @@ void Hue_Edit::Init(HWND window) {
     Frame.Init(Window);
 
     Swatch.Flag = Flag;
-    Init_Swatch(Swatch, *this, Swatch_Area(rainbow), border, Value, true);
+    Init_Swatch(Swatch, *this, Swatch_Area(*this, rainbow), border, Value, true);
 
     Take_Name(Hue, *this);
     if (!Hue.Name) Hue.Name = "Hue";

@@ -61,9 +61,9 @@ inline Area Covered_By(const Tools_Fields& control) {
     // Stacked text may be longer than the control is high.
     constexpr unsigned long Open =
         FLAG_NO_BODY | FLAG_STATIC | FLAG_OUTLINE | FLAG_VERTICAL | FLAG_INNER_FRAME;
-    const int least = 2 * Frame_Thickness(control) + 2;
+    const int least = 2 * Body_Inset(control);
     if (Has_Flag(control, Open) || control.Width < least || control.Height < least) return Reach().covered;
-    return Area_Of(control).Inset(Has_Flag(control, FLAG_NO_RIM) ? 1 : 0);
+    return Area_Of(control).Inset(Has_Flag(control, FLAG_NO_RIM) ? Line_Width(control) : 0);
 }
 
 /// The reach of a paint of a whole control that is frame and body, and perhaps a lamp, which may be higher.
@@ -71,17 +71,6 @@ inline Reach Reach_Of(const Tools_Fields& control) {
     const Area covered = Covered_By(control);
     const bool complete = Area_Of(control).Holds(covered) && !Has_Flag(control, BUTTON_LAMP);
     return complete ? Covering(covered) : Around(control);
-}
-
-/// Gives a part the text clip rectangle of its owner, cuts it at the owner's edges, and has it
-/// painted when the owner is.
-inline void Copy_Clip(Tools& part, const Tools& owner) {
-    part.Room = Is_Empty(owner.Room) ? owner.Rect : Common(owner.Rect, owner.Room);
-    part.Veil = owner.Veil;
-    part.Clip_X = owner.Clip_X;
-    part.Clip_Y = owner.Clip_Y;
-    part.Clip_Width = owner.Clip_Width;
-    part.Clip_Height = owner.Clip_Height;
 }
 
 /// Gives a part the name of its owner. It holds the name like a copy does, for the owner may get another one.
@@ -120,8 +109,9 @@ inline Area Not_Turned(const Area& place) {
     return {place.left, std::max(place.left, place.right), place.bottom, std::max(place.bottom, place.top)};
 }
 
-/// Gives a part the place, the colour and the font words of its owner.
+/// Gives a part the place, the look and the font words of its owner.
 inline void Copy_Place(Tools& part, const Tools& owner) {
+    Copy_Look(part, owner);
     Set_Place(part, Area_Of(owner));
     part.Color = owner.Color;
     Copy_Face(part, owner);
@@ -131,7 +121,7 @@ inline void Copy_Place(Tools& part, const Tools& owner) {
 inline void Copy_Frame(Tools& frame, const Tools& owner) {
     Copy_Place(frame, owner);
     frame.Border = owner.Border;
-    Copy_Clip(frame, owner);
+    Copy_Surroundings(frame, owner);
 }
 
 /// Style bits that say whether and how the frame of a compound control shows.
@@ -203,7 +193,7 @@ int Grow_Items(const Tools& owner, Item**& items, int count, unsigned long flag,
         items[i] = new (std::nothrow) Item;
         if (!items[i]) return fail();
         items[i]->Flag = flag;
-        Copy_Clip(*items[i], owner);
+        Copy_Surroundings(*items[i], owner);
     }
     return 1;
 }

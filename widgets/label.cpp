@@ -24,9 +24,10 @@ void Labels::Draw() {
     Check(*this, "Labels::Draw");
     if (!Has_Size(*this) || !Name) return;
     Canvas canvas(*this, Around(*this));
+    const unsigned long ink = Ink_On_Window(canvas.Look(), Color.get());
     if (Has_Flag(*this, FLAG_VERTICAL)) {
-        Paint_Stacked(canvas, Font, Name, Flag, Area_Of(*this), 0, 0, 0, Color.get());
+        Paint_Stacked(canvas, Font, Name, Flag, Area_Of(*this), 0, 0, 0, ink);
     } else {
-        Paint_Line(canvas, Font, Name, Flag & ~FLAG_TEXT_BOTTOM, Area_Of(*this), Color.get());
+        Paint_Line(canvas, Font, Name, Flag & ~FLAG_TEXT_BOTTOM, Area_Of(*this), ink);
     }
 }

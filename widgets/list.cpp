@@ -18,10 +18,8 @@ using namespace galdren;
 
 namespace {
 
-/// Space between frame and contents.
-constexpr int Gap = 2;
-
-int Margin_Of(const Lists& list) { return Frame_Thickness(list) + Gap; }
+/// Frame, and space between it and the contents.
+int Margin_Of(const Lists& list) { return Frame_Thickness(list) + Scaled(list, 2); }
 
 bool Is_Column(const Lists& list) { return Has_Flag(list, FLAG_VERTICAL); }
 
@@ -30,7 +28,9 @@ bool Has_Bar(const Lists& list) { return list.Scroll_Bar.Width != 0; }
 /// What a name takes at the top.
 int Title_Height(const Lists& list) { return list.Name ? Metrics_Of(list.Font).tmHeight : 0; }
 
-int Bar_Width(const Lists& list) { return list.Slider_Width ? Magnitude(list.Slider_Width) : CURSEUR; }
+int Bar_Width(const Lists& list) {
+    return list.Slider_Width ? Magnitude(list.Slider_Width) : Scaled(list, CURSEUR);
+}
 
 void Init_Frame(Lists& list) {
     Boxs& frame = list.Frame;
@@ -48,8 +48,8 @@ struct Item_Size {
 /// A bar along the list, over the coordinates that item 0 may have; it stands at `start` first.
 /// @param extent  of all items, of which `room` can be seen
 void Init_Bar(Lists& list, const Area& place, short start, int room, int extent, int step) {
-    constexpr int Beyond_Last = 5;
-    const int hidden = extent - room + Beyond_Last;
+    const int beyond_last = Scaled(list, 5);
+    const int hidden = extent - room + beyond_last;
     const int first = Is_Column(list) ? start + hidden : start;
     const Bar_Range range{static_cast<float>(first), static_cast<float>(first - hidden),
                           static_cast<float>(step)};
@@ -63,28 +63,29 @@ Item_Size Lay_Out_Column(Lists& list, const Area& area) {
     const int margin = Margin_Of(list);
     const int title = Title_Height(list);
     const int room = area.top - area.bottom - 2 * margin - title;
-    const int wanted = list.Item_Height ? Magnitude(list.Item_Height) : BUT_LIST;
+    const int wanted = list.Item_Height ? Magnitude(list.Item_Height) : Scaled(list, BUT_LIST);
+    const int gap = Line_Width(list);
     const int pitch = room / list.Nb_Item;
-    const bool fits = pitch >= wanted + 1;
-    const int height = fits ? pitch - 1 : wanted;
+    const bool fits = pitch >= wanted + gap;
+    const int height = fits ? pitch - gap : wanted;
     const int left = area.left + margin;
     const int items_left = fits ? left : left + margin + Bar_Width(list);
     list.Item_X = Low_16(items_left);
     list.Item_Y = Low_16(area.top - margin - title - height);
     list.Item_DX = 0;
-    list.Item_DY = Low_16(-(height + 1));
+    list.Item_DY = Low_16(-(height + gap));
     if (fits) {
         list.Scroll_Bar = Sliders();
     } else {
         const int bottom = area.bottom + margin;
         Init_Bar(list, {left, left + Bar_Width(list), bottom, bottom + room}, list.Item_Y, room,
-                 list.Nb_Item * (height + 1), height + 1);
+                 list.Nb_Item * (height + gap), height + gap);
     }
     return {area.right - margin - items_left, height};
 }
 
 int Widest_Name(const Lists& list) {
-    int widest = list.Item[0]->Name ? 0 : 2 * SPACE;
+    int widest = list.Item[0]->Name ? 0 : 2 * Scaled(list, SPACE);
     for (Buttons** item = list.Item; *item; ++item) {
         if ((*item)->Name) widest = std::max(widest, Width_Of(list.Font, (*item)->Name));
     }
@@ -101,22 +102,23 @@ Item_Size Lay_Out_Row(Lists& list, const Area& area) {
     const int needed = Widest_Name(list) + 2 * margin;
     const int pitch = room / list.Nb_Item;
     const int bottom = area.bottom + margin;
+    const int gap = Line_Width(list);
     list.Item_DY = 0;
-    if (pitch - 1 >= needed) {
+    if (pitch - gap >= needed) {
         list.Item_X = Low_16(area.left + (width - pitch * list.Nb_Item) / 2);
         list.Item_Y = Low_16(bottom);
         list.Item_DX = Low_16(pitch);
         list.Scroll_Bar = Sliders();
-        return {pitch - 1, height - 2 * Frame_Thickness(list) - 5};
+        return {pitch - gap, height - 2 * Frame_Thickness(list) - Scaled(list, 5)};
     }
     const int bar_width = Bar_Width(list);
-    const int column = SPACE + needed;
-    const int item_width = room > column && column > 0 ? room / (room / column) - 1 : room;
+    const int column = Scaled(list, SPACE) + needed;
+    const int item_width = room > column && column > 0 ? room / (room / column) - gap : room;
     list.Item_X = Low_16(area.left + margin);
     list.Item_Y = Low_16(bottom + margin + bar_width);
-    list.Item_DX = Low_16(item_width + 1);
+    list.Item_DX = Low_16(item_width + gap);
     Init_Bar(list, {list.Item_X, list.Item_X + room, bottom, bottom + bar_width}, list.Item_X, room,
-             list.Nb_Item * list.Item_DX, item_width + 1);
+             list.Nb_Item * list.Item_DX, item_width + gap);
     return {item_width, height - 3 * margin - bar_width};
 }
 
@@ -130,7 +132,7 @@ void Init_Items(Lists& list, const Item_Size& size) {
         item.Height = Low_16(size.height);
         item.Border = list.Border;
         Copy_Font(item, list);
-        Copy_Clip(item, list);
+        Copy_Surroundings(item, list);
     }
     Init_Without_Regions({list.Item, std::size_t(list.Nb_Item)}, list.Window);
 }
@@ -138,7 +140,7 @@ void Init_Items(Lists& list, const Item_Size& size) {
 /// The part of the list that items show in.
 Area Inner_Area(const Lists& list) {
     const int margin = Margin_Of(list);
-    const int outer = Frame_Thickness(list) + 1;
+    const int outer = Body_Inset(list);
     const Area all = Area_Of(list);
     Area inner{all.left + margin, all.right - outer, all.bottom + margin,
                all.top - outer - Title_Height(list)};
@@ -195,17 +197,23 @@ Item_Run Items_In(const Lists& list, int origin, const Area& area) {
     return {first, std::max(first, end)};
 }
 
+/// The flat ground behind the items.
+unsigned long Ground_Of(const Lists& list) { return Body_Color(Theme_Of(list), list.Color).get(); }
+
 /// The ground behind the items, in the columns left..right-1 and the rows bottom+1..top: the frame's own
 /// picture where it has one.
 void Paint_Ground(Canvas& canvas, const Lists& list, const Area& area) {
     if (area.left >= area.right || area.bottom >= area.top) return;
     const Boxs& frame = list.Frame;
-    if (frame.Cur_Graph_Normal) {
+    const Area ground{area.left, area.right - 1, area.bottom + 1, area.top};
+    const Given_Image* const zoomed = Zoomed_Image(frame, frame.Cur_Graph_Normal);
+    if (frame.Cur_Graph_Normal && !zoomed) {
         canvas.Pixels(frame.Cur_Graph_Normal, frame.Width, frame.Height, area.left - frame.X,
-                      area.bottom - frame.Y, {area.left, area.right - 1, area.bottom + 1, area.top});
-    } else if (!Has_Flag(list, FLAG_NO_BODY)) {
-        canvas.Box(area, list.Color.get());
+                      area.bottom - frame.Y, ground);
+        return;
     }
+    if (!Has_Flag(list, FLAG_NO_BODY)) canvas.Box(area, Ground_Of(list));
+    if (zoomed) Paint_Zoomed(canvas, frame, *zoomed, {frame.X, frame.Y + 1}, ground);
 }
 
 /// What the ground fills of the inner area, edges included.
@@ -216,7 +224,7 @@ auto Look_Of(const Buttons& item, bool highlighted) {
     return std::make_tuple(Body_Of(item, highlighted), item.Font,
                            item.Name ? std::hash<std::string_view>()(item.Name) : 0, item.Flag,
                            item.Color.get(), item.Width, item.Height, Frame_Thickness(item), item.Value,
-                           item.Lamp, highlighted);
+                           item.Lamp, item.Look, highlighted);
 }
 
 /// What the kept picture shows of the list that painted it last. There is one such picture.
@@ -245,7 +253,7 @@ bool Scroll_As_Pixels(const Lists& list, const Area& inner, const Item_Run& run)
 /// Moves the items that are in view already and look as they did, and paints the others.
 void Move_Items(Canvas& canvas, const Lists& list, const Area& inner, const Item_Run& run, int origin) {
     Kept_Items& kept = The_Kept_Items;
-    const bool same_list = canvas.Kept() && kept.ground == list.Color.get() && kept.left == list.Item_X;
+    const bool same_list = canvas.Kept() && kept.ground == Ground_Of(list) && kept.left == list.Item_X;
     const int first = std::max(run.first, kept.run.first);
     const int end = same_list ? std::min(run.end, kept.run.end) : 0;
     Area below = inner;
@@ -264,7 +272,7 @@ void Move_Items(Canvas& canvas, const Lists& list, const Area& inner, const Item
         if (i < first || i >= end || shown != look) item.Draw();
         shown = look;
     }
-    kept.ground = list.Color.get();
+    kept.ground = Ground_Of(list);
     kept.left = list.Item_X;
     kept.origin = origin;
     kept.run = run;
@@ -323,7 +331,8 @@ void Lists::Init(HWND window) {
     Count();
     if (Nb_Item == 0) return;
 
-    const Area area = Has_Flag(*this, FLAG_INNER_FRAME) ? Inner_Frame_Of(Area_Of(*this)) : Area_Of(*this);
+    const Area area =
+        Has_Flag(*this, FLAG_INNER_FRAME) ? Inner_Frame_Of(*this, Area_Of(*this)) : Area_Of(*this);
     const Item_Size size = Is_Column(*this) ? Lay_Out_Column(*this, area) : Lay_Out_Row(*this, area);
     Origin = Is_Column(*this) ? Item_Y : Item_X;
     Init_Items(*this, size);

@@ -44,47 +44,47 @@ struct List_State {
 /// The application sets the number of items with `Grow` and writes each item's `Name`, then calls `Init`.
 /// The list presses down the button of the current item. After a `Select` that answers 1, `Read` tells which
 /// item is under the pointer; to mark it, the application writes `Current` and calls `Adjust`.
-class GALDREN_TOOLS_API Lists : public Tools, public List_Fields, private galdren::List_State {
+class Lists : public Tools, public List_Fields, private galdren::List_State {
   public:
     /// Every field zero.
-    Lists();
+    GALDREN_TOOLS_API Lists();
     /// Copies every field; the items are shared with the source until one of the two changes their number.
-    Lists(const Lists& other);
+    GALDREN_TOOLS_API Lists(const Lists& other);
     /// Lets go of what this list owns and copies every field.
-    Lists& operator=(const Lists& other);
+    GALDREN_TOOLS_API Lists& operator=(const Lists& other);
     /// Lets go of the items, then of what every control owns.
-    ~Lists();
+    GALDREN_TOOLS_API ~Lists();
 
     /// Sets the number of items; those that stay keep everything. `Init` has to follow.
     /// @param count  at most 32767; a negative count frees the array itself
     /// @param flags  style bits of new items; 0 takes those of the list
     /// @return 1; 0 when the memory cannot be had, which is reported at level 1
-    int Grow(int count, int flags);
+    GALDREN_TOOLS_API int Grow(int count, int flags);
     /// Lays the list out and binds frame, items and scroll bar to a window.
     /// @param window  null keeps the window of the last `Init`; without any it is reported at level 11
-    void Init(HWND window);
+    GALDREN_TOOLS_API void Init(HWND window);
     /// Paints the whole list.
-    void Draw();
+    GALDREN_TOOLS_API void Draw();
     /// Follows the pointer with scroll bar and items.
     /// @param event  see `Select_Event`
     /// @return 1 when the pointer is on an item; 0 on the scroll bar and elsewhere
-    int Select(int event);
+    GALDREN_TOOLS_API int Select(int event);
     /// Index of the item under the pointer, passive ones excepted; -1 when there is none.
-    int Read();
+    GALDREN_TOOLS_API int Read();
     /// Scrolls by wheel steps, when the pointer is inside. A positive amount moves the items of a column up,
     /// towards the end of the list, and those of a row to the right, towards its beginning.
-    void Scroll(int amount);
+    GALDREN_TOOLS_API void Scroll(int amount);
     /// Takes the highlights away.
-    void Deselect();
+    GALDREN_TOOLS_API void Deselect();
     /// Moves the mark from `Last_Current` to `Current`.
-    void Adjust();
+    GALDREN_TOOLS_API void Adjust();
 
     /// Scrolls as little as it takes to have an item wholly in view, and repaints. Nothing happens for an
     /// index that no item has, and without a scroll bar.
-    void Bring_Into_View(int index);
+    GALDREN_TOOLS_API void Bring_Into_View(int index);
     /// Where an item takes events, like `Rect`; empty for one that does not show, and for an index that no
     /// item has.
-    RECT Item_Place(int index) const;
+    GALDREN_TOOLS_API RECT Item_Place(int index) const;
 
   private:
     void Count();

@@ -9,7 +9,7 @@
 namespace galdren {
 
 int Usual_Arrow(const Tools_Fields& bar) {
-    return std::min(Bar_Thickness(bar), Bar_Length(bar) / 2 - CURSEUR);
+    return std::min(Bar_Thickness(bar), Bar_Length(bar) / 2 - Scaled(bar, CURSEUR));
 }
 
 int Arrow_Under_Pointer(HWND window, const Area& area, bool vertical, int size) {
@@ -36,13 +36,13 @@ int Round_Offset(float offset) {
     return std::clamp(Truncate(double{offset} + 0.5), -Farthest, Farthest);
 }
 
-void Size_Thumb(short& half, float visible, float total, int room) {
-    if (room <= 0) return;
+short Thumb_For(const Tools_Fields& bar, short half, float visible, float total, int room) {
+    if (room <= 0) return half;
     const float part = std::fabs(visible);
     const float whole = std::fabs(total);
     const float half_room = static_cast<float>(room) * 0.5F;
-    half = Low_16(part >= whole ? Truncate(half_room)
-                                : std::max(int{CURSEUR}, Truncate(part / whole * half_room)));
+    if (part >= whole) return Low_16(Truncate(half_room));
+    return Low_16(std::max(Scaled(bar, CURSEUR), Truncate(part / whole * half_room)));
 }
 
 std::optional<int> Pointer_Along(const Tools_Fields& bar) {
@@ -53,32 +53,37 @@ std::optional<int> Pointer_Along(const Tools_Fields& bar) {
 
 void Thumb::Paint_Face(Canvas& canvas) const {
     const auto [left, right, bottom, top] = area;
-    canvas.Box({left + 1, right, bottom, vertical ? top : top - 1}, Thumb_Grey);
+    const unsigned long light = canvas.Look().Thumb_Light;
+    canvas.Box({left + 1, right, bottom, vertical ? top : top - 1}, canvas.Look().Thumb);
     if (vertical) {
-        canvas.Row(left + 1, right - 1, bottom + half - 1, Thumb_Light);
+        canvas.Row(left + 1, right - 1, bottom + half - 1, light, -canvas.Line());
     } else {
-        canvas.Column(left + half, bottom + 1, top, Thumb_Light);
+        canvas.Column(left + half, bottom + 1, top, light, canvas.Line());
     }
 }
 
 void Thumb::Paint_Light(Canvas& canvas, int end) const {
-    canvas.Column(area.left, area.bottom, area.top, Thumb_Light);
-    canvas.Row(area.left, end, area.top, Thumb_Light);
+    const unsigned long light = canvas.Look().Thumb_Light;
+    canvas.Column(area.left, area.bottom, area.top, light, canvas.Line());
+    canvas.Row(area.left, end, area.top, light, -canvas.Line());
 }
 
 void Thumb::Paint_Dark(Canvas& canvas) const {
-    canvas.Row(area.left + 1, area.right, area.bottom, Black);
-    canvas.Column(area.right, area.bottom, area.top, Black);
+    const int line = canvas.Line();
+    canvas.Row(area.left + line, area.right, area.bottom, canvas.Look().Rim, line);
+    canvas.Column(area.right, area.bottom, area.top, canvas.Look().Rim, -line);
 }
 
 void Thumb::Paint_Shadow(Canvas& canvas, int top) const {
     const auto [left, right, bottom, end] = area;
-    canvas.Row(left + 2, right - 1, bottom + 1, Black);
-    canvas.Column(right - 1, bottom + 1, end - 1, Black);
+    const unsigned long dark = canvas.Look().Rim;
+    const int line = canvas.Line();
+    canvas.Row(left + 2 * line, right - line, bottom + line, dark, line);
+    canvas.Column(right - line, bottom + line, end - line, dark, -line);
     if (vertical) {
-        canvas.Row(left + 1, right, bottom + half, Black);
+        canvas.Row(left + line, right, bottom + half, dark, line);
     } else {
-        canvas.Column(left + half - 1, bottom + 1, top, Black);
+        canvas.Column(left + half - 1, bottom + line, top, dark, -line);
     }
 }
 

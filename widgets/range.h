@@ -9,9 +9,6 @@
 
 namespace galdren {
 
-constexpr unsigned long Thumb_Grey = Dark_Grey;
-constexpr unsigned long Thumb_Light = Light_Grey;
-
 inline bool Is_Vertical(const Tools_Fields& bar) { return Has_Flag(bar, FLAG_VERTICAL); }
 
 /// Along the bar: its width, or its height when vertical.
@@ -40,8 +37,9 @@ float Fraction(float value, float start, float end);
 /// An offset in pixels, rounded and held within the range of coordinates.
 int Round_Offset(float offset);
 
-/// Sizes a thumb as what shows `visible` of `total` on a track of `room` pixels, if there is any.
-void Size_Thumb(short& half, float visible, float total, int room);
+/// Half the length of the thumb of a bar that shows `visible` of `total` on a track of `room` pixels; `half`
+/// as it is when there is no room.
+short Thumb_For(const Tools_Fields& bar, short half, float visible, float total, int room);
 
 /// Distance of the pointer from the start end of a bar; none when there is no pointer to be had.
 std::optional<int> Pointer_Along(const Tools_Fields& bar);
@@ -141,7 +139,7 @@ struct Thumb {
     void Paint_Light(Canvas& canvas, int end) const;
     /// Dark edges at the bottom and right.
     void Paint_Dark(Canvas& canvas) const;
-    /// The shadow one pixel inside the dark edges, and in the groove; that of one across ends before `top`.
+    /// The shadow inside the dark edges, and in the groove; that of one across ends before `top`.
     void Paint_Shadow(Canvas& canvas, int top) const;
 };
 

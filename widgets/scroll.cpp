@@ -10,7 +10,7 @@ namespace galdren {
 void Set_Bar(Sliders& bar, const Tools& owner, const Area& place, unsigned long flag,
              const Bar_Range& range) {
     Set_Place(bar, place);
-    Copy_Clip(bar, owner);
+    Copy_Surroundings(bar, owner);
     bar.Flag = flag;
     bar.Border = 1;
     bar.Color = owner.Color;

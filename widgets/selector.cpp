@@ -15,7 +15,9 @@ namespace {
 constexpr Grow_Place Grow_In_Selector{".\\select.cpp", 218, 215};
 
 /// Between the outer edge, the value area and the item.
-int Margin_Of(const Selects& selector) { return std::max(Frame_Width(selector) + 2, 4); }
+int Margin_Of(const Selects& selector) {
+    return std::max(Frame_Width(selector) + Scaled(selector, 2), Scaled(selector, 4));
+}
 
 Buttons& Shown_Item(const Selects& selector) { return *selector.Item[selector.Current]; }
 
@@ -70,10 +72,10 @@ void Init_Items(Selects& selector) {
     for (int i = 0; i < selector.Nb_Item; ++i) {
         Buttons& item = *selector.Item[i];
         item.Flag |= flags;
-        item.Border = 1;
+        item.Border = Low_16(Line_Width(selector));
         item.Value = 1;
         Set_Place(item, area);
-        Copy_Clip(item, selector);
+        Copy_Surroundings(item, selector);
         Copy_Font(item, selector);
         item.Init(selector.Window);
     }
@@ -110,7 +112,7 @@ void Press_Arrows(Selects& selector) {
 
 /// What the value area takes of the caption's room, its frame included.
 int Value_Room(const Selects& selector) {
-    return selector.Value_Box.Width + 2 * Frame_Width(selector.Frame) + 2;
+    return selector.Value_Box.Width + 2 * (Frame_Width(selector.Frame) + Line_Width(selector));
 }
 
 void Paint_Name(Canvas& canvas, const Selects& selector) {
@@ -134,7 +136,7 @@ void Update(Selects& selector) {
 void Paint_State(Selects& selector, bool highlighted) {
     Canvas canvas(selector, Inside(selector));
     const Boxs& frame = selector.Frame;
-    Paint_Body(canvas, frame, highlighted, Frame_Width(selector) + 1, Area_Of(frame));
+    Paint_Body(canvas, frame, highlighted, Frame_Width(selector) + canvas.Line(), Area_Of(frame));
     Update(selector);
 }
 
@@ -145,7 +147,7 @@ void Paint_Thin(Canvas& canvas, const Selects& selector) {
     // The width is compared with the placement bit itself; existing windows are laid out for that.
     const unsigned long right = selector.Flag & FLAG_TEXT_RIGHT;
     const bool has_room = static_cast<unsigned long>(selector.Width) != right;
-    const int inner = selector.Value_Box.Width - 2 * Frame_Width(selector.Frame) - 2;
+    const int inner = selector.Value_Box.Width - 2 * (Frame_Width(selector.Frame) + canvas.Line());
     caption.right = caption.left + (has_room ? inner : 0);
     Paint_Caption(canvas, selector.Font, selector.Name, selector.Flag, caption, selector.Border);
     if (selector.Nb_Item == 0) return;
@@ -179,7 +181,7 @@ void Selects::Init(HWND window) {
     Init_Frame(*this);
     if (Arrow_Size == 0) Arrow_Size = Low_16(Usual_Arrow(*this));
     Set_Place(Value_Box, Not_Turned(Room_Beside_Caption(*this)));
-    Copy_Clip(Value_Box, *this);
+    Copy_Surroundings(Value_Box, *this);
     Note_Items(*this);
     Hold_In_Range(*this);
     Last_Current = Current;

@@ -46,24 +46,27 @@ int Thumb_Offset(const Sliders& slider) {
     return Round_Offset(static_cast<float>(Track_Length(slider)) * fraction + start);
 }
 
+/// Room between the edge and the inside: the border, the rim and a line more.
+int Inset_Of(const Sliders& slider) { return Frame_Width(slider) + Scaled(slider, 2); }
+
 void Paint_Inside(Canvas& canvas, const Sliders& slider, bool highlighted, const unsigned long* body) {
-    Paint_Body(canvas, slider, highlighted, body, slider.Flag, Frame_Width(slider) + 2, Area_Of(slider));
+    Paint_Body(canvas, slider, highlighted, body, slider.Flag, Inset_Of(slider), Area_Of(slider));
 }
 
 void Paint_Bevel(Canvas& canvas, const Sliders& slider) {
-    const int width = slider.Border <= 1 ? 1 : 2;
-    Paint_Frame(canvas, slider.Color, 0, true, width, Area_Of(slider));
+    const int line = canvas.Line();
+    Paint_Frame(canvas, slider.Color, 0, true, slider.Border <= line ? line : 2 * line, Area_Of(slider));
 }
 
 void Paint_Cursor(Canvas& canvas, const Sliders& slider) {
     if (Has_Flag(slider, FLAG_NO_BODY)) return;
     const Area area = Area_Of(slider);
-    const int inset = Frame_Width(slider) + 2;
+    const int inset = Inset_Of(slider);
     const bool vertical = Is_Vertical(slider);
     Paint_Arrows(canvas, vertical, inset, Arrow_Side(slider), area);
     if (Bar_Length(slider) < 2 * Bar_Thickness(slider)) return;
 
-    const int offset = Thumb_Offset(slider) - (vertical ? 1 : 2);
+    const int offset = Thumb_Offset(slider) - Scaled(slider, vertical ? 1 : 2);
     const Thumb thumb(vertical, slider.Curs_Half, area.Inset(inset), offset);
     thumb.Paint_Face(canvas);
     thumb.Paint_Light(canvas, thumb.area.right - 1);
@@ -85,8 +88,8 @@ void Sliders::Init(HWND window) {
     if (!Begin_Init(*this, window, "Sliders::Init")) return;
     Capture = 0;
     const int longest = Bar_Length(*this) / 2 - Bar_Thickness(*this);
-    Curs_Half = Low_16(std::min<int>(longest, std::max(CURSEUR, Curs_Half)));
-    Border = std::max<short>(Border, 1);
+    Curs_Half = Low_16(std::min<int>(longest, std::max<int>(Scaled(*this, CURSEUR), Curs_Half)));
+    Border = std::max(Border, Low_16(Line_Width(*this)));
     Default_Grey(*this);
     if (Step == 0.0F) Step = 1.0F;
     Bind(*this, window);
@@ -98,7 +101,8 @@ void Sliders::Init(HWND window) {
 
 void Sliders::Larg_Adjust(float larg, float total) {
     if (!Has_Size(*this)) return;
-    Size_Thumb(Curs_Half, larg, total, Bar_Length(*this) - 2 * (Bar_Thickness(*this) + SPACE));
+    const int room = Bar_Length(*this) - 2 * (Bar_Thickness(*this) + Scaled(*this, SPACE));
+    Curs_Half = Thumb_For(*this, Curs_Half, larg, total, room);
 }
 
 float Sliders::Read() {
@@ -128,7 +132,7 @@ void Sliders::Draw() {
     Canvas canvas(*this, Whole_Bar(*this));
     if (Has_Flag(*this, FLAG_OUTLINE)) Paint_Outline(canvas, Area_Of(*this));
     if (!Has_Flag(*this, FLAG_NO_BODY)) {
-        if (!Has_Flag(*this, FLAG_STATIC)) canvas.Box(Area_Of(*this), Color.get());
+        if (!Has_Flag(*this, FLAG_STATIC)) canvas.Box(Area_Of(*this), Body_Color(canvas.Look(), Color).get());
         Paint_Bevel(canvas, *this);
     }
     Paint_Thumb(canvas, *this, false, Paint_Cursor);

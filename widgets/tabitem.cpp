@@ -25,9 +25,11 @@ Colors Shaded(Colors color) {
     return color;
 }
 
-unsigned long Body_Color(const TabItems& tab, bool highlighted) {
-    if (highlighted) return (Is_Front(tab) ? Highlight_Color() : Colors(210, 100, 100)).get();
-    return (Is_Front(tab) ? tab.Color : Shaded(tab.Color)).get();
+unsigned long Body_Color_Of(const TabItems& tab, bool highlighted) {
+    const Theme& theme = Theme_Of(tab);
+    const unsigned long lit = Is_Front(tab) ? theme.Highlight : theme.Highlight_Back;
+    const Colors at_rest = Is_Front(tab) ? tab.Color : Shaded(tab.Color);
+    return Body_Color(theme, highlighted ? Colors(static_cast<unsigned int>(lit)) : at_rest).get();
 }
 
 /// The corners of the edge around a tab.
@@ -40,31 +42,38 @@ struct Trapezoid {
     POINT left_foot, left_top, right_top, right_foot;
 };
 
+/// The line from a foot to a peak, wider ones inward.
+/// @param inward  1 at the left end, -1 at the right one
+void Paint_End(Canvas& canvas, POINT from, POINT to, int inward, unsigned long color) {
+    for (int i = 0; i < canvas.Line(); ++i, from.x += inward, to.x += inward)
+        canvas.Lines({from, to}, color);
+}
+
 void Paint_Sides(Canvas& canvas, const Trapezoid& edge, unsigned long color) {
-    canvas.Lines({edge.left_foot, edge.left_top}, color);
-    canvas.Row(edge.left_top.x, edge.right_top.x, edge.left_top.y, color);
-    canvas.Lines({edge.right_top, edge.right_foot}, color);
+    Paint_End(canvas, edge.left_foot, edge.left_top, 1, color);
+    canvas.Row(edge.left_top.x, edge.right_top.x, edge.left_top.y, color, -canvas.Line());
+    Paint_End(canvas, edge.right_top, edge.right_foot, -1, color);
 }
 
 /// What is below a tab: its base line, and two rows of the page's edge.
 void Paint_Base(Canvas& canvas, const Area& area) {
-    canvas.Row(area.right, area.left, area.bottom + 1, Black);
-    canvas.Row(area.right, area.left, area.bottom, White);
-    canvas.Row(area.right, area.left, area.bottom - 1, Light_Grey);
+    const int line = canvas.Line();
+    canvas.Row(area.right, area.left, area.bottom + 1, canvas.Look().Rim, line);
+    canvas.Row(area.right, area.left, area.bottom, canvas.Look().Edge_Bright, -line);
+    canvas.Row(area.right, area.left, area.bottom - line, canvas.Look().Edge_Light, -line);
 }
 
 void Paint_Edge(Canvas& canvas, const TabItems& tab, bool front, const Area& area) {
-    Paint_Sides(canvas, {tab, area}, Black);
+    Paint_Sides(canvas, {tab, area}, canvas.Look().Rim);
     if (!front) return Paint_Base(canvas, area);
-    constexpr unsigned long Page_Edge = 0xAAAAAA;
-    canvas.Row(area.right, area.left, area.bottom, Page_Edge);
-    canvas.Row(area.right, area.left, area.bottom - 1, Page_Edge);
+    canvas.Row(area.right, area.left, area.bottom, canvas.Look().Blank, -2 * canvas.Line());
 }
 
 void Paint_Flat(Canvas& canvas, const TabItems& tab, const Area& area) {
     const Trapezoid edge(tab, area);
-    canvas.Polygon({edge.left_foot, edge.left_top, edge.right_top, edge.right_foot}, Shaded(tab.Color).get());
-    Paint_Sides(canvas, edge, Outline_Blue);
+    canvas.Polygon({edge.left_foot, edge.left_top, edge.right_top, edge.right_foot},
+                   Body_Color(canvas.Look(), Shaded(tab.Color)).get());
+    Paint_Sides(canvas, edge, canvas.Look().Caption_Outline);
     Paint_Base(canvas, area);
 }
 
@@ -73,7 +82,7 @@ void Paint_Flat(Canvas& canvas, const TabItems& tab, const Area& area) {
 void Paint_Bevel(Canvas& canvas, const POINT& foot, const POINT& peak, int inward, bool straight,
                  unsigned long color) {
     const int turn = straight ? 1 : 0;
-    const int inner = 2 * inward;
+    const int inner = 2 * canvas.Line() * inward;
     canvas.Polygon(
         {foot, {foot.x + inner, foot.y - turn}, {peak.x + inner, peak.y - 1 - turn}, {peak.x, peak.y - 1}},
         color);
@@ -81,11 +90,12 @@ void Paint_Bevel(Canvas& canvas, const POINT& foot, const POINT& peak, int inwar
 
 /// Takes away the edge of the page below the front tab, so that both are one.
 void Merge_With_Page(Canvas& canvas, const TabItems& tab, int left, int right, int y0) {
-    const unsigned long color = tab.Color.get();
-    canvas.Row(left + 1, right + 1, y0 + 1, color);
-    canvas.Row(left + 1, right + 2, y0, color);
-    canvas.Row(left, right + 3, y0 - 1, color);
-    canvas.Column(left + 1, y0 + 1, y0 - 1, White);
+    const unsigned long color = Body_Color(canvas.Look(), tab.Color).get();
+    const int line = canvas.Line();
+    canvas.Row(left + 1, right + 1, y0 + 1, color, line);
+    canvas.Row(left + 1, right + 1 + line, y0, color, -line);
+    canvas.Row(left, right + 1 + 2 * line, y0 - line, color, -line);
+    canvas.Column(left + 1, y0 + line, y0 - line, canvas.Look().Edge_Bright, line);
 }
 
 /// The body with a triangle at either end, its bevels and its edges, below the upper edge of `top`. A tab too
@@ -93,40 +103,44 @@ void Merge_With_Page(Canvas& canvas, const TabItems& tab, int left, int right, i
 void Paint_Shape(Canvas& canvas, const TabItems& tab, const Area& top, unsigned long color) {
     const int slant = Slant_Of(tab);
     const auto [x0, x1, y0, y1] = top;
-    if (x1 - x0 + 2 * slant < 4 || y1 - y0 < 4) return;
+    const int line = canvas.Line();
+    if (x1 - x0 + 2 * slant < 4 * line || y1 - y0 < 4 * line) return;
+    const Theme& theme = canvas.Look();
+    const int base = y0 + 1 + line;
+    const int below_edge = y1 - 1 - line;
     const int half = slant / 2;
     const int middle = (y0 + y1) / 2;
     const bool left = Left_Is_Straight(tab);
     const bool right = Right_Is_Straight(tab);
-    const POINT left_foot = left ? POINT{x0 - slant, y0 + 2} : POINT{x0 - slant + half, middle};
-    const POINT right_foot = right ? POINT{x1 + slant, y0 + 2} : POINT{x1 + slant - half, middle};
+    const POINT left_foot = left ? POINT{x0 - slant, base} : POINT{x0 - slant + half, middle};
+    const POINT right_foot = right ? POINT{x1 + slant, base} : POINT{x1 + slant - half, middle};
     // With an odd slant, the point of a wing is a pixel short of that of its bevel.
-    const POINT left_wing{left ? left_foot.x + 2 : x0 - half + 2, left_foot.y};
-    const POINT right_wing{right ? right_foot.x - 2 : x1 + half - 2, right_foot.y};
+    const POINT left_wing{left ? left_foot.x + 2 * line : x0 - half + 2 * line, left_foot.y};
+    const POINT right_wing{right ? right_foot.x - 2 * line : x1 + half - 2 * line, right_foot.y};
 
-    canvas.Box({x0 + 1, x1 - 1, y0 + 1, y1 - 2}, color);
-    canvas.Polygon({{x1 - 1, y1 - 2}, right_wing, {x1 - 1, y0 + 2}}, color);
-    canvas.Polygon({{x0, y0 + 2}, left_wing, {x0 + 1, y1 - 2}}, color);
-    canvas.Row(x0 + 1, x1 - 1, y1 - 2, White);
-    canvas.Row(x0 + 1, x1 - 1, y1 - 3, Light_Grey);
+    canvas.Box({x0 + 1, x1 - 1, base - 1, below_edge}, color);
+    canvas.Polygon({{x1 - 1, below_edge}, right_wing, {x1 - 1, base}}, color);
+    canvas.Polygon({{x0, base}, left_wing, {x0 + 1, below_edge}}, color);
+    canvas.Row(x0 + 1, x1 - 1, below_edge, theme.Edge_Bright, -line);
+    canvas.Row(x0 + 1, x1 - 1, below_edge - line, theme.Edge_Light, -line);
     const POINT left_peak{x0, y1 - 1};
     const POINT right_peak{x1, y1 - 1};
-    Paint_Bevel(canvas, left_foot, left_peak, 1, left, White);
-    canvas.Lines({left_foot, left_peak}, Black);
-    Paint_Bevel(canvas, right_foot, right_peak, -1, right, Dark_Grey);
-    canvas.Lines({right_peak, right_foot}, Black);
+    Paint_Bevel(canvas, left_foot, left_peak, 1, left, theme.Edge_Bright);
+    Paint_End(canvas, left_foot, left_peak, 1, theme.Rim);
+    Paint_Bevel(canvas, right_foot, right_peak, -1, right, theme.Edge_Dark);
+    Paint_End(canvas, right_peak, right_foot, -1, theme.Rim);
     if (Is_Front(tab)) Merge_With_Page(canvas, tab, x0 - slant, x1 + slant, y0);
 }
 
 void Paint_Fill(Canvas& canvas, const TabItems& tab, bool highlighted, const void* image, unsigned long flags,
                 int border, const Area& top) {
     if (flags & FLAG_STATIC) return;
-    if (image && Fits_Size(tab, image)) {
-        const int inset = std::max(border, 0);
-        canvas.Pixels(image, tab.Width, tab.Height, inset, inset, top.Inset(inset));
-    } else {
-        Paint_Shape(canvas, tab, top, Body_Color(tab, highlighted));
-    }
+    const int inset = std::max(border, 0);
+    const Given_Image* const zoomed = Zoomed_Image(tab, image);
+    if (image && !zoomed && Fits_Size(tab, image))
+        return canvas.Pixels(image, tab.Width, tab.Height, inset, inset, top.Inset(inset));
+    Paint_Shape(canvas, tab, top, Body_Color_Of(tab, highlighted));
+    if (zoomed) Paint_Zoomed(canvas, tab, *zoomed, {top.left, top.bottom}, top.Inset(inset));
 }
 
 /// What `Paint_Fill` takes for the place of a tab: its rectangle without the slanted ends.
@@ -144,17 +158,17 @@ void Paint_Name(Canvas& canvas, const TabItems& tab, unsigned long flags) {
 unsigned long Caption_Flags(const TabItems& tab) { return galdren::Caption_Flags(tab, Is_Front(tab)); }
 
 void Paint_Look(Canvas& canvas, const TabItems& tab, bool highlighted) {
-    Paint_Fill(canvas, tab, highlighted, Body_Of(tab, highlighted), tab.Flag, Frame_Width(tab) + 1,
-               Top_Of(tab));
+    Paint_Fill(canvas, tab, highlighted, Body_Of(tab, highlighted), tab.Flag,
+               Frame_Width(tab) + canvas.Line(), Top_Of(tab));
     Paint_Name(canvas, tab, Caption_Flags(tab));
 }
 
 bool Body_Hides_Name(const TabItems& tab) {
     const Area top = Top_Of(tab);
-    const Area between_wings{top.left + 1, top.right - 2, top.bottom + 2, top.top - 2};
+    const int line = Line_Width(tab);
+    const Area between_wings{top.left + 1, top.right - 2, top.bottom + 1 + line, top.top - 1 - line};
     return !tab.Cur_Graph_Normal && !tab.Cur_Graph_Select &&
-           Caption_Stays_Inside(tab.Font, tab.Name, Caption_Flags(tab), Area_Of(tab), tab.Border,
-                                between_wings);
+           Caption_Stays_Inside(tab, Caption_Flags(tab), between_wings);
 }
 
 /// The whole tab, highlighted when the pointer is inside.

@@ -16,10 +16,10 @@ namespace {
 constexpr Grow_Place Grow_In_Tabs{"tabs", 96, 93};
 
 /// What the row paints beyond the set, where it joins with the page.
-constexpr int Tab_Overhang = 3;
+int Overhang_Of(const Tabs& set) { return Scaled(set, 3); }
 
 /// Free on either side of the row.
-int Row_Margin() { return 4 * SPACE; }
+int Row_Margin(const Tabs& set) { return Scaled(set, 4 * SPACE); }
 
 /// The tabs that `Init` placed, as far as they are still there.
 std::span<TabItems* const> Row_Of(const Tabs& set) {
@@ -46,7 +46,7 @@ void Init_Box(Tabs& set) {
 }
 
 void Init_Tabs(Tabs& set) {
-    const int total = (set.Count - 1) * set.Slant - 2 * Row_Margin() + set.Width;
+    const int total = (set.Count - 1) * set.Slant - 2 * Row_Margin(set) + set.Width;
     const unsigned long flags = Has_Flag(set, FLAG_STATIC) ? set.Flag & (FLAG_STATIC | FLAG_OWN_IMAGES) : 0;
     set.Tab_Width = Low_16(total / set.Count);
     const int rest = total - set.Tab_Width * set.Count;
@@ -61,6 +61,7 @@ void Init_Tabs(Tabs& set) {
         tab.Height = set.Height;
         tab.Slant = set.Slant;
         Copy_Font(tab, set);
+        Copy_Look(tab, set);
         if (tab.Color.get() == 0) tab.Color = set.Color;
         tab.Init(set.Window);
     }
@@ -90,13 +91,18 @@ void From_Back_To_Front(const Tabs& set, Visit visit) {
     if (front) visit(*front);
 }
 
-/// One of the three lines around a page: from the end of the row down the left side, along the bottom and up
-/// the right side.
-void Paint_Page_Line(Canvas& canvas, const Area& line, int corner_left, int corner_right, unsigned long side,
+/// One of the three lines around a page, the outermost one being line 0: from the end of the row down the
+/// left side, along the bottom and up the right side.
+/// @param row  between whose ends it is open
+void Paint_Page_Line(Canvas& canvas, const Area& page, int number, const Pixel_Run& row, unsigned long side,
                      unsigned long below) {
-    canvas.Lines({{corner_left, line.top}, {line.left, line.top}, {line.left, line.bottom}}, side);
-    canvas.Lines({{line.left, line.bottom}, {line.right, line.bottom}}, below);
-    canvas.Lines({{line.right, line.bottom}, {line.right, line.top}, {corner_right, line.top}}, side);
+    const int width = canvas.Line();
+    for (int inset = number * width; inset < (number + 1) * width; ++inset) {
+        const auto [left, right, bottom, top] = page.Inset(inset);
+        canvas.Lines({{row.left, top}, {left, top}, {left, bottom}}, side);
+        canvas.Lines({{left, bottom}, {right, bottom}}, below);
+        canvas.Lines({{right, bottom}, {right, top}, {row.right, top}}, side);
+    }
 }
 
 }  // namespace
@@ -128,7 +134,7 @@ void Tabs::Init(HWND window) {
     Count = Low_16(Count_Items(Item));
     if (Count == 0) return;
     Slant = Low_16(Height / 4);
-    First_X = Low_16(X + Row_Margin());
+    First_X = Low_16(X + Row_Margin(*this));
     Init_Tabs(*this);
     Note_Size(*this);
 }
@@ -138,7 +144,7 @@ void Tabs::Init(HWND window) {
 void Tabs::Update() {
     Choose_Ends(*this);
     if (!Has_Flag(*this, FLAG_OUTLINE) && Has_Room(*this)) {
-        const Canvas for_all_tabs(Window, {Area_Of(*this).Inset(-Tab_Overhang)});
+        const Canvas for_all_tabs(Window, {Area_Of(*this).Inset(-Overhang_Of(*this))});
         From_Back_To_Front(*this, [](TabItems& tab) { tab.Draw(); });
     }
     if (TabItems* front = Front_Of(*this)) front->Hover = Hover_Unknown;
@@ -180,7 +186,7 @@ int Tabs::Select(int event) {
 
 void Tabs::Deselect() {
     if (State == 0 || !Has_Size(*this) || Never_Highlights(*this) || !Has_Room(*this)) return;
-    const Canvas for_all_tabs(Window, {Area_Of(*this).Inset(-Tab_Overhang)});
+    const Canvas for_all_tabs(Window, {Area_Of(*this).Inset(-Overhang_Of(*this))});
     From_Back_To_Front(*this, [](TabItems& tab) { tab.Deselect(); });
 }
 
@@ -202,13 +208,14 @@ void Tabs::Page(int height) {
     const Area row = Area_Of(*this);
     const int bottom = row.top - std::clamp(height ? height : Tab_Height, SHRT_MIN, SHRT_MAX);
     const int top = row.bottom;
-    const int left = row.left + Row_Margin();
-    const int right = row.right - Row_Margin();
+    const int left = row.left + Row_Margin(*this);
+    const int right = row.right - Row_Margin(*this);
     Canvas canvas(*this, {Area{row.left, row.right, std::min(bottom, top), std::max(bottom, top)}.Inset(-2)});
+    const Theme& theme = canvas.Look();
     canvas.Polygon({{row.left, top - 2}, {row.left, bottom}, {row.right, bottom}, {row.right, top - 2}},
-                   (front ? front->Color : Color).get());
-    Paint_Page_Line(canvas, {row.left + 1, row.right - 1, bottom + 1, top}, left, right, White, Dark_Grey);
-    Paint_Page_Line(canvas, {row.left + 2, row.right - 2, bottom + 2, top - 1}, left, right, Light_Grey,
-                    Dark_Grey);
-    Paint_Page_Line(canvas, {row.left, row.right, bottom, top + 1}, left, right, Black, Black);
+                   Body_Color(theme, front ? front->Color : Color).get());
+    const Area page{row.left, row.right, bottom, top + 1};
+    Paint_Page_Line(canvas, page, 1, {left, right}, theme.Edge_Bright, theme.Edge_Dark);
+    Paint_Page_Line(canvas, page, 2, {left, right}, theme.Edge_Light, theme.Edge_Dark);
+    Paint_Page_Line(canvas, page, 0, {left, right}, theme.Rim, theme.Rim);
 }

@@ -24,41 +24,41 @@ struct Tab_Set_Fields {
 /// The application sets the number of tabs with `Grow`, writes each tab's `Name` and perhaps `Color`, and
 /// calls `Init`. After a press, `Read` tells which tab is under the pointer; to bring it to the front, the
 /// application writes `Value` and calls `Adjust`.
-class GALDREN_TOOLS_API Tabs : public Tools, public Tab_Set_Fields {
+class Tabs : public Tools, public Tab_Set_Fields {
   public:
     /// Every field zero.
-    Tabs();
+    GALDREN_TOOLS_API Tabs();
     /// Copies every field; the tabs are shared with the source until one of the two changes their number.
-    Tabs(const Tabs& other);
+    GALDREN_TOOLS_API Tabs(const Tabs& other);
     /// Lets go of what this set owns and copies every field.
-    Tabs& operator=(const Tabs& other);
+    GALDREN_TOOLS_API Tabs& operator=(const Tabs& other);
     /// Lets go of the tabs, then of what every control owns.
-    ~Tabs();
+    GALDREN_TOOLS_API ~Tabs();
 
     /// Sets the number of tabs; those that stay keep everything. `Init` has to follow.
     /// @param n      at most 32767; a negative number changes nothing and is reported at level 11
     /// @param flags  style bits of new tabs
     /// @return 1; 0 for a negative number, or when the memory cannot be had, which is reported at level 1
-    int Grow(int n, int flags);
+    GALDREN_TOOLS_API int Grow(int n, int flags);
     /// Lays the tabs out and binds them to a window.
     /// @param window  null keeps the window of the last `Init`; without any it is reported at level 11
-    void Init(HWND window);
+    GALDREN_TOOLS_API void Init(HWND window);
     /// Paints the tabs, the front tab last. The page is left to `Page`.
-    void Draw();
+    GALDREN_TOOLS_API void Draw();
     /// Follows the pointer with the tabs.
     /// @param event  see `Select_Event`; there is no mere hit test
     /// @return 1 when the pointer is on a tab
-    int Select(int event);
+    GALDREN_TOOLS_API int Select(int event);
     /// Paints the tabs plain.
-    void Deselect();
+    GALDREN_TOOLS_API void Deselect();
     /// Brings the tab `Value` to the front.
-    void Adjust();
+    GALDREN_TOOLS_API void Adjust();
     /// Index of the tab under the pointer, passive ones excepted; the lower one where two overlap, -1 when
     /// there is none.
-    int Read();
+    GALDREN_TOOLS_API int Read();
     /// Paints the page below the tabs in the colour of the front tab; to be called before `Draw`.
     /// @param height  height of tabs and page together; 0 means `Tab_Height`
-    void Page(int height);
+    GALDREN_TOOLS_API void Page(int height);
 
   private:
     void Update();

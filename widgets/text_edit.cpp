@@ -1,139 +1,29 @@
+// The input line of a text field: what it reads, its keys and how it looks.
 #include <algorithm>
-#include <climits>
 #include <cstdarg>
 #include <cstdio>
-#include <cstdlib>
-#include <cstring>
+#include <string>
 #include <string_view>
 
 #include "tools/base.h"
-#include "tools/font_cache.h"
+#include "tools/canvas.h"
+#include "tools/clipboard.h"
+#include "tools/code_page.h"
 #include "tools/keyboard.h"
-#include "widgets/text.h"
+#include "widgets/input_line.h"
+#include "widgets/input_view.h"
+#include "widgets/text_command.h"
+#include "widgets/text_lines.h"
+#include "widgets/text_places.h"
 
 using namespace galdren;
 
 namespace {
 
-constexpr int Key_Backspace = 8;
 constexpr int Key_Enter = 13;
 constexpr int Key_Escape = 27;
 
-int Input_Length(const Texts& field) {
-    return static_cast<int>(std::find(field.Line, field.Line + Texts::Line_Room - 1, '\0') - field.Line);
-}
-
-/// Puts a line of the history into the input line. What cannot be shown becomes a blank.
-void Recall(Texts& field, const char* entry) {
-    constexpr unsigned char Delete_Character = 127;
-    std::strncpy(field.Line, entry, Texts::Line_Room - 1);
-    for (char* at = field.Line; *at; ++at) {
-        const auto byte = static_cast<unsigned char>(*at);
-        if (byte < ' ' || byte == Delete_Character) *at = ' ';
-    }
-    field.Cursor_Pos = Low_16(Input_Length(field));
-}
-
-const char* History_Entry(const Texts& field, int index) {
-    return field.History && index >= 0 && index < Texts::Most_History ? field.History[index] : nullptr;
-}
-
-/// What the clipboard holds as text, for a scope; nothing when another window has it open.
-class Clipboard_Text {
-  public:
-    explicit Clipboard_Text(HWND window)
-        : opened(OpenClipboard(window) != 0),
-          block(opened ? GetClipboardData(CF_TEXT) : nullptr),
-          bytes(block ? static_cast<const char*>(GlobalLock(block)) : nullptr) {}
-    ~Clipboard_Text() {
-        if (bytes) GlobalUnlock(block);
-        if (opened) CloseClipboard();
-    }
-    Clipboard_Text(const Clipboard_Text&) = delete;
-    Clipboard_Text& operator=(const Clipboard_Text&) = delete;
-    /// It may be the block that ends, and not the text.
-    std::string_view Get() const { return {bytes, bytes ? strnlen(bytes, GlobalSize(block)) : 0}; }
-
-  private:
-    bool opened;
-    HGLOBAL block;
-    const char* bytes;
-};
-
-void Note_Change(Texts& field) {
-    if (Has_Flag(field, TEXT_REPORT_CHANGES)) field.Mode |= TEXT_CHANGED;
-}
-
-// Edits, which answer whether the input line has to be painted.
-
-bool Move_To(Texts& field, int position) {
-    field.Cursor_Pos = Low_16(std::clamp(position, 0, Input_Length(field)));
-    return true;
-}
-
-bool Erase(Texts& field, int position) {
-    const int length = Input_Length(field);
-    char* const line = field.Line;
-    if (position < length) std::copy(line + position + 1, line + length + 1, line + position);
-    field.Cursor_Pos = Low_16(position);
-    Note_Change(field);
-    return true;
-}
-
-bool Insert(Texts& field, char character) {
-    char* const line = field.Line;
-    if (!field.Accepts(character) || Input_Length(field) >= Texts::Longest_Input) return false;
-    if (Has_Flag(field, TEXT_INTEGER) && std::strtol(line, nullptr, 10) == 0) {
-        // What is typed over a zero replaces it.
-        std::fill_n(line, Texts::Line_Room, '\0');
-        field.Cursor_Pos = 0;
-    }
-    char* const end = line + Texts::Line_Room - 1;
-    std::copy_backward(line + field.Cursor_Pos, end - 1, end);
-    line[field.Cursor_Pos++] = character;
-    *end = '\0';
-    Note_Change(field);
-    return true;
-}
-
-bool Recall_Older(Texts& field) {
-    Note_Change(field);
-    const char* entry = History_Entry(field, field.History_Pos);
-    if (!entry) return false;
-    ++field.History_Pos;
-    Recall(field, entry);
-    return true;
-}
-
-/// Goes back by one entry, so that Up and then Down show the same one twice.
-bool Recall_Newer(Texts& field) {
-    Note_Change(field);
-    const char* entry = History_Entry(field, field.History_Pos - 1);
-    if (entry) --field.History_Pos;
-    Recall(field, entry ? entry : "");
-    return true;
-}
-
-/// The box of the input line.
-Area Input_Area(const Texts& field) {
-    return {field.Input_Box[0], field.Input_Box[1], field.Input_Box[3], field.Input_Box[2]};
-}
-
 Reach Input_Reach(const Texts& field) { return {Common(Area_Of(field), Input_Area(field))}; }
-
-/// The first character from which a text fits into `room`.
-int First_Visible(HFONT font, const char* text, int length, int room) {
-    int first = 0;
-    for (int beyond = length; first < beyond;) {
-        const int middle = (first + beyond) / 2;
-        if (Width_Of(font, text + middle) <= room) {
-            beyond = middle;
-        } else {
-            first = middle + 1;
-        }
-    }
-    return first;
-}
 
 }  // namespace
 
@@ -141,16 +31,18 @@ void Texts::Read(const char* format, ...) {
     Check(*this, "Text::Read");
     if (!Has_Size(*this)) return;
     // Formatted before the line goes: it may be among the arguments.
-    char text[Line_Room] = {};
+    char text[Formatted_Room] = {};
     va_list arguments;
     va_start(arguments, format);
     if (format && std::vsnprintf(text, sizeof text, format, arguments) < 0) text[0] = '\0';
     va_end(arguments);
     const bool keeps_cursor = Has_Flag(*this, TEXT_REPORT_CHANGES) && Mode & TEXT_READING;
-    std::strncpy(Line, text, Line_Room);
-    History_Pos = 0;
+    const std::string_view whole = Whole_Characters(text, Line_Room - 1);
+    std::fill(Line + whole.copy(Line, whole.size()), Line + Line_Room, '\0');
+    Edits.begun[0] = '\0';
+    History_Pos = Selected = 0;
     Mode = TEXT_READING;
-    if (!keeps_cursor) Cursor_Pos = Low_16(Input_Length(*this));
+    if (!keeps_cursor) Cursor_Pos = Low_16(Input_Line(*this, Flag, Edits).Length());
     Draw();
 }
 
@@ -159,6 +51,8 @@ char* Texts::Update() {
     Mode = Mode & TEXT_ENTERED ? 0 : Mode & TEXT_READING;
     return Line;
 }
+
+bool Texts::Accepts(char character) const { return Passes_Filters(Flag, {&character, 1}); }
 
 void Texts::Input(int key) {
     Check(*this, "Text::Input");
@@ -169,84 +63,77 @@ void Texts::Input(int key) {
 /// Acts on a key.
 /// @return whether the input line has to be painted
 bool Texts::Take(int key) {
+    const bool edits = Has_Flag(*this, TEXT_EDITING);
+    if (edits && Command_Of(key) != Text_Command::None) return Obey(key);
     if (!(Mode & TEXT_READING)) return false;
-    Cursor_Pos = Low_16(std::clamp<int>(Cursor_Pos, 0, Input_Length(*this)));
     switch (key) {
-        case KEY_NAVIGATION | VK_LEFT:
-        case KEY_KEYPAD | VK_NUMPAD4:
-            return Move_To(*this, Cursor_Pos - 1);
-        case KEY_NAVIGATION | VK_RIGHT:
-        case KEY_KEYPAD | VK_NUMPAD6:
-            return Move_To(*this, Cursor_Pos + 1);
-        case KEY_NAVIGATION | VK_HOME:
-        case KEY_KEYPAD | VK_NUMPAD7:
-            return Move_To(*this, 0);
-        case KEY_NAVIGATION | VK_END:
-        case KEY_KEYPAD | VK_NUMPAD1:
-            return Move_To(*this, Line_Room);
-        case KEY_NAVIGATION | VK_UP:
-        case KEY_KEYPAD | VK_NUMPAD8:
-            return Recall_Older(*this);
-        case KEY_NAVIGATION | VK_DOWN:
-        case KEY_KEYPAD | VK_NUMPAD2:
-            return Recall_Newer(*this);
-        case KEY_NAVIGATION | VK_DELETE:
-        case KEY_KEYPAD | VK_DELETE:
-            return Erase(*this, Cursor_Pos);
-        case Key_Backspace:
-            return Cursor_Pos > 0 && Erase(*this, Cursor_Pos - 1);
         case Key_Enter:
         case KEY_KEYPAD | Key_Enter:
-            return Enter();
+            Enter();
+            return false;
         case Key_Escape:
-            Mode = 0;
-            Rescale_Cursor();
-            Draw();
+            Escape();
             return false;
         case KEY_CONTROL | 'V':
-            return Paste();
-        case KEY_KEYPAD | VK_DECIMAL:
-            return Insert(*this, '.');
+            return Paste_As_Typed();
         default:
-            return key >= ' ' && key <= UCHAR_MAX && Insert(*this, static_cast<char>(key));
+            return Input_Line(*this, Flag, Edits).Take(key);
     }
 }
 
-/// Takes the clipboard's text as if it were typed.
-bool Texts::Paste() {
-    bool changed = false;
-    if (IsClipboardFormatAvailable(CF_TEXT)) {
-        const Clipboard_Text text(Window);
-        bool full = false;
-        for (const char character : text.Get()) {
-            const auto key = static_cast<unsigned char>(character);
-            // There may be a megabyte of what has no room.
-            if (key >= ' ' && (full || !Accepts(character))) continue;
-            changed = Take(key) || changed;
-            if (!(Mode & TEXT_READING)) break;
-            full = Input_Length(*this) >= Longest_Input;
-        }
+/// Takes the input line over into output and history.
+void Texts::Enter() {
+    Input_Line line(*this, Flag, Edits);
+    const Output_Lines output(*this, Picture);
+    if (!Has_Flag(*this, TEXT_SINGLE_LINE) && Can_Write()) {
+        output.Begin();
+        output.Put(line.Text(), true);  // what is typed never acts as a code
     }
-    Note_Change(*this);
+    line.Remember();
+    Mode |= TEXT_ENTERED;
+    V_Slider.Val = 0.0F;
+}
+
+void Texts::Escape() {
+    Mode = 0;
+    Rescale_Cursor();
+    Draw();
+}
+
+/// Puts the clipboard's text into the line, up to its first line break.
+bool Texts::Paste() {
+    const std::string text = Clipboard_Text(Window);
+    const std::string_view line = std::string_view(text).substr(0, text.find_first_of("\r\n"));
+    return !line.empty() && Input_Line(*this, Flag, Edits).Insert_All(line);
+}
+
+/// Takes the clipboard's text as if it were typed, control characters as the keys that they are.
+bool Texts::Paste_As_Typed() {
+    bool changed = false;
+    const std::string text = Clipboard_Text(Window);
+    bool full = false;
+    for (std::string_view rest = text; !rest.empty() && Mode & TEXT_READING;) {
+        const std::string_view character = rest.substr(0, static_cast<std::size_t>(Character_Length(rest)));
+        rest.remove_prefix(character.size());
+        const bool is_control = static_cast<unsigned char>(character[0]) < ' ';
+        // There may be a megabyte of what has no room.
+        if (!is_control && (full || !Passes_Filters(Flag, character))) continue;
+        for (const char byte : character)
+            changed = Take(static_cast<unsigned char>(byte)) || changed;
+        full = Input_Line(*this, Flag, Edits).Is_Full();
+    }
+    Input_Line(*this, Flag, Edits).Note_Change();
     return changed;
 }
 
 /// The frame of the input line and what is in it, while reading.
 void Texts::Paint_Input() {
-    constexpr int Rings = 2;
     if (!(Mode & TEXT_READING)) return;
     Canvas canvas(*this, Input_Reach(*this));
     const Area box = Input_Area(*this);
     if (box.left <= box.right)
-        Paint_Frame(canvas, Color, 1, true, Rings, {box.left, box.right, box.bottom, box.top - 1});
+        Paint_Frame(canvas, Color, 1, true, canvas.Scaled(2), {box.left, box.right, box.bottom, box.top - 1});
     Read_Echo();
-}
-
-bool Texts::Accepts(char character) const {
-    const auto is_one_of = [character](const char* set) { return character && std::strchr(set, character); };
-    if (Has_Flag(*this, TEXT_FLOAT) && !is_one_of("0123456789+-.e")) return false;
-    if (Has_Flag(*this, TEXT_INTEGER) && !is_one_of("0123456789+-")) return false;
-    return !Has_Flag(*this, TEXT_HEXADECIMAL) || is_one_of("0123456789abcdefABCDEF");
 }
 
 void Texts::Show_Caret(Text_Caret how) {
@@ -259,32 +146,10 @@ void Texts::Show_Caret(Text_Caret how) {
 /// What is in the input line, while reading. A console that only writes has none, and its box would stand on
 /// the output.
 void Texts::Read_Echo() {
-    constexpr int Text_Gap = 4;
-    constexpr int Caret_Gap = 3;
-    constexpr unsigned long Caret_Yellow = 0x00FFFF;
     const Area box = Input_Area(*this);
-    const int border = Frame_Width(*this);
     if (!(Mode & TEXT_READING) || box.right < box.left) return;
     Canvas canvas(*this, Input_Reach(*this));
-    Paint_Body(canvas, *this, Select_State == Hover_Highlighted, nullptr, Flag, border + 1, box);
-
-    char text[Line_Room] = {};
-    std::copy_n(Line, Input_Length(*this), text);
-    if (Has_Flag(*this, TEXT_PASSWORD)) std::fill_n(text, Input_Length(*this), '#');
-    char before_caret[Line_Room] = {};
-    const int cursor = std::clamp<int>(Cursor_Pos, 0, Input_Length(*this));
-    std::copy_n(text, cursor, before_caret);
-    const int room = box.right - box.left - 4 * border;
-    const int first = First_Visible(Bold_Font, before_caret, cursor, room);
-
-    const Canvas::Narrow_Clip clip = canvas.Narrow(box.Inset(border));
-    const int left = box.left + border;
-    if (Caret == CARET_SHOWN || (Caret == CARET_AT_POINTER && Select_State == Hover_Highlighted)) {
-        const int caret = left + Width_Of(Bold_Font, before_caret + first) + Caret_Gap;
-        canvas.Column(caret, box.bottom + border + 2, box.top - border - 2, Caret_Yellow);
-        canvas.Column(caret + 1, box.bottom + border + 2, box.top - border - 2, Caret_Yellow);
-    }
-    const int height = Metrics_Of(Bold_Font).tmHeight;
-    const int y = box.bottom + (box.top - box.bottom - height) / 2;
-    canvas.Write_Run(Bold_Font, text + first, left + Text_Gap, y, Black);
+    Paint_Body(canvas, *this, Select_State == Hover_Highlighted, nullptr, Flag,
+               Frame_Width(*this) + canvas.Line(), box);
+    Input_View(*this, Input_Line(*this, Flag, Edits), Edits).Paint(canvas);
 }

@@ -131,8 +131,8 @@ void Report_Format(const Valuators& valuator) {
 
 /// Room between the edge and the trough: the frame, and the inner frame that a number field brings.
 int Trough_Inset(const Valuators& valuator, bool inner_frame) {
-    constexpr int Inner_Frame = 2;
-    return Frame_Width(valuator) + (inner_frame ? Inner_Frame : 0);
+    const int width = inner_frame ? Scaled(valuator, 2) : 0;
+    return Frame_Width(valuator) + width;
 }
 
 bool Has_Inner_Frame(const Valuators& valuator) { return valuator.Format && valuator.Border != 0; }
@@ -153,20 +153,22 @@ void Paint_Number(Canvas& canvas, const Valuators& valuator) {
     constexpr std::size_t Longest = 128;
     char text[Longest];
     valuator.Print_Number(text, sizeof text);
-    const int left = valuator.X + valuator.Width - valuator.Num_Width - Frame_Width(valuator) - 1;
+    const int left = valuator.X + valuator.Width - valuator.Num_Width - Frame_Width(valuator) - canvas.Line();
     const Area field{left, left + valuator.Num_Width, valuator.Y, valuator.Y + valuator.Height};
     Paint_Caption(canvas, valuator.Font, text, 0, field, valuator.Border);
 }
 
 void Clear_Number(Canvas& canvas, const Valuators& valuator) {
-    const Area inner = Area_Of(valuator).Inset(Frame_Width(valuator) + 1);
+    const Area inner = Area_Of(valuator).Inset(Frame_Width(valuator) + canvas.Line());
     canvas.Box({inner.right - valuator.Num_Width, inner.right, inner.bottom, inner.top},
-               valuator.Color.get());
+               Body_Color(canvas.Look(), valuator.Color).get());
 }
 
 /// The sunken frame around the trough, beside a number field.
 void Paint_Inner_Frame(Canvas& canvas, const Valuators& valuator) {
-    Paint_Frame(canvas, valuator.Color, 0, true, 1, Trough_Area(valuator).Inset(Frame_Width(valuator) + 1));
+    const int line = canvas.Line();
+    Paint_Frame(canvas, valuator.Color, 0, true, line,
+                Trough_Area(valuator).Inset(Frame_Width(valuator) + line));
 }
 
 void Paint_Outer_Frame(Canvas& canvas, const Valuators& valuator, int width) {
@@ -176,7 +178,7 @@ void Paint_Outer_Frame(Canvas& canvas, const Valuators& valuator, int width) {
 /// The inside of the trough and the name on it.
 void Paint_Inside(Canvas& canvas, const Valuators& valuator, bool highlighted, const unsigned long* body,
                   const Area& area) {
-    const int inset = Trough_Inset(valuator, Has_Inner_Frame(valuator)) + 1;
+    const int inset = Trough_Inset(valuator, Has_Inner_Frame(valuator)) + canvas.Line();
     Paint_Body(canvas, valuator, highlighted, body, valuator.Flag, inset, area);
     Paint_Name(canvas, valuator);
 }
@@ -211,18 +213,24 @@ Padlock Padlock_For(int room) {
     return room >= 8 ? Padlock{8, Padlock_8} : Padlock{0, nullptr};
 }
 
+/// Each of its pixels is a square of as many whole pixels as the scale has.
 void Paint_Padlock(Canvas& canvas, const Thumb& thumb) {
+    constexpr int Largest = 80;  // at the largest scale
+    const int side = std::clamp(canvas.Scaled(Unscaled) / Unscaled, 1, Largest / 16);
     const Area& area = thumb.area;
-    const Padlock padlock = Padlock_For(area.top - area.bottom - (thumb.vertical ? 0 : 1));
+    const Padlock padlock = Padlock_For((area.top - area.bottom - (thumb.vertical ? 0 : 1)) / side);
     if (padlock.size == 0) return;
-    const int left = area.left + thumb.half - padlock.size / 2;
-    const int top = (area.bottom + area.top) / 2 + padlock.size / 2 - 1;
-    const Area place{left, left + padlock.size - 1, top - padlock.size + 1, top};
-    unsigned long pixels[16 * 16];
+    const int size = padlock.size * side;
+    const int left = area.left + thumb.half - size / 2;
+    const int top = (area.bottom + area.top) / 2 + size / 2 - 1;
+    unsigned long pixels[Largest * Largest];
     // Its white surroundings take the colour of the locked thumb.
-    std::transform(padlock.greys, padlock.greys + padlock.size * padlock.size, pixels,
-                   [](unsigned char grey) { return std::min(0x010101UL * grey, Thumb_Light); });
-    canvas.Pixels(pixels, padlock.size, padlock.size, 0, 0, place);
+    const auto light = static_cast<unsigned long>(Pixel_Of(canvas.Look().Thumb_Light));
+    for (int i = 0; i < size * size; ++i) {
+        const unsigned char grey = padlock.greys[i / size / side * padlock.size + i % size / side];
+        pixels[i] = std::min(0x010101UL * grey, light);
+    }
+    canvas.Pixels(pixels, size, size, 0, 0, {left, left + size - 1, top - size + 1, top});
 }
 
 /// Distance of the thumb from the start of its room.
@@ -240,9 +248,9 @@ void Paint_Cursor(Canvas& canvas, const Valuators& valuator) {
     const Thumb thumb(vertical, valuator.Curs_Half, room, Thumb_Offset(valuator));
     const Area& area = thumb.area;
     if (Has_Flag(valuator, VALUATOR_LOCKED)) {
-        canvas.Box({area.left + 1, area.right, area.bottom, area.top - 1}, Thumb_Light);
+        canvas.Box({area.left + 1, area.right, area.bottom, area.top - 1}, canvas.Look().Thumb_Light);
         Paint_Padlock(canvas, thumb);
-        canvas.Outline(area.Inset(1), Outline_Blue);
+        canvas.Outline(area.Inset(canvas.Line()), canvas.Look().Caption_Outline, canvas.Line());
     } else {
         thumb.Paint_Face(canvas);
         thumb.Paint_Shadow(canvas, area.top);
@@ -267,7 +275,7 @@ void Valuators::Init(HWND window) {
         return;
     }
     if (!Begin_Init(*this, window, "Valuators::Init")) return;
-    Curs_Half = std::max(CURSEUR, Curs_Half);
+    Curs_Half = std::max(Low_16(Scaled(*this, CURSEUR)), Curs_Half);
     Default_Grey(*this);
     Bind(*this, window);
     Renew_Font(*this);
@@ -287,7 +295,8 @@ void Valuators::Larg_Adjust(float larg, float total) {
     Check(*this, "Valuators::Larg_Adjust");
     if (!Has_Size(*this)) return;
     const int number = Is_Vertical(*this) ? 0 : Num_Width;
-    Size_Thumb(Curs_Half, larg, total, Bar_Length(*this) - number - 2 * SPACE);
+    const int room = Bar_Length(*this) - number - 2 * Scaled(*this, SPACE);
+    Curs_Half = Thumb_For(*this, Curs_Half, larg, total, room);
 }
 
 void Valuators::Lock(int how) {
@@ -340,7 +349,7 @@ void Valuators::Draw() {
         Paint_Name(canvas, *this);
     }
     if (!Has_Flag(*this, FLAG_NO_BODY)) {
-        if (!Has_Flag(*this, FLAG_STATIC)) canvas.Box(Area_Of(*this), Color.get());
+        if (!Has_Flag(*this, FLAG_STATIC)) canvas.Box(Area_Of(*this), Body_Color(canvas.Look(), Color).get());
         Paint_Outer_Frame(canvas, *this, Frame_Width(*this));
         if (Has_Inner_Frame(*this)) Paint_Inner_Frame(canvas, *this);
         if (Format) Paint_Number(canvas, *this);

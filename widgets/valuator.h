@@ -19,7 +19,7 @@ constexpr unsigned long VALUATOR_LOG_E =
 /// The valuator does not move its value with the pointer: when `Select` answers 1 with a button down, the
 /// owner stores what `Read` answers in `Val` and calls `Adjust`. Every field is zero at first; copies take
 /// all of them, the table included.
-class GALDREN_TOOLS_API Valuators : public Tools {
+class Valuators : public Tools {
   public:
     static constexpr int Most_Positions = 4096;  ///< entries of `Tab`
 
@@ -39,33 +39,33 @@ class GALDREN_TOOLS_API Valuators : public Tools {
     /// Binds the valuator to a window and works out its table. To be called again after a change of place,
     /// size, range, scale or `Curs_Half`. Does nothing with a negative `Num_Width`.
     /// @param window  null keeps the window of the last `Init`; without any it is reported at level 11
-    void Init(HWND window);
+    GALDREN_TOOLS_API void Init(HWND window);
     /// Sizes the thumb as the visible part of a document. To be called before `Init`.
     /// @param larg   extent of the visible part; its sign does not count
     /// @param total  extent of the whole; its sign does not count
-    void Larg_Adjust(float larg, float total);
+    GALDREN_TOOLS_API void Larg_Adjust(float larg, float total);
     /// Locks the value (any other number), frees it (0) or changes between the two (8). Shown by the next
     /// paint.
-    void Lock(int how);
+    GALDREN_TOOLS_API void Lock(int how);
     /// The value under the pointer, the nearest end beyond the track; `Val` when locked, 0 when passive.
-    float Read();
+    GALDREN_TOOLS_API float Read();
     /// Follows the pointer.
     /// @param event  see `Select_Event`
     /// @return 1 when the owner is to take a value with `Read`
-    int Select(int event);
+    GALDREN_TOOLS_API int Select(int event);
     /// Ends a drag and paints the inside normal.
-    void Deselect();
+    GALDREN_TOOLS_API void Deselect();
     /// Paints the whole valuator.
-    void Draw();
+    GALDREN_TOOLS_API void Draw();
     /// Repaints after a change of `Val`.
-    void Adjust();
+    GALDREN_TOOLS_API void Adjust();
     /// Moves the value by `n` steps, down when positive (up when reversed), and repaints.
     /// @return the new value
-    float Scroll(int n);
+    GALDREN_TOOLS_API float Scroll(int n);
     /// Writes the value as the number field shows it, or would show it without a format.
     /// @param text  receives it, cut where the room ends
     /// @param room  bytes that `text` takes, with the end
-    void Print_Number(char* text, std::size_t room) const;
+    GALDREN_TOOLS_API void Print_Number(char* text, std::size_t room) const;
 
   private:
     const char* Used_Format() const;

@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
+#include <initializer_list>
 #include <iterator>
 #include <string>
+#include <vector>
 
 #include "Galdren_Host.h"
 #include "Galdren_Tools.h"
@@ -57,13 +59,18 @@ struct Picker {
         host.Describe(hue, "Hue");
         host.Add(recent_label);
         for (Buttons& button : recent)
+            button.Border = 2,
             host.Add(button, [this](Buttons& pressed) { Show(recent_value[&pressed - recent]); });
         host.Add(text);
         host.Add(copy, [this](Buttons&) { Copy(); });
         host.Set_Default(&copy);
         host.Set_Mnemonic(copy, 'C');
         host.Set_Mnemonic(recent_label, 'R');
-        Fit();
+        for (Tools* control : std::initializer_list<Tools*>{&channels, &hue, &text, &recent_label, &copy})
+            control->Font_Name = "Arial", control->Font_Size = 10, control->Border = 2;
+        host.Follow_Dpi();
+        Lay_Out();
+        Show_Recent();
         Show(recent_value[0]);
     }
 
@@ -99,27 +106,15 @@ struct Picker {
     }
 
     /// The channels take the height that the rows below them leave.
-    void Fit() {
-        RECT client{};
-        GetClientRect(window, &client);
-        const auto place = [](Tools& control, LONG x, LONG y, LONG width, LONG height) {
-            control.Font_Name = "Arial", control.Font_Size = 10, control.Border = 2;
-            control.X = short(x), control.Y = short(y);
-            control.Width = short(width), control.Height = short(height);
-        };
-        const LONG width = client.right - 24;
-        place(channels, 12, 166, width, client.bottom - 178);
-        place(hue, 12, 122, width, 36);
-        place(recent_label, 12, 96, width, 22);
-        constexpr LONG count = std::size(first_colors), gap = 8;
-        for (LONG i = 0; i < count; ++i) {
-            const LONG left = i * (width + gap) / count, right = (i + 1) * (width + gap) / count - gap;
-            place(recent[i], 12 + left, 58, right - left, 34);
-        }
-        place(text, 12, 12, width - 108, 34);
-        place(copy, client.right - 112, 12, 100, 34);
-        Show_Recent();
-        host.Init_All();
+    void Lay_Out() {
+        using namespace Layout;
+        std::vector<Item> colors;
+        for (Buttons& button : recent)
+            colors.push_back(Stretch(Least(button, 24, 0)));
+        const Item last = Row(8, {Stretch(Least(text, 80, 0)), Fixed(copy, 100)});
+        Layout::Lay_Out(host, Margin(12, Column(8, {Stretch(Least(channels, 280, 100)), Fixed(hue, 36),
+                                                    Fixed(recent_label, 22), Fixed(Row(8, colors), 34),
+                                                    Fixed(last, 34)})));
     }
 };
 
@@ -129,12 +124,6 @@ LRESULT CALLBACK Window_Procedure(HWND window, UINT message, WPARAM wparam, LPAR
     LRESULT result = 0;
     if (picker->host.Message(message, wparam, lparam, result)) return result;
     switch (message) {
-        case WM_SIZE:
-            picker->Fit();
-            return 0;
-        case WM_GETMINMAXINFO:
-            reinterpret_cast<MINMAXINFO*>(lparam)->ptMinTrackSize = {320, 320};
-            return 0;
         case WM_DESTROY:
             PostQuitMessage(0);
             return 0;
@@ -144,6 +133,7 @@ LRESULT CALLBACK Window_Procedure(HWND window, UINT message, WPARAM wparam, LPAR
 }
 
 int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int show) {
+    Set_Text_Code_Page(CP_UTF8);
     WNDCLASSA window_class{};
     window_class.lpfnWndProc = Window_Procedure;
     window_class.hInstance = instance;

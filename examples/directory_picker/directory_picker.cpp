@@ -2,6 +2,7 @@
 // the two changed, `Show` brings the other in line, and the browser alone knows what is chosen.
 #include <cstdio>
 #include <cstdlib>
+#include <initializer_list>
 #include <string>
 
 #include "Galdren_Host.h"
@@ -19,10 +20,9 @@ struct Picker {
         tree.Name = "Directory";
         chosen.Flag = typed_label.Flag = FLAG_TEXT_LEFT;
         typed_label.Name = "Path";
-        typed.Flag = TEXT_SINGLE_LINE, typed.Color = Colors(222, 225, 230);
+        typed.Flag = TEXT_SINGLE_LINE | TEXT_EDITING, typed.Color = Colors(222, 225, 230);
         ok.Name = "OK", cancel.Name = "Cancel";
         Serve_Screen_Readers(host);
-        host.Set_Background(Colors(76, 81, 90));
         host.Add(tree, [this](DirTrees&, const Host_Event& event) {
             if (event.answer == 2) Show();  // 1 is a branch opened, or a bar moved
         });
@@ -37,7 +37,12 @@ struct Picker {
         host.Set_Mnemonic(typed_label, 'P');
         host.Set_Mnemonic(ok, 'O');
         host.Set_Mnemonic(cancel, 'C');
-        Fit();
+        for (Tools* control :
+             std::initializer_list<Tools*>{&tree, &chosen, &typed_label, &typed, &ok, &cancel})
+            control->Font_Name = "Arial", control->Font_Size = 10, control->Border = 2;
+        host.Follow_Dpi();
+        host.Follow_System_Theme();
+        Lay_Out();
         host.Focus(&typed);
         Go_To(std::getenv("USERPROFILE"));
     }
@@ -71,21 +76,13 @@ struct Picker {
     void Close() { PostMessageA(window, WM_CLOSE, 0, 0); }
 
     /// The tree takes what the rows below it leave.
-    void Fit() {
-        RECT client{};
-        GetClientRect(window, &client);
-        const auto place = [](Tools& control, LONG x, LONG y, LONG width, LONG height) {
-            control.Font_Name = "Arial", control.Font_Size = 10, control.Border = 2;
-            control.X = short(x), control.Y = short(y);
-            control.Width = short(width), control.Height = short(height);
-        };
-        place(tree, 12, 124, client.right - 24, client.bottom - 136);
-        place(chosen, 12, 92, client.right - 24, 24);
-        place(typed_label, 12, 58, 40, 26);
-        place(typed, 56, 58, client.right - 68, 26);
-        place(cancel, client.right - 220, 12, 100, 34);
-        place(ok, client.right - 112, 12, 100, 34);
-        host.Init_All();
+    void Lay_Out() {
+        using namespace Layout;
+        const Item path = Row(4, {Fixed(typed_label, 40), Stretch(typed)});
+        const Item buttons = Row(8, {Space(), Fixed(cancel, 100), Fixed(ok, 100)});
+        Layout::Lay_Out(host,
+                        Margin(12, Column(8, {Stretch(Least(tree, 0, 160)), Fixed(Least(chosen, 240, 0), 24),
+                                              Fixed(path, 26), Fixed(buttons, 34)})));
     }
 };
 
@@ -95,12 +92,6 @@ LRESULT CALLBACK Window_Procedure(HWND window, UINT message, WPARAM wparam, LPAR
     LRESULT result = 0;
     if (picker->host.Message(message, wparam, lparam, result)) return result;
     switch (message) {
-        case WM_SIZE:
-            picker->Fit();
-            return 0;
-        case WM_GETMINMAXINFO:
-            reinterpret_cast<MINMAXINFO*>(lparam)->ptMinTrackSize = {280, 320};
-            return 0;
         case WM_DESTROY:
             PostQuitMessage(0);
             return 0;
@@ -110,6 +101,7 @@ LRESULT CALLBACK Window_Procedure(HWND window, UINT message, WPARAM wparam, LPAR
 }
 
 int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int show) {
+    Set_Text_Code_Page(CP_UTF8);
     WNDCLASSA window_class{};
     window_class.lpfnWndProc = Window_Procedure;
     window_class.hInstance = instance;

@@ -8,17 +8,17 @@ struct Light_Switch {
     Host host;
 
     explicit Light_Switch(HWND window) : host(window) {
-        // Positions are in pixels from the bottom-left corner of the window, y upward.
-        label.X = 20, label.Y = 90, label.Width = 240, label.Height = 25;
         label.Name = "The light is off";
-
-        button.X = 20, button.Y = 30, button.Width = 240, button.Height = 40;
         button.Name = "Light";
         button.Flag = BUTTON_LAMP;
 
         host.Add(label);
         host.Add(button, [this](Buttons&) { Toggle(); });
-        host.Init_All();
+        host.Follow_Dpi();
+
+        // A label above a button, which is 40 pixels high; both are as wide as the window, but for a margin.
+        using namespace Layout;
+        Lay_Out(host, Margin(20, Column(20, {Stretch(Least(label, 200, 20)), Fixed(button, 40)})));
     }
 
     void Toggle() {
@@ -39,6 +39,7 @@ LRESULT CALLBACK Window_Procedure(HWND window, UINT message, WPARAM wparam, LPAR
 }
 
 int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int show) {
+    Set_Text_Code_Page(CP_UTF8);
     WNDCLASSA window_class{};
     window_class.style = CS_HREDRAW | CS_VREDRAW;
     window_class.lpfnWndProc = Window_Procedure;

@@ -1,6 +1,7 @@
 // A console fed by a worker thread. Controls are for the thread of their window alone, so the worker touches
 // none: it posts each line to the window, and the ownership of the line goes with the message.
 #include <chrono>
+#include <initializer_list>
 #include <memory>
 #include <string>
 #include <thread>
@@ -54,8 +55,11 @@ struct Log_Window {
         host.Add(count_label);
         host.Set_Mnemonic(run, 'R');
         host.Set_Mnemonic(clear, 'C');
+        for (Tools* control : std::initializer_list<Tools*>{&console, &run, &clear, &count_label})
+            control->Font_Name = "Arial", control->Font_Size = 10;
         Show_Count(0);
-        Fit();
+        host.Follow_Dpi();
+        Lay_Out();
         console.Read(nullptr);
         host.Focus(&console);
         Start();
@@ -95,19 +99,11 @@ struct Log_Window {
     }
 
     /// The console fills the window above a row of buttons.
-    void Fit() {
-        RECT client{};
-        GetClientRect(window, &client);
-        const auto place = [](Tools& control, int x, int y, LONG width, LONG height) {
-            control.Font_Name = "Arial", control.Font_Size = 10;
-            control.X = short(x), control.Y = short(y);
-            control.Width = short(width), control.Height = short(height);
-        };
-        place(console, 12, 56, client.right - 24, client.bottom - 68);
-        place(run, 12, 12, 100, 34);
-        place(clear, 124, 12, 100, 34);
-        place(count_label, 240, 12, 120, 34);
-        host.Init_All();
+    void Lay_Out() {
+        using namespace Layout;
+        const Item buttons =
+            Row(12, {Fixed(run, 100), Fixed(clear, 100), Stretch(Least(count_label, 80, 0))});
+        Layout::Lay_Out(host, Margin(12, Column(10, {Stretch(Least(console, 0, 100)), Fixed(buttons, 34)})));
     }
 };
 
@@ -120,9 +116,6 @@ LRESULT CALLBACK Window_Procedure(HWND window, UINT message, WPARAM wparam, LPAR
         case line_message:
             log->Append(Take_Over(lparam));
             return 0;
-        case WM_SIZE:
-            log->Fit();
-            return 0;
         case WM_DESTROY:
             log->Close(), PostQuitMessage(0);
             return 0;
@@ -132,6 +125,7 @@ LRESULT CALLBACK Window_Procedure(HWND window, UINT message, WPARAM wparam, LPAR
 }
 
 int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int show) {
+    Set_Text_Code_Page(CP_UTF8);
     WNDCLASSA window_class{};
     window_class.lpfnWndProc = Window_Procedure;
     window_class.hInstance = instance;

@@ -33,26 +33,27 @@ struct Dialog {
 
     explicit Dialog(HWND window) : host(window) {
         Serve_Screen_Readers(host);
-        host.Set_Background(Colors(76, 81, 90));
-        Add(panel, nullptr, 12, 178, 496, 250, FLAG_STATIC | FLAG_PASSIVE);
-        Add_Entry(title_label, "Title", title, 386, 0);
-        Add_Entry(copies_label, "Copies", copies, 350, TEXT_INTEGER);
-        Add(format, "Format", 28, 308, 272, 32, FLAG_TEXT_MIDDLE | FLAG_TEXT_LEFT);
+        host.Follow_Dpi();
+        host.Follow_System_Theme();
+        Add(panel, nullptr, FLAG_STATIC | FLAG_PASSIVE);
+        Add_Entry(title_label, "Title", title, 0);
+        Add_Entry(copies_label, "Copies", copies, TEXT_INTEGER);
+        Add(format, "Format", FLAG_TEXT_MIDDLE | FLAG_TEXT_LEFT);
         format.Value_Width = 208;
         Name_Items(format, formats);
-        Add(quality, "Quality", 28, 272, 272, VAL_DIM, SLIDER_KEEP_GRAB | FLAG_TEXT_LEFT);
+        Add(quality, "Quality", SLIDER_KEEP_GRAB | FLAG_TEXT_LEFT);
         quality.Start_Val = 1, quality.End_Val = 100, quality.Format = "%.0f %%", quality.Num_Width = NUM_DIM;
-        Add(extra, "Extras", 28, 190, 272, 72, CHECKLIST_NAME_LEFT);
+        Add(extra, "Extras", CHECKLIST_NAME_LEFT);
         extra.List = extras;
-        Add(size_label, "Size in pixels", 320, 386, 172, 26, FLAG_TEXT_LEFT);
-        Add(size, nullptr, 320, 240, 172, 144, FLAG_VERTICAL | SLIDER_KEEP_GRAB);
+        Add(size_label, "Size in pixels", FLAG_TEXT_LEFT);
+        Add(size, nullptr, FLAG_VERTICAL | SLIDER_KEEP_GRAB);
         Name_Items(size, sizes);
-        Add(replace, "Replace old pictures", 320, 190, 172, 36, BUTTON_LAMP);
-        Add(reset, "Defaults", 292, 132, 100, 34, 0, [this](Buttons&) { Show({}); });
-        Add(ok, "OK", 408, 132, 100, 34, 0, [this](Buttons&) { Report(Read_Back()); });
-        Add(summary, "What the program got", 12, 12, 496, 108, TEXT_V_BAR | SLIDER_KEEP_GRAB);
+        Add(replace, "Replace old pictures", BUTTON_LAMP);
+        Add(reset, "Defaults", 0, [this](Buttons&) { Show({}); });
+        Add(ok, "OK", 0, [this](Buttons&) { Report(Read_Back()); });
+        Add(summary, "What the program got", TEXT_V_BAR | SLIDER_KEEP_GRAB);
         summary.Color = Colors(196, 200, 206);
-        host.Init_All();
+        Lay_Out();
         host.Focus(&title);
         host.Set_Default(&ok);
         Show({});
@@ -81,21 +82,33 @@ struct Dialog {
             if (settings.extras & 1 << i) summary.Write("%c    with %s", TEXT_BLUE, extras[i]);
     }
 
-    /// Fields that all have, and the place from the bottom-left corner of the window. Alt and the first
-    /// letter of the name go to the control; a field or a list without a name has the label before it.
-    void Add(auto& control, const char* name, int x, int y, int width, int height, unsigned long flag,
-             auto... handlers) {
+    /// What is set stands in two columns on the panel, and what became of it below.
+    void Lay_Out() {
+        using namespace Layout;
+        const Item left =
+            Column(10, {Fixed(Row(4, {Fixed(title_label, 60), Stretch(title)}), 26),
+                        Fixed(Row(4, {Fixed(copies_label, 60), Stretch(copies)}), 26), Fixed(format, 32),
+                        Fixed(quality, VAL_DIM), Stretch(Least(extra, 272, 72))});
+        const Item right =
+            Column(8, {Fixed(size_label, 26), Stretch(Least(size, 172, 120)), Fixed(replace, 36)});
+        const Item buttons = Row(16, {Space(), Fixed(reset, 100), Fixed(ok, 100)});
+        Layout::Lay_Out(
+            host, Margin(12, Column(12, {Stretch(Stack({panel, Margin(16, Row(20, {Stretch(left), right}))})),
+                                         Fixed(buttons, 34), Fixed(summary, 108)})));
+    }
+
+    /// Fields that all have. Alt and the first letter of the name go to the control; a field or a list
+    /// without a name has the label before it.
+    void Add(auto& control, const char* name, unsigned long flag, auto... handlers) {
         control.Name = name, control.Flag = flag;
-        control.X = short(x), control.Y = short(y);
-        control.Width = short(width), control.Height = short(height);
         control.Font_Name = "Arial", control.Font_Size = 10, control.Border = 2;
         host.Add(control, handlers...);
         if (name) host.Set_Mnemonic(control, *name);
     }
 
-    void Add_Entry(Labels& label, const char* name, Texts& field, int y, unsigned long flag) {
-        Add(label, name, 28, y, 60, 26, FLAG_TEXT_LEFT);
-        Add(field, nullptr, 92, y, 208, 26, flag | TEXT_SINGLE_LINE);
+    void Add_Entry(Labels& label, const char* name, Texts& field, unsigned long flag) {
+        Add(label, name, FLAG_TEXT_LEFT);
+        Add(field, nullptr, flag | TEXT_SINGLE_LINE | TEXT_EDITING);
         field.Color = Colors(222, 225, 230);
     }
 
@@ -115,18 +128,15 @@ LRESULT CALLBACK Window_Procedure(HWND window, UINT message, WPARAM wparam, LPAR
 }
 
 int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int show) {
-    constexpr DWORD style = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX;
+    Set_Text_Code_Page(CP_UTF8);
     WNDCLASSA window_class{};
     window_class.lpfnWndProc = Window_Procedure;
     window_class.hInstance = instance;
     window_class.hCursor = LoadCursorA(nullptr, IDC_ARROW);
     window_class.lpszClassName = "Settings";
     RegisterClassA(&window_class);
-    RECT area{0, 0, 520, 440};
-    AdjustWindowRect(&area, style, FALSE);
-    HWND window =
-        CreateWindowA("Settings", "Settings", style, CW_USEDEFAULT, CW_USEDEFAULT, area.right - area.left,
-                      area.bottom - area.top, nullptr, nullptr, instance, nullptr);
+    HWND window = CreateWindowA("Settings", "Settings", WS_OVERLAPPEDWINDOW, CW_USEDEFAULT, CW_USEDEFAULT,
+                                540, 480, nullptr, nullptr, instance, nullptr);
     Dialog dialog(window);
     SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&dialog));
     ShowWindow(window, show);

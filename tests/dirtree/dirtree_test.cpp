@@ -1,60 +1,18 @@
 #include <cstring>
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "Galdren_Tools.h"
 #include "Galdren_Util.h"
+#include "tests/support/code_page.h"
+#include "tests/support/directories.h"
 #include "tests/support/spy.h"
 #include "tests/support/window.h"
+#include "util/wide.h"
 
 using namespace galdren_test;
 
 namespace {
-
-/// Directories in the temporary directory, gone at the end with all that the test has put there. Their names
-/// are given below the sample and end with a backslash, as the paths of nodes do.
-class Sample {
-  public:
-    explicit Sample(std::initializer_list<const char*> names = {}) {
-        char temporary[MAX_PATH] = "";
-        GetTempPathA(MAX_PATH, temporary);
-        root_ = temporary + Name() + "\\";
-        Add("");
-        for (const char* name : names)
-            Add(name);
-    }
-    ~Sample() {
-        while (!added_.empty())
-            Remove(std::string(added_.back()));
-    }
-    Sample(const Sample&) = delete;
-    Sample& operator=(const Sample&) = delete;
-
-    void Add(const std::string& name) {
-        EXPECT_TRUE(CreateDirectoryW(Wide(name).c_str(), nullptr)) << name.substr(0, 80);
-        added_.push_back(name);
-    }
-    void Remove(const std::string& name) {
-        RemoveDirectoryW(Wide(name).c_str());
-        std::erase(added_, name);
-    }
-    std::string Name() const { return "galdren_tree_" + std::to_string(GetCurrentProcessId()); }
-    std::string Plain(const std::string& name = "") const { return root_ + name; }
-
-  private:
-    /// The form that may be longer than MAX_PATH.
-    std::wstring Wide(const std::string& name) const {
-        const std::string path = "\\\\?\\" + root_ + name;
-        std::wstring wide(path.size(), L'\0');
-        MultiByteToWideChar(CP_ACP, 0, path.data(), static_cast<int>(path.size()), wide.data(),
-                            static_cast<int>(wide.size()));
-        return wide;
-    }
-
-    std::string root_;
-    std::vector<std::string> added_;
-};
 
 /// While it lives, relative paths begin in another directory.
 class Working_Directory {
@@ -159,8 +117,8 @@ void Expect_Shown(const Test_Window& window, const DirTrees& tree, int event = E
 }  // namespace
 
 TEST(Directory_Browser, Opens_The_Way_And_Chooses) {
-    Sample sample{"a\\",       "a\\In\\",     "a\\In\\deep\\", "a\\.hid\\", "b\\",   "b\\.hid\\",
-                  ".hidden\\", "100% & %s\\", "\xC4 \xE9\\",   "z\\",       "z\\z\\"};
+    Sample_Directories sample{"a\\",       "a\\In\\",     "a\\In\\deep\\", "a\\.hid\\", "b\\",   "b\\.hid\\",
+                              ".hidden\\", "100% & %s\\", "\xC4 \xE9\\",   "z\\",       "z\\z\\"};
     Test_Window window(340, 400);
     Browser tree(window, sample.Plain("A/in").c_str());
     EXPECT_STREQ(tree.Read(), Lower(sample.Plain("a\\in\\")).c_str());
@@ -194,8 +152,25 @@ TEST(Directory_Browser, Opens_The_Way_And_Chooses) {
     }
 }
 
+TEST(Directory_Browser, Chooses_Names_In_All_Scripts) {
+    const Other_Page page(CP_UTF8);
+    Sample_Directories sample;
+    for (const char* name : Scripts)
+        sample.Add(name + std::string("\\"));
+    Test_Window window(340, 400);
+    Browser tree(window, sample.Plain().c_str());
+    for (const char* name : Scripts) {
+        EXPECT_EQ(Press(window, tree, name, 1), 2);
+        const std::string chosen = tree.Read() ? tree.Read() : "";
+        EXPECT_EQ(Lower(chosen), Lower(sample.Plain(name + std::string("\\"))));
+        EXPECT_STREQ(tree.Frame.Name, name);
+        tree.Set(chosen.c_str()), tree.Draw();
+        EXPECT_EQ(tree.Read() ? Lower(tree.Read()) : "", Lower(chosen)) << "read back";
+    }
+}
+
 TEST(Directory_Browser, Keeps_To_The_Protocol) {
-    Sample sample{"a\\"};
+    Sample_Directories sample{"a\\"};
     Test_Window window(340, 400);
     Report_Catcher reports;
     {
@@ -231,7 +206,7 @@ TEST(Directory_Browser, Keeps_To_The_Protocol) {
 }
 
 TEST(Directory_Browser, Reads_Again_What_Is_Open) {
-    Sample sample{"b\\", "b\\b1\\", "d\\", "d\\d1\\", "f\\"};
+    Sample_Directories sample{"b\\", "b\\b1\\", "d\\", "d\\d1\\", "f\\"};
     Test_Window window(340, 400);
     Browser tree(window, sample.Plain("d").c_str());
     const auto rows = [&] { return Below(tree, sample.Name()); };
@@ -254,7 +229,8 @@ TEST(Directory_Browser, Reads_Again_What_Is_Open) {
     const std::string vanished = tree.Row[Find(tree, "e")].node->path;
     EXPECT_NE(reports.Take().find("11:Scan_Dir(" + vanished + ") -> NULL"), std::string::npos);
     EXPECT_NE(rows().find("xe"), std::string::npos);
-    EXPECT_EQ(Press(window, tree, "e", 0) * 10 + Press(window, tree, "e", 1), 11);
+    for (const int column : {0, 1})
+        EXPECT_EQ(Press(window, tree, "e", column), 1);
     Expect_Shown(window, tree);
     EXPECT_EQ(Press_Refresh(window, tree), 2);
     EXPECT_EQ(rows(), as_new());
@@ -273,7 +249,7 @@ TEST(Directory_Browser, Reads_Again_What_Is_Open) {
 }
 
 TEST(Directory_Browser, Looks_At_Drives_Again) {
-    Sample sample;
+    Sample_Directories sample;
     Test_Window window(340, 400);
     Browser tree(window);
     // The first drive becomes one whose medium is a directory, which comes and goes.
@@ -291,7 +267,8 @@ TEST(Directory_Browser, Looks_At_Drives_Again) {
         SCOPED_TRACE(round);
         if (round == 0) Press(window, tree, name, 0);
         EXPECT_EQ(refreshed(), "x");
-        EXPECT_EQ(Press(window, tree, name, 0) * 10 + Press(window, tree, name, 1), 11);
+        for (const int column : {0, 1})
+            EXPECT_EQ(Press(window, tree, name, column), 1);
         sample.Add("m\\");
         EXPECT_EQ(refreshed(), ".");
         sample.Add("m\\in\\");
@@ -306,7 +283,7 @@ TEST(Directory_Browser, Looks_At_Drives_Again) {
 }
 
 TEST(Directory_Browser, Moves_What_It_Shows) {
-    Sample sample;
+    Sample_Directories sample;
     for (int i = 0; i < 60; ++i)
         sample.Add("d" + std::to_string(100 + i) + "\\");
     for (int i = 0; i < 60; i += 7)
@@ -342,8 +319,17 @@ TEST(Directory_Browser, Moves_What_It_Shows) {
     EXPECT_EQ(spy.Contexts(), 0);
 }
 
+TEST(Directory_Browser, Paints_No_Glyph_Outside_The_Text_Clip_Rectangle) {
+    Test_Window window(320, 380);
+    Browser tree(window, "c:\\windows", 160);
+    tree.Clip_X = 12, tree.Clip_Y = 20, tree.Clip_Width = 200, tree.Clip_Height = 10;  // below the rows
+    tree.Init(window);
+    const auto draw = [&] { tree.Draw(), tree.Bring_Into_View(0), tree.Bring_Into_View(tree.Nb_Row - 1); };
+    EXPECT_EQ(window.Changed(draw), (Area{12, 211, 21, 30}));
+}
+
 TEST(Directory_Browser, Survives_Any_Path) {
-    Sample sample;
+    Sample_Directories sample;
     std::string deep;
     while (sample.Plain(deep).size() < 330) {
         deep += "n\\";
@@ -385,34 +371,67 @@ TEST(Directory_Browser, Survives_Any_Path) {
     EXPECT_EQ(copy.Nb_Row, tree.Nb_Row);
 }
 
-TEST(Directory_Browser, Shares_With_Copies_And_Frees_Once) {
-    Sample sample{"a\\", "a\\in\\"};
-    Test_Window window(340, 400);
-    { Browser warm_up(window, sample.Plain().c_str()); }
-    const int objects = Gdi_Objects();
-    for (const int order : {0, 1, 2}) {
-        std::optional<DirTrees> first(Browser(window, sample.Plain().c_str()));
-        std::optional<DirTrees> second(first);
-        DirTrees third;
-        third = *second, third = *&third;
-        EXPECT_EQ(third.Root, first->Root);
-        const int rows = first->Nb_Row;
-        EXPECT_EQ(Press(window, *second, "a", 0), 1);
-        EXPECT_EQ(Press(window, third, "a", 1), 2);
-        EXPECT_EQ(second->Nb_Row, rows + 1);
-        first->Draw();
-        EXPECT_EQ(first->Nb_Row, rows);
-        EXPECT_EQ(Lower(third.Read()), Lower(sample.Plain("a\\")));
-        EXPECT_EQ(Lower(first->Read()), Lower(sample.Plain()));
-        if (order == 0) first.reset();
-        if (order == 1) second.reset(), first->Set(nullptr);
-        if (order == 2) third = *first, first->Draw();
+/// Puts a browser made at 100 % to another scale.
+void Put_To_Scale(DirTrees& tree, int percent, const DirTrees& design) {
+    const auto scaled = [percent](int pixels) { return static_cast<short>(pixels * percent / 100); };
+    tree.Scale = static_cast<unsigned short>(percent);
+    tree.X = scaled(design.X), tree.Y = scaled(design.Y);
+    tree.Width = scaled(design.Width), tree.Height = scaled(design.Height);
+    tree.Init(nullptr);
+}
+
+TEST(Directory_Browser, Grows_With_Its_Scale) {
+    Sample_Directories sample{"a\\", "a\\in\\", "b\\", "c\\"};
+    for (int i = 0; i < 20; ++i)
+        sample.Add("c\\" + std::to_string(i) + "\\");
+    Test_Window window(680, 800);
+    Browser tree(window, sample.Plain("c").c_str());
+    tree.Vertical_Bar.Val = 37, tree.Draw();
+    const float value = tree.Vertical_Bar.Val;
+    const DirTrees design(tree);
+    const Picture plain(window);
+    const Boxs& list = design.List_Box;
+    const int row = Find(tree, "a");
+    const short width = tree.Row[row].node->width;
+
+    const Picture twice = window.After([&] { Put_To_Scale(tree, 200, design), tree.Draw(); });
+    EXPECT_EQ(tree.Row_Height(), 36);
+    EXPECT_NEAR(tree.Row[row].node->width, 2 * width, 4);
+    EXPECT_EQ(design.Row[row].node->width, width) << "the copy has names as wide as it shows them";
+    // Leads, folders and icons, each pixel doubled.
+    const int names = list.X + 2 * SPACE + 28;
+    for (int y = list.Y + 30; y < list.Y + list.Height - 20; ++y) {
+        for (int x = list.X + 2; x < names; ++x) {
+            ASSERT_EQ(twice.At(2 * x, 2 * y), plain.At(x, y)) << x << ' ' << y;
+            ASSERT_EQ(twice.At(2 * x + 1, 2 * y + 1), plain.At(x, y)) << x << ' ' << y;
+        }
     }
-    EXPECT_EQ(Gdi_Objects(), objects);
+    tree.Bring_Into_View(Find(tree, "b"));
+    const RECT name = tree.Row_Place(Find(tree, "b"));
+    window.Point_At(name.left + 1, name.bottom - 2);
+    EXPECT_EQ(Press(window, tree), 2);
+    EXPECT_EQ(Lower(tree.Read()), Lower(sample.Plain("b\\")));
+    EXPECT_EQ(tree.Set(sample.Plain("c").c_str()), 1);
+
+    tree.Vertical_Bar.Val = 2 * value;
+    for (const int percent : {125, 25, 150, 500, 175, 100}) {
+        Put_To_Scale(tree, percent, design);
+        tree.Draw();
+        Expect_Shown(window, tree);
+    }
+    EXPECT_EQ(tree.Vertical_Bar.Val, value);
+    EXPECT_TRUE(Same(window.After([&] { tree.Draw(); }), window.After([&] { DirTrees(design).Draw(); })));
+
+    const Theme dark = Dark_Theme();
+    tree.Look = Keep_Theme(dark);
+    tree.Init(nullptr), tree.Draw();
+    const Picture shown(window);
+    for (int x = list.X + 2; x < list.X + list.Width; ++x)
+        ASSERT_NE(shown.At(x, list.Y + 4), 0xAAAAAAU) << x;
 }
 
 TEST(Directory_Browser, Goes_Without_Memory) {
-    Sample sample{"a\\", "a\\in\\"};
+    Sample_Directories sample{"a\\", "a\\in\\"};
     const std::string path = sample.Plain("a");
     Test_Window window(340, 400);
     Report_Catcher reports;

@@ -3,6 +3,8 @@
 #include <sstream>
 #include <stdexcept>
 
+#include "tests/support/keys.h"
+
 namespace galdren_test {
 
 namespace {
@@ -39,15 +41,6 @@ void Send_Mouse(DWORD flags, int data = 0) {
     input.type = INPUT_MOUSE;
     input.mi.dwFlags = flags;
     input.mi.mouseData = static_cast<DWORD>(data);
-    SendInput(1, &input, sizeof input);
-}
-
-void Send_Key(int key, DWORD flags) {
-    INPUT input{};
-    input.type = INPUT_KEYBOARD;
-    input.ki.wVk = static_cast<WORD>(key);
-    input.ki.wScan = static_cast<WORD>(MapVirtualKeyA(static_cast<UINT>(key), MAPVK_VK_TO_VSC));
-    input.ki.dwFlags = flags;
     SendInput(1, &input, sizeof input);
 }
 
@@ -135,8 +128,6 @@ bool Gallery::Heard(const std::string& line) {
     return false;
 }
 
-bool Gallery::Tells_Of_Press() { return program_.Output().find("press ", read_) != std::string::npos; }
-
 void Gallery::Learn(const std::string& line) {
     constexpr char start[] = "control \"";
     if (line.rfind(start, 0) != 0) return;
@@ -197,31 +188,21 @@ void Gallery::Press() const { Send_Mouse(MOUSEEVENTF_LEFTDOWN); }
 
 void Gallery::Release() const { Send_Mouse(MOUSEEVENTF_LEFTUP); }
 
+void Gallery::Click() const {
+    Press();
+    Release();
+}
+
 void Gallery::Turn_Wheel(int steps) const { Send_Mouse(MOUSEEVENTF_WHEEL, steps * WHEEL_DELTA); }
 
 void Gallery::Type(const std::string& text) const {
-    for (const char character : text) {
-        const int key = VkKeyScanA(character == '\n' ? '\r' : character);
-        const bool shift = (key & 0x100) != 0;
-        if (shift) Send_Key(VK_SHIFT, 0);
-        Press_Key(key & 0xFF);
-        if (shift) Send_Key(VK_SHIFT, KEYEVENTF_KEYUP);
-    }
-}
-
-void Gallery::Press_Key(int key, bool control) const {
-    const bool arrow = key >= VK_PRIOR && key <= VK_DELETE;
-    const DWORD extended = arrow ? KEYEVENTF_EXTENDEDKEY : 0;
-    if (control) Send_Key(VK_CONTROL, 0);
-    Send_Key(key, extended);
-    Send_Key(key, extended | KEYEVENTF_KEYUP);
-    if (control) Send_Key(VK_CONTROL, KEYEVENTF_KEYUP);
+    for (const char character : text)
+        Type_Keys({VkKeyScanA(character == '\n' ? '\r' : character)});
 }
 
 bool Gallery::Click(const std::string& control, const std::string& answer) {
     if (!Point_At(control)) return false;
-    Press();
-    Release();
+    Click();
     return Says(answer);
 }
 

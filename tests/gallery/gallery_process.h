@@ -48,8 +48,6 @@ class Gallery {
 
     /// Waits until the gallery says this line, after all those that were waited for before.
     bool Says(const std::string& line);
-    /// Whether the gallery has told of a press since the last line waited for.
-    bool Tells_Of_Press();
 
     /// Puts the pointer on a place of the screen.
     void Move_To(POINT screen) const;
@@ -57,12 +55,11 @@ class Gallery {
     bool Point_At(const std::string& control);
     void Press() const;
     void Release() const;
+    void Click() const;
     /// Turns the wheel, away from the user when positive.
     void Turn_Wheel(int steps) const;
     /// Types a text with real keys; a line break is Enter.
     void Type(const std::string& text) const;
-    /// Presses and releases a key by its virtual key, with Ctrl held or not.
-    void Press_Key(int key, bool control = false) const;
     /// Points at a control, presses and releases, and waits until the gallery says `answer`.
     bool Click(const std::string& control, const std::string& answer);
     void Resize(int width, int height) const;

@@ -59,15 +59,30 @@ std::vector<int> Keys_For(const Focused& focused) {
     }
 }
 
+/// What a screen reader could not use: parts that can be worked and have no name, and such as are not where
+/// they say they are.
+std::string Faults_Of(const Spoken& parent, const Spoken& part) {
+    const long state = part.State();
+    if (!(state & STATE_SYSTEM_FOCUSABLE) || state & STATE_SYSTEM_OFFSCREEN) return {};
+    const RECT place = part.Place(), outer = parent.Place();
+    RECT common;
+    std::string faults;
+    if (part.Name() == "(none)") faults += " name";
+    if (!IntersectRect(&common, &place, &outer) || !EqualRect(&common, &place)) faults += " place";
+    if (part.Count() == 0 && parent.At(part.Middle()).Name() != part.Name()) faults += " hit";
+    return faults.empty() ? faults : part.Line() + ':' + faults + '\n';
+}
+
 /// The user of a gallery who has no mouse.
 class Typist {
   public:
     explicit Typist(Gallery& used) : gallery(used), root(used.Window()) {}
 
     /// Goes over the page with Tab, and works every control that it comes to.
-    /// @return lines of those that Tab does not reach, and of those to which no key does anything
+    /// @return lines of those that Tab does not reach, to which no key does anything, or that cannot be read
     std::string Work_Page() {
         constexpr std::size_t most_controls = 50;  // a question takes milliseconds
+        constexpr long most_parts = 12;
         std::string faults;
         std::vector<std::string> reached;
         while (reached.size() < most_controls && Tab()) {
@@ -83,6 +98,9 @@ class Typist {
         const long all = std::min<long>(root.Count(), most_controls);
         for (long number = 1; number <= all; ++number) {
             const Spoken control = root.Child(number);
+            faults += Faults_Of(root, control);
+            for (long part = 1; part <= std::min(control.Count(), most_parts); ++part)
+                faults += Faults_Of(control, control.Child(part));
             if (!(control.State() & STATE_SYSTEM_FOCUSABLE) || control.Name() == "Pages") continue;
             if (std::find(reached.begin(), reached.end(), Spot_Of(control)) == reached.end())
                 faults += "not reached: " + control.Line() + '\n';

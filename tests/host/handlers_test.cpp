@@ -1,42 +1,25 @@
 // What handlers are told, and what the host does where there are none.
 #include <iterator>
-#include <memory>
 #include <string>
 
-#include "Galdren_Host.h"
 #include "tests/support/controls.h"
-#include "tests/support/keys.h"
-#include "tests/support/window.h"
+#include "tests/support/hosted.h"
 
 namespace galdren_test {
 namespace {
 
 constexpr int side = 400;
 
-/// A host and what a window procedure would send it.
-class Handlers_Test : public testing::Test {
+class Handlers_Test : public testing::Test, protected Hosted_Window {
   protected:
-    ~Handlers_Test() override {
-        ReleaseCapture();
-        STATE_MASK(0);
-    }
-    bool Send(UINT message, WPARAM wparam, POINT logical) {
-        POINT place{logical.x, side - 1 - logical.y};
-        if (message == WM_MOUSEWHEEL || message == WM_MOUSEHWHEEL) ClientToScreen(window, &place);
-        LRESULT result = 0;
-        return host && host->Message(message, wparam, MAKELPARAM(place.x, place.y), result);
-    }
-    void Click(POINT at) {
-        Send(WM_LBUTTONDOWN, MK_LBUTTON, at);
-        Send(WM_LBUTTONUP, 0, at);
-    }
+    Handlers_Test() : Hosted_Window(side, side) {}
+    using Hosted_Window::Wheel;
     bool Wheel(UINT message, int delta, const Tools& control) {
-        return Send(message, MAKEWPARAM(0, static_cast<WORD>(delta)),
-                    {control.X + control.Width / 2, control.Y + control.Height / 2});
+        return Wheel(message, delta, {control.X + control.Width / 2, control.Y + control.Height / 2});
     }
     void Type(const char* text) {
         for (; *text; ++text)
-            Send(WM_CHAR, static_cast<WPARAM>(*text), {});
+            Send(WM_CHAR, static_cast<WPARAM>(*text));
     }
     /// The middle of a part of a control that was added as the `number`th.
     POINT Middle_Of(Part_Place place) {
@@ -44,9 +27,6 @@ class Handlers_Test : public testing::Test {
         const RECT area = owner.parts->Describe(*owner.control, place.part).area;
         return {(area.left + area.right) / 2, (area.top + area.bottom) / 2};
     }
-
-    Test_Window window{side, side};
-    std::unique_ptr<Host> host = std::make_unique<Host>(window);
 };
 
 TEST_F(Handlers_Test, Controls_Work_By_Themselves) {
@@ -79,7 +59,7 @@ TEST_F(Handlers_Test, Controls_Work_By_Themselves) {
         host->Add(value), host->Add(selector), host->Add(tabs), host->Add(color), host->Add(field);
         host->Init_All();
         host->Refresh();
-        Send(WM_PAINT, 0, {});
+        Send(WM_PAINT);
         const unsigned long black = color.Value;
         if (by_parts) {
             EXPECT_TRUE(host->Parts().Step({6}, Part_Move::Right));
@@ -312,6 +292,8 @@ TEST_F(Handlers_Test, A_Handler_May_End_Everything) {
                 Place(*bar, nullptr, 10, 10, 200, 24);
                 bar->End_Val = 100;
                 int calls = 0;
+                // What a handler holds must live until it returns, though nobody but the host knows of it.
+                const auto held = std::make_shared<std::string>(1000, 'x');
                 const auto act = [&](Valuators& control) {
                     ++calls;
                     if (deed == 0) host->Remove(control);
@@ -321,8 +303,11 @@ TEST_F(Handlers_Test, A_Handler_May_End_Everything) {
                     if (deed == 4) host.reset();
                 };
                 if (is_asked) {
-                    host->Add(*bar,
-                              [&](Valuators& control, const Host_Event&) { return act(control), false; });
+                    host->Add(*bar, [&, held](Valuators& control, const Host_Event&) {
+                        act(control);
+                        EXPECT_EQ(held->size(), 1000u);
+                        return false;
+                    });
                 } else {
                     host->Add(*bar, [&](Valuators& control, const Host_Event&) { act(control); });
                 }
@@ -339,6 +324,9 @@ TEST_F(Handlers_Test, A_Handler_May_End_Everything) {
                     [&] { Send(WM_KEYDOWN, VK_RIGHT, {}); }};
                 ways[way]();
                 EXPECT_EQ(calls, 1);
+                if (!host || deed == 0 || deed == 3) {
+                    EXPECT_EQ(held.use_count(), 1) << "the handler goes with the control";
+                }
                 STATE_MASK(0);
                 if (!host) continue;
                 if (deed == 0 || deed == 3) bar.reset();

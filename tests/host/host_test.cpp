@@ -3,14 +3,12 @@
 
 #include <array>
 #include <deque>
-#include <memory>
 #include <random>
 #include <string>
 
 #include "tests/support/controls.h"
-#include "tests/support/keys.h"
+#include "tests/support/hosted.h"
 #include "tests/support/spy.h"
-#include "tests/support/window.h"
 
 namespace galdren_test {
 namespace {
@@ -24,21 +22,12 @@ class Recorder : public Tools {
   public:
     Recorder(std::string& shared_log, char letter, short x, short y, short width, short height)
         : log(shared_log), id(letter) {
-        X = x;
-        Y = y;
-        Width = width;
-        Height = height;
+        X = x, Y = y, Width = width, Height = height;
     }
-    void Init(HWND window) {
-        Window = window;
-        Rect = {X, Y, X + Width + 1, Y + Height + 1};
-    }
+    void Init(HWND window) { Prepare(window); }
     void Draw() { Note(" draw"); }
     int Select(int event) {
-        POINT pointer{ZCursor_X, ZCursor_Y};
-        ScreenToClient(Window, &pointer);
-        pointer.y = client_height - 1 - pointer.y;
-        const int inside = PtInRect(&Rect, pointer) ? 1 : 0;
+        const bool inside = Is_Pointed();
         Note(std::to_string(event) + (inside ? '+' : '-'));
         return inside;
     }
@@ -69,34 +58,24 @@ class Key_Recorder : public Recorder {
     void Input(int key) { Note(" key " + std::to_string(key)); }
 };
 
-class Host_Test : public testing::Test {
+class Host_Test : public testing::Test, protected Hosted_Window {
   protected:
-    Host_Test() {
+    Host_Test() : Hosted_Window(client_width, client_height) {
         host->Add(a, Note_Press, Note_Change);
         host->Add(b, Note_Press, Note_Change);
         host->Init_All();
     }
-    ~Host_Test() override {
-        ReleaseCapture();
-        STATE_MASK(0);
-    }
-
     static void Note_Press(Recorder& control) { control.Note(" press"); }
     static void Note_Change(Recorder& control) { control.Note(" change"); }
 
     /// Sends a message at logical (x, y) and returns what the controls wrote down.
     std::string Send(UINT message, WPARAM keys, int x, int y) {
         log.clear();
-        taken = host->Message(message, keys, MAKELPARAM(x, client_height - 1 - y), result);
+        taken = Hosted_Window::Send(message, keys, {x, y});
         return log;
     }
     std::string Wheel(int delta, int x, int y) {
-        POINT screen{x, client_height - 1 - y};
-        ClientToScreen(window, &screen);
-        log.clear();
-        taken = host->Message(WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(delta)),
-                              MAKELPARAM(screen.x, screen.y), result);
-        return log;
+        return Send(WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(delta)), x, y);
     }
     /// Paints the logical rectangle (left, bottom) to (right, top), both included.
     std::string Paint(int left, int bottom, int right, int top) {
@@ -108,9 +87,6 @@ class Host_Test : public testing::Test {
 
     std::string log;
     bool taken = false;
-    LRESULT result = -1;
-    Test_Window window{client_width, client_height};
-    std::unique_ptr<Host> host = std::make_unique<Host>(window);
     Recorder a{log, 'a', 10, 10, 50, 30};
     Recorder b{log, 'b', 100, 10, 50, 30};
 };
@@ -207,34 +183,9 @@ int Random(int below) {
     return static_cast<int>(numbers() % static_cast<unsigned>(below));
 }
 
-TEST(Place_Index_Test, Finds_What_A_Search_Of_All_Finds) {
-    // Some are empty or turned inside out.
-    const auto random_rectangle = [] {
-        const int left = Random(200) - 50, top = Random(200) - 50;
-        return RECT{left, top, left + Random(40) - 3, top + Random(40) - 3};
-    };
-    galdren::Place_Index index;
-    for (const std::size_t count : {0U, 1U, 8U, 9U, 65U, 300U, 300U, 64U}) {
-        std::vector<RECT> all(count);
-        std::generate(all.begin(), all.end(), random_rectangle);
-        index.Make(all);
-        for (int i = 0; i < 200; ++i) {
-            const RECT area = random_rectangle();
-            std::size_t least = count ? static_cast<std::size_t>(Random(static_cast<int>(count))) : 0;
-            std::vector<std::size_t> wanted, found;
-            for (std::size_t number = least; number < count; ++number) {
-                if (galdren::Meet(all[number], area)) wanted.push_back(number);
-            }
-            index.Search(area, least, [&](std::size_t number) { found.push_back(number); });
-            std::sort(found.begin(), found.end());
-            ASSERT_EQ(found, wanted);
-        }
-    }
-}
-
 // Fields are public: a control may be elsewhere, passive or hidden without the host being told.
 TEST_F(Host_Test, Controls_May_Change_Behind_Its_Back) {
-    constexpr int count = 20;
+    constexpr int count = 80;
     std::deque<Boxs> boxes(count);
     std::deque<Recorder> own(count, a);
     std::vector<Tools*> all;
@@ -292,39 +243,6 @@ TEST_F(Host_Test, Controls_May_Change_Behind_Its_Back) {
         Send(WM_MOUSEMOVE, 0, at.x, at.y);
         ASSERT_EQ(host->Current(), topmost(at)) << "step " << i;
     }
-}
-
-TEST_F(Host_Test, Callbacks_May_Change_The_Host) {
-    Recorder c{log, 'c', 10, 50, 50, 30};
-    const auto press_c = [this] {
-        std::string told = Send(WM_LBUTTONDOWN, MK_LBUTTON, 20, 60);
-        told += '|' + Send(WM_MOUSEMOVE, MK_LBUTTON, 20, 61);
-        return told + '|' + Send(WM_LBUTTONUP, 0, 20, 62);
-    };
-    c.Init(window);
-    // What the callback holds must live until it returns, though nobody but the host knows of it.
-    const auto text = std::make_shared<std::string>(1000, 'x');
-    host->Add(c, [this, text = text](Recorder& control) {
-        host->Remove(control);
-        EXPECT_EQ(text->size(), 1000u);
-    });
-    EXPECT_EQ(press_c(), "c18+||");
-    EXPECT_EQ(text.use_count(), 1) << "the callback goes with the control";
-
-    host->Add(c, [this](Recorder&) { host->Clear(); });
-    EXPECT_EQ(press_c(), "c18+||");
-    EXPECT_EQ(Send(WM_MOUSEMOVE, 0, 20, 20), "") << "a is forgotten too";
-
-    host->Add(c, [this](Recorder& control) {
-        for (int i = 0; i < 100; ++i)
-            host->Add(a);
-        control.Note(" press");
-    });
-    EXPECT_EQ(press_c(), "c18+ c press|c17+|c0+");
-
-    host->Clear();
-    host->Add(c, [this](Recorder&) { host.reset(); });
-    EXPECT_EQ(Send(WM_LBUTTONDOWN, MK_LBUTTON, 20, 60), "c18+");
 }
 
 TEST_F(Host_Test, Wheel_Turned_Away_Moves_Bars_Up_Or_Left) {
@@ -508,32 +426,6 @@ TEST_F(Host_Test, Background_And_Own_Drawing) {
     EXPECT_EQ(picture.At(89, 61), own);
 }
 
-// A panel below a button must not be seen through it, whatever the pointer does.
-TEST_F(Host_Test, Panel_Below_A_Button) {
-    Boxs panel;
-    panel.Width = client_width - 1;
-    panel.Height = client_height - 1;
-    Buttons button;
-    button.X = button.Y = 30;
-    button.Width = button.Height = 30;
-    host->Clear();
-    host->Add(panel);
-    host->Add(button);
-    host->Init_All();
-    Paint(0, 0, client_width - 1, client_height - 1);
-    const Picture plain(window);
-    Send(WM_MOUSEMOVE, 0, 100, 80);
-    EXPECT_NE(Picture(window).At(100, 80), plain.At(100, 80)) << "the panel lights up";
-    EXPECT_EQ(Picture(window).At(45, 45), plain.At(45, 45)) << "the button stays";
-    Send(WM_MOUSEMOVE, 0, 45, 45);
-    EXPECT_EQ(Picture(window).At(100, 80), plain.At(100, 80)) << "only the topmost is lit";
-    EXPECT_NE(Picture(window).At(45, 45), plain.At(45, 45));
-    Paint(0, 0, client_width - 1, client_height - 1);
-    EXPECT_NE(Picture(window).At(45, 45), plain.At(45, 45)) << "a repaint keeps the highlight";
-    Send(WM_MOUSELEAVE, 0, 0, 0);
-    EXPECT_TRUE(Same(Picture(window), plain));
-}
-
 // What is painted twice, or over others, would show.
 TEST(Host_Paint_Test, A_Part_Painted_Anew_Looks_As_Before) {
     constexpr int side = 400;
@@ -687,11 +579,43 @@ TEST_F(Host_Test, Move_Without_Change_Of_Hover_Paints_Nothing) {
     for (int x = 52; x < 58; ++x)
         Send(WM_MOUSEMOVE, 0, x, 20);
     for (const char* call :
-         {"GetDC", "GetDCEx", "SetDIBitsToDevice", "DrawTextA", "BitBlt", "PatBlt", "FillRect"}) {
+         {"GetDC", "GetDCEx", "SetDIBitsToDevice", "DrawTextW", "BitBlt", "PatBlt", "FillRect"}) {
         EXPECT_EQ(spy.Count(call), 0) << call;
     }
     Send(WM_MOUSEMOVE, 0, 64, 20);
     EXPECT_EQ(spy.Contexts(), 2) << "the one that was left and the one entered";
+}
+
+/// An application's own control: pixels of its own stand where it says, and a part is cut, hidden and
+/// scaled like it.
+TEST_F(Host_Test, Helps_Controls_Of_The_Application) {
+    struct Stamp : Tools {
+        Buttons part;
+        void Init(HWND window) {
+            if (!Prepare(window)) return;
+            Adopt(part);
+            part.Init(window);
+        }
+        void Draw() {
+            const unsigned long pixels[] = {0x112233, 0x445566, 0x778899, 0xAABBCC};
+            Blit(pixels, 2, 2, static_cast<short>(X + 1), static_cast<short>(Y + 1));
+            Blit(nullptr, 2, 2, X, Y);
+            part.Draw();
+        }
+    } stamp;
+    stamp.X = 150, stamp.Y = 60, stamp.Width = 20, stamp.Height = 20, stamp.Scale = 200;
+    Place(stamp.part, "Part", 155, 65, 40, 10);
+    host->Clear();
+    host->Add(stamp);
+    host->Init_All();
+    const Picture shown = All_Painted();
+    EXPECT_EQ(shown.At(151, 62), 0x112233U);
+    EXPECT_EQ(shown.At(152, 61), 0xAABBCCU);
+    const auto ground = shown.At(5, 5);
+    EXPECT_NE(shown.At(170, 70), ground) << "the part goes on to the edge";
+    EXPECT_EQ(shown.At(171, 70), ground) << "and no farther";
+    EXPECT_EQ(stamp.part.Scale, 200);
+    EXPECT_EQ(stamp.Rect.right, 171);
 }
 
 }  // namespace

@@ -3,8 +3,8 @@
 #include <memory>
 #include <string>
 
-#include "Galdren_Host.h"
-#include "tests/support/window.h"
+#include "tests/support/controls.h"
+#include "tests/support/hosted.h"
 
 namespace galdren_test {
 namespace {
@@ -12,17 +12,6 @@ namespace {
 constexpr int width = 320;
 constexpr int height = 200;
 constexpr std::uint32_t red = 0xE00000;
-
-void Put(Tools& control, int x, int y, int w, int h, unsigned long flag = 0) {
-    control.X = static_cast<short>(x);
-    control.Y = static_cast<short>(y);
-    control.Width = static_cast<short>(w);
-    control.Height = static_cast<short>(h);
-    control.Flag = flag;
-    control.Font_Name = "Arial";
-    control.Font_Size = 9;
-    control.Border = 1;
-}
 
 void Pump() {
     for (MSG message; PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE);)
@@ -61,16 +50,15 @@ std::map<std::string, std::string> Shown_About(HWND inspected) {
     return shown;
 }
 
-/// A window with a button, a list and a bar, and a host that gets its messages.
-struct Inspected {
-    Inspected() {
+/// A window with a button, a list and a bar.
+struct Inspected : Hosted_Window {
+    Inspected() : Hosted_Window(width, height) {
         // A window that opens below the pointer hears of it.
         SetCursorPos(0, 0);
         Pump();
-        Put(button, 10, 10, 80, 30, FLAG_RAISED | FLAG_TEXT_LEFT);
-        Put(list, 120, 10, 100, 120, FLAG_VERTICAL);
-        Put(bar, 10, 150, 200, 20);
-        button.Name = "Apply";
+        Place(button, "Apply", 10, 10, 80, 30, FLAG_RAISED | FLAG_TEXT_LEFT);
+        Place(list, nullptr, 120, 10, 100, 120, FLAG_VERTICAL);
+        Place(bar, nullptr, 10, 150, 200, 20);
         list.Grow(30, 0);
         list.Current = 1;
         for (int i = 0; i < 30; ++i)
@@ -78,34 +66,13 @@ struct Inspected {
         bar.End_Val = 100, bar.Val = 40;
         host->Add(button), host->Add(list), host->Add(bar);
         host->Init_All();
-        SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-        SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Receive));
+        Connect();
         All_Painted();
     }
-    ~Inspected() {
-        host.reset();  // before the window, to which its messages go
-        if (IsWindow(window))
-            SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&DefWindowProcA));
-    }
-    Inspected(const Inspected&) = delete;
-    Inspected& operator=(const Inspected&) = delete;
-    static LRESULT CALLBACK Receive(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
-        const auto* self = reinterpret_cast<Inspected*>(GetWindowLongPtrA(window, GWLP_USERDATA));
-        LRESULT result = 0;
-        if (self->host && self->host->Message(message, wparam, lparam, result)) return result;
-        return DefWindowProcA(window, message, wparam, lparam);
-    }
-    void Send(UINT message, int x, int y, WPARAM wparam = 0) const {
-        SendMessageA(window, message, wparam, MAKELPARAM(x, height - 1 - y));
-    }
-    std::map<std::string, std::string> Point_At(int x, int y) const {
-        Send(WM_MOUSEMOVE, x, y);
+    std::map<std::string, std::string> Point_At(int x, int y) {
+        Send(WM_MOUSEMOVE, 0, {x, y});
         Pump();
         return Shown_About(window);
-    }
-    Picture All_Painted() const {
-        RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
-        return Picture(window);
     }
     bool Is_Outlined(int left, int bottom, int right, int top) const {
         const Picture shown(window);
@@ -113,15 +80,13 @@ struct Inspected {
                shown.At(left + 1, bottom + 1) == 0xFFFFFF;
     }
 
-    Test_Window window{width, height};
     Buttons button;
     Lists list;
     Sliders bar;
-    std::unique_ptr<Host> host = std::make_unique<Host>(window);
 };
 
 TEST(Inspector, Tells_About_The_Part_Under_The_Pointer) {
-    const Inspected under;
+    Inspected under;
     Inspect(*under.host, true);
     auto shown = under.Point_At(50, 25);
     EXPECT_EQ(shown["Class"], "Buttons");
@@ -151,7 +116,7 @@ TEST(Inspector, Tells_About_The_Part_Under_The_Pointer) {
 
 /// A move across bare ground costs nothing, and a press what the library counts meanwhile.
 TEST(Inspector, Counts_What_The_Last_Event_Cost) {
-    const Inspected under;
+    Inspected under;
     Inspect(*under.host, true);
     under.Point_At(300, 100);
     auto shown = under.Point_At(300, 101);
@@ -161,7 +126,7 @@ TEST(Inspector, Counts_What_The_Last_Event_Cost) {
     const int x = third.left + 9, y = third.top + 9;
     under.Point_At(x, y);
     const Paint_Count before = Tools_Paint_Count();
-    under.Send(WM_LBUTTONDOWN, x, y, MK_LBUTTON);
+    under.Send(WM_LBUTTONDOWN, MK_LBUTTON, {x, y});
     const Paint_Count after = Tools_Paint_Count();
     Pump();
     shown = Shown_About(under.window);
@@ -170,9 +135,7 @@ TEST(Inspector, Counts_What_The_Last_Event_Cost) {
     EXPECT_EQ(shown["Paints"], std::to_string(after.paints - before.paints));
     EXPECT_EQ(shown["Copies"], std::to_string(after.copies - before.copies));
     EXPECT_EQ(shown["Bytes"], std::to_string(after.bytes - before.bytes));
-    under.Send(WM_LBUTTONUP, x, y);
-    ReleaseCapture();
-    STATE_MASK(0);
+    under.Send(WM_LBUTTONUP, 0, {x, y});
 }
 
 TEST(Inspector, Outline_Stays_Above_Controls_And_Leaves_No_Trace) {
@@ -180,7 +143,7 @@ TEST(Inspector, Outline_Stays_Above_Controls_And_Leaves_No_Trace) {
         SCOPED_TRACE(holds);
         Inspected under;
         if (holds) under.host->Hold();
-        under.Send(WM_MOUSEMOVE, 50, 25);
+        under.Send(WM_MOUSEMOVE, 0, {50, 25});
         const Picture before = under.All_Painted();
         Inspect(*under.host, true);
         Inspect(*under.host, true);
@@ -202,7 +165,7 @@ TEST(Inspector, Outline_Stays_Above_Controls_And_Leaves_No_Trace) {
         EXPECT_TRUE(Same(Picture(under.window), before));
         EXPECT_FALSE(IsWindow(panel));
         EXPECT_FALSE(Is_Inspected(*under.host));
-        under.Send(WM_MOUSEMOVE, 50, 26);
+        under.Send(WM_MOUSEMOVE, 0, {50, 26});
         Pump();
         EXPECT_TRUE(Same(Picture(under.window), before));
     }
@@ -212,7 +175,7 @@ TEST(Inspector, Outline_Stays_Above_Controls_And_Leaves_No_Trace) {
 TEST(Inspector, Follows_Controls_That_Move_Hide_And_Go) {
     Inspected under;
     auto lent = std::make_unique<Boxs>();
-    Put(*lent, 230, 10, 60, 60);
+    Place(*lent, nullptr, 230, 10, 60, 60);
     under.host->Add(*lent);
     under.host->Init_All();
     Inspect(*under.host, true);
@@ -233,7 +196,7 @@ TEST(Inspector, Follows_Controls_That_Move_Hide_And_Go) {
     under.host->Remove(*lent);
     lent.reset();
     EXPECT_EQ(look_again(), "");
-    under.Send(WM_MOUSELEAVE, 0, 0);
+    under.Send(WM_MOUSELEAVE);
     Pump();
 }
 
@@ -250,7 +213,7 @@ TEST(Inspector, Goes_With_Host_And_Window) {
     second.host.reset();
     EXPECT_EQ(Panel_Of(second.window), nullptr);
     EXPECT_NE(Panel_Of(first.window), nullptr);
-    second.Send(WM_MOUSEMOVE, 5, 5);
+    second.Send(WM_MOUSEMOVE, 0, {5, 5});
     first.Point_At(50, 25);
     first.window.Close();
     EXPECT_FALSE(Is_Inspected(*first.host));

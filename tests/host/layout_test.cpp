@@ -1,64 +1,40 @@
 // Layouts: where controls are at every size of the window, what is painted on the way, and the least size.
 #include <array>
 #include <functional>
-#include <memory>
 #include <vector>
 
-#include "Galdren_Host.h"
-#include "tests/support/window.h"
+#include "tests/support/controls.h"
+#include "tests/support/hosted.h"
 
 namespace galdren_test {
 namespace {
 
 using namespace Layout;
 
-/// A window that hands its messages to a host.
-class Hosted_Window {
+/// A window with a ground, of which the host alone decides what is painted.
+class Laid_Out : public Hosted_Window {
   public:
-    Hosted_Window(int width, int height) : window(width, height) {
-        SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(host.get()));
-        SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Procedure));
+    Laid_Out(int width, int height) : Hosted_Window(width, height) {
+        Connect();
         host->Set_Background(Colors(60, 120, 180));
     }
-    ~Hosted_Window() { SetWindowLongPtrA(window, GWLP_USERDATA, 0); }
-    Hosted_Window(const Hosted_Window&) = delete;
-    Hosted_Window& operator=(const Hosted_Window&) = delete;
-
     void Resize(int width, int height) {
         window.Resize(width, height);
         UpdateWindow(window);
     }
-    /// What the window shows; the host alone decides what is painted.
     Picture Shown() {
         UpdateWindow(window);
         return Picture(window);
-    }
-
-    Test_Window window;
-    std::unique_ptr<Host> host = std::make_unique<Host>(window);
-
-  private:
-    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
-        auto* const host = reinterpret_cast<Host*>(GetWindowLongPtrA(window, GWLP_USERDATA));
-        LRESULT result = 0;
-        if (host && host->Message(message, wparam, lparam, result)) return result;
-        return DefWindowProcA(window, message, wparam, lparam);
     }
 };
 
 struct Controls {
     Controls() {
-        for (Tools* const control : All()) {
-            control->Font_Name = "Arial";
-            control->Font_Size = 9;
-            control->Border = 1;
-        }
-        title.Name = "Title";
-        title.Flag = FLAG_TEXT_LEFT;
+        for (Tools* const control : All())
+            Place(*control, nullptr, 0, 0, 0, 0);
+        title.Name = "Title", ok.Name = "OK", cancel.Name = "Cancel";
+        title.Flag = FLAG_TEXT_LEFT, list.Flag = FLAG_VERTICAL;
         volume.End_Val = 100;
-        ok.Name = "OK";
-        cancel.Name = "Cancel";
-        list.Flag = FLAG_VERTICAL;
         list.Grow(8, 0);
     }
     std::array<Tools*, 7> All() { return {&frame, &title, &list, &volume, &mark, &ok, &cancel}; }
@@ -96,11 +72,9 @@ Item By_Anchors(Controls& c) {
          Anchor(c.cancel, From_Bottom(230, 10, 80, 30), corner)});
 }
 
+/// Moves a control.
 void Put(Tools& control, int x, int y, int width, int height) {
-    control.X = static_cast<short>(x);
-    control.Y = static_cast<short>(y);
-    control.Width = static_cast<short>(width);
-    control.Height = static_cast<short>(height);
+    Place(control, control.Name, x, y, width, height, control.Flag);
 }
 
 /// What an application would write for a window of this size.
@@ -117,7 +91,7 @@ void Put_By_Hand(Controls& c, int width, int height) {
 
 Picture Built_By_Hand(int width, int height) {
     Controls controls;
-    Hosted_Window built(width, height);
+    Laid_Out built(width, height);
     Put_By_Hand(controls, width, height);
     controls.Add_To(*built.host);
     built.host->Init_All();
@@ -129,7 +103,7 @@ TEST(Host_Layout_Test, Every_Size_Is_As_Built_For_It) {
     for (const auto& layout : {By_Rows, By_Anchors}) {
         SCOPED_TRACE(layout == By_Rows ? "rows" : "anchors");
         Controls controls;
-        Hosted_Window laid_out(320, 240);
+        Laid_Out laid_out(320, 240);
         controls.Add_To(*laid_out.host);
         Lay_Out(*laid_out.host, layout(controls));
         for (const SIZE& size : {SIZE{320, 240}, SIZE{501, 423}, SIZE{290, 200}}) {
@@ -160,7 +134,7 @@ std::vector<int> Fields_Of(Controls& controls) {
 
 TEST(Host_Layout_Test, Nothing_Drifts) {
     Controls controls;
-    Hosted_Window window(320, 240);
+    Laid_Out window(320, 240);
     controls.Add_To(*window.host);
     Lay_Out(*window.host, By_Rows(controls));
     const std::vector<int> fields = Fields_Of(controls);
@@ -194,7 +168,7 @@ class Counter : public Tools {
 
 TEST(Host_Layout_Test, A_Step_Paints_Once_And_Initialises_What_Changed) {
     Counter wide, fixed, below;
-    Hosted_Window window(200, 100);
+    Laid_Out window(200, 100);
     window.host->Add(wide), window.host->Add(fixed), window.host->Add(below);
     Lay_Out(*window.host, Anchors(200, 100,
                                   {Anchor(wide, From_Top(0, 0, 200, 20), EDGE_LEFT | EDGE_RIGHT | EDGE_TOP),
@@ -205,8 +179,7 @@ TEST(Host_Layout_Test, A_Step_Paints_Once_And_Initialises_What_Changed) {
     for (Counter* const counter : {&wide, &fixed, &below})
         counter->inits = counter->draws = 0;
     for (int i = 1; i <= 12; ++i) {
-        window.window.Resize(200 + i, 100);
-        UpdateWindow(window.window);
+        window.Resize(200 + i, 100);
     }
     EXPECT_EQ(wide.draws, 12);
     EXPECT_EQ(wide.inits, 12);
@@ -221,7 +194,7 @@ TEST(Host_Layout_Test, A_Step_Paints_Once_And_Initialises_What_Changed) {
 
 TEST(Host_Layout_Test, What_Is_Hidden_Or_Removed_Gives_Its_Room_Away) {
     Counter above, details, more, rest;
-    Hosted_Window window(100, 100);
+    Laid_Out window(100, 100);
     Host& host = *window.host;
     host.Add(above), host.Add(details), host.Add(more), host.Add(rest);
     Lay_Out(host, Column(5, {Fixed(above, 20), If_Shown(Row(0, {Fixed(details, 50), If_Shown(more)})),
@@ -257,7 +230,7 @@ TEST(Host_Layout_Test, What_Is_Hidden_Or_Removed_Gives_Its_Room_Away) {
     EXPECT_TRUE(above.Width == 149 && details.X + details.Width < 150);
 }
 
-/// Whether a caption is all inside of its control: as much of it is painted as with much more room.
+/// Black pixels of a caption in the rectangle of its control, which may be given more room.
 int Ink(Buttons button, int more) {
     Test_Window window(300, 100);
     Put(button, 20, 20, button.Width + more, button.Height + more);
@@ -276,12 +249,10 @@ TEST(Host_Layout_Test, The_Window_Is_Not_Smaller_Than_All_Need) {
     Labels label;
     Buttons narrow, wide;
     Boxs box;
-    Hosted_Window window(300, 200);
+    Laid_Out window(300, 200);
     Host& host = *window.host;
     label.Name = "A label";
-    narrow.Name = "Go", wide.Name = "A rather long caption";
-    for (Tools* const control : {static_cast<Tools*>(&narrow), static_cast<Tools*>(&wide)})
-        control->Font_Name = "Arial", control->Font_Size = 9, control->Border = 1;
+    Place(narrow, "Go", 0, 0, 0, 0), Place(wide, "A rather long caption", 0, 0, 0, 0);
     host.Add(label), host.Add(narrow), host.Add(wide), host.Add(box);
     SetWindowLongPtrA(window.window, GWL_STYLE, WS_OVERLAPPEDWINDOW | WS_VISIBLE);
     const SIZE least = Lay_Out(

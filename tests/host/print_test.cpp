@@ -4,9 +4,9 @@
 #include <functional>
 #include <string>
 
-#include "Galdren_Host.h"
+#include "tests/support/controls.h"
+#include "tests/support/hosted.h"
 #include "tests/support/spy.h"
-#include "tests/support/window.h"
 
 namespace galdren_test {
 namespace {
@@ -48,70 +48,43 @@ class Paper {
     std::uint32_t* bits_;
 };
 
-Host* Host_Of_Window;
-
-LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
-    LRESULT result = 0;
-    if (Host_Of_Window && Host_Of_Window->Message(message, wparam, lparam, result)) return result;
-    return DefWindowProcA(window, message, wparam, lparam);
-}
-
-class Print_Test : public testing::Test {
+class Print_Test : public testing::Test, protected Hosted_Window {
   protected:
-    Print_Test() {
-        Put(list, 10, 10, 100, 120, FLAG_VERTICAL);
-        Put(value, 120, 10, 180, 24);
-        Put(button, 120, 50, 80, 30);
-        Put(checks, 210, 50, 90, 50, CHECKLIST_NO_TITLE_ROW);
-        Put(selector, 120, 105, 180, 24);
-        Put(field, 10, 150, 200, 30, TEXT_SINGLE_LINE);
-        Put(tabs, 10, 200, 300, 30);
-        Put(off, 170, 40, 35, 50);
+    Print_Test() : Hosted_Window(width, height) {
+        Connect();
+        Place(list, nullptr, 10, 10, 100, 120, FLAG_VERTICAL);
+        Place(value, nullptr, 120, 10, 180, 24);
+        Place(button, nullptr, 120, 50, 80, 30);
+        Place(checks, nullptr, 210, 50, 90, 50, CHECKLIST_NO_TITLE_ROW);
+        Place(selector, nullptr, 120, 105, 180, 24);
+        Place(field, nullptr, 10, 150, 200, 30, TEXT_SINGLE_LINE);
+        Place(tabs, nullptr, 10, 200, 300, 30);
+        Place(off, nullptr, 170, 40, 35, 50);
+        for (Tools* control :
+             std::initializer_list<Tools*>{&list, &value, &button, &checks, &selector, &field, &tabs, &off})
+            control->Border = 1;
         value.End_Val = 100, value.Val = 30;
         button.Name = "Press", off.Name = "Off";
         static const char* const rows[] = {"one", "two", nullptr};
         checks.List = rows;
         list.Grow(8, 0), tabs.Grow(3, 0), selector.Grow(3, 0);
-        host.Set_Background(Colors(60, 120, 180));
-        host.Set_On_Paint([this] {
+        host->Set_Background(Colors(60, 120, 180));
+        host->Set_On_Paint([this] {
             Current_Color = Colors(10, 20, 30).get();
             Draw_Box(0, 60, 60, 0);
             if (during) during();
         });
-        host.Add(list), host.Add(value), host.Add(button), host.Add(checks), host.Add(selector);
-        host.Add(field, [](Texts&, const Host_Event&) {}), host.Add(tabs), host.Add(off);
-        host.Init_All();
-        host.Set_Enabled(off, false);
-        Host_Of_Window = &host;
-        SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Procedure));
+        host->Add(list), host->Add(value), host->Add(button), host->Add(checks), host->Add(selector);
+        host->Add(field, [](Texts&, const Host_Event&) {}), host->Add(tabs), host->Add(off);
+        host->Init_All();
+        host->Set_Enabled(off, false);
         RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
-    }
-    ~Print_Test() override {
-        ReleaseCapture();
-        STATE_MASK(0);
-        Host_Of_Window = nullptr;
-    }
-    static void Put(Tools& control, int x, int y, int w, int h, unsigned long flag = 0) {
-        control.X = static_cast<short>(x), control.Y = static_cast<short>(y);
-        control.Width = static_cast<short>(w), control.Height = static_cast<short>(h);
-        control.Flag = flag, control.Border = 1;
-        control.Font_Name = "Arial", control.Font_Size = 9;
-    }
-    void Send(UINT message, WPARAM wparam, POINT at) {
-        SendMessageA(window, message, wparam, MAKELPARAM(at.x, height - 1 - at.y));
     }
     Picture Printed() {
         const Paper paper(width, height);
-        EXPECT_TRUE(host.Paint_Into(paper, {0, 0, width, height}));
+        EXPECT_TRUE(host->Paint_Into(paper, {0, 0, width, height}));
         return paper.Shown();
     }
-    Picture Painted() {
-        host.Refresh();
-        UpdateWindow(window);
-        return Picture(window);
-    }
-
-    Test_Window window{width, height};
     std::function<void()> during;
     Lists list;
     Valuators value;
@@ -120,19 +93,18 @@ class Print_Test : public testing::Test {
     Selects selector;
     Texts field;
     Tabs tabs;
-    Host host{window};
 };
 
 TEST_F(Print_Test, Prints_What_The_Window_Shows_And_Lights_Nothing_Up) {
     for (const bool holds : {false, true}) {
         SCOPED_TRACE(holds);
-        if (holds) host.Hold();
+        if (holds) host->Hold();
         Send(WM_MOUSEMOVE, 0, {1, 1});
-        const Picture plain = Painted();
+        const Picture plain = All_Painted();
         window.Refill();
         EXPECT_TRUE(Same(Printed(), plain));
         EXPECT_EQ(Picture(window).Painted(), Nothing) << "nothing of it goes to the window";
-        Painted();
+        All_Painted();
         const POINT item{checks.Label[1].Rect.left + 2, checks.Label[1].Rect.top + 2};
         for (const POINT at : {POINT{40, 110}, POINT{105, 60}, POINT{200, 20}, POINT{130, 65}, item,
                                POINT{200, 115}, POINT{60, 210}}) {
@@ -152,14 +124,14 @@ TEST_F(Print_Test, Prints_What_The_Window_Shows_And_Lights_Nothing_Up) {
 }
 
 TEST_F(Print_Test, A_Drag_Goes_On_And_Caret_And_Ring_Stay_In_The_Window) {
-    host.Focus(&field);  // which reads from now on
+    host->Focus(&field);  // which reads from now on
     SendMessageA(window, WM_KILLFOCUS, 0, 0);
-    const Picture plain = Painted();
+    const Picture plain = All_Painted();
     SendMessageA(window, WM_SETFOCUS, 0, 0);
     SendMessageA(window, WM_KEYDOWN, VK_TAB, 0);
     SendMessageA(window, WM_CHAR, '\t', 0);
-    host.Focus(&field);
-    const Picture worked = Painted();
+    host->Focus(&field);
+    const Picture worked = All_Painted();
     EXPECT_FALSE(Same(worked, plain));
     EXPECT_TRUE(Same(Printed(), plain));
     EXPECT_TRUE(Same(Picture(window), worked));
@@ -178,7 +150,7 @@ TEST_F(Print_Test, A_Drag_Goes_On_And_Caret_And_Ring_Stay_In_The_Window) {
 
 TEST_F(Print_Test, The_System_Prints_Windows_That_Nobody_Sees) {
     Send(WM_MOUSEMOVE, 0, {1, 1});
-    const Picture shown = Painted();
+    const Picture shown = All_Painted();
     ShowWindow(window, SW_HIDE);
     for (const bool mirrored : {false, true}) {
         if (mirrored) SetWindowLongA(window, GWL_EXSTYLE, WS_EX_LAYOUTRTL);
@@ -188,7 +160,7 @@ TEST_F(Print_Test, The_System_Prints_Windows_That_Nobody_Sees) {
         SendMessageA(window, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(static_cast<HDC>(direct)), PRF_CLIENT);
         EXPECT_TRUE(Same(direct.Shown(), shown)) << mirrored;
         SetLayout(turned, LAYOUT_RTL);
-        EXPECT_TRUE(host.Paint_Into(turned, {0, 0, width, height}));
+        EXPECT_TRUE(host->Paint_Into(turned, {0, 0, width, height}));
         EXPECT_TRUE(Same(turned.Shown(), shown)) << "whatever the context";
     }
 }
@@ -196,7 +168,7 @@ TEST_F(Print_Test, The_System_Prints_Windows_That_Nobody_Sees) {
 TEST_F(Print_Test, Stretches_Into_A_Context_That_Stays_As_It_Was) {
     Send(WM_MOUSEMOVE, 0, {1, 1});
     // One square that is dark, in a corner, and no control.
-    host.Clear();
+    host->Clear();
     const Paper paper(2 * width + 40, 2 * height + 40);
     SetMapMode(paper, MM_ANISOTROPIC);
     SetWindowExtEx(paper, 10, 10, nullptr);
@@ -206,7 +178,7 @@ TEST_F(Print_Test, Stretches_Into_A_Context_That_Stays_As_It_Was) {
     SelectClipRgn(paper, clip);
     SetStretchBltMode(paper, WHITEONBLACK);
     SetBrushOrgEx(paper, 3, 5, nullptr);
-    EXPECT_TRUE(host.Paint_Into(paper, {10, height, 10 + width, 0}));
+    EXPECT_TRUE(host->Paint_Into(paper, {10, height, 10 + width, 0}));
 
     POINT origin{};
     SIZE extent{};
@@ -230,7 +202,7 @@ TEST_F(Print_Test, Stretches_Into_A_Context_That_Stays_As_It_Was) {
 TEST_F(Print_Test, Prints_Into_A_Metafile) {
     Send(WM_MOUSEMOVE, 0, {1, 1});
     const HDC recorder = CreateEnhMetaFileA(nullptr, nullptr, nullptr, nullptr);
-    EXPECT_TRUE(host.Paint_Into(recorder, {0, 0, width, height}));
+    EXPECT_TRUE(host->Paint_Into(recorder, {0, 0, width, height}));
     const HENHMETAFILE file = CloseEnhMetaFile(recorder);
     ENHMETAHEADER header{};
     GetEnhMetaFileHeader(file, sizeof header, &header);
@@ -244,20 +216,20 @@ TEST_F(Print_Test, Prints_Into_A_Metafile) {
 
 TEST_F(Print_Test, Says_When_Nothing_Was_Printed) {
     const RECT all{0, 0, width, height};
-    const Picture shown = Painted();
+    const Picture shown = All_Painted();
     const Paper paper(width, height);
     Report_Catcher reports;
     const HDC gone = CreateCompatibleDC(nullptr);
     DeleteDC(gone);
-    EXPECT_FALSE(host.Paint_Into(gone, all));
-    EXPECT_FALSE(host.Paint_Into(nullptr, all));
+    EXPECT_FALSE(host->Paint_Into(gone, all));
+    EXPECT_FALSE(host->Paint_Into(nullptr, all));
     const std::string no_context = "11:Tools: what a window was to be printed on is no device context";
     EXPECT_EQ(reports.Take(), no_context + "|" + no_context);
-    EXPECT_FALSE(host.Paint_Into(paper, {5, 5, 5, 50})) << "no room";
+    EXPECT_FALSE(host->Paint_Into(paper, {5, 5, 5, 50})) << "no room";
 
     int calls = 0;
-    during = [&] { EXPECT_TRUE(++calls == 1 && !host.Paint_Into(paper, all)) << "inside of itself"; };
-    EXPECT_TRUE(host.Paint_Into(paper, all));
+    during = [&] { EXPECT_TRUE(++calls == 1 && !host->Paint_Into(paper, all)) << "inside of itself"; };
+    EXPECT_TRUE(host->Paint_Into(paper, all));
     EXPECT_EQ(calls, 1);
     during = nullptr;
 
@@ -265,14 +237,14 @@ TEST_F(Print_Test, Says_When_Nothing_Was_Printed) {
     {
         Call_Spy spy;
         spy.Fail("CreateDIBSection");
-        EXPECT_FALSE(host.Paint_Into(paper, all));
+        EXPECT_FALSE(host->Paint_Into(paper, all));
     }
     EXPECT_EQ(reports.Take(), "1:Tools: no memory to print a window of 320 x 240 pixels");
     EXPECT_TRUE(Same(Picture(window), shown)) << "the window is not what is printed on then";
     window.Resize(0, 0);
-    EXPECT_FALSE(host.Paint_Into(paper, all));
+    EXPECT_FALSE(host->Paint_Into(paper, all));
     window.Close();
-    EXPECT_FALSE(host.Paint_Into(paper, all));
+    EXPECT_FALSE(host->Paint_Into(paper, all));
     EXPECT_EQ(reports.Take(), "");
 }
 

@@ -3,9 +3,8 @@
 #include <memory>
 #include <string>
 
-#include "Galdren_Host.h"
 #include "tests/support/controls.h"
-#include "tests/support/window.h"
+#include "tests/support/hosted.h"
 
 namespace galdren_test {
 namespace {
@@ -13,9 +12,9 @@ namespace {
 constexpr int width = 320;
 constexpr int height = 200;
 
-class Shown_Test : public testing::Test {
+class Shown_Test : public testing::Test, protected Hosted_Window {
   protected:
-    Shown_Test() {
+    Shown_Test() : Hosted_Window(width, height) {
         Place(list, nullptr, 10, 10, 100, 120, FLAG_VERTICAL);
         Place(value, nullptr, 120, 10, 180, 24);
         Place(button, nullptr, 120, 50, 80, 30);
@@ -28,39 +27,15 @@ class Shown_Test : public testing::Test {
         host->Add(list), host->Add(value), host->Add(tabs);
         host->Add(button, [this](Buttons&) { ++presses; });
         host->Init_All();
-        Paint();
-    }
-    ~Shown_Test() override {
-        ReleaseCapture();
-        STATE_MASK(0);
-    }
-    bool Send(UINT message, WPARAM wparam, int x, int y) {
-        LRESULT result = 0;
-        return host->Message(message, wparam, MAKELPARAM(x, height - 1 - y), result);
-    }
-    void Click(int x, int y) {
-        Send(WM_LBUTTONDOWN, MK_LBUTTON, x, y);
-        Send(WM_LBUTTONUP, 0, x, y);
-    }
-    /// Paints what is to be painted anew.
-    void Paint() { Send(WM_PAINT, 0, 0, 0); }
-    Picture Painted() {
-        Paint();
-        return Picture(window);
-    }
-    Picture All_Painted() {
-        host->Refresh();
-        return Painted();
+        Painted();
     }
 
-    Test_Window window{width, height};
     int presses = 0;
     Lists list;
     Valuators value;
     Buttons button;
     Tabs tabs;
     Tools* const some[3] = {&list, &value, &button};
-    std::unique_ptr<Host> host = std::make_unique<Host>(window);
 };
 
 TEST_F(Shown_Test, What_Is_Hidden_Paints_And_Hears_Nothing) {
@@ -68,7 +43,7 @@ TEST_F(Shown_Test, What_Is_Hidden_Paints_And_Hears_Nothing) {
         SCOPED_TRACE(holds);
         if (holds) host->Hold();
         const Picture shown = All_Painted();
-        Send(WM_MOUSEMOVE, 0, 140, 60);
+        Send(WM_MOUSEMOVE, 0, {140, 60});
         for (Tools* control : some)
             host->Set_Shown(*control, false);
         EXPECT_EQ(host->Current(), nullptr);
@@ -83,7 +58,7 @@ TEST_F(Shown_Test, What_Is_Hidden_Paints_And_Hears_Nothing) {
         host->Init_All();
         list.Draw(), value.Draw();
         EXPECT_TRUE(Same(Painted(), hidden)) << "initialised anew";
-        Click(140, 60);
+        Click({140, 60});
         EXPECT_EQ(presses, 0);
         EXPECT_FALSE(host->Parts().Press({3})) << "nor is it pressed by who cannot see it";
         EXPECT_EQ(host->Parts().Control_At({140, 60}), -1);
@@ -125,14 +100,14 @@ TEST_F(Shown_Test, What_Is_Disabled_Is_Half_Of_Itself) {
         }
         const Picture passive = All_Painted();
         EXPECT_TRUE(reader.painted_with == FLAG_PASSIVE && reader.Flag == 0);
-        Send(WM_MOUSEMOVE, 0, 20, 170);
+        Send(WM_MOUSEMOVE, 0, {20, 170});
         for (Tools* control : some) {
             control->Flag &= ~FLAG_PASSIVE;
             host->Set_Enabled(*control, false);
         }
         host->Set_Enabled(tabs, false), host->Set_Enabled(tabs, true);
         EXPECT_EQ(host->Current(), nullptr) << "who was disabled has lost the pointer";
-        Send(WM_MOUSELEAVE, 0, 0, 0);
+        Send(WM_MOUSELEAVE);
         const auto is_half = [&](const Picture& now) {
             int wrong = 0;
             for (std::size_t i = 0; i < now.Pixels().size(); ++i) {
@@ -160,7 +135,7 @@ TEST_F(Shown_Test, What_Is_Disabled_Is_Half_Of_Itself) {
         EXPECT_FALSE(Same(changed, disabled));
         EXPECT_TRUE(Same(All_Painted(), changed));
 
-        Click(140, 60);
+        Click({140, 60});
         EXPECT_EQ(presses, 0);
         EXPECT_EQ(host->Current(), nullptr);
         EXPECT_FALSE(host->Parts().Press({3}) || host->Parts().Step({1}, Part_Move::Right) ||
@@ -196,18 +171,18 @@ TEST_F(Shown_Test, Pages_Follow_Their_Tabs) {
         return names;
     };
     EXPECT_EQ(shown(), "lvt");
-    Click(160, 170);  // the tab in the middle
+    Click({160, 170});  // the tab in the middle
     EXPECT_EQ(tabs.Value, 1);
     EXPECT_EQ(shown(), "bti") << "with the press, not with a later message";
     inner.Value = 1, inner.Adjust();
-    Send(WM_TIMER, 0, 0, 0);
+    Send(WM_TIMER);
     EXPECT_EQ(shown(), "btid");
     tabs.Value = 0, host->Refresh(tabs);
     const Picture first = Painted();
     EXPECT_EQ(shown(), "lvt") << "and all on the pages of inner tabs";
     EXPECT_TRUE(Same(All_Painted(), first));
     tabs.Value = 1, host->Set_Shown(button, false);
-    Paint();
+    Painted();
     EXPECT_EQ(shown(), "tid");
     host->Set_Shown(tabs, false);
     EXPECT_EQ(shown(), "");
@@ -235,15 +210,23 @@ class Listener : public Host_Service {
 TEST_F(Shown_Test, Services_Hear_Of_Changes) {
     std::string log;
     host->Serve(std::make_unique<Listener>(log));
-    LRESULT result = 0;
-    EXPECT_TRUE(host->Message(WM_USER, 0, 0, result));
+    EXPECT_TRUE(Send(WM_USER));
     EXPECT_EQ(result, 7);
     const std::pair<std::function<void()>, const char*> rows[] = {
-        {[&] { Click(160, 20); }, "f1/-1 v1/-1 "},
-        {[&] { Click(160, 170); }, "c2/1 f2/1 "},
-        {[&] { Click(140, 60); }, "f3/-1 s3/-1 "},
+        {[&] {
+             Click({160, 20});
+         },
+         "f1/-1 v1/-1 "},
+        {[&] {
+             Click({160, 170});
+         },
+         "c2/1 f2/1 "},
+        {[&] {
+             Click({140, 60});
+         },
+         "f3/-1 s3/-1 "},
         {[&] { host->Parts().Set_Focus({1}); }, "f1/-1 "},
-        {[&] { host->Message(WM_KEYDOWN, VK_RIGHT, 0, result); }, "v1/-1 "},
+        {[&] { Send(WM_KEYDOWN, VK_RIGHT); }, "v1/-1 "},
         {[&] { host->Tell_Changed(list); }, "c0/0 "},
         {[&] { host->Set_Shown(button, false), host->Set_Shown(button, true); }, "H3/-1 S3/-1 "},
         {[&] { host->Set_Enabled(button, false); }, "s3/-1 "},
@@ -276,7 +259,7 @@ TEST_F(Shown_Test, Parts_Are_Found_By_Serial_Numbers_And_Places) {
     EXPECT_FALSE(parts.Press({3}) || parts.Press({-1}) || parts.Step({9}, Part_Move::Up));
 
     // The pointer is over the tabs, and stays there for everybody to see.
-    Send(WM_MOUSEMOVE, 0, 60, 170);
+    Send(WM_MOUSEMOVE, 0, {60, 170});
     const Picture lit(window);
     const POINT pointer{ZCursor_X, ZCursor_Y};
     EXPECT_TRUE(parts.Press({0})) << "which sets the middle";
@@ -286,19 +269,18 @@ TEST_F(Shown_Test, Parts_Are_Found_By_Serial_Numbers_And_Places) {
     EXPECT_EQ(host->Current(), &tabs);
     EXPECT_TRUE(Same(Picture(window), lit));
     window.Close();
-    Send(WM_NCDESTROY, 0, 0, 0);
+    Send(WM_NCDESTROY);
     EXPECT_EQ(parts.Window(), nullptr);
 }
 
 // What the ring covered is painted before the key is done, not by a WM_PAINT.
 TEST_F(Shown_Test, Tab_Leaves_Nothing_Of_The_Ring_Behind) {
-    LRESULT result = 0;
-    host->Message(WM_SETFOCUS, 0, 0, result);
+    Send(WM_SETFOCUS);
     for (const bool holds : {false, true}) {
         if (holds) host->Hold();
         All_Painted();
         for (int i = 0; i < 5; ++i) {
-            EXPECT_TRUE(host->Message(WM_KEYDOWN, VK_TAB, 0, result));
+            EXPECT_TRUE(Send(WM_KEYDOWN, VK_TAB));
             const Picture at_once(window);
             EXPECT_FALSE(GetUpdateRect(window, nullptr, FALSE));
             EXPECT_TRUE(Same(All_Painted(), at_once)) << i << holds;
@@ -316,10 +298,10 @@ TEST_F(Shown_Test, What_A_Host_That_Is_Gone_Has_Hidden_Shows_In_The_Next) {
 }
 
 TEST_F(Shown_Test, Nothing_Is_Found_Where_The_Last_Controls_Were) {
-    Send(WM_MOUSEMOVE, 0, 60, 170);
+    Send(WM_MOUSEMOVE, 0, {60, 170});
     EXPECT_EQ(host->Current(), &tabs);
     host->Clear();
-    Send(WM_MOUSEMOVE, 0, 60, 171);
+    Send(WM_MOUSEMOVE, 0, {60, 171});
     EXPECT_EQ(host->Current(), nullptr);
     EXPECT_EQ(host->Parts().Control_At({60, 170}), -1);
 }

@@ -8,6 +8,7 @@
 #include "parts/classes.h"
 #include "parts/key_code.h"
 #include "parts/part_keys.h"
+#include "tests/support/code_page.h"
 #include "tests/support/controls.h"
 #include "tests/support/window.h"
 
@@ -298,6 +299,30 @@ TEST_F(Keys, Typing_Goes_To_Names_In_Lists) {
         window.Done();
     }
     EXPECT_EQ(list.Current, 7);
+}
+
+TEST_F(Keys, Typing_Takes_Characters_Of_Several_Bytes) {
+    const struct {
+        unsigned page;
+        const char *first, *second, *typed, *wanted;
+    } rows[] = {
+        {65001, "\xC3\x89 1", "\xC3\x89 2", "\xC3\xA9", "list 4"},  // a small letter finds the capital one
+        {65001, "\xC3\x89 1", "\xC3\x89 2", "\xC3\xA9\xC3\xA9", "list 5"},
+        {65001, "\xE6\x97\xA5 1", "\xE6\x97\xA5 2", "\xE6\x97\xA5 2", "list 5"},
+        {932, "\x83\x62", "\x83\x42", "\x83\x42",
+         "list 5"},  // the second bytes are letters that differ by case
+        {1251, "\xCC 1", "\xCC 2", "\xEC", "list 4"},
+    };
+    for (const auto& row : rows) {
+        const Other_Page page(row.page);
+        list.Item[4]->Name = row.first, list.Item[5]->Name = row.second;
+        Start("list", 1);
+        keys.Hide_Ring();
+        for (const char* at = row.typed; *at; ++at)
+            EXPECT_TRUE(keys.Take(static_cast<unsigned char>(*at)));
+        EXPECT_EQ(window.Focused(), row.wanted) << row.typed;
+        window.Done();
+    }
 }
 
 TEST_F(Keys, Letters_With_Alt_And_Turned_Tabs) {

@@ -3,7 +3,6 @@
 #include <functional>
 #include <limits>
 #include <map>
-#include <memory>
 #include <string>
 #include <variant>
 #include <vector>
@@ -11,6 +10,7 @@
 #include "Galdren_Tools.h"
 #include "parts/classes.h"
 #include "tests/support/controls.h"
+#include "tests/support/directories.h"
 #include "tests/support/window.h"
 
 using namespace galdren_test;
@@ -525,46 +525,20 @@ TEST(Parts_Of_Any_Size, Are_Pressed_Where_They_Are) {
 
 const std::string Long_Name = "directory with a name that is longer than can be pressed ";
 
-// Directories in the temporary directory: 60 with long names, each with one below it.
-class Sample {
-  public:
-    Sample() {
-        char temporary[MAX_PATH] = "";
-        GetTempPathA(MAX_PATH, temporary);
-        root = temporary + std::string("galdren_parts_") + std::to_string(GetCurrentProcessId());
-        Add("");
-        for (int i = 0; i < 60; ++i) {
-            const std::string name = "\\" + Long_Name + std::to_string(100 + i);
-            Add(name);
-            Add(name + "\\inner");
-        }
-    }
-    ~Sample() {
-        for (auto made = all.rbegin(); made != all.rend(); ++made)
-            RemoveDirectoryA(made->c_str());
-    }
-    Sample(const Sample&) = delete;
-    Sample& operator=(const Sample&) = delete;
-    std::string root;
-
-  private:
-    void Add(const std::string& name) {
-        all.push_back(root + name);
-        EXPECT_TRUE(CreateDirectoryA(all.back().c_str(), nullptr));
-    }
-    std::vector<std::string> all;
-};
-
 class Parts_Of_Trees : public testing::TestWithParam<int> {};
 
 TEST_P(Parts_Of_Trees, Are_Rows_And_A_Button) {
-    const Sample sample;
+    Sample_Directories sample;
+    for (int i = 0; i < 60; ++i) {
+        const std::string name = Long_Name + std::to_string(100 + i) + "\\";
+        sample.Add(name), sample.Add(name + "inner\\");
+    }
     Test_Window window(620, 400);
     DirTrees tree;
     Place(tree, nullptr, 10, 20, GetParam(), 360, 0);
     tree.Init(window);
     EXPECT_EQ(Parts_Of(&tree).Count(tree), 1);
-    tree.Set(sample.root.c_str());
+    tree.Set(sample.Plain().c_str());
     window.Point_At(-1, -1);
     tree.Draw();
     const Subject subject(tree);

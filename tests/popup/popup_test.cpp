@@ -6,6 +6,7 @@
 
 #include "Galdren_Tools.h"
 #include "popup/template.h"
+#include "tests/support/code_page.h"
 #include "tests/support/keys.h"
 #include "tests/support/reader.h"
 #include "tests/support/spy.h"
@@ -70,6 +71,12 @@ void Mouse(HWND dialog, UINT message, int x, int y) {
     SendMessageA(dialog, message, 0, MAKELPARAM(x, Client_Size(dialog).y - 1 - y));
 }
 
+/// How dialogs are shown.
+struct Dress {
+    unsigned short scale = 100;
+    const Theme* look = nullptr;
+};
+
 void Set(Tools& control, int x, int y, int w, int h) {
     control.X = static_cast<short>(x), control.Y = static_cast<short>(y);
     control.Width = static_cast<short>(w), control.Height = static_cast<short>(h);
@@ -84,16 +91,26 @@ std::string Sixty_Lines() {
 }
 
 /// Whether a dialog looks like controls of our own, with these lines of text.
-testing::AssertionResult Looks_Right(HWND dialog, bool question, std::initializer_list<const char*> lines) {
+testing::AssertionResult Looks_Right(HWND dialog, bool question, std::initializer_list<const char*> lines,
+                                     const Dress& dress = {}) {
+    const auto scaled = [&](int pixels) { return pixels * dress.scale / 100; };
     const int w = Client_Size(dialog).x, h = Client_Size(dialog).y;
     Test_Window window(w, h);
     Boxs ground;
     Buttons first, second;
     Texts text;
     Set(ground, 0, 0, w - 1, h - 1), ground.Flag = 66;
-    Set(first, 6, 6, question ? (w - 18) / 2 : w - 12, 26), first.Name = question ? "Yes" : "OK";
-    Set(second, (w - 18) / 2 + 12, 6, question ? (w - 18) / 2 : 0, 26), second.Name = "No";
-    Set(text, 6, 38, w - 12, h - 44), text.Flag = 0x20000000, text.Name = Caption;
+    const int margin = scaled(6), half = (w - 3 * margin) / 2, above = scaled(38);
+    Set(first, margin, margin, question ? half : w - 2 * margin, scaled(26));
+    Set(second, half + 2 * margin, margin, question ? half : 0, scaled(26));
+    Set(text, margin, above, w - 2 * margin, h - above - margin);
+    first.Name = question ? "Yes" : "OK", second.Name = "No";
+    text.Flag = 0x20000000, text.Name = Caption;
+    for (Tools* control : {static_cast<Tools*>(&ground), static_cast<Tools*>(&first),
+                           static_cast<Tools*>(&second), static_cast<Tools*>(&text)}) {
+        control->Scale = dress.scale, control->Look = dress.look;
+        control->Font_Size = static_cast<short>(scaled(11)), control->Border = static_cast<short>(scaled(1));
+    }
     ground.Init(window), first.Init(window), second.Init(window), text.Init(window);
     for (const char* line : lines)
         text.Write("%s", line);
@@ -106,7 +123,7 @@ testing::AssertionResult Looks_Right(HWND dialog, bool question, std::initialize
 TEST(Dialog_Templates, Hold_The_Bytes_That_The_System_Reads) {
     const int x = LOWORD(GetDialogBaseUnits()), y = HIWORD(GetDialogBaseUnits());
     const auto expect = [](std::string title, short width, short height, int cx, int cy, std::wstring shown) {
-        const galdren::Dialog_Template made(title.c_str(), width, height);
+        const galdren::Dialog_Template made(title.c_str(), width, height, 0);
         WORD wanted[512] = {0x0080, 0x80C8, 0, 0, 0, 10, 10, static_cast<WORD>(cx), static_cast<WORD>(cy)};
         std::copy(shown.begin(), shown.end(), wanted + 11);
         EXPECT_EQ(std::memcmp(made.Get(), wanted, sizeof wanted), 0) << title;
@@ -114,6 +131,14 @@ TEST(Dialog_Templates, Hold_The_Bytes_That_The_System_Reads) {
     expect("Title", 0, 0, 1200 / x, 1200 / y, L"Title");
     expect(std::string(200, 'x'), 32767, 77, 131068 / x, 616 / y, std::wstring(49, L'x'));
     expect("\xE9", 1, -5, 4 / x, -40 / y, L"\xE9");
+    const Other_Page page(CP_UTF8);
+    std::string faces;
+    std::wstring faces_wide;
+    for (int i = 0; i < 60; ++i) {
+        faces += "\xF0\x9F\x98\x80";
+        if (i < 24) faces_wide += L"\U0001F600";
+    }
+    expect(faces, 0, 0, 1200 / x, 1200 / y, faces_wide);
 }
 
 TEST(Dialogs, Show_The_Layout_At_Every_Size) {
@@ -131,6 +156,41 @@ TEST(Dialogs, Show_The_Layout_At_Every_Size) {
             }
         });
     }
+}
+
+TEST(Dialogs, Have_The_Scale_And_The_Theme_Of_Their_Owner) {
+    Popup_Call call;
+    ZCursor_X = ZCursor_Y = -9999;
+    const Dress dress{200, Keep_Theme(Dark_Theme())};
+    Set_Dialog_Look(call.owner, dress.scale, dress.look);
+    const auto look_at = [&](HWND dialog, bool question, const Dress& wanted) {
+        EXPECT_LE(std::abs(Client_Size(dialog).x - 2 * wanted.scale) +
+                      std::abs(Client_Size(dialog).y - wanted.scale),
+                  2);
+        EXPECT_TRUE(Looks_Right(dialog, question, {"text", ""}, wanted));
+    };
+    call.Run(PopUp_Message, "text", 200, 100, [&](HWND message) {
+        look_at(message, false, dress);
+        // A question above belongs to the message, whatever is said of the owner meanwhile.
+        Set_Dialog_Look(call.owner, 0, nullptr);
+        call.script = [&](HWND question) {
+            look_at(question, true, dress);
+            SendMessageA(question, WM_CLOSE, 0, 0);
+        };
+        PopUp_Querry(Caption, Caption, call.text.data(), 200, 100);
+    });
+    call.Run(PopUp_Querry, "text", 200, 100, [&](HWND question) { look_at(question, true, {}); });
+}
+
+TEST(Dialogs, Have_Their_Title_In_The_Code_Page) {
+    const Other_Page page(CP_UTF8);
+    Popup_Call call;
+    call.caption = "\xE6\x97\xA5 \xC3\xB1";
+    call.Run(PopUp_Message, "x", 0, 0, [](HWND dialog) {
+        wchar_t title[16] = L"";
+        GetWindowTextW(dialog, title, 16);
+        EXPECT_STREQ(title, L"\u65E5 \u00F1");
+    });
 }
 
 TEST(Dialogs, Answer_To_Presses_On_Their_Buttons) {
@@ -346,8 +406,8 @@ TEST(Dialogs, Survive_Misuse_And_Failures) {
     Call_Spy spy;
     spy.Fail("GlobalAlloc");
     EXPECT_EQ(PopUp_Message(nullptr, nullptr, nullptr, 0, 0), -1);
-    EXPECT_EQ(spy.Count("DialogBoxIndirectParamA"), 0);
-    spy.Fail("DialogBoxIndirectParamA");
+    EXPECT_EQ(spy.Count("DialogBoxIndirectParamW"), 0);
+    spy.Fail("DialogBoxIndirectParamW");
     EXPECT_EQ(PopUp_Message("\xFF\xFE", nullptr, nullptr, 0, 0), 0);
     call.owner.Close(), call.caption = nullptr;
     call.Run(PopUp_Message, "", 0, 0, [](HWND dialog) { EXPECT_FALSE(GetWindow(dialog, GW_OWNER)); });

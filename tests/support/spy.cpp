@@ -29,6 +29,12 @@ bool Wanted(const char* library, const char* function) {
                                [&](const char* name) { return std::strcmp(function, name) == 0; });
 }
 
+/// Other libraries export data too, which must stay as it is.
+bool Is_Of_System(const char* library) {
+    const char* const libraries[] = {"gdi32.dll", "user32.dll", "kernel32.dll", "msvcrt.dll"};
+    return std::ranges::any_of(libraries, [&](const char* name) { return _stricmp(library, name) == 0; });
+}
+
 void Write_Slot(ULONGLONG* slot, ULONGLONG value) {
     DWORD protection;
     VirtualProtect(slot, sizeof *slot, PAGE_READWRITE, &protection);
@@ -40,11 +46,11 @@ std::string Caught;
 
 }  // namespace
 
-Call_Spy::Call_Spy()
+Call_Spy::Call_Spy(const char* library_name, bool all)
     : code_(static_cast<BYTE*>(
           VirtualAlloc(nullptr, Code_Size, MEM_COMMIT | MEM_RESERVE, PAGE_EXECUTE_READWRITE))),
       free_code_(code_) {
-    auto* base = reinterpret_cast<BYTE*>(GetModuleHandleA("Galdren_Tools.dll"));
+    auto* base = reinterpret_cast<BYTE*>(GetModuleHandleA(library_name));
     auto* file = reinterpret_cast<IMAGE_DOS_HEADER*>(base);
     auto* header = reinterpret_cast<IMAGE_NT_HEADERS64*>(base + file->e_lfanew);
     const auto& imports = header->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
@@ -57,7 +63,7 @@ Call_Spy::Call_Spy()
             if (IMAGE_SNAP_BY_ORDINAL64(import->u1.Ordinal)) continue;
             const auto* by_name = reinterpret_cast<IMAGE_IMPORT_BY_NAME*>(base + import->u1.AddressOfData);
             const auto* function = reinterpret_cast<const char*>(by_name->Name);
-            if (Wanted(name, function)) Lead_Through(function, &slot->u1.Function);
+            if (all ? Is_Of_System(name) : Wanted(name, function)) Lead_Through(function, &slot->u1.Function);
         }
     }
 }
@@ -69,13 +75,13 @@ Call_Spy::~Call_Spy() {
 }
 
 void Call_Spy::Lead_Through(const char* function, ULONGLONG* slot) {
-    // mov r10, entry; mov eax, 1; lock xadd [r10], rax; cmp rax, [r10 + 8]; jne +3; xor eax, eax; ret;
+    // mov r10, entry; mov eax, 1; lock xadd [r10], rax; cmp rax, [r10 + 8]; jne +5; mov rax, [r10 + 24]; ret;
     // jmp [r10 + 16]. The calling convention leaves r10 and rax free at the entry of a function.
-    static constexpr BYTE Stub[] = {0x49, 0xBA, 0,    0,    0,    0,    0,    0,    0,    0,    0xB8,
-                                    1,    0,    0,    0,    0xF0, 0x49, 0x0F, 0xC1, 0x02, 0x49, 0x3B,
-                                    0x42, 0x08, 0x75, 0x03, 0x31, 0xC0, 0xC3, 0x41, 0xFF, 0x62, 0x10};
+    static constexpr BYTE Stub[] = {0x49, 0xBA, 0,    0,    0,    0,    0,    0,    0,    0,    0xB8, 1,
+                                    0,    0,    0,    0xF0, 0x49, 0x0F, 0xC1, 0x02, 0x49, 0x3B, 0x42, 0x08,
+                                    0x75, 0x05, 0x49, 0x8B, 0x42, 0x18, 0xC3, 0x41, 0xFF, 0x62, 0x10};
     Entry& entry = entries_[function];
-    entry = {0, Never, *slot, slot};
+    entry = {0, Never, *slot, 0, slot};
     const Entry* address = &entry;
     std::memcpy(free_code_, Stub, sizeof Stub);
     std::memcpy(free_code_ + 2, &address, sizeof address);
@@ -86,6 +92,13 @@ void Call_Spy::Lead_Through(const char* function, ULONGLONG* slot) {
 long long Call_Spy::Count(const char* function) const {
     const auto found = entries_.find(function);
     return found == entries_.end() ? 0 : found->second.count;
+}
+
+std::map<std::string, long long> Call_Spy::Called() const {
+    std::map<std::string, long long> called;
+    for (const auto& [name, entry] : entries_)
+        if (entry.count > 0) called[name] = entry.count;
+    return called;
 }
 
 void Call_Spy::Reset() {
@@ -154,6 +167,21 @@ Report_Catcher::~Report_Catcher() {
 
 std::string Report_Catcher::Take() { return std::exchange(Caught, {}); }
 
+namespace {
+
+/// Blocks of the allocator of checked builds, which are ranges without access but for the block.
+int Guarded_Blocks() {
+    int count = 0;
+    const char* address = nullptr;
+    for (MEMORY_BASIC_INFORMATION range; VirtualQuery(address, &range, sizeof range) == sizeof range;
+         address = static_cast<const char*>(range.BaseAddress) + range.RegionSize)
+        count += range.State == MEM_COMMIT && range.AllocationProtect == PAGE_NOACCESS &&
+                 range.Type == MEM_PRIVATE;
+    return count;
+}
+
+}  // namespace
+
 int Live_Blocks() {
     // The last freed blocks, which the checked heap still watches, count too: it has as many each time.
     constexpr int Most_Watched = 2000;
@@ -161,7 +189,7 @@ int Live_Blocks() {
         void* volatile block = std::malloc(1);
         std::free(block);
     }
-    int count = 0;
+    int count = Guarded_Blocks();
     for (_HEAPINFO block{}; _heapwalk(&block) == _HEAPOK;)
         count += block._useflag == _USEDENTRY;
     return count;

@@ -13,7 +13,9 @@ namespace galdren_test {
 /// fail. The import table of the loaded library leads through it; the tests' own calls are not seen.
 class Call_Spy {
   public:
-    Call_Spy();
+    /// @param library  whose calls to watch
+    /// @param all      of every function, and not of those to GDI, to USER and for memory alone
+    explicit Call_Spy(const char* library = "Galdren_Tools.dll", bool all = false);
     ~Call_Spy();
     Call_Spy(const Call_Spy&) = delete;
     Call_Spy& operator=(const Call_Spy&) = delete;
@@ -25,6 +27,10 @@ class Call_Spy {
     void Reset();
     /// Makes the call of `function` that comes after `passed` more answer 0 instead of doing its work.
     void Fail(const char* function, int passed = 0);
+    /// Makes it answer `answer` when it fails.
+    void Set_Answer(const char* function, long long answer) { entries_.at(function).answer = answer; }
+    /// The functions that have been called, with the number of calls.
+    std::map<std::string, long long> Called() const;
     /// Makes the allocation that comes after `passed` more fail.
     void Fail_Allocation(int passed = 0);
     /// Makes every call of `function` answer 0 from now on, until the spy goes.
@@ -38,6 +44,7 @@ class Call_Spy {
         volatile long long count;
         long long failing;
         ULONGLONG real;
+        long long answer;
         ULONGLONG* slot;
     };
     void Lead_Through(const char* function, ULONGLONG* slot);
@@ -49,7 +56,7 @@ class Call_Spy {
 
 /// Number of live GDI objects of this process.
 int Gdi_Objects();
-/// Blocks that the C runtime's heap holds.
+/// Blocks that the C runtime's heap holds, and those of the allocator of checked builds.
 int Live_Blocks();
 
 /// While it lives, takes the reports of both libraries, of every level.

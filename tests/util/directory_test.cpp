@@ -3,6 +3,8 @@
 #include <string>
 
 #include "Galdren_Util.h"
+#include "tests/support/code_page.h"
+#include "util/wide.h"
 
 namespace {
 
@@ -51,7 +53,8 @@ TEST(Directory, Is_Listed_With_What_Is_Below) {
     for (const auto& [name, answers] : table)
         EXPECT_EQ(Answers(listing, name), answers) << name;
     Scan_Free(listing);
-    EXPECT_EQ(Is_Tree((path + "\\tree\\").c_str()) * 10 + Is_Tree((path + "\\hollow").c_str()), 10);
+    EXPECT_EQ(Is_Tree((path + "\\tree\\").c_str()), 1);
+    EXPECT_EQ(Is_Tree((path + "\\hollow").c_str()), 0);
     const std::string deep = path + '\\' + long_name + '\\' + long_name;
     for (const std::string& empty : {deep, deep + '\\', path + "/tree/in"}) {
         listing = Scan_Dir(empty.c_str());
@@ -67,6 +70,38 @@ TEST(Directory, Is_Listed_With_What_Is_Below) {
     DeleteFileW((place + L"\\file").c_str());
     for (auto name = std::rbegin(made); name != std::rend(made); ++name)
         RemoveDirectoryW((place + *name).c_str());
+}
+
+/// Every name is there, and a path leads to it.
+TEST(Directory, Of_All_Scripts_Is_Listed_In_UTF_8) {
+    const galdren_test::Other_Page page(CP_UTF8);
+    const std::wstring place = Sample_Place();
+    const std::wstring half = place + L"\\half \xD83D";  // no text stands for it
+    EXPECT_TRUE(CreateDirectoryW(place.c_str(), nullptr));
+    for (const char* name : galdren_test::Scripts) {
+        EXPECT_TRUE(CreateDirectoryW((place + L'\\' + galdren::To_Wide(name)).c_str(), nullptr));
+        EXPECT_TRUE(CreateDirectoryW((place + L'\\' + galdren::To_Wide(name) + L"\\in").c_str(), nullptr));
+    }
+    const bool has_half = CreateDirectoryW(half.c_str(), nullptr) != 0;
+    const std::string path = galdren::From_Wide(place.substr(4));
+    Scan_Entry* const listing = Scan_Dir(path.c_str());
+    ASSERT_NE(listing, nullptr);
+    for (const char* name : galdren_test::Scripts) {
+        EXPECT_EQ(Answers(listing, name), "01") << name;
+        EXPECT_EQ(Is_Tree((path + "\\" + name).c_str()), 1) << name;
+        char absolute[2 * MAX_PATH];
+        strcpy(absolute, (path + "\\.\\" + name).c_str());
+        EXPECT_EQ(Path_To_Abs(absolute, sizeof absolute), 1);
+        EXPECT_EQ(absolute, path + "\\" + name + "\\");
+    }
+    EXPECT_EQ(Answers(listing, "half \xEF\xBF\xBD"), has_half ? "10" : "none");
+    Scan_Free(listing);
+    for (const char* name : galdren_test::Scripts) {
+        RemoveDirectoryW((place + L'\\' + galdren::To_Wide(name) + L"\\in").c_str());
+        RemoveDirectoryW((place + L'\\' + galdren::To_Wide(name)).c_str());
+    }
+    RemoveDirectoryW(half.c_str());
+    RemoveDirectoryW(place.c_str());
 }
 
 TEST(Paths, Become_Absolute_And_Small) {
@@ -88,4 +123,17 @@ TEST(Paths, Become_Absolute_And_Small) {
     char text[] = "C:\\A \xC4\xD6 z\xE9";
     EXPECT_STREQ(Str_To_Lower(text), "c:\\a \xE4\xF6 z\xE9");
     EXPECT_EQ(Str_To_Lower(nullptr), nullptr);
+    const struct {
+        unsigned page;
+        std::string given, wanted;
+    } letters[] = {
+        {1251, "\xCC\xCE z", "\xEC\xEE z"},
+        {932, "\x83\x41\x82\x60\x83", "\x83\x41\x82\x81\x83"},  // the A of the first letter is none
+        {65001, "\xC3\x84\xD0\x9C \xE2\x84\xAA\xC3", "\xC3\xA4\xD0\xBC \xE2\x84\xAA\xC3"},
+    };
+    for (const auto& row : letters) {
+        const galdren_test::Other_Page page(row.page);
+        std::string changed = row.given;
+        EXPECT_EQ(Str_To_Lower(changed.data()), row.wanted) << row.page;
+    }
 }

@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "Galdren_Util.h"
+#include "tests/support/code_page.h"
 #include "tests/support/spy.h"
 
 using namespace std::string_literals;
@@ -188,6 +189,16 @@ TEST(Image, Refuses_Files_Cut_Anywhere) {
             Expect_Refused(Read(name, file.path), name, size < kind_known ? EINVAL : EILSEQ);
         }
     }
+}
+
+TEST(Image, Is_Read_By_A_Name_In_The_Code_Page) {
+    const galdren_test::Other_Page page(CP_UTF8);
+    const std::filesystem::path place = std::filesystem::temp_directory_path() / L"\u65E5\u672C.sgi";
+    std::filesystem::copy_file("3_plain.sgi", place, std::filesystem::copy_options::overwrite_existing);
+    const std::u8string name = place.u8string();
+    EXPECT_EQ(Read("3_plain.sgi", std::string(name.begin(), name.end())).pixels,
+              Read("3_plain.sgi", "3_plain.sgi").pixels);
+    std::filesystem::remove(place);
 }
 
 TEST(Image, Leaves_Files_That_Do_Not_Open_To_The_Caller) {

@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <string>
 
+#include "tests/support/code_page.h"
 #include "tests/support/spy.h"
 
 using galdren_test::Report_Catcher;
@@ -18,6 +19,16 @@ TEST(Error_Fct, Filters_Strips_And_Cuts) {
     EXPECT_EQ(reports.Take(), "7:kept once 1");
     Error_Fct(nullptr, 7, "\xF1\x05%s:\x02 %s", "Espa\361a", "C:\\\001\002\\\361");
     EXPECT_EQ(reports.Take(), "7:Espa\361a: C:\\\001\002\\\361") << "names and paths stay as they are";
+    {
+        const galdren_test::Other_Page page(936);  // in which F1 and another byte are a letter
+        Error_Fct(nullptr, 7, "\xF1\x05\xD6\xF1\xF1\xA1\x02.");
+        EXPECT_EQ(reports.Take(), "7:\xD6\xF1\xF1\xA1.");
+    }
+    {
+        const galdren_test::Other_Page page(CP_UTF8);
+        Error_Fct(nullptr, 7, "%s", (std::string(2046, 'x') + "\xC3\xB1").c_str());
+        EXPECT_EQ(reports.Take(), "7:" + std::string(2046, 'x'));
+    }
     EXPECT_EQ(Error_Set_Level(11), 7);
     Error_Fct(nullptr, 1, "its code is missing\xF1");
     EXPECT_EQ(reports.Take(), "1:its code is missing");

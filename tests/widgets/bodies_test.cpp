@@ -81,3 +81,82 @@ TEST(Bodies, Are_Flat_Where_A_Picture_Would_Be_Too_Large) {
     button.Init(window);
     EXPECT_EQ(window.After([&] { button.Draw(); }).At(100, 100), 0x0AC81Eu);
 }
+
+namespace {
+
+/// The pixel of an image that this test made, by column and row from the top.
+std::uint32_t Pixel_Of_Image(int x, int y) { return static_cast<std::uint32_t>(0x400000 + 256 * y + x); }
+
+template <class Control>
+void Give_Image(Control& control) {
+    ASSERT_TRUE(control.Alloc_Graph_Normal(0));
+    for (int y = 0; y < control.Height; ++y) {
+        for (int x = 0; x < control.Width; ++x)
+            control.Graph_Normal[y * control.Width + x] = Pixel_Of_Image(x, y);
+    }
+}
+
+template <class Control>
+void Put_To_Scale(Control& control, int percent, int width, int height) {
+    control.Scale = static_cast<unsigned short>(percent);
+    control.Width = static_cast<short>(width * percent / 100);
+    control.Height = static_cast<short>(height * percent / 100);
+    control.Border = static_cast<short>(3 * percent / 100);
+    control.Init(nullptr);
+}
+
+}  // namespace
+
+/// An image has the pixels that it was given with, whatever the scale is then.
+TEST(Bodies, Show_Images_By_Whole_Factors) {
+    Test_Window window(300, 250);
+    window.Point_At(0, 0);
+    const auto check = [&](auto control) {
+        constexpr int Ground = 0x33AA55;
+        control.Set_Color(0x33, 0xAA, 0x55);
+        control.X = control.Y = 10, control.Width = 60, control.Height = 40, control.Border = 3;
+        Give_Image(control);
+        control.Init(window);
+        const unsigned long* const image = control.Graph_Normal;
+        const Picture plain = window.After([&] { control.Draw(); });
+        // The scale, the size at 100 %, by how much pixels are enlarged, and which ones of how many are
+        // shown.
+        struct Case {
+            int scale, width, height, times, part;
+        };
+        for (const Case& shown : {Case{200, 60, 40, 2, 1},
+                                  {150, 60, 40, 1, 1},
+                                  {399, 60, 40, 3, 1},
+                                  {200, 90, 60, 2, 1},
+                                  {100, 90, 60, 1, 1},
+                                  {50, 160, 120, 1, 2},
+                                  {90, 90, 60, 1, 2}}) {
+            SCOPED_TRACE(shown.scale);
+            Put_To_Scale(control, shown.scale, shown.width, shown.height);
+            const Picture picture = window.After([&] { control.Draw(); });
+            const int width = 60 * shown.times / shown.part, height = 40 * shown.times / shown.part;
+            const int left = control.Width / 2 - width / 2, bottom = control.Height / 2 - height / 2;
+            const int inset = control.Border + (shown.scale + 50) / 100;
+            for (int y = inset; y < control.Height - inset; ++y) {
+                for (int x = inset; x < control.Width - inset; ++x) {
+                    const int column = x - left, row = bottom + height - y;
+                    const bool inside = column >= 0 && column < width && row >= 0 && row < height;
+                    const int from_x = column * shown.part / shown.times;
+                    const int from_y = row * shown.part / shown.times;
+                    ASSERT_EQ(picture.At(10 + x, 10 + y), inside ? Pixel_Of_Image(from_x, from_y) : Ground)
+                        << x << ' ' << y;
+                }
+            }
+        }
+        Put_To_Scale(control, 100, 60, 40);
+        EXPECT_TRUE(Same(window.After([&] { control.Draw(); }), plain));
+        EXPECT_EQ(control.Graph_Normal, image);
+        Put_To_Scale(control, 200, 30, 20);
+        Give_Image(control);
+        control.Init(nullptr);
+        EXPECT_EQ(window.After([&] { control.Draw(); }).At(10 + 20, 10 + 30), Pixel_Of_Image(20, 10))
+            << "one that is given at a scale is shown there as it is";
+    };
+    check(Boxs());
+    check(Buttons());
+}

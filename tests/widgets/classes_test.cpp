@@ -1,5 +1,7 @@
 // What holds for every class: where it paints, what it shares with copies, and what it survives.
 #include <algorithm>
+#include <climits>
+#include <limits>
 #include <memory>
 #include <random>
 #include <string>
@@ -178,7 +180,7 @@ TYPED_TEST(Any_Class, Survives_Failures_And_Gives_Everything_Back) {
     };
     const auto all = [&] {
         for (const char* function :
-             {"", "GetDC", "GetDCEx", "CreateRectRgn", "CreateFontIndirectA", "CreateDIBSection"}) {
+             {"", "GetDC", "GetDCEx", "CreateRectRgn", "CreateFontIndirectW", "CreateDIBSection"}) {
             for (int passed = 0; passed < (*function ? 5 : 40); ++passed) {
                 Call_Spy spy;
                 *function ? spy.Fail(function, passed) : spy.Fail_Allocation(passed);
@@ -195,6 +197,58 @@ TYPED_TEST(Any_Class, Survives_Failures_And_Gives_Everything_Back) {
     all();
     EXPECT_EQ(Gdi_Objects(), objects);
     EXPECT_EQ(Live_Blocks(), blocks);
+}
+
+/// Whatever an application writes into the fields, in any order, also without memory.
+TYPED_TEST(Any_Class, Survives_Any_Fields) {
+    Test_Window& window = this->window;
+    const short but_dim = BUT_DIM;
+    std::minstd_rand random(7);
+    const auto pick = [&](std::initializer_list<int> values) {
+        return *(values.begin() + random() % values.size());
+    };
+    const auto low = [&](std::initializer_list<int> values) { return static_cast<short>(pick(values)); };
+    const auto real = [&] {
+        using Limits = std::numeric_limits<float>;
+        constexpr float values[] = {0, 5, 5, 100, -3, -3e38F, Limits::infinity(), Limits::quiet_NaN()};
+        return values[random() % std::size(values)];
+    };
+    const auto scramble = [&](auto& control) {
+        control.Width = low({-32768, 0, 1, 5, 40, 66, 130, 300, 300, 2000, 32767});
+        control.Height = low({-1, 0, 1, 5, 12, 66, 66, 90, 300, 32767});
+        control.Border = low({0, 0, 1, 3, 20, 40, -7, 32767, -32768});
+        control.Flag = random() & static_cast<unsigned>(pick({0, 0x80, 0xFFF, 0xFFFFF, -1}));
+        control.Color = Colors(pick({300, 170}), pick({-5, 170}), 128);
+        control.Name = pick({0, 1}) ? "a\nb\tc\r\n&&\x01\xFF %s%n" : nullptr;
+        BUT_DIM = low({25, 25, 40, 0, -9, 32767});
+        if constexpr (requires { control.Grow(1, 0); }) control.Grow(low({0, 1, 3, 9, 60}), 0);
+        if constexpr (requires { control.Line_Height; }) control.Line_Height = low({0, 1, 20, -32768, 32767});
+        if constexpr (requires { control.Current; } && !std::is_same_v<TypeParam, DirTrees>)
+            control.Current = low({-32768, -1, 0, 1, 2, 70, 32767});
+        if constexpr (requires { control.Start_Val; }) {
+            control.Start_Val = real(), control.End_Val = real(), control.Val = real();
+            control.Larg_Adjust(real(), real());
+        }
+        if constexpr (requires { control.Page(0); }) control.Page(pick({INT_MIN, -1, 0, 40, INT_MAX}));
+        if constexpr (requires { control.Chan_1; }) control.Chan_1.Val = real();
+        if constexpr (requires { control.Hue; }) control.Hue.Val = real();
+        if constexpr (requires { control.Value; }) {
+            control.Value = static_cast<decltype(control.Value)>(low({-32768, -1, 0, 1, 30, 32767}));
+        }
+        if constexpr (requires { control.Scroll(1); })
+            control.Scroll(static_cast<short>(pick({1, -7, -32768, 32767})));
+    };
+    auto control = std::make_unique<TypeParam>();
+    Put(*control, 130, 66, 0);
+    for (int round = 0; round < 30; ++round) {
+        Call_Spy spy;
+        if (pick({0, 0, 1})) spy.Fail_Allocation(pick({0, 1, 2, 3, 4, 5, 6}));
+        scramble(*control);
+        control->Init(window);
+        Use(window, *control);
+        if (round % 9 == 0) control = std::make_unique<TypeParam>(*control);
+    }
+    BUT_DIM = but_dim;
 }
 
 /// Calls that are reported by a class which calls itself `name` in them.
@@ -242,7 +296,8 @@ void Expect_Misuse(const std::string& name, const std::string& type) {
                                   "::Init   name: n");
     control.Draw(), reports.Take(), control.Init(window), control.X = 5, control.Init(nullptr);
     EXPECT_EQ(control.Window, HWND{window});
-    EXPECT_EQ(control.Rect.left * 1000 + control.Rect.right, 5046);
+    EXPECT_EQ(control.Rect.left, 5);
+    EXPECT_EQ(control.Rect.right, 46);
     EXPECT_EQ(reports.Take(), "");
 }
 
@@ -271,7 +326,8 @@ void Expect_Growth(const std::string& item_line, const std::string& array_line, 
         Place(*first, "Caption", Left, 20, 200, 60);
         Name_Items(*first, {"One", "Two", "Three", "Four"});
         const auto* kept = first->Item[1];
-        EXPECT_EQ(first->Grow(6, 0x12) * 10 + first->Grow(6, 0), 11);
+        EXPECT_EQ(first->Grow(6, 0x12), 1);
+        EXPECT_EQ(first->Grow(6, 0), 1);
         EXPECT_EQ(first->Item[5]->Flag, own_flag | 0x12);
         EXPECT_EQ(first->Item[1], kept);
         first->Init(window), first->Draw();
@@ -316,9 +372,9 @@ TEST(Items, Grow_And_Are_Shared) {
     Lists list;
     Selects selector;
     Tabs tabs;
-    EXPECT_EQ(list.Grow(40000, 0) * 10 + selector.Grow(40000, 0), 0) << "more than the count can say";
+    EXPECT_TRUE(!list.Grow(40000, 0) && !selector.Grow(40000, 0)) << "more than the count can say";
     EXPECT_NE(reports.Take().find("dim=40001x8"), std::string::npos);
-    EXPECT_EQ(list.Grow(-1, 0) * 10 + selector.Grow(-32768, 0), 11);
+    EXPECT_TRUE(list.Grow(-1, 0) && selector.Grow(-32768, 0));
     EXPECT_TRUE(!list.Item && !selector.Item);
     EXPECT_EQ(tabs.Grow(-1, 0), 0);
     EXPECT_EQ(reports.Take(), "11:Tabs: there cannot be -1 tabs\n   name: (null)");

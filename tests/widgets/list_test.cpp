@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <functional>
-#include <memory>
 #include <random>
 #include <string>
 #include <vector>
@@ -194,41 +193,6 @@ TEST(Lists, Share_Items_With_A_Copy_That_Shows_Others) {
         const Picture picture = window.After([&] { drawn->Draw(); });
         EXPECT_TRUE(Same(picture, window.After([&] { alone.Draw(); })));
         alone.Scroll(6);
-    }
-}
-
-TEST(Lists, Hold_Against_Calls_In_Any_Order) {
-    Test_Window window(300, 220);
-    std::minstd_rand random(7);
-    const auto pick = [&](int count) { return static_cast<short>(random() % static_cast<unsigned>(count)); };
-    auto list = std::make_unique<Named>(Column, 200, 150, 9),
-         other = std::make_unique<Named>(0UL, 200, 90, 9);
-    const std::function<void(Lists&)> calls[] = {
-        [&](Lists& l) { l.Grow(pick(60), 0); },
-        [&](Lists& l) { l.Width = pick(210), l.Height = pick(160), l.Init(window); },
-        [&](Lists& l) { l.Flag ^= 1UL << pick(7), l.Init(window); },
-        [&](Lists& l) { l.Flag ^= FLAG_INNER_FRAME, l.Border = pick(9), l.Init(window); },
-        [&](Lists& l) { l.Name = pick(2) ? "Title" : nullptr; },
-        [&](Lists& l) { l.Scroll(pick(9) - 4); },
-        [&](Lists& l) { l.Current = pick(70), l.Adjust(); },
-        [&](Lists& l) { l.Deselect(); },
-        [&](Lists& l) { l.Select(pick(3)); },
-        [&](Lists& l) { EXPECT_LT(l.Read(), l.Nb_Item); },
-        [&](Lists& l) { static_cast<Lists&>(*other) = l; },
-        [&](Lists&) { list.swap(other); },
-        [&](Lists& l) { l.Draw(); },
-    };
-    for (int round = 0; round < 2000; ++round) {
-        const int call = pick(static_cast<int>(std::size(calls)));
-        SCOPED_TRACE(testing::Message() << "round " << round << ", call " << call);
-        window.Point_At(pick(230), pick(200));
-        const Lists& l = *list;
-        const Area painted = window.Changed([&] { calls[call](*list); });
-        // A smaller list has no room for its bar.
-        if (painted == Nothing || l.Width < 50 || l.Height < 50) continue;
-        EXPECT_TRUE(painted.left >= l.X && painted.right <= l.X + l.Width && painted.bottom >= l.Y &&
-                    painted.top <= l.Y + l.Height)
-            << testing::PrintToString(painted) << ", list " << l.Width << " x " << l.Height;
     }
 }
 

@@ -1,4 +1,3 @@
-#include <memory>
 #include <string>
 
 #include "Galdren_Tools.h"
@@ -32,14 +31,15 @@ struct Five : Selects {
 }  // namespace
 
 TEST(Selectors, Step_When_An_Arrow_Is_Pressed) {
-    // Column or row, the pointer's distance from the start of the value area (190 long, arrows of 24), the
-    // item before, those to skip, the item after.
-    const int table[][5] = {{0, 23, 3, 0, 2},   {0, 23, 0, 0, 4},    {0, -5, 1, 0, 0},
-                            {0, 24, 3, 0, 3},   {0, 166, 3, 0, 3},   {0, 167, 3, 0, 4},
-                            {0, 167, 4, 0, 0},  {0, 167, 1, 0xC, 4}, {0, 0, 0, 0x10, 3},
-                            {1, 23, 3, 0, 4},   {1, 23, 4, 0, 0},    {1, 24, 3, 0, 3},
-                            {1, 166, 3, 0, 3},  {1, 167, 0, 0, 4},   {1, 195, 0, 0x18, 2},
-                            {0, 167, 99, 0, 0}, {0, 0, -7, 0, 4},    {0, 0, 2, All_Skipped, 2}};
+    const struct {
+        int column;    // or row
+        int distance;  // of the pointer from the start of the value area (190 long, arrows of 24)
+        int from, skipped, to;
+    } table[] = {{0, 23, 3, 0, 2},   {0, 23, 0, 0, 4},         {0, -5, 1, 0, 0},     {0, 24, 3, 0, 3},
+                 {0, 166, 3, 0, 3},  {0, 167, 3, 0, 4},        {0, 167, 4, 0, 0},    {0, 167, 1, 0xC, 4},
+                 {0, 0, 0, 0x10, 3}, {1, 23, 3, 0, 4},         {1, 23, 4, 0, 0},     {1, 24, 3, 0, 3},
+                 {1, 166, 3, 0, 3},  {1, 167, 0, 0, 4},        {1, 195, 0, 0x18, 2}, {0, 167, 99, 0, 0},
+                 {0, 0, -7, 0, 4},   {0, 0, 2, All_Skipped, 2}};
     Test_Window window(260, 260);
     for (const auto& [column, distance, from, skipped, to] : table) {
         SCOPED_TRACE(testing::Message() << column << ' ' << distance << ' ' << from);
@@ -57,10 +57,11 @@ TEST(Selectors, Step_When_An_Arrow_Is_Pressed) {
 }
 
 TEST(Selectors, Scroll_Past_An_End_To_The_Other) {
-    // Steps, the item before, those to skip, the item after.
-    const int table[][4] = {{1, 3, 0, 2},     {1, 0, 0, 4},      {-1, 4, 0, 0},  {3, 1, 0, 4},
-                            {-3, 3, 0, 0},    {3, 4, 0x10, 1},   {1, 3, 0x6, 0}, {0, 2, 0x4, 2},
-                            {32767, 2, 0, 4}, {-32768, 2, 0, 0}, {1, 99, 0, 0},  {1, 2, All_Skipped, 2}};
+    const struct {
+        int steps, from, skipped, to;
+    } table[] = {{1, 3, 0, 2},     {1, 0, 0, 4},      {-1, 4, 0, 0},  {3, 1, 0, 4},
+                 {-3, 3, 0, 0},    {3, 4, 0x10, 1},   {1, 3, 0x6, 0}, {0, 2, 0x4, 2},
+                 {32767, 2, 0, 4}, {-32768, 2, 0, 0}, {1, 99, 0, 0},  {1, 2, All_Skipped, 2}};
     Test_Window window(260, 100);
     Five s(0, 200, 24);
     s.Init(window);
@@ -83,12 +84,13 @@ TEST(Selectors, Scroll_Past_An_End_To_The_Other) {
 }
 
 TEST(Selectors, Repaint_When_The_Highlight_Changes) {
-    // Flag, event, pointer inside, hover before, answer, hover after, whether it is painted.
-    const int table[][7] = {{0, 0, 1, 0, 1, 1, 1},   {0, 0, 1, 1, 1, 1, 0},   {0, 0, 1, 2, 1, 1, 1},
-                            {0, 0, 0, 0, 0, 2, 1},   {0, 2, 0, 1, 0, 2, 1},   {0, 0, 0, 2, 0, 2, 0},
-                            {0, 4, 1, 0, 1, 0, 0},   {0, 4, 0, 1, 0, 1, 0},   {0x2, 4, 1, 0, 1, 0, 0},
-                            {0x2, 2, 1, 0, 0, 0, 0}, {0x1, 2, 1, 0, 1, 0, 0}, {0x10, 0, 1, 2, 1, 2, 0},
-                            {0x10, 0, 0, 1, 0, 1, 0}};
+    const struct {
+        int flag, event, inside, hover, answer, hover_after, paints;
+    } table[] = {{0, 0, 1, 0, 1, 1, 1},   {0, 0, 1, 1, 1, 1, 0},   {0, 0, 1, 2, 1, 1, 1},
+                 {0, 0, 0, 0, 0, 2, 1},   {0, 2, 0, 1, 0, 2, 1},   {0, 0, 0, 2, 0, 2, 0},
+                 {0, 4, 1, 0, 1, 0, 0},   {0, 4, 0, 1, 0, 1, 0},   {0x2, 4, 1, 0, 1, 0, 0},
+                 {0x2, 2, 1, 0, 0, 0, 0}, {0x1, 2, 1, 0, 1, 0, 0}, {0x10, 0, 1, 2, 1, 2, 0},
+                 {0x10, 0, 0, 1, 0, 1, 0}};
     Test_Window window(260, 100);
     for (const auto& [flag, event, inside, hover, answer, hover_after, paints] : table) {
         SCOPED_TRACE(testing::Message() << flag << ' ' << event << ' ' << inside << ' ' << hover);

@@ -1,0 +1,84 @@
+#include "host/input_method.h"
+
+#include <imm.h>
+
+namespace galdren {
+
+namespace {
+
+/// The functions of the system's library; all null where there is none.
+struct Library {
+    Library() {
+        const HMODULE module = LoadLibraryA("imm32.dll");
+        if (!module) return;
+        Find(module, "ImmGetContext", get_context);
+        Find(module, "ImmReleaseContext", release_context);
+        Find(module, "ImmSetCompositionWindow", set_window);
+        Find(module, "ImmSetCompositionFontW", set_font);
+        Find(module, "ImmGetCompositionStringW", get_string);
+        Find(module, "ImmNotifyIME", notify);
+    }
+    template <class Function>
+    static void Find(HMODULE module, const char* name, Function*& function) {
+        function = reinterpret_cast<Function*>(reinterpret_cast<void*>(GetProcAddress(module, name)));
+    }
+
+    decltype(ImmGetContext)* get_context = nullptr;
+    decltype(ImmReleaseContext)* release_context = nullptr;
+    decltype(ImmSetCompositionWindow)* set_window = nullptr;
+    decltype(ImmSetCompositionFontW)* set_font = nullptr;
+    decltype(ImmGetCompositionStringW)* get_string = nullptr;
+    decltype(ImmNotifyIME)* notify = nullptr;
+};
+
+const Library& Imm() {
+    static const Library library;
+    return library;
+}
+
+/// The input context of a window, for a scope.
+class Input_Context {
+  public:
+    explicit Input_Context(HWND owner)
+        : window(owner), context(Imm().get_context ? Imm().get_context(owner) : nullptr) {}
+    ~Input_Context() {
+        if (context) Imm().release_context(window, context);
+    }
+    Input_Context(const Input_Context&) = delete;
+    Input_Context& operator=(const Input_Context&) = delete;
+    HIMC Get() const { return context; }
+
+  private:
+    HWND window;
+    HIMC context;
+};
+
+}  // namespace
+
+void Place_Composition(HWND window, POINT place, HFONT font) {
+    const Input_Context context(window);
+    if (!context.Get()) return;
+    COMPOSITIONFORM form{};
+    form.dwStyle = CFS_POINT;
+    form.ptCurrentPos = place;
+    Imm().set_window(context.Get(), &form);
+    LOGFONTW words{};
+    if (font && GetObjectW(font, sizeof words, &words)) Imm().set_font(context.Get(), &words);
+}
+
+std::wstring Composed_Text(HWND window) {
+    const Input_Context context(window);
+    if (!context.Get()) return {};
+    const LONG bytes = Imm().get_string(context.Get(), GCS_RESULTSTR, nullptr, 0);
+    if (bytes <= 0) return {};
+    std::wstring text(static_cast<std::size_t>(bytes) / sizeof(wchar_t), L'\0');
+    Imm().get_string(context.Get(), GCS_RESULTSTR, text.data(), static_cast<DWORD>(bytes));
+    return text;
+}
+
+void Finish_Composition(HWND window) {
+    const Input_Context context(window);
+    if (context.Get()) Imm().notify(context.Get(), NI_COMPOSITIONSTR, CPS_COMPLETE, 0);
+}
+
+}  // namespace galdren

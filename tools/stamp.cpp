@@ -1,0 +1,209 @@
+#include "tools/stamp.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstddef>
+#include <cstring>
+#include <memory>
+#include <new>
+
+#include "tools/base.h"
+#include "util/error.h"
+#include "util/image.h"
+#include "util/program.h"
+
+namespace galdren {
+
+namespace {
+
+using Pixels = std::unique_ptr<unsigned long[]>;
+using Image = std::unique_ptr<IGB_Image, decltype(&IGB_Free)>;
+
+Pixels New_Pixels(std::size_t count) { return Pixels(new (std::nothrow) unsigned long[count]); }
+
+bool Is_Targa(const char* file) { return std::strstr(file, ".tga") != nullptr; }
+
+Image Read_Image(const char* file) {
+    IGB_Image* image = nullptr;
+    errno = 0;
+    (Is_Targa(file) ? TGA_Read_Image : IGB_Read_Image)(file, &image);
+    return {image, IGB_Free};
+}
+
+/// One to four channels: grey or colour, each with opacity or without.
+/// @param clearness  what is taken from the last channel in place of opacity: all its bits turned round, or 0
+unsigned long Packed(const unsigned char* from, int channels, unsigned char clearness) {
+    const bool is_grey = channels <= 2;
+    const bool is_opaque = channels % 2 != 0;
+    const unsigned long blue = from[0];
+    const unsigned long green = from[is_grey ? 0 : 1];
+    const unsigned long red = from[is_grey ? 0 : 2];
+    const unsigned long weight = is_opaque ? 255 : from[channels - 1] ^ clearness;
+    return blue | green << 8 | red << 16 | weight << 24;
+}
+
+struct Size {
+    int width;
+    int height;
+};
+
+/// How large a picture is in a room: enlarged by the scale as far as it fits, or made smaller.
+Size Size_In(const Tools_Fields& control, const Size& room) {
+    const Size icon{control.Icon_Width, control.Icon_Height};
+    for (int times = Zoom_Between(Unscaled, control.Scale).times; times > 0; --times) {
+        if (icon.width * times <= room.width && icon.height * times <= room.height)
+            return {icon.width * times, icon.height * times};
+    }
+    if (icon.width * room.height > icon.height * room.width)
+        return {room.width, std::max(icon.height * room.width / icon.width, 1)};
+    return {std::max(icon.width * room.height / icon.height, 1), room.height};
+}
+
+/// What the pixel at `place` of `count` is made of along one direction of a picture of `length`. Lengths are
+/// counted so that none is broken: a pixel of the picture has `count` of them, the new one `length`.
+struct Stretch {
+    Stretch(int place, int count, int length)
+        : begin(place * length),
+          end(begin + length),
+          unit(count),
+          first(begin / unit),
+          last((end - 1) / unit) {}
+
+    /// How much of one of its pixels is in it.
+    int Share_Of(int pixel) const {
+        return std::min((pixel + 1) * unit, end) - std::max(pixel * unit, begin);
+    }
+
+    int begin, end, unit;
+    int first;  ///< pixel of the picture
+    int last;
+};
+
+/// The mean of a rectangle of a picture, by area and opacity.
+unsigned long Mean(const Tools_Fields& control, const Stretch& across, const Stretch& down) {
+    unsigned long long channels[3] = {};
+    unsigned long long weights = 0;
+    unsigned long long areas = 0;
+    for (int y = down.first; y <= down.last; ++y) {
+        const unsigned long* const row = control.Icon_Pixels + std::ptrdiff_t{y} * control.Icon_Width;
+        for (int x = across.first; x <= across.last; ++x) {
+            const auto area = static_cast<unsigned long long>(down.Share_Of(y)) *
+                              static_cast<unsigned long long>(across.Share_Of(x));
+            const unsigned long long weight = area * (row[x] >> 24);
+            for (int i = 0; i < 3; ++i)
+                channels[i] += weight * (row[x] >> 8 * i & 0xFF);
+            weights += weight;
+            areas += area;
+        }
+    }
+    if (weights == 0) return 0;
+    unsigned long pixel = static_cast<unsigned long>((weights + areas / 2) / areas) << 24;
+    for (int i = 0; i < 3; ++i)
+        pixel |= static_cast<unsigned long>((channels[i] + weights / 2) / weights) << 8 * i;
+    return pixel;
+}
+
+/// @param over  its highest byte is its opacity
+unsigned long Blended(unsigned long over, unsigned long under) {
+    const unsigned long weight = over >> 24;
+    unsigned long pixel = under & 0xFF000000;
+    for (const int shift : {0, 8, 16}) {
+        const unsigned long sum = (over >> shift & 0xFF) * weight + (under >> shift & 0xFF) * (255 - weight);
+        pixel |= (sum + 127) / 255 << shift;
+    }
+    return pixel;
+}
+
+/// The body that the control has without images.
+unsigned long* Make_Ground(const Tools_Fields& control, const Colors& color) {
+    if (!Has_Flag(control, FLAG_OWN_IMAGES)) return Make_Shading(control, color);
+    const auto count = std::size_t(control.Width) * std::size_t(control.Height);
+    unsigned long* const pixels = New_Pixels(count).release();
+    if (pixels) std::fill_n(pixels, count, Body_Color(Theme_Of(control), color).get_invert());
+    return pixels;
+}
+
+/// Blends the picture over the middle of a body.
+void Stamp(const Tools_Fields& control, unsigned long* body) {
+    const int inset = Body_Inset(control);
+    const Size room{control.Width - 2 * inset + 1, control.Height - 2 * inset + 1};
+    if (room.width < 1 || room.height < 1) return;
+    const Size size = Size_In(control, room);
+    const int left = inset + Offset(Place::Middle, room.width, size.width);
+    const int top = inset + Offset(Place::Middle, room.height, size.height);
+    for (int y = 0; y < size.height; ++y) {
+        const Stretch down(y, size.height, control.Icon_Height);
+        unsigned long* const row = body + std::ptrdiff_t{top + y} * control.Width + left;
+        for (int x = 0; x < size.width; ++x)
+            row[x] = Blended(Mean(control, Stretch(x, size.width, control.Icon_Width), down), row[x]);
+    }
+}
+
+/// Without memory there is no image, and the control has its own body.
+unsigned long* Make_Image(const Tools_Fields& control, const Colors& color) {
+    unsigned long* const body = Make_Ground(control, color);
+    if (body) {
+        Stamp(control, body);
+    } else {
+        Error_Fct(hwnd, ERROR_LEVEL_MEMORY, "Tools::Icon: no memory for an image\n   name: %s",
+                  Name_Of(control));
+    }
+    return body;
+}
+
+void Drop_Icon(Tools_Fields& control) {
+    Release_Array(control.Icon_Pixels);
+    control.Icon_Pixels = nullptr;
+}
+
+bool Has_Other_Images(const Tools_Fields& control) {
+    return control.Graph_Normal != control.Last_Graph_Normal ||
+           control.Graph_Select != control.Last_Graph_Select;
+}
+
+bool Is_Changed(const Tools_Fields& control) {
+    return control.Width != control.Last_Width || control.Height != control.Last_Height ||
+           control.Color.get() != control.Last_Color || Is_Redressed(control);
+}
+
+}  // namespace
+
+bool Read_Icon_Pixels(Tools_Fields& control, const char* file) {
+    const Image image = file ? Read_Image(file) : Image(nullptr, IGB_Free);
+    if (!image) {
+        Error_Fct(hwnd, ERROR_LEVEL_WARNING, "Tools::Icon(%s): %s\n   name: %s", file ? file : "(null)",
+                  file ? Error_Perror(errno) : "no file", Name_Of(control));
+        return false;
+    }
+    const std::size_t count = std::size_t{image->width} * image->height;
+    Pixels pixels = New_Pixels(count);
+    if (!pixels) {
+        Error_Fct(hwnd, ERROR_LEVEL_MEMORY, "Tools::Icon(%s): no memory\n   name: %s", file,
+                  Name_Of(control));
+        return false;
+    }
+    const unsigned char clearness = Is_Targa(file) ? 0 : 0xFF;
+    for (std::size_t i = 0; i < count; ++i)
+        pixels[i] = Packed(image->pixels + i * image->channels, image->channels, clearness);
+    Drop_Icon(control);
+    control.Icon_Pixels = pixels.release();
+    control.Icon_Width = image->width;
+    control.Icon_Height = image->height;
+    control.Icon_Is_New = true;
+    return true;
+}
+
+void Renew_Icon_Images(Tools_Fields& control) {
+    if (!control.Icon_Pixels) return;
+    const bool is_new = control.Icon_Is_New;
+    if (!is_new && Has_Other_Images(control)) return Drop_Icon(control);
+    if (!is_new && !Is_Changed(control)) return;
+    control.Icon_Is_New = false;
+    if (control.Graph_Select != control.Graph_Normal) Release_Array(control.Graph_Select);
+    Release_Array(control.Graph_Normal);
+    control.Given_Normal = control.Given_Select = {};
+    control.Graph_Normal = Make_Image(control, control.Color);
+    control.Graph_Select = Make_Image(control, Highlight_Color(control));
+}
+
+}  // namespace galdren
