@@ -288,6 +288,15 @@ TEST_F(Shown_Test, Tab_Leaves_Nothing_Of_The_Ring_Behind) {
     }
 }
 
+TEST_F(Shown_Test, What_A_Host_That_Is_Gone_Has_Hidden_Shows_In_The_Next) {
+    host->Set_Shown(button, false);
+    host.reset();
+    EXPECT_EQ(button.Veil, VEIL_HIDDEN);
+    host = std::make_unique<Host>(window);
+    host->Add(button);
+    EXPECT_EQ(button.Veil, VEIL_NONE);
+}
+
 TEST_F(Shown_Test, Nothing_Is_Found_Where_The_Last_Controls_Were) {
     Send(WM_MOUSEMOVE, 0, {60, 170});
     EXPECT_EQ(host->Current(), &tabs);
