@@ -17,8 +17,7 @@ class Other_Page {
 
 /// In UTF-8: twelve scripts, the last two beyond the first plane and mixed.
 constexpr const char* Scripts[] = {
-    "Espa\xC3\xB1"
-    "a",
+    "Espa\303\261a",
     "\xCE\x91\xCE\xB8\xCE\xAE\xCE\xBD\xCE\xB1",
     "\xD0\x9C\xD0\xBE\xD1\x81\xD0\xBA\xD0\xB2\xD0\xB0",
     "\xD7\xA9\xD7\x9C\xD7\x95\xD7\x9D",
