@@ -31,6 +31,7 @@ Host::~Host() {
     life.reset();
     std::exchange(services, {}).clear();  // they may cause messages, which go to none of them any more
     if (holds) End_Hold(window);
+    if (caret_height) DestroyCaret();
 }
 
 void Host::Hold() {

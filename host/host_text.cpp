@@ -117,7 +117,7 @@ bool Host::On_Set_Cursor(LPARAM lparam) {
 /// Keeps the system's caret, which nobody sees, where the caret of the field is: magnifiers and screen
 /// readers follow it.
 void Host::Follow_Caret() {
-    Texts* const field = GetFocus() == window ? Edited_Field(Key_Taker()) : nullptr;
+    Texts* const field = window && GetFocus() == window ? Edited_Field(Key_Taker()) : nullptr;
     RECT caret{};
     if (!field || !field->Find_Caret(caret)) {
         if (std::exchange(caret_height, 0)) DestroyCaret();

@@ -258,10 +258,12 @@ bool Input_Line::Type(char byte) {
 }
 
 bool Input_Line::Insert(std::string_view character) {
+    if (!Lets_In(character)) return false;
     const bool begins_step = character == " " || field.Selected != 0;
     if (begins_step && state.past) state.past->Break();
     const Edit edit(*this, Edit_Kind::Typed);
-    return Put(character);
+    Put(character);
+    return true;
 }
 
 bool Input_Line::Insert_All(std::string_view text) {
@@ -273,18 +275,21 @@ bool Input_Line::Insert_All(std::string_view text) {
         text.remove_prefix(bytes);
         const bool is_control = static_cast<unsigned char>(character[0]) < ' ';
         if (is_control || !Passes_Filters(flag, character)) continue;
-        if (!Put(character)) break;
+        if (!Lets_In(character)) break;
+        Put(character);
         changed = true;
     }
     return changed;
 }
 
-/// Puts a character in place of what is selected.
-/// @return whether it was let in
-bool Input_Line::Put(std::string_view character) {
+/// Whether filters and room let a character in, in place of what is selected.
+bool Input_Line::Lets_In(std::string_view character) const {
     const int left = Length() - Selection().Length();
-    if (!Passes_Filters(flag, character) || left + Size_Of(character) > Text_Fields::Longest_Input)
-        return false;
+    return Passes_Filters(flag, character) && left + Size_Of(character) <= Text_Fields::Longest_Input;
+}
+
+/// Puts a character in place of what is selected.
+void Input_Line::Put(std::string_view character) {
     if (flag & TEXT_INTEGER && std::strtol(field.Line, nullptr, 10) == 0) {
         // What is typed over a zero replaces it.
         Remove({0, Length()});
@@ -295,7 +300,6 @@ bool Input_Line::Put(std::string_view character) {
     std::copy_backward(place, field.Line + Length() + 1, field.Line + Length() + 1 + character.size());
     character.copy(place, character.size());
     field.Cursor_Pos = Low_16(field.Cursor_Pos + Size_Of(character));
-    return true;
 }
 
 bool Input_Line::Can_Go(int step) const { return state.past && state.past->Can_Go(field, step); }

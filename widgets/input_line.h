@@ -79,7 +79,8 @@ class Input_Line {
     void Remove(Text_Span span);
     bool Type(char byte);
     bool Insert(std::string_view character);
-    bool Put(std::string_view character);
+    bool Lets_In(std::string_view character) const;
+    void Put(std::string_view character);
     bool Recall_Older();
     bool Recall_Newer();
     void Recall(std::string_view entry);

@@ -100,6 +100,8 @@ void Texts::Cleanup() {
     if (!Has_Size(*this)) return;
     Release_Texts();
     std::fill_n(Line, Line_Room, '\0');
+    Selected = 0;
+    delete std::exchange(Edits.past, nullptr);
     Rescale_Cursor();
     Mode = 0;
 }

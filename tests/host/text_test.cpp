@@ -1,6 +1,10 @@
 // What is typed into fields of a host: languages, input methods, and what the mouse does with text.
+#include <gtest/gtest.h>
+#include <windows.h>
+
 #include <imm.h>
 
+#include <cstring>
 #include <memory>
 #include <string>
 
