@@ -1,7 +1,6 @@
 #include "host/design.h"
 
 #include <algorithm>
-#include <cmath>
 #include <iterator>
 #include <utility>
 
@@ -23,7 +22,9 @@ short At_Scale(short length, unsigned short scale) { return Not_Vanished(Scaled(
 
 /// What a length was designed as that is this long at a scale: exact for what `At_Scale` gives from 100 on.
 short Designed(short length, unsigned short scale) {
-    return Not_Vanished(static_cast<int>(std::lround(static_cast<float>(length) / Factor(scale))), length);
+    if (scale == 0 || scale == Unscaled) return length;  // as for nearly all that are added
+    const int half = length < 0 ? -scale / 2 : scale / 2;
+    return Not_Vanished((length * Unscaled + half) / scale, length);
 }
 
 float Distance(const Scrolled& scrolled) {

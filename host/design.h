@@ -22,7 +22,7 @@ class Fields_Of_Kind {
     Field operator[](std::size_t number) const { return all[number]; }
 
   private:
-    std::array<Field, Most> all{};
+    std::array<Field, Most> all;  // as far as they count
     std::size_t count = 0;
 };
 

@@ -270,10 +270,9 @@ void Expect_Readable(const char* what, unsigned long flag, const Theme& theme) {
     Place(panel, nullptr, 110, 0, 109, 89, FLAG_PASSIVE);
     std::array<Control, 2> controls;
     if (!std::is_same_v<Control, Labels>) host.Add(panel);
-    for (int i = 0; i < 2; ++i) {
-        Place(controls[i], nullptr, 5 + 110 * i, 5, 98, 40, flag);
-        host.Add(controls[i]);
-    }
+    Place(controls[0], nullptr, 5, 5, 98, 40, flag);
+    Place(controls[1], nullptr, 115, 5, 98, 40, flag);
+    host.Add(controls[0]), host.Add(controls[1]);
     const auto caption = [&](const char* name) {
         for (Control& control : controls)
             control.Name = name;
