@@ -233,6 +233,7 @@ void Place_Anywhere(Tools& control) {
     control.Graph_Select = static_cast<unsigned long*>(control.Free(control.Graph_Select));
     control.X = dice.Length(-30, 220), control.Y = dice.Length(-30, 150);
     control.Width = dice.Length(0, 160), control.Height = dice.Length(0, 120);
+    if (control.Width > 500 && control.Height > 500) control.Height = 20;  // shading of half a gigabyte
     if (control.Width > 500 || control.Height > 500) return;
     if (dice.One_In(4)) control.Alloc_Graph_Normal(dice.Bits());
     if (dice.One_In(4)) control.Alloc_Graph_Select(dice.Bits());
