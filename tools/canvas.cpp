@@ -24,10 +24,9 @@ Reach Limited(const Tools_Fields& control, Reach reach) {
     return reach;
 }
 
-/// Part of a picture is not kept. What a picture is kept of is made of parts, and cut at its rectangle.
+/// Part of a picture is not kept.
 Reach Kept_Reach(const Tools_Fields& control, const Area& covered, unsigned& picture) {
-    Reach limited = Limited(control, Covering(covered));
-    limited.area = Common(limited.area, Area_Of(control));
+    const Reach limited = Limited(control, Covering(covered));
     if (limited.area.Holds(covered)) return {covered, covered, &picture};
     picture = 0;
     return limited;

@@ -6,7 +6,6 @@
 
 #include "Galdren_Tools.h"
 #include "tests/support/clipboard.h"
-#include "tests/support/controls.h"
 #include "tests/support/spy.h"
 #include "tests/support/window.h"
 
@@ -320,13 +319,4 @@ TEST(Texts, Share_Lines_With_Copies) {
         spy.Fail_Allocation(passed);
         reading.Write("a\nb"), reading.Type("k"), reading.Input(Enter), reading.Draw();
     }
-}
-
-TEST(Texts, Paint_Nothing_Outside_Whatever_Their_Border) {
-    Test_Window window(200, 120);
-    Texts field;
-    Place(field, nullptr, 50, 30, 100, 60);
-    field.Border = -32768;
-    const auto write = [&] { field.Init(window), field.Write("line"); };
-    EXPECT_EQ(window.Changed(write), (Area{50, 150, 30, 90}));
 }
