@@ -22,7 +22,7 @@ class Answer_Line {
 
     void Show(DirTrees& tree) {
         const char* path = tree.Read();
-        text = path ? path : "(null)";
+        text = path ? path : "no directory";
         label.Name = text.c_str();
         sheet.Refresh(label);
     }
@@ -50,7 +50,7 @@ DirTrees& Add_Browser(Sheet& sheet, const char* heading, const Place& place, con
         sheet.Report("press " + Quote(tree.Name) + ": Read answers " + line->Text());
     };
     const auto change = [&sheet](DirTrees& tree) {
-        const int row = static_cast<int>(tree.Vertical_Bar.Val) / 18;
+        const int row = static_cast<int>(tree.Vertical_Bar.Val) / tree.Row_Height();
         if (Button_State == 0) sheet.Report("wheel " + Quote(tree.Name) + ": row " + std::to_string(row));
     };
     DirTrees& tree = sheet.Add<DirTrees>(place, name, 0, press, change);

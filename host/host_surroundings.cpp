@@ -1,5 +1,6 @@
 // What surrounds the controls: scale and theme.
 #include <algorithm>
+#include <utility>
 
 #include "host/client.h"
 #include "host/host.h"
@@ -31,6 +32,23 @@ int Dpi_Of(HWND window) {
     return dpi;
 }
 
+/// Writes the design of a control at its scale. Images that it has before its first `Init` were made for the
+/// size before.
+/// @param before  the scale of that size
+void Write_Design(Entry& entry, const Design_Fields& fields, unsigned short before) {
+    Tools& control = *entry.control;
+    const short width = control.Width;
+    const short height = control.Height;
+    entry.design.Write(fields, control.Scale);
+    if (Had_Init(control) || (width == control.Width && height == control.Height)) return;
+    const auto note = [&](const unsigned long* image, Given_Image& given) {
+        if (image && image != given.Pixels)
+            given = {image, width, height, before ? before : static_cast<unsigned short>(Unscaled), true};
+    };
+    note(control.Graph_Normal, control.Given_Normal);
+    note(control.Graph_Select, control.Given_Select);
+}
+
 int Scale_Of_Dpi(int dpi) { return std::clamp(MulDiv(dpi, Unscaled, Design_Dpi), Least_Scale, Most_Scale); }
 
 }  // namespace
@@ -42,7 +60,7 @@ Design_Fields Host::Note_Design(Entry& entry) const {
     const Design_Fields fields = entry.calls->design(control);
     const bool is_new = !Had_Init(control);
     entry.design.Note(fields, is_new ? Unscaled : control.Scale);
-    if (is_new && scale != 0) entry.design.Write(fields, control.Scale);
+    if (is_new && scale != 0) Write_Design(entry, fields, Unscaled);
     return fields;
 }
 
@@ -54,8 +72,8 @@ void Host::Receive(Entry& entry) const {
     entry.design.Note(fields, control.Scale);
     if (look) control.Look = look;
     if (scale == 0) return;
-    control.Scale = scale == Unscaled ? 0 : scale;
-    entry.design.Write(fields, control.Scale);
+    const unsigned short before = std::exchange(control.Scale, scale == Unscaled ? 0 : scale);
+    Write_Design(entry, fields, before);
 }
 
 /// `Init` of a control that had one, when what surrounds it has changed.
@@ -77,8 +95,8 @@ void Host::Init_Again(Entry& entry) {
 void Host::Rescale(Entry& entry) {
     Tools& control = *entry.control;
     const Design_Fields fields = Note_Design(entry);
-    control.Scale = scale == Unscaled ? 0 : scale;
-    entry.design.Write(fields, control.Scale);
+    const unsigned short before = std::exchange(control.Scale, scale == Unscaled ? 0 : scale);
+    Write_Design(entry, fields, before);
     const unsigned serial = entry.serial;
     Init_Again(entry);
     if (Entry* const left = entries.With_Serial(serial)) left->design.Scroll(fields, control.Scale);

@@ -248,6 +248,29 @@ TEST(Scale, Layouts_And_The_Window_Follow) {
     EXPECT_TRUE(EqualRect(&two.Rect, &before));
 }
 
+/// An image that was made before the control got the scale of its host is doubled, and not read as one of the
+/// size that the control has now.
+TEST(Scale, Knows_Images_Of_The_Design) {
+    for (const bool is_scaled_first : {true, false}) {
+        Hosted_Window shown(120, 60);
+        if (is_scaled_first) shown.host->Set_Scale(200);
+        Buttons button;
+        Place(button, nullptr, 5, 5, 40, 20);
+        button.Alloc_Graph_Normal(0x112233);
+        button.Graph_Normal[10 * 40 + 20] = 0xABCDEF;
+        shown.host->Add(button);
+        if (!is_scaled_first) shown.host->Set_Scale(200);
+        shown.host->Init_All();
+        const Picture picture = shown.All_Painted();
+        int lit = 0;
+        for (const std::uint32_t pixel : picture.Pixels())
+            lit += pixel == 0xABCDEF;
+        EXPECT_EQ(lit, 4) << is_scaled_first;
+        EXPECT_EQ(picture.At(10 + 2 * 20, 10 + 2 * 10), 0xABCDEFU) << is_scaled_first;
+        EXPECT_EQ(picture.At(30, 20), 0x112233U);
+    }
+}
+
 // Themes
 
 /// Contrast of two pixels in hundredths.
