@@ -17,6 +17,9 @@ constexpr const char* targa_icon = "star.tga";
 struct Stand : Boxs {
     std::function<void(Stand&)> picture;
 
+    /// A length at the scale of the window.
+    int Scaled(int pixels) const { return pixels * (Scale ? Scale : 100) / 100; }
+
     void Draw() {
         Boxs::Draw();
         Begin_Draw(Window, Clip_Region);
@@ -43,19 +46,19 @@ void Enlarge(int x, int y, int width, int height, int to_x, int to_y, int scale)
 
 /// An icon as it is, and enlarged.
 void Paint_Icon(Stand& stand, const char* file) {
-    constexpr int side = 16;
-    const int x = stand.X + stand.Width - side - 10;
-    const int y = stand.Y + 10;
+    const int side = stand.Scaled(16);
+    const int x = stand.X + stand.Width - side - stand.Scaled(10);
+    const int y = stand.Y + stand.Scaled(10);
     Icon_Draw_Image(&stand, static_cast<short>(x), static_cast<short>(y), stand.Name, file);
-    Enlarge(x, y, side, side, stand.X + 8, y, 6);
+    Enlarge(x, y, side, side, stand.X + stand.Scaled(8), y, 6);
 }
 
 /// All icons in a row, plain, and in a row below with a border.
 void Paint_Icons(Stand& stand) {
-    constexpr int pitch = 22;
-    auto x = static_cast<short>(stand.X + 8);
-    const auto upper = static_cast<short>(stand.Y + 36);
-    const auto lower = static_cast<short>(stand.Y + 10);
+    const int pitch = stand.Scaled(22);
+    auto x = static_cast<short>(stand.X + stand.Scaled(8));
+    const auto upper = static_cast<short>(stand.Y + stand.Scaled(36));
+    const auto lower = static_cast<short>(stand.Y + stand.Scaled(10));
     const auto add = [&](const char* file) {
         Icon_Draw_Image(&stand, x, upper, stand.Name, file);
         Icon_Draw_Image(&stand, x, lower, stand.Name, file);
@@ -81,17 +84,17 @@ const Glyph glyphs[] = {
 
 /// A glyph as it is, and enlarged.
 void Paint_Glyph(Stand& stand, const Glyph& glyph) {
-    constexpr int width = 20;
-    constexpr int height = 18;
-    constexpr int reach_left = 2;
     constexpr char more_below = 1;
-    const int left = stand.X + stand.Width - width - 6;
+    const int width = stand.Scaled(20);
+    const int height = stand.Scaled(18);
+    const int reach_left = stand.Scaled(2);
+    const int left = stand.X + stand.Width - width - stand.Scaled(6);
     const auto x = static_cast<short>(left + reach_left);
-    const auto y = static_cast<short>(stand.Y + 10);
-    if (glyph.lead)
-        glyph.lead(&stand, more_below, x, static_cast<short>(x + 16), y, static_cast<short>(y + height));
+    const auto x_end = static_cast<short>(x + stand.Scaled(16));
+    const auto y = static_cast<short>(stand.Y + stand.Scaled(10));
+    if (glyph.lead) glyph.lead(&stand, more_below, x, x_end, y, static_cast<short>(y + height));
     if (glyph.folder) glyph.folder(&stand, x, y);
-    Enlarge(left, y, width, height, stand.X + 6, y, 4);
+    Enlarge(left, y, width, height, stand.X + stand.Scaled(6), y, 4);
 }
 
 /// A stand of a row of `count`, with a heading above the row.

@@ -120,7 +120,7 @@ int Tools::Icon(const char* file) { return Read_Icon_Pixels(*this, file); }
 
 void Tools::Clear() {
     Check(*this, "Tools::Clear");
-    Fill_Rectangle(*this, Color, 0);
+    Fill_Rectangle(*this, Body_Color(Theme_Of(*this), Color), 0);
 }
 
 void Tools::Clear(Colors c) {
@@ -167,7 +167,7 @@ void Tools::Cadre_Outline(short x0, short x1, short y0, short y1) {
 }
 
 void Tools::Fill(long flags, short x0, short x1, short y0, short y1) {
-    if (!(flags & static_cast<long>(FLAG_STATIC))) Paint_Signal(*this, {x0, x1, y0, y1}, Color);
+    if (!(flags & static_cast<long>(FLAG_STATIC))) Paint_Signal(*this, {x0, x1, y0, y1}, Body_Color(Theme_Of(*this), Color));
 }
 
 void Tools::Fill_Grey(short x0, short x1, short y0, short y1) {
