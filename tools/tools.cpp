@@ -167,7 +167,8 @@ void Tools::Cadre_Outline(short x0, short x1, short y0, short y1) {
 }
 
 void Tools::Fill(long flags, short x0, short x1, short y0, short y1) {
-    if (!(flags & static_cast<long>(FLAG_STATIC))) Paint_Signal(*this, {x0, x1, y0, y1}, Body_Color(Theme_Of(*this), Color));
+    if (!(flags & static_cast<long>(FLAG_STATIC)))
+        Paint_Signal(*this, {x0, x1, y0, y1}, Body_Color(Theme_Of(*this), Color));
 }
 
 void Tools::Fill_Grey(short x0, short x1, short y0, short y1) {
