@@ -110,6 +110,7 @@ void Host::Set_Scale(int percent) {
     }
     if (percent == scale) return;
     scale = static_cast<unsigned short>(percent);
+    if (window) Set_Dialog_Look(window, scale, look);
     for (std::size_t number = 0; number < entries.Count(); ++number)
         Rescale(entries[number]);
     Note_Init();
@@ -185,6 +186,7 @@ void Host::Dress(const Theme* kept) {
     if (kept == look) return;
     look = kept;
     fade = Fade_In(look);
+    if (window) Set_Dialog_Look(window, scale, look);
     for (std::size_t number = 0; number < entries.Count(); ++number) {
         entries[number].control->Look = Look_Of(entries[number]);
         Init_Again(entries[number]);

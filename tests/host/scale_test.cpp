@@ -248,6 +248,25 @@ TEST(Scale, Layouts_And_The_Window_Follow) {
     EXPECT_TRUE(EqualRect(&two.Rect, &before));
 }
 
+TEST(Scale, Is_That_Of_Dialogs_Too) {
+    Hosted_Window shown(200, 100);
+    shown.host->Set_Scale(200);
+    SetActiveWindow(shown.window);
+    static RECT client;
+    const auto close = [](HWND, UINT, UINT_PTR, DWORD) {
+        const HWND dialog = FindWindowA("#32770", nullptr);
+        if (!IsWindowVisible(dialog)) return;
+        GetClientRect(dialog, &client);
+        SendMessageA(dialog, WM_CLOSE, 0, 0);
+    };
+    const UINT_PTR timer = SetTimer(nullptr, 0, USER_TIMER_MINIMUM, close);
+    char text[] = "text";
+    PopUp_Message("Title", "Caption", text, 200, 100);
+    KillTimer(nullptr, timer);
+    EXPECT_NEAR(client.right, 400, 1);
+    EXPECT_NEAR(client.bottom, 200, 1);
+}
+
 /// An image that was made before the control got the scale of its host is doubled, and not read as one of the
 /// size that the control has now.
 TEST(Scale, Knows_Images_Of_The_Design) {
