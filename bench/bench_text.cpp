@@ -154,14 +154,28 @@ Result Scroll() {
         2 * Way, shown);
 }
 
+/// While it lives, texts are in another code page.
+class Other_Page {
+  public:
+    explicit Other_Page(unsigned page) : before(Text_Code_Page()) { Set_Text_Code_Page(page); }
+    ~Other_Page() { Set_Text_Code_Page(before); }
+    Other_Page(const Other_Page&) = delete;
+    Other_Page& operator=(const Other_Page&) = delete;
+
+  private:
+    unsigned before;
+};
+
 /// Letters, and Backspace to take them away again.
-template <Shown shown>
+/// @param flag  further style bits of ours
+template <Shown shown, unsigned page = 0, unsigned long flag = 0>
 Result Type() {
+    const Other_Page texts(page);
     constexpr int Letters = 20;
     constexpr int Backspace = 8;
     Our_Side<Texts> ours([](Texts& entry) {
         bench::Place(entry, Entry_Place);
-        entry.Flag = TEXT_SINGLE_LINE;
+        entry.Flag = TEXT_SINGLE_LINE | flag;
         entry.Mode = TEXT_READING;
     });
     Native_Side native("EDIT", "", WS_VISIBLE | WS_BORDER | ES_AUTOHSCROLL, Entry_Place);
@@ -186,9 +200,14 @@ const bench::Register rows[] = {
         {"text: scroll by one line, repaint", "us", bench::Of_Native(0.06), Scroll<Shown::Together>}),
     bench::Register(
         {"text: scroll by one line, each on display", "us", bench::No_Target(), Scroll<Shown::One_By_One>}),
-    bench::Register({"text: a character typed, echo", "us", bench::Of_Native(0.2), Type<Shown::Together>}),
+    bench::Register({"text: a character typed, echo", "us", bench::Of_Native(0.1), Type<Shown::Together>}),
     bench::Register(
         {"text: a character typed, each on display", "us", bench::No_Target(), Type<Shown::One_By_One>}),
+    bench::Register(
+        {"text: the same in code page 932", "us", bench::Of_Native(0.1), Type<Shown::Together, 932>}),
+    bench::Register({"text: the same in UTF-8", "us", bench::Of_Native(0.1), Type<Shown::Together, 65001>}),
+    bench::Register({"text: the same in UTF-8, with editing", "us", bench::Of_Native(0.1),
+                     Type<Shown::Together, 65001, TEXT_EDITING>}),
 };
 
 }  // namespace

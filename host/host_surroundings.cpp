@@ -7,6 +7,7 @@
 #include "tools/arithmetic.h"
 #include "tools/look.h"
 #include "util/error.h"
+#include "util/late.h"
 
 using namespace galdren;
 
@@ -21,11 +22,10 @@ bool Had_Init(const Tools& control) { return control.Window || (control.State & 
 
 /// Dots per inch of the display that a window is on.
 int Dpi_Of(HWND window) {
-    using Function = UINT WINAPI(HWND);
-    const HMODULE user = GetModuleHandleA("user32.dll");
-    void* const found = user ? reinterpret_cast<void*>(GetProcAddress(user, "GetDpiForWindow")) : nullptr;
+    UINT(WINAPI * get_dpi)(HWND) = nullptr;
+    Find_Function(GetModuleHandleA("user32.dll"), "GetDpiForWindow", get_dpi);
     // Systems that do not know it have one resolution for all.
-    if (found) return static_cast<int>(reinterpret_cast<Function*>(found)(window));
+    if (get_dpi) return static_cast<int>(get_dpi(window));
     const HDC display = GetDC(nullptr);
     const int dpi = GetDeviceCaps(display, LOGPIXELSX);
     ReleaseDC(nullptr, display);

@@ -2,6 +2,8 @@
 
 #include <imm.h>
 
+#include "util/late.h"
+
 namespace galdren {
 
 namespace {
@@ -10,17 +12,12 @@ namespace {
 struct Library {
     Library() {
         const HMODULE module = LoadLibraryA("imm32.dll");
-        if (!module) return;
-        Find(module, "ImmGetContext", get_context);
-        Find(module, "ImmReleaseContext", release_context);
-        Find(module, "ImmSetCompositionWindow", set_window);
-        Find(module, "ImmSetCompositionFontW", set_font);
-        Find(module, "ImmGetCompositionStringW", get_string);
-        Find(module, "ImmNotifyIME", notify);
-    }
-    template <class Function>
-    static void Find(HMODULE module, const char* name, Function*& function) {
-        function = reinterpret_cast<Function*>(reinterpret_cast<void*>(GetProcAddress(module, name)));
+        Find_Function(module, "ImmGetContext", get_context);
+        Find_Function(module, "ImmReleaseContext", release_context);
+        Find_Function(module, "ImmSetCompositionWindow", set_window);
+        Find_Function(module, "ImmSetCompositionFontW", set_font);
+        Find_Function(module, "ImmGetCompositionStringW", get_string);
+        Find_Function(module, "ImmNotifyIME", notify);
     }
 
     decltype(ImmGetContext)* get_context = nullptr;

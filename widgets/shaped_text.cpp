@@ -6,6 +6,7 @@
 
 #include "tools/code_page.h"
 #include "tools/font_facts.h"
+#include "util/late.h"
 
 namespace galdren {
 
@@ -15,15 +16,10 @@ namespace {
 struct Uniscribe {
     Uniscribe() {
         const HMODULE module = LoadLibraryA("usp10.dll");
-        if (!module) return;
-        Find(module, "ScriptIsComplex", is_complex);
-        Find(module, "ScriptStringAnalyse", analyse);
-        Find(module, "ScriptStringCPtoX", place_of);
-        Find(module, "ScriptStringFree", free);
-    }
-    template <class Function>
-    static void Find(HMODULE module, const char* name, Function*& function) {
-        function = reinterpret_cast<Function*>(reinterpret_cast<void*>(GetProcAddress(module, name)));
+        Find_Function(module, "ScriptIsComplex", is_complex);
+        Find_Function(module, "ScriptStringAnalyse", analyse);
+        Find_Function(module, "ScriptStringCPtoX", place_of);
+        Find_Function(module, "ScriptStringFree", free);
     }
     bool Is_There() const { return is_complex && analyse && place_of && free; }
 
