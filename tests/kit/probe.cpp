@@ -65,19 +65,20 @@ HWND Visible_Window(DWORD thread) {
     return found;
 }
 
-/// Whether the screen shows controls in the client area: their shading has many colours.
+/// Whether the screen shows controls in the client area: frames and captions have several colours, also in
+/// the flat theme of the system.
 bool Shows_Controls(HWND window) {
     RECT area{};
     GetClientRect(window, &area);
     MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&area), 2);
     HDC screen = GetDC(nullptr);
     std::set<COLORREF> colors;
-    for (LONG y = area.top; y < area.bottom; y += 8) {
-        for (LONG x = area.left; x < area.right; x += 8)
+    for (LONG y = area.top; y < area.bottom; y += 3) {
+        for (LONG x = area.left; x < area.right; x += 3)
             colors.insert(GetPixel(screen, x, y));
     }
     ReleaseDC(nullptr, screen);
-    return colors.size() > 16;
+    return colors.size() > 6;
 }
 
 bool Program_Works(char* command) {
