@@ -1,5 +1,7 @@
 #include "parts/access_system.h"
 
+#include "util/late.h"
+
 namespace galdren {
 
 namespace {
@@ -9,8 +11,9 @@ template <class Function>
 Function* Find(const char* library, const char* name) {
     // It is never freed, for clients may hold objects as long as the process runs.
     const HMODULE module = LoadLibraryExA(library, nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
-    if (!module) return nullptr;
-    return reinterpret_cast<Function*>(reinterpret_cast<void*>(GetProcAddress(module, name)));
+    Function* found = nullptr;
+    Find_Function(module, name, found);
+    return found;
 }
 
 /// Our own code has to stay for the same reason.
