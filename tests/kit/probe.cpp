@@ -65,7 +65,7 @@ HWND Visible_Window(DWORD thread) {
     return found;
 }
 
-/// Whether the screen shows controls in the client area: frames and captions have several colours, also in
+/// Whether the screen shows controls in the client area: frames and captions have many colours, also in
 /// the flat theme of the system.
 bool Shows_Controls(HWND window) {
     RECT area{};
@@ -78,7 +78,7 @@ bool Shows_Controls(HWND window) {
             colors.insert(GetPixel(screen, x, y));
     }
     ReleaseDC(nullptr, screen);
-    return colors.size() > 6;
+    return colors.size() > 16;
 }
 
 bool Program_Works(char* command) {
