@@ -60,6 +60,11 @@ inline const Theme& Theme_Of(const Tools_Fields& control) {
     return control.Look ? *control.Look : Plain_Theme;
 }
 
+/// Whether theme or scale are others than those of the last generation of images.
+inline bool Is_Redressed(const Tools_Fields& control) {
+    return control.Look != control.Last_Look || control.Scale != control.Last_Scale;
+}
+
 /// Colour of bodies under the pointer, before they are made readable.
 inline Colors Highlight_Color(const Tools_Fields& control) {
     return Colors(static_cast<unsigned int>(Theme_Of(control).Highlight));

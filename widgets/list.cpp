@@ -11,6 +11,7 @@
 #include "tools/font_cache.h"
 #include "tools/sharing.h"
 #include "tools/window.h"
+#include "widgets/item_buttons.h"
 #include "widgets/items.h"
 #include "widgets/scroll.h"
 
