@@ -338,6 +338,9 @@ class Host {
     bool On_Context_Menu(POINT screen);
     bool On_Set_Cursor(LPARAM lparam);
     void Follow_Caret();
+    void Go_On_Selecting();
+    bool On_Timer(UINT_PTR timer);
+    UINT_PTR Timer() const { return reinterpret_cast<UINT_PTR>(this); }  // applications number theirs
 
     // host_parts.cpp
     Entry* Workable(Part_Place place);

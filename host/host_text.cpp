@@ -9,6 +9,13 @@
 
 using namespace galdren;
 
+namespace {
+
+/// Between two steps of a text that scrolls below a pointer held still, in milliseconds.
+constexpr UINT Scroll_Pause = 50;
+
+}  // namespace
+
 /// The entry whose field takes what is typed and reads; null when there is none.
 Host::Entry* Host::Text_Taker() {
     Entry* const taker = Key_Taker();
@@ -111,6 +118,26 @@ bool Host::On_Set_Cursor(LPARAM lparam) {
     const Texts* const field = Edited_Field(held ? entries.Find(current) : entries.At(place));
     if (!field || !(held || field->Is_Text_At(place))) return false;
     SetCursor(LoadCursorA(nullptr, IDC_IBEAM));
+    return true;
+}
+
+/// After a drag in a field. It is repeated while the pointer is held still, for a text beyond whose edge that
+/// is goes on scrolling.
+void Host::Go_On_Selecting() {
+    Follow_Caret();
+    const Texts* const field = Edited_Field(entries.Find(current));
+    if (held && field && field->Is_Selecting()) SetTimer(window, Timer(), Scroll_Pause, nullptr);
+}
+
+bool Host::On_Timer(UINT_PTR timer) {
+    if (timer != Timer()) return false;
+    KillTimer(window, timer);
+    const Texts* const field = Edited_Field(entries.Find(current));
+    if (!held || !field || !field->Is_Selecting()) return true;
+    POINT client = pointer;
+    ScreenToClient(window, &client);
+    Point(client, EVENT_DRAG | EVENT_LEFT);
+    Go_On_Selecting();
     return true;
 }
 

@@ -190,6 +190,9 @@ class Texts : public Tools, public Text_Fields {
     /// Whether a place in the window is over text that `TEXT_EDITING` lets the pointer select.
     /// @param place  in logical pixels
     GALDREN_TOOLS_API bool Is_Text_At(POINT place) const;
+    /// Whether the pointer selects text, from a press of `TEXT_EDITING` on until the button goes up. While it
+    /// is held still beyond the edge, `Select` with the same event again goes on scrolling.
+    GALDREN_TOOLS_API bool Is_Selecting() const;
     /// Finds the caret of the input line.
     /// @param area  receives its place, in logical pixels like `Rect`
     /// @return false while nothing is read

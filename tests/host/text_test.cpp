@@ -196,5 +196,37 @@ TEST(Host_Text, The_Mouse_Works_On_Text) {
     SetCursorPos(before.x, before.y);
 }
 
+TEST(Host_Text, Goes_On_Scrolling_While_The_Pointer_Is_Held_Beyond_The_Edge) {
+    Typing typing(true);
+    Texts console;
+    Place(console, nullptr, 10, 90, 200, 150, TEXT_EDITING | TEXT_V_BAR);
+    typing.host->Add(console);
+    typing.host->Init(console);
+    for (int i = 0; i < 14; ++i)
+        console.Write("%d", i);
+    typing.field.Read("%s", std::string(25, 'm').c_str());
+    const auto held = [&](POINT from, POINT to, auto done) {
+        const auto send = [&](UINT message, WPARAM keys, POINT logical) {
+            SendMessageW(typing.window, message, keys, MAKELPARAM(logical.x, side - 1 - logical.y));
+        };
+        send(WM_LBUTTONDOWN, MK_LBUTTON, from);
+        send(WM_MOUSEMOVE, MK_LBUTTON, to);
+        EXPECT_FALSE(done()) << "by one move";
+        MSG message;
+        for (const ULONGLONG begin = GetTickCount64(); !done() && GetTickCount64() - begin < 10'000;) {
+            MsgWaitForMultipleObjects(0, nullptr, FALSE, 100, QS_ALLINPUT);
+            while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
+                DispatchMessageW(&message);
+        }
+        EXPECT_TRUE(done());
+        send(WM_LBUTTONUP, 0, to);
+    };
+    held({100, 20}, {-20, 20}, [&] { return typing.field.Cursor_Pos == 0; });
+    EXPECT_GT(typing.field.Selected, 10);
+    held({100, 100}, {100, 290}, [&] { return console.V_Slider.Val == console.V_Slider.End_Val; });
+    held({100, 100}, {100, -20}, [&] { return console.V_Slider.Val == 0; });
+    EXPECT_FALSE(console.Is_Selecting()) << "and the timer ends with it";
+}
+
 }  // namespace
 }  // namespace galdren_test
