@@ -317,6 +317,7 @@ class Host {
     bool Wants_Keys();
     Entry* Key_Taker();
     void Begin_Reading(const Entry& entry);
+    static void Select_Line(const Entry& entry);
     void Follow_Focus(Part_Place place);
     bool Focus_By_Press(const Entry& entry, POINT logical);
     void Focus_By_Release();

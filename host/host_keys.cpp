@@ -86,6 +86,7 @@ void Host::Follow_Focus(Part_Place place) {
         wanted_serial = 0;
         focus_serial = entry.serial;
         Begin_Reading(entry);
+        if (keys->Is_Led_By_Key()) Select_Line(entry);
     }
     Tell_Services(Part_Change::Focus, place);
     Follow_Caret();
@@ -96,6 +97,13 @@ void Host::Begin_Reading(const Entry& entry) {
     if (!Is_Single_Line(entry) || Is_Plain(entry)) return;
     Texts& field = *Field_Of(entry);
     if (field.Mode == 0 && field.Window) field.Read("%s", field.Line);
+}
+
+/// Has the next letter take the place of all that is in an entry field, as people expect where a key has led
+/// them.
+void Host::Select_Line(const Entry& entry) {
+    Texts* const field = Edited_Field(&entry);
+    if (field && Is_Single_Line(entry) && Is_Reading(entry)) field->Input(KEY_CONTROL | 'A');
 }
 
 /// Gives a control that was pressed the keyboard. Of a control with parts, the part that was pressed gets it

@@ -196,6 +196,34 @@ TEST(Host_Text, The_Mouse_Works_On_Text) {
     SetCursorPos(before.x, before.y);
 }
 
+TEST(Host_Text, A_Key_That_Leads_To_A_Field_Selects_All) {
+    Typing typing(true);
+    const auto press_tab = [&] {
+        SendMessageW(typing.window, WM_KEYDOWN, VK_TAB, 1);
+        typing.Char(VK_TAB);
+    };
+    typing.field.Read("one");
+    std::strcpy(typing.other.Line, "two \xC3\xB1");
+    press_tab();
+    EXPECT_EQ(typing.other.Cursor_Pos, 6);
+    EXPECT_EQ(typing.other.Selected, -6);
+    typing.Char('x');
+    EXPECT_STREQ(typing.other.Line, "x");
+    press_tab();
+    EXPECT_EQ(typing.field.Selected, -3) << "also in one that reads already";
+    typing.host->Focus(&typing.other);
+    EXPECT_EQ(typing.other.Selected, 0) << "no key has led there";
+    typing.host->Set_Mnemonic(typing.field, 'F');
+    typing.field.Selected = 0;
+    Hold_Keys(KEY_ALT);
+    SendMessageW(typing.window, WM_SYSKEYDOWN, 'F', 1 << 29);
+    Hold_Keys(0);
+    EXPECT_EQ(typing.field.Selected, -3);
+    typing.field.Flag &= ~TEXT_EDITING, typing.field.Selected = 0;
+    press_tab(), press_tab();
+    EXPECT_EQ(typing.field.Selected, 0);
+}
+
 TEST(Host_Text, Goes_On_Scrolling_While_The_Pointer_Is_Held_Beyond_The_Edge) {
     Typing typing(true);
     Texts console;
