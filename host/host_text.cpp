@@ -1,6 +1,5 @@
 // Text fields: characters of every language, the input method, the menu, the cursor and the caret.
 #include "host/client.h"
-#include "host/field_menu.h"
 #include "host/host.h"
 #include "host/input_method.h"
 #include "host/watch.h"
@@ -103,7 +102,7 @@ bool Host::On_Context_Menu(POINT screen) {
         return false;
     }
     const Watch watch(*this, *entry);
-    const int key = Ask_Field_Menu(window, screen, *field);
+    const int key = field->Ask_Menu(screen);
     Entry* const left = watch.Control();
     if (left && key) Type(*left, key);
     return true;

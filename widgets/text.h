@@ -187,6 +187,11 @@ class Texts : public Tools, public Text_Fields {
 
     /// Whether a key of `TEXT_EDITING` would do something now, such as Ctrl+C with something selected.
     GALDREN_TOOLS_API bool Can_Take(int key);
+    /// Shows the menu of `TEXT_EDITING`, in the words of `Set_Text_Menu`, and waits until it is gone. Meanwhile
+    /// anything may happen to the field, which is not touched afterwards.
+    /// @param screen  where, in pixels of the screen
+    /// @return the key that does what was chosen, for `Input`; 0 for nothing
+    GALDREN_TOOLS_API int Ask_Menu(POINT screen);
     /// Whether a place in the window is over text that `TEXT_EDITING` lets the pointer select.
     /// @param place  in logical pixels
     GALDREN_TOOLS_API bool Is_Text_At(POINT place) const;

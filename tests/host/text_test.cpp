@@ -5,6 +5,7 @@
 #include <imm.h>
 
 #include <cstring>
+#include <iterator>
 #include <memory>
 #include <string>
 
@@ -185,14 +186,23 @@ TEST(Host_Text, The_Mouse_Works_On_Text) {
     SendMessageW(typing.window, WM_SETCURSOR, reinterpret_cast<WPARAM>(typing.window), HTCLIENT);
     EXPECT_EQ(GetCursor(), LoadCursorA(nullptr, IDC_IBEAM));
     // The menu waits for a key.
+    Text_Menu words;
+    words.Select_All = "\xD0\x92\xD1\x81\xD1\x91 (&W)\tCtrl+A";
+    Set_Text_Menu(words);
+    static wchar_t shown[30];
     SetTimer(typing.window, 1, 20, [](HWND window, UINT, UINT_PTR timer, DWORD) {
         KillTimer(window, timer);
-        PostMessageW(window, WM_KEYDOWN, 'A', 1);
+        const LRESULT menu = SendMessageW(FindWindowA("#32768", nullptr), MN_GETHMENU, 0, 0);
+        GetMenuStringW(reinterpret_cast<HMENU>(menu), 8, shown, static_cast<int>(std::size(shown)),
+                       MF_BYPOSITION);
+        PostMessageW(window, WM_KEYDOWN, 'W', 1);
     });
     typing.other.Selected = 0;
     SendMessageW(typing.window, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(typing.window),
                  MAKELPARAM(at.x, at.y));
+    Set_Text_Menu({});
     EXPECT_EQ(typing.other.Selected, -7) << "Select all";
+    EXPECT_EQ(shown, std::wstring(L"Всё (&W)\tCtrl+A"));
     SetCursorPos(before.x, before.y);
 }
 
