@@ -8,13 +8,6 @@
 
 using namespace galdren;
 
-namespace {
-
-/// Between two steps of a text that scrolls below a pointer held still, in milliseconds.
-constexpr UINT Scroll_Pause = 50;
-
-}  // namespace
-
 /// The entry whose field takes what is typed and reads; null when there is none.
 Host::Entry* Host::Text_Taker() {
     Entry* const taker = Key_Taker();
@@ -125,7 +118,7 @@ bool Host::On_Set_Cursor(LPARAM lparam) {
 void Host::Go_On_Selecting() {
     Follow_Caret();
     const Texts* const field = Edited_Field(entries.Find(current));
-    if (held && field && field->Is_Selecting()) SetTimer(window, Timer(), Scroll_Pause, nullptr);
+    if (held && field && field->Is_Selecting()) SetTimer(window, Timer(), Texts::Scroll_Pause, nullptr);
 }
 
 bool Host::On_Timer(UINT_PTR timer) {

@@ -58,7 +58,7 @@ bool Is_Pressed_By_Space(Part_Use use) {
 
 bool Is_Open_To_Keys(const Part_Owner& owner) {
     const Tools& control = *owner.control;
-    return owner.shown && owner.enabled && control.Width > 0 && control.Height > 0 &&
+    return owner.shown && owner.enabled && owner.takes_focus && control.Width > 0 && control.Height > 0 &&
            !(control.Flag & FLAG_PASSIVE);
 }
 

@@ -57,6 +57,8 @@ struct Text_Fields {
     static constexpr int Most_History = 50;    ///< entered lines that are kept
     static constexpr int Line_Room = 256;      ///< bytes of a line with its end
     static constexpr int Longest_Input = 254;  ///< bytes that can be typed
+    static constexpr int Scroll_Pause = 50;  ///< milliseconds between two steps of a text that scrolls below
+                                             ///< a pointer held still; see `Texts::Is_Selecting`
 
     short Bar_Dim{};         ///< thickness of the scroll bars in pixels; 0 means `CURSEUR`
     unsigned char Mode{};    ///< see `Text_Mode`; 0 while idle
@@ -187,8 +189,8 @@ class Texts : public Tools, public Text_Fields {
 
     /// Whether a key of `TEXT_EDITING` would do something now, such as Ctrl+C with something selected.
     GALDREN_TOOLS_API bool Can_Take(int key);
-    /// Shows the menu of `TEXT_EDITING`, in the words of `Set_Text_Menu`, and waits until it is gone. Meanwhile
-    /// anything may happen to the field, which is not touched afterwards.
+    /// Shows the menu of `TEXT_EDITING`, in the words of `Set_Text_Menu`, and waits until it is gone.
+    /// Meanwhile anything may happen to the field, which is not touched afterwards.
     /// @param screen  where, in pixels of the screen
     /// @return the key that does what was chosen, for `Input`; 0 for nothing
     GALDREN_TOOLS_API int Ask_Menu(POINT screen);

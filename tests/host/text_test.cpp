@@ -252,8 +252,8 @@ TEST(Host_Text, Goes_On_Scrolling_While_The_Pointer_Is_Held_Beyond_The_Edge) {
         EXPECT_FALSE(done()) << "by one move";
         MSG message;
         for (const ULONGLONG begin = GetTickCount64(); !done() && GetTickCount64() - begin < 10'000;) {
-            MsgWaitForMultipleObjects(0, nullptr, FALSE, 100, QS_ALLINPUT);
-            while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
+            MsgWaitForMultipleObjects(0, nullptr, FALSE, 100, QS_TIMER);
+            while (PeekMessageW(&message, nullptr, WM_TIMER, WM_TIMER, PM_REMOVE))
                 DispatchMessageW(&message);
         }
         EXPECT_TRUE(done());
