@@ -8,6 +8,8 @@
 #include <iterator>
 #include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "Galdren_Host.h"
 #include "Galdren_Util.h"
@@ -133,6 +135,48 @@ TEST(Host_Text, Takes_What_The_Page_Of_A_Window_Has) {
     EXPECT_EQ(SendMessageW(typing.window, WM_UNICHAR, UNICODE_NOCHAR, 0), TRUE);
     typing.host->Focus(nullptr);
     EXPECT_EQ(SendMessageW(typing.window, WM_UNICHAR, UNICODE_NOCHAR, 0), FALSE);
+}
+
+/// Keys as the layouts of other countries have them.
+TEST(Host_Text, Dead_Keys_And_AltGr_Type_And_Command_Nothing) {
+    constexpr int alt_gr = KEY_CONTROL | KEY_ALT;
+    using Messages = std::vector<std::pair<UINT, WPARAM>>;
+    struct Row {
+        int held;
+        Messages messages;
+        const wchar_t* line;
+        int commands = 0;
+    };
+    const Row rows[] = {
+        {alt_gr, {{WM_KEYDOWN, 'A'}, {WM_CHAR, L'ą'}}, L"xyą"},
+        {alt_gr, {{WM_KEYDOWN, 'Z'}, {WM_CHAR, L'ż'}}, L"xyż"},
+        {alt_gr, {{WM_KEYDOWN, 'Q'}, {WM_CHAR, L'@'}}, L"xy@"},
+        {alt_gr, {{WM_KEYDOWN, '7'}, {WM_CHAR, L'{'}}, L"xy{"},
+        {alt_gr, {{WM_KEYDOWN, VK_OEM_MINUS}, {WM_CHAR, L'\\'}}, L"xy\\"},
+        {alt_gr | KEY_SHIFT, {{WM_KEYDOWN, 'V'}, {WM_CHAR, L'‘'}}, L"xy‘"},
+        {alt_gr, {{WM_KEYDOWN, '7'}, {WM_DEADCHAR, L'`'}}, L"xy"},
+        {0, {{WM_KEYDOWN, VK_OEM_6}, {WM_DEADCHAR, L'´'}, {WM_KEYDOWN, 'E'}, {WM_CHAR, L'é'}}, L"xyé"},
+        {0, {{WM_KEYDOWN, 'X'}, {WM_CHAR, L'´'}, {WM_CHAR, 'x'}}, L"xy´x"},
+        {0, {{WM_KEYDOWN, VK_SPACE}, {WM_CHAR, L'^'}}, L"xy^"},
+        {alt_gr, {{WM_KEYDOWN, 'A'}}, L"xy", 1},
+        {KEY_CONTROL, {{WM_KEYDOWN, 'X'}, {WM_CHAR, 'X' - '@'}}, L"xy", 1},
+    };
+    for (const Row& row : rows) {
+        Typing typing(true);
+        typing.field.Read("xy");
+        int commands = 0;
+        typing.host->Set_On_Key([&](int) { return ++commands > 0; });
+        Hold_Keys(row.held);
+        for (const auto& [message, wparam] : row.messages)
+            PostMessageW(typing.window, message, wparam, 1);
+        MSG message;
+        while (PeekMessageW(&message, typing.window, WM_KEYFIRST, WM_KEYLAST, PM_REMOVE))
+            DispatchMessageW(&message);
+        Hold_Keys(0);
+        EXPECT_EQ(galdren::To_Wide(typing.field.Line), row.line);
+        EXPECT_EQ(commands, row.commands) << typing.field.Line;
+        EXPECT_EQ(typing.field.Selected, 0);
+    }
 }
 
 TEST(Host_Text, An_Input_Method_Writes_Once_Into_The_Field_Where_It_Began) {
