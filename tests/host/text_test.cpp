@@ -4,9 +4,11 @@
 
 #include <imm.h>
 
+#include <algorithm>
 #include <cstring>
 #include <iterator>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -15,7 +17,10 @@
 #include "Galdren_Util.h"
 #include "tests/support/clipboard.h"
 #include "tests/support/controls.h"
+#include "tests/support/fonts.h"
 #include "tests/support/keys.h"
+#include "tests/support/languages.h"
+#include "tests/support/window.h"
 #include "util/wide.h"
 
 namespace galdren_test {
@@ -49,6 +54,14 @@ class Typing {
     Typing(const Typing&) = delete;
     Typing& operator=(const Typing&) = delete;
     void Char(WPARAM unit) { SendMessageW(window, WM_CHAR, unit, 1); }
+    void Mouse(UINT message, WPARAM keys, POINT logical) {
+        SendMessageW(window, message, keys, MAKELPARAM(logical.x, side - 1 - logical.y));
+    }
+    /// Not the second of two: there is a press elsewhere before.
+    void Click(POINT logical) {
+        for (const POINT place : {POINT{side - 15, logical.y}, logical})
+            Mouse(WM_LBUTTONDOWN, MK_LBUTTON, place), Mouse(WM_LBUTTONUP, 0, place);
+    }
 
     HWND window;
     std::unique_ptr<Host> host;
@@ -85,23 +98,141 @@ class Typing {
     }
 };
 
-TEST(Host_Text, Takes_Every_Language_From_The_Keyboard) {
-    for (const std::wstring text : Languages) {
-        Typing typing(true);
-        for (const wchar_t unit : text)
-            typing.Char(unit);
-        EXPECT_EQ(galdren::To_Wide(typing.field.Line), text);
-        Typing whole(false);
+TEST(Host_Text, Takes_Whole_Characters_Of_Other_Programs) {
+    for (const auto& [text, face] : Languages) {
+        Typing typing(false);
         int characters = 0;
-        for (std::size_t i = 0; i < text.size(); ++i, ++characters) {
-            const bool pair = IS_HIGH_SURROGATE(text[i]);
-            const unsigned code =
-                pair ? 0x10000 + ((text[i] & 0x3FFU) << 10) + (text[i + 1] & 0x3FFU) : text[i];
-            SendMessageW(whole.window, WM_UNICHAR, code, 1);
-            i += pair ? 1 : 0;
+        for (const wchar_t* unit = text; *unit; ++unit, ++characters) {
+            const bool pair = IS_HIGH_SURROGATE(*unit);
+            const unsigned code = pair ? 0x10000 + ((unit[0] & 0x3FFU) << 10) + (unit[1] & 0x3FFU) : *unit;
+            SendMessageW(typing.window, WM_UNICHAR, code, 1);
+            unit += pair ? 1 : 0;
         }
-        EXPECT_EQ(galdren::To_Wide(whole.field.Line), text);
-        EXPECT_EQ(whole.told, characters) << "the handler hears of each once";
+        EXPECT_EQ(galdren::To_Wide(typing.field.Line), text);
+        EXPECT_EQ(typing.told, characters) << "the handler hears of each once";
+    }
+}
+
+/// What is painted that was not there before, cut out.
+std::string Ink(const Picture& with, const Picture& without) {
+    const auto differs = [&](int x, int y) { return with.At(x, y) != without.At(x, y); };
+    int left = with.Width(), right = -1, bottom = with.Height(), top = -1;
+    for (int y = 0; y < with.Height(); ++y) {
+        for (int x = 0; x < with.Width(); ++x) {
+            if (!differs(x, y)) continue;
+            left = std::min(left, x), right = std::max(right, x);
+            bottom = std::min(bottom, y), top = std::max(top, y);
+        }
+    }
+    std::string ink;
+    for (int y = top; y >= bottom; --y) {
+        for (int x = left; x <= right; ++x)
+            ink += differs(x, y) ? '#' : '.';
+        ink += '\n';
+    }
+    return ink;
+}
+
+/// A control of the system in the same window.
+class Native {
+  public:
+    Native(HWND parent, const wchar_t* name, DWORD style, int top, HFONT font)
+        : window(CreateWindowExW(0, name, L"", WS_CHILD | WS_VISIBLE | style, 0, top, side, 60, parent,
+                                 nullptr, nullptr, nullptr)) {
+        SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
+    }
+    ~Native() { DestroyWindow(window); }
+    Native(const Native&) = delete;
+    Native& operator=(const Native&) = delete;
+    std::wstring Text() const {
+        wchar_t text[100];
+        return {text, static_cast<std::size_t>(GetWindowTextW(window, text, 100))};
+    }
+    Picture Painted() const {
+        UpdateWindow(window);
+        return Picture(window);
+    }
+    HWND window;
+};
+
+/// Injects UTF-16 as a keyboard would type it, and has all messages handled.
+void Inject(const std::wstring& text) {
+    for (const wchar_t unit : text) {
+        for (const DWORD up : {0UL, DWORD{KEYEVENTF_KEYUP}}) {
+            INPUT input{};
+            input.type = INPUT_KEYBOARD;
+            input.ki.wScan = unit;
+            input.ki.dwFlags = KEYEVENTF_UNICODE | up;
+            SendInput(1, &input, sizeof input);
+        }
+    }
+}
+
+void Handle_Messages() {
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
+        TranslateMessage(&message), DispatchMessageW(&message);
+}
+
+/// Typed, moved over, clicked at, cut, pasted and shown, each beside a control of the system with the same
+/// font.
+TEST(Host_Text, Works_In_Every_Language_As_The_Controls_Of_The_System) {
+    const Fonts_Of_Languages fonts;
+    ASSERT_TRUE(fonts.Are_Here());
+    for (const auto& [text, face] : Languages) {
+        Typing typing(true);
+        Texts& field = typing.field;
+        typing.host->Remove(typing.other);
+        field.Font_Name = face, field.Font_Size = 14, field.Width = 280, field.Height = 60;
+        field.Init(typing.window), field.Draw();
+        SCOPED_TRACE(galdren::From_Wide(text));
+        WORD glyph = 0;
+        const HDC dc = GetDC(typing.window);
+        SelectObject(dc, field.Bold_Font);
+        GetGlyphIndicesW(dc, text, 1, &glyph, GGI_MARK_NONEXISTING_GLYPHS);
+        ReleaseDC(typing.window, dc);
+        EXPECT_TRUE(glyph != 0xFFFF || IS_SURROGATE_PAIR(text[0], text[1])) << "a box in place of a letter";
+
+        const Native edit(typing.window, L"EDIT", ES_AUTOHSCROLL, 0, field.Bold_Font);
+        const auto in_both = [&](auto type) {
+            for (const HWND window : {edit.window, typing.window})
+                SetFocus(window), type(), Handle_Messages();
+            EXPECT_EQ(edit.Text(), galdren::To_Wide(field.Line));
+            return edit.Text();
+        };
+        EXPECT_EQ(in_both([&] { Inject(text); }), text);
+        const auto cut = [] { Type_Keys({VK_HOME, KEY_SHIFT | VK_END, KEY_CONTROL | 'X'}); };
+        EXPECT_EQ(in_both(cut), L"");
+        EXPECT_EQ(Clipboard(), text);
+        EXPECT_EQ(in_both([] { Type_Keys({KEY_CONTROL | 'V'}); }), text);
+
+        const std::string line = field.Line;
+        std::optional<int> apart;  // both begin at a column of their own
+        field.Input(KEY_NAVIGATION | VK_HOME);
+        for (int at = 0; field.Line[at]; field.Input(KEY_NAVIGATION | VK_RIGHT), at = field.Cursor_Pos) {
+            RECT caret{};
+            field.Find_Caret(caret);
+            const auto unit = galdren::To_Wide(line.substr(0, std::size_t(at))).size();
+            const LRESULT there = SendMessageW(edit.window, EM_POSFROMCHAR, unit, 0);
+            const int distance = caret.left - static_cast<short>(LOWORD(there));
+            // At its first character the control of the system always says 0, wherever that stands.
+            if (at > 0 && !apart) apart = distance;
+            EXPECT_TRUE(at == 0 || distance == apart) << at << ": " << distance;
+            typing.Click({caret.left, caret.bottom - 2});
+            EXPECT_EQ(field.Cursor_Pos, at) << "clicked";
+            field.Cursor_Pos = static_cast<short>(at);
+        }
+
+        // In the middle, for at its edge it cuts what stands out.
+        const Native label(typing.window, L"STATIC", SS_CENTER | SS_NOPREFIX, 60, field.Bold_Font);
+        const Picture blank = label.Painted();
+        SetWindowTextW(label.window, text);
+        field.Show_Caret(CARET_AWAY);
+        field.Read(nullptr);
+        const Picture empty(typing.window);
+        field.Read("%s", line.c_str());
+        const std::string got = Ink(Picture(typing.window), empty), wanted = Ink(label.Painted(), blank);
+        EXPECT_TRUE(got == wanted) << got << '\n' << wanted;
     }
 }
 
@@ -204,7 +335,7 @@ TEST(Host_Text, The_Mouse_Works_On_Text) {
     Typing typing(true);
     std::strcpy(typing.other.Line, "one two");
     const auto send = [&](UINT message, WPARAM wparam, POINT logical) {
-        return SendMessageW(typing.window, message, wparam, MAKELPARAM(logical.x, side - 1 - logical.y));
+        typing.Mouse(message, wparam, logical);
     };
     send(WM_LBUTTONDOWN, MK_LBUTTON, {20, 60});
     send(WM_LBUTTONUP, 0, {20, 60});
@@ -288,11 +419,8 @@ TEST(Host_Text, Goes_On_Scrolling_While_The_Pointer_Is_Held_Beyond_The_Edge) {
         console.Write("%d", i);
     typing.field.Read("%s", std::string(25, 'm').c_str());
     const auto held = [&](POINT from, POINT to, auto done) {
-        const auto send = [&](UINT message, WPARAM keys, POINT logical) {
-            SendMessageW(typing.window, message, keys, MAKELPARAM(logical.x, side - 1 - logical.y));
-        };
-        send(WM_LBUTTONDOWN, MK_LBUTTON, from);
-        send(WM_MOUSEMOVE, MK_LBUTTON, to);
+        typing.Mouse(WM_LBUTTONDOWN, MK_LBUTTON, from);
+        typing.Mouse(WM_MOUSEMOVE, MK_LBUTTON, to);
         EXPECT_FALSE(done()) << "by one move";
         MSG message;
         for (const ULONGLONG begin = GetTickCount64(); !done() && GetTickCount64() - begin < 10'000;) {
@@ -301,7 +429,7 @@ TEST(Host_Text, Goes_On_Scrolling_While_The_Pointer_Is_Held_Beyond_The_Edge) {
                 DispatchMessageW(&message);
         }
         EXPECT_TRUE(done());
-        send(WM_LBUTTONUP, 0, to);
+        typing.Mouse(WM_LBUTTONUP, 0, to);
     };
     held({100, 20}, {-20, 20}, [&] { return typing.field.Cursor_Pos == 0; });
     EXPECT_GT(typing.field.Selected, 10);

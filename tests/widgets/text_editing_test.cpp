@@ -7,6 +7,7 @@
 #include "Galdren_Util.h"
 #include "tests/support/clipboard.h"
 #include "tests/support/keys.h"
+#include "tests/support/languages.h"
 #include "tests/support/window.h"
 #include "util/wide.h"
 
@@ -65,7 +66,7 @@ struct Field : Texts {
 }  // namespace
 
 TEST(Text_Editing, Carries_Every_Language_Through_The_Clipboard) {
-    for (const wchar_t* const text : Languages) {
+    for (const auto& [text, face] : Languages) {
         Field field(65001);
         ASSERT_TRUE(Set_Clipboard(text));
         field.Press({'<', Paste, '>'});
@@ -183,38 +184,6 @@ TEST(Text_Editing, The_Pointer_Selects_Output_Lines) {
     EXPECT_EQ(Clipboard().substr(0, 8), L"line 0\r\n") << "also while nothing is read";
     field.Point(EVENT_PRESS, row(1, field.X + 100));
     EXPECT_FALSE(field.Can_Take(Copy));
-}
-
-/// Caret and clicks, also in text that runs from right to left and both ways.
-TEST(Text_Editing, The_Caret_Stands_Where_The_System_Has_It) {
-    for (const wchar_t* const text : Languages) {
-        Field field(65001);
-        field.Insert(galdren::From_Wide(text).c_str());
-        const HWND native = CreateWindowExW(0, L"EDIT", text, WS_CHILD | WS_VISIBLE | ES_AUTOHSCROLL, 0, 0,
-                                            390, 40, field.window, nullptr, nullptr, nullptr);
-        SendMessageW(native, WM_SETFONT, reinterpret_cast<WPARAM>(field.Bold_Font), FALSE);
-        const auto native_place = [&](int unit) {
-            return static_cast<short>(
-                LOWORD(SendMessageW(native, EM_POSFROMCHAR, static_cast<WPARAM>(unit), 0)));
-        };
-        const int length = static_cast<int>(std::strlen(field.Line));
-        const std::string line = field.Line;
-        field.Input(KEY_NAVIGATION | VK_HOME);
-        std::optional<int> apart;  // both begin at a column of their own
-        for (int at = 0; at < length; at = field.Cursor_Pos) {
-            const auto unit = static_cast<int>(galdren::To_Wide(line.substr(0, std::size_t(at))).size());
-            const POINT place = field.Place_Of(at);
-            const int distance = place.x - native_place(unit);
-            // At its first character the native control always says 0, wherever that stands.
-            if (at > 0 && !apart) apart = distance;
-            EXPECT_TRUE(at == 0 || distance == apart) << line << " at " << at << ": " << distance;
-            field.Drag(place, place);
-            EXPECT_EQ(field.Cursor_Pos, at) << line;
-            field.Cursor_Pos = static_cast<short>(at);
-            field.Input(KEY_NAVIGATION | VK_RIGHT);
-        }
-        DestroyWindow(native);
-    }
 }
 
 TEST(Text_Editing, Without_The_Flag_A_Field_Is_As_Before) {
