@@ -126,6 +126,7 @@ struct Edit_State {
     enum Dragged : unsigned char { Nothing, Input_Text, Output_Text };
 
     short first{};               ///< index of the first character that is in view
+    short shift{};               ///< pixels before the view, of text that runs both ways
     char begun[5]{};             ///< bytes of a character that are there, while others are still to come
     Dragged dragged{Nothing};    ///< until the button goes up
     int presses{};               ///< that followed each other quickly

@@ -51,6 +51,14 @@ class Edges {
 
 int Place_Of(HFONT font, std::string_view text, int at) { return Edges(font, text).Begin(at); }
 
+bool Runs_Back(std::string_view text) {
+    const Wide_Line wide(text);
+    WORD kinds[Text_Fields::Line_Room];
+    const int length = std::min(wide.Length(), Text_Fields::Line_Room);
+    return GetStringTypeW(CT_CTYPE2, wide.Units(), length, kinds) &&
+           std::find(kinds, kinds + length, C2_RIGHTTOLEFT) != kinds + length;
+}
+
 /// Of the character at `x` the nearer edge counts; of a place beyond all, the end that is nearest.
 int Nearest_To(HFONT font, std::string_view text, int x) {
     const Edges edges(font, text);

@@ -6,6 +6,7 @@
 #include "Galdren_Tools.h"
 #include "Galdren_Util.h"
 #include "tests/support/clipboard.h"
+#include "tests/support/fonts.h"
 #include "tests/support/keys.h"
 #include "tests/support/languages.h"
 #include "tests/support/window.h"
@@ -62,6 +63,13 @@ struct Field : Texts {
     }
     Test_Window window;
 };
+
+std::string Repeated(const std::string& text, int times) {
+    std::string all;
+    for (; times > 0; --times)
+        all += text;
+    return all;
+}
 
 }  // namespace
 
@@ -184,6 +192,39 @@ TEST(Text_Editing, The_Pointer_Selects_Output_Lines) {
     EXPECT_EQ(Clipboard().substr(0, 8), L"line 0\r\n") << "also while nothing is read";
     field.Point(EVENT_PRESS, row(1, field.X + 100));
     EXPECT_FALSE(field.Can_Take(Copy));
+}
+
+/// Where text runs from right to left the caret moves the other way, and the line scrolls under it.
+TEST(Text_Editing, The_Caret_Stays_In_View_Whichever_Way_Text_Runs) {
+    const Fonts_Of_Languages fonts;
+    const struct {
+        std::string line;
+        const char* face;
+    } rows[] = {{Repeated("\u05D0", 60), "DejaVu Sans"},
+                {Repeated("\u05D0", 30) + Repeated("m", 30), "DejaVu Sans"},
+                {Repeated("m \u05D0\u05D1 ", 20), "DejaVu Sans"},
+                {Repeated("\u0E17\u0E35", 40), "Garuda"}};
+    for (const auto& [line, face] : rows) {
+        for (const unsigned long flag : {0UL, TEXT_EDITING}) {
+            Field field(65001, flag);
+            field.Font_Name = face;
+            field.Init(field.window);
+            field.Read("%s", line.c_str());
+            for (const int key : {VK_LEFT, VK_HOME, VK_RIGHT, VK_END, VK_HOME}) {
+                const bool walks = key == VK_LEFT || key == VK_RIGHT;
+                for (int steps = walks ? 50 : 1; steps > 0; --steps)
+                    field.Input(KEY_NAVIGATION | key);
+                RECT caret{};
+                ASSERT_TRUE(field.Find_Caret(caret));
+                EXPECT_GT(caret.left, field.Input_Box[0]) << line << " at " << field.Cursor_Pos;
+                EXPECT_LT(caret.right, field.Input_Box[1]) << line << " at " << field.Cursor_Pos;
+            }
+            if (flag == 0) continue;
+            const POINT start = field.Place_Of(0);
+            field.Drag(start, start);
+            EXPECT_EQ(field.Cursor_Pos, 0) << line;
+        }
+    }
 }
 
 TEST(Text_Editing, Without_The_Flag_A_Field_Is_As_Before) {
