@@ -96,8 +96,13 @@ int Write_Span(Canvas& canvas, HFONT font, std::string_view text, POINT place, u
         invert(edges.Begin(shown.from), edges.Begin(shown.to));
         return width;
     }
-    for (int at = shown.from; at < shown.to; at = edges.Next(at))
-        invert(edges.Begin(at), edges.End(at));
+    for (int at = shown.from; at < shown.to;) {
+        const int begin = edges.Begin(at);
+        int end = edges.End(at);
+        while ((at = edges.Next(at)) < shown.to && edges.Begin(at) == end)
+            end = edges.End(at);
+        invert(begin, end);
+    }
     return width;
 }
 

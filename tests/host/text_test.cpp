@@ -133,6 +133,18 @@ std::string Ink(const Picture& with, const Picture& without) {
     return ink;
 }
 
+/// The columns that show as selected when the text between two places is.
+std::vector<bool> Selected_Columns(Texts& field, int from, int to) {
+    constexpr std::uint32_t selection = 0x14468C;
+    field.Cursor_Pos = static_cast<short>(to), field.Selected = static_cast<short>(from - to);
+    field.Draw();
+    const Picture picture(field.Window);
+    std::vector<bool> columns;
+    for (int x = 0; x < picture.Width(); ++x)
+        columns.push_back(picture.At(x, field.Input_Box[3] + 6) == selection);
+    return columns;
+}
+
 /// A control of the system in the same window.
 class Native {
   public:
@@ -220,7 +232,14 @@ TEST(Host_Text, Works_In_Every_Language_As_The_Controls_Of_The_System) {
             EXPECT_TRUE(at == 0 || distance == apart) << at << ": " << distance;
             typing.Click({caret.left, caret.bottom - 2});
             EXPECT_EQ(field.Cursor_Pos, at) << "clicked";
-            field.Cursor_Pos = static_cast<short>(at);
+            const int end = static_cast<int>(line.size());
+            const std::vector<bool> before = Selected_Columns(field, 0, at),
+                                    behind = Selected_Columns(field, at, end),
+                                    all = Selected_Columns(field, 0, end);
+            for (std::size_t x = 0; x < all.size(); ++x)
+                EXPECT_EQ(before[x] + behind[x], all[x]) << at << " column " << x;
+            EXPECT_GT(std::count(all.begin(), all.end(), true), 20);
+            field.Cursor_Pos = static_cast<short>(at), field.Selected = 0;
         }
 
         // In the middle, for at its edge it cuts what stands out.
