@@ -133,18 +133,6 @@ std::string Ink(const Picture& with, const Picture& without) {
     return ink;
 }
 
-/// The columns that show as selected when the text between two places is.
-std::vector<bool> Selected_Columns(Texts& field, int from, int to) {
-    constexpr std::uint32_t selection = 0x14468C;
-    field.Cursor_Pos = static_cast<short>(to), field.Selected = static_cast<short>(from - to);
-    field.Draw();
-    const Picture picture(field.Window);
-    std::vector<bool> columns;
-    for (int x = 0; x < picture.Width(); ++x)
-        columns.push_back(picture.At(x, field.Input_Box[3] + 6) == selection);
-    return columns;
-}
-
 /// A control of the system in the same window.
 class Native {
   public:
@@ -167,7 +155,7 @@ class Native {
     HWND window;
 };
 
-/// Injects UTF-16 as a keyboard would type it, and has all messages handled.
+/// Injects UTF-16 as a keyboard would type it.
 void Inject(const std::wstring& text) {
     for (const wchar_t unit : text) {
         for (const DWORD up : {0UL, DWORD{KEYEVENTF_KEYUP}}) {
@@ -186,72 +174,114 @@ void Handle_Messages() {
         TranslateMessage(&message), DispatchMessageW(&message);
 }
 
-/// Typed, moved over, clicked at, cut, pasted and shown, each beside a control of the system with the same
-/// font.
+/// A field in a language, and an edit control of the system with the same font.
+class In_A_Language : public Typing {
+  public:
+    explicit In_A_Language(const Language& language) : Typing(true), text(language.text) {
+        host->Remove(other);
+        field.Font_Name = language.face, field.Font_Size = 14, field.Width = 280, field.Height = 60;
+        field.Init(window), field.Draw();
+        edit.emplace(window, L"EDIT", ES_AUTOHSCROLL, 0, field.Bold_Font);
+    }
+    bool Has_Its_Letters() const {
+        WORD glyph = 0;
+        const HDC dc = GetDC(window);
+        SelectObject(dc, field.Bold_Font);
+        GetGlyphIndicesW(dc, text.c_str(), 1, &glyph, GGI_MARK_NONEXISTING_GLYPHS);
+        ReleaseDC(window, dc);
+        return glyph != 0xFFFF || IS_SURROGATE_PAIR(text[0], text[1]);
+    }
+    /// Has a user type in both.
+    /// @return what is in both then
+    template <class Type>
+    std::wstring After(Type type) {
+        for (const HWND typed_in : {edit->window, window})
+            SetFocus(typed_in), type(), Handle_Messages();
+        EXPECT_EQ(edit->Text(), galdren::To_Wide(field.Line));
+        return edit->Text();
+    }
+    /// Goes over the line, with the caret at each character.
+    template <class Look>
+    void Walk(Look look) {
+        const std::string line = field.Line;
+        field.Input(KEY_NAVIGATION | VK_HOME);
+        for (int at = 0; line[std::size_t(at)]; at = field.Cursor_Pos) {
+            look(at, static_cast<int>(line.size()));
+            field.Cursor_Pos = static_cast<short>(at), field.Selected = 0;
+            field.Input(KEY_NAVIGATION | VK_RIGHT);
+        }
+    }
+    POINT Caret() {
+        RECT caret{};
+        EXPECT_TRUE(field.Find_Caret(caret));
+        return {caret.left, caret.bottom - 2};
+    }
+    /// Where the caret is, seen from where that of the system is for the same character.
+    int Distance() {
+        const std::string before(field.Line, static_cast<std::size_t>(field.Cursor_Pos));
+        const auto unit = galdren::To_Wide(before).size();
+        return Caret().x - short(LOWORD(SendMessageW(edit->window, EM_POSFROMCHAR, unit, 0)));
+    }
+    /// The columns that show as selected when the text between two places is.
+    std::vector<bool> Selected_Columns(int from, int to) {
+        constexpr std::uint32_t selection = 0x14468C;
+        field.Cursor_Pos = static_cast<short>(to), field.Selected = static_cast<short>(from - to);
+        field.Draw();
+        const Picture picture(window);
+        std::vector<bool> columns;
+        for (int x = 0; x < picture.Width(); ++x)
+            columns.push_back(picture.At(x, field.Input_Box[3] + 6) == selection);
+        return columns;
+    }
+    std::string Shown() {
+        field.Show_Caret(CARET_AWAY);
+        field.Read(nullptr);
+        const Picture empty(window);
+        field.Read("%s", galdren::From_Wide(text).c_str());
+        return Ink(Picture(window), empty);
+    }
+    /// By the system. In the middle, for at its edge it cuts what stands out.
+    std::string Shown_By_A_Label() const {
+        const Native label(window, L"STATIC", SS_CENTER | SS_NOPREFIX, 60, field.Bold_Font);
+        const Picture empty = label.Painted();
+        SetWindowTextW(label.window, text.c_str());
+        return Ink(label.Painted(), empty);
+    }
+
+  private:
+    std::wstring text;
+    std::optional<Native> edit;
+};
+
 TEST(Host_Text, Works_In_Every_Language_As_The_Controls_Of_The_System) {
     const Fonts_Of_Languages fonts;
     ASSERT_TRUE(fonts.Are_Here());
-    for (const auto& [text, face] : Languages) {
-        Typing typing(true);
-        Texts& field = typing.field;
-        typing.host->Remove(typing.other);
-        field.Font_Name = face, field.Font_Size = 14, field.Width = 280, field.Height = 60;
-        field.Init(typing.window), field.Draw();
-        SCOPED_TRACE(galdren::From_Wide(text));
-        WORD glyph = 0;
-        const HDC dc = GetDC(typing.window);
-        SelectObject(dc, field.Bold_Font);
-        GetGlyphIndicesW(dc, text, 1, &glyph, GGI_MARK_NONEXISTING_GLYPHS);
-        ReleaseDC(typing.window, dc);
-        EXPECT_TRUE(glyph != 0xFFFF || IS_SURROGATE_PAIR(text[0], text[1])) << "a box in place of a letter";
-
-        const Native edit(typing.window, L"EDIT", ES_AUTOHSCROLL, 0, field.Bold_Font);
-        const auto in_both = [&](auto type) {
-            for (const HWND window : {edit.window, typing.window})
-                SetFocus(window), type(), Handle_Messages();
-            EXPECT_EQ(edit.Text(), galdren::To_Wide(field.Line));
-            return edit.Text();
-        };
-        EXPECT_EQ(in_both([&] { Inject(text); }), text);
+    for (const Language& language : Languages) {
+        SCOPED_TRACE(galdren::From_Wide(language.text));
+        In_A_Language both(language);
+        EXPECT_TRUE(both.Has_Its_Letters());
+        EXPECT_EQ(both.After([&] { Inject(language.text); }), language.text);
         const auto cut = [] { Type_Keys({VK_HOME, KEY_SHIFT | VK_END, KEY_CONTROL | 'X'}); };
-        EXPECT_EQ(in_both(cut), L"");
-        EXPECT_EQ(Clipboard(), text);
-        EXPECT_EQ(in_both([] { Type_Keys({KEY_CONTROL | 'V'}); }), text);
+        EXPECT_EQ(both.After(cut), L"");
+        EXPECT_EQ(Clipboard(), language.text);
+        EXPECT_EQ(both.After([] { Type_Keys({KEY_CONTROL | 'V'}); }), language.text);
 
-        const std::string line = field.Line;
         std::optional<int> apart;  // both begin at a column of their own
-        field.Input(KEY_NAVIGATION | VK_HOME);
-        for (int at = 0; field.Line[at]; field.Input(KEY_NAVIGATION | VK_RIGHT), at = field.Cursor_Pos) {
-            RECT caret{};
-            field.Find_Caret(caret);
-            const auto unit = galdren::To_Wide(line.substr(0, std::size_t(at))).size();
-            const LRESULT there = SendMessageW(edit.window, EM_POSFROMCHAR, unit, 0);
-            const int distance = caret.left - static_cast<short>(LOWORD(there));
+        both.Walk([&](int at, int end) {
             // At its first character the control of the system always says 0, wherever that stands.
-            if (at > 0 && !apart) apart = distance;
-            EXPECT_TRUE(at == 0 || distance == apart) << at << ": " << distance;
-            typing.Click({caret.left, caret.bottom - 2});
-            EXPECT_EQ(field.Cursor_Pos, at) << "clicked";
-            const int end = static_cast<int>(line.size());
-            const std::vector<bool> before = Selected_Columns(field, 0, at),
-                                    behind = Selected_Columns(field, at, end),
-                                    all = Selected_Columns(field, 0, end);
+            if (at > 0 && !apart) apart = both.Distance();
+            EXPECT_TRUE(at == 0 || both.Distance() == apart) << at << ": " << both.Distance();
+            both.Click(both.Caret());
+            EXPECT_EQ(both.field.Cursor_Pos, at) << "clicked";
+            const std::vector<bool> before = both.Selected_Columns(0, at);
+            const std::vector<bool> behind = both.Selected_Columns(at, end);
+            const std::vector<bool> all = both.Selected_Columns(0, end);
+            EXPECT_GT(std::count(all.begin(), all.end(), true), 20);
             for (std::size_t x = 0; x < all.size(); ++x)
                 EXPECT_EQ(before[x] + behind[x], all[x]) << at << " column " << x;
-            EXPECT_GT(std::count(all.begin(), all.end(), true), 20);
-            field.Cursor_Pos = static_cast<short>(at), field.Selected = 0;
-        }
-
-        // In the middle, for at its edge it cuts what stands out.
-        const Native label(typing.window, L"STATIC", SS_CENTER | SS_NOPREFIX, 60, field.Bold_Font);
-        const Picture blank = label.Painted();
-        SetWindowTextW(label.window, text);
-        field.Show_Caret(CARET_AWAY);
-        field.Read(nullptr);
-        const Picture empty(typing.window);
-        field.Read("%s", line.c_str());
-        const std::string got = Ink(Picture(typing.window), empty), wanted = Ink(label.Painted(), blank);
-        EXPECT_TRUE(got == wanted) << got << '\n' << wanted;
+        });
+        const std::string shown = both.Shown(), wanted = both.Shown_By_A_Label();
+        EXPECT_TRUE(shown == wanted) << shown << '\n' << wanted;
     }
 }
 
