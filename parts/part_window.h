@@ -21,6 +21,7 @@ struct Part_Owner {
     unsigned serial = 0;                ///< from 1 on, of this control alone, as long as the window lives
     bool shown = true;                  ///< it is painted
     bool enabled = true;                ///< it takes events
+    bool takes_focus = true;            ///< it can have the keyboard, if its parts are worked by keys
 };
 
 /// What has become of a part.
