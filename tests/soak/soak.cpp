@@ -218,6 +218,11 @@ void Allow(Stage& stage, const Control& control, int beyond = 0) {
         x += control.Width > frames ? 3 : 3 + frames;
         y += control.Flag & FLAG_VERTICAL ? 9999 : control.Height > frames ? 3 : 3 + frames;
     }
+    if constexpr (std::is_same_v<Control, Texts>) {
+        // The output lies within the border: one below 0 puts it around the field, which has always been so.
+        const int around = std::max(0, -int{control.Border});
+        x += around, y += around;
+    }
     if constexpr (std::is_same_v<Control, Tabs>) {
         for (TabItems** item = control.Item; item && *item; ++item)
             Allow(stage, **item, beyond);
