@@ -230,16 +230,29 @@ void Allow(Stage& stage, const Control& control, int beyond = 0) {
     stage.Allow(control.X - x, control.X + control.Width + x, control.Y - y, control.Y + control.Height + y);
 }
 
-/// Gives a control another place, and the images that fit it.
-void Place_Anywhere(Tools& control) {
+void Drop_Images(Tools& control) {
     control.Graph_Normal = static_cast<unsigned long*>(control.Free(control.Graph_Normal));
     control.Graph_Select = static_cast<unsigned long*>(control.Free(control.Graph_Select));
+}
+
+/// Gives a control another place, and the images that fit it.
+void Place_Anywhere(Tools& control) {
+    Drop_Images(control);
     control.X = dice.Length(-30, 220), control.Y = dice.Length(-30, 150);
     control.Width = dice.Length(0, 160), control.Height = dice.Length(0, 120);
     if (control.Width > 500 && control.Height > 500) control.Height = 20;  // shading of half a gigabyte
     if (control.Width > 500 || control.Height > 500) return;
     if (dice.One_In(4)) control.Alloc_Graph_Normal(dice.Bits());
     if (dice.One_In(4)) control.Alloc_Graph_Select(dice.Bits());
+}
+
+/// Paints a control at a size for which `Init` has made nothing. Its images are too small for the next one.
+template <class Control>
+void Draw_Enlarged(Control& control) {
+    control.Width = static_cast<short>(std::min(control.Width + dice.Below(90), 500));
+    control.Height = static_cast<short>(std::min(control.Height + dice.Below(90), 500));
+    control.Draw();
+    Drop_Images(control);
 }
 
 void Set_Caption(Tools& control) {
@@ -349,6 +362,7 @@ template <class Control>
 void Act(Control& control, const Stage& stage) {
     static constexpr int kinds[] = {EVENT_MOVE, EVENT_DRAG, EVENT_PRESS, EVENT_TEST, 3, 8};
     const int what = dice.Below(12);
+    if (what == 0 && dice.One_In(4)) return Draw_Enlarged(control);
     if (what == 0) Place_Anywhere(control), control.Init(stage.window);
     if (what == 1) Change_Common(control), control.Init(stage.window);
     if (what == 2)
