@@ -249,8 +249,9 @@ void Place_Anywhere(Tools& control) {
 /// Paints a control at a size for which `Init` has made nothing. Its images are too small for the next one.
 template <class Control>
 void Draw_Enlarged(Control& control) {
-    control.Width = static_cast<short>(std::min(control.Width + dice.Below(90), 500));
-    control.Height = static_cast<short>(std::min(control.Height + dice.Below(90), 500));
+    if (control.Width < 1 || control.Height < 1) return;  // its parts are where it was before
+    for (short* const length : {&control.Width, &control.Height})
+        if (*length < 500) *length = static_cast<short>(*length + dice.Below(90));
     control.Draw();
     Drop_Images(control);
 }
