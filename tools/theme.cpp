@@ -104,11 +104,13 @@ Colors Body_Color(const Theme& theme, const Colors& color) {
     });
 }
 
-unsigned long Ink_On_Window(const Theme& theme, unsigned long color) {
-    if (theme.Least_Contrast <= 0) return color;
-    const Colors ink = Moved(
-        Color_Of(color), Is_Bright(theme.Window) ? Black : White,
-        [&](const Colors& moved) { return Contrast_Of(moved.get(), theme.Window) >= theme.Least_Contrast; });
+unsigned long Ink_On(const Theme& theme, unsigned long ground, unsigned long color) {
+    const auto is_readable = [&](unsigned long ink) {
+        return Contrast_Of(ink, ground) >= theme.Least_Contrast;
+    };
+    if (theme.Least_Contrast <= 0 || is_readable(color)) return color;
+    const Colors ink = Moved(Color_Of(color), Is_Bright(ground) ? Black : White,
+                             [&](const Colors& moved) { return is_readable(moved.get()); });
     return ink.get();
 }
 
@@ -165,9 +167,9 @@ Theme System_Theme() {
     system.Thumb_Light = GetSysColor(COLOR_3DHILIGHT);
     system.Mark = GetSysColor(COLOR_HIGHLIGHT);
     system.Least_Contrast = Readable;
-    const unsigned long link = Ink_On_Window(system, GetSysColor(COLOR_HOTLIGHT));
+    const unsigned long link = Ink_On(system, face, GetSysColor(COLOR_HOTLIGHT));
     system.Caption_Outline = system.Caption_Changed = link;
-    system.Caption_Barred = system.Caption_Hint = Ink_On_Window(system, GetSysColor(COLOR_GRAYTEXT));
+    system.Caption_Barred = system.Caption_Hint = Ink_On(system, face, GetSysColor(COLOR_GRAYTEXT));
     return system;
 }
 
