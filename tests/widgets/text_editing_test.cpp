@@ -165,9 +165,12 @@ TEST(Text_Editing, The_Pointer_Selects_Output_Lines) {
     const auto row = [&](int line, int x) {
         return POINT{x, bottom + line * field.Line_Height + field.Line_Height / 2};
     };
-    field.Drag(row(2, left), row(1, field.X + 350));
-    field.Press({Copy});
-    EXPECT_EQ(Clipboard(), L"line 37\r\nline 38") << "without codes";
+    const POINT begin = row(2, left), end = row(1, field.X + 350);
+    for (const auto& [from, to] : {std::pair(end, begin), std::pair(begin, end)}) {
+        field.Drag(from, to);
+        field.Press({Copy});
+        EXPECT_EQ(Clipboard(), L"line 37\r\nline 38") << "without codes, whatever way";
+    }
     const Picture selected(field.window);
     EXPECT_FALSE(Same(before, selected));
     field.Draw();
