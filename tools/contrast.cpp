@@ -49,10 +49,13 @@ Colors Mixed(const Colors& from, const Colors& to, int part, int whole) {
 }
 
 unsigned long Readable_Ink(unsigned long ink, unsigned long ground, int least) {
-    if (least <= 0) return ink;
-    return Moved(Color_Of(ink), Is_Bright(ground) ? Black : White,
-                 [&](const Colors& moved) { return Contrast_In_Hundredths(moved.get(), ground) >= least; })
-        .get();
+    const auto is_readable = [=](unsigned long color) {
+        return Contrast_In_Hundredths(color, ground) >= least;
+    };
+    if (least <= 0 || is_readable(ink)) return ink;
+    const Colors moved = Moved(Color_Of(ink), Is_Bright(ground) ? Black : White,
+                               [&](const Colors& color) { return is_readable(color.get()); });
+    return moved.get();
 }
 
 }  // namespace galdren

@@ -21,8 +21,8 @@ Colors Body_Color(const Theme& theme, const Colors& color) {
     });
 }
 
-unsigned long Ink_On_Window(const Theme& theme, unsigned long color) {
-    return Readable_Ink(color, theme.Window, theme.Least_Contrast);
+unsigned long Ink_On(const Theme& theme, unsigned long ground, unsigned long color) {
+    return Readable_Ink(color, ground, theme.Least_Contrast);
 }
 
 }  // namespace galdren

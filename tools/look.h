@@ -73,7 +73,7 @@ inline Colors Highlight_Color(const Tools_Fields& control) {
 /// The colour of a body in a theme, for a control of `color`: readable behind both captions of the theme.
 Colors Body_Color(const Theme& theme, const Colors& color);
 
-/// Ink of `color` on the window: readable there.
-unsigned long Ink_On_Window(const Theme& theme, unsigned long color);
+/// Ink of `color` on a ground, as readable there as the theme asks for.
+unsigned long Ink_On(const Theme& theme, unsigned long ground, unsigned long color);
 
 }  // namespace galdren

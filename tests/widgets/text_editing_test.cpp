@@ -147,8 +147,9 @@ TEST(Text_Editing, The_Pointer_Selects_In_The_Input_Line) {
     EXPECT_EQ(field.Selection(), "\xE6\x9C\xAC") << "from the end that stays";
     const POINT word = field.Place_Of(5);
     field.Drag(word, word);
-    field.Point(EVENT_PRESS, word), field.Point(EVENT_MOVE, word);
-    EXPECT_EQ(field.Selection(), "two");
+    field.Point(EVENT_PRESS, {word.x + GetSystemMetrics(SM_CXDOUBLECLK) / 2, word.y});
+    field.Point(EVENT_MOVE, word);
+    EXPECT_EQ(field.Selection(), "two") << "as far off as a double click may be";
     field.Point(EVENT_PRESS, word), field.Point(EVENT_MOVE, word);
     EXPECT_EQ(field.Selection(), field.Line);
 
@@ -173,9 +174,12 @@ TEST(Text_Editing, The_Pointer_Selects_Output_Lines) {
     const auto row = [&](int line, int x) {
         return POINT{x, bottom + line * field.Line_Height + field.Line_Height / 2};
     };
-    field.Drag(row(2, left), row(1, field.X + 350));
-    field.Press({Copy});
-    EXPECT_EQ(Clipboard(), L"line 37\r\nline 38") << "without codes";
+    const POINT begin = row(2, left), end = row(1, field.X + 350);
+    for (const auto& [from, to] : {std::pair(end, begin), std::pair(begin, end)}) {
+        field.Drag(from, to);
+        field.Press({Copy});
+        EXPECT_EQ(Clipboard(), L"line 37\r\nline 38") << "without codes, whatever way";
+    }
     const Picture selected(field.window);
     EXPECT_FALSE(Same(before, selected));
     field.Draw();
