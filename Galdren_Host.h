@@ -7,4 +7,5 @@
 #include "host/inspector.h"
 #include "host/layout.h"
 #include "host/main_window.h"
+#include "host/pixels.h"
 #include "parts/by_name.h"
