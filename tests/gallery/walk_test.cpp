@@ -244,6 +244,9 @@ TEST(Walk_Test, Examples_Are_Worked_By_Keys) {
          {{{}, "(C:): outline item"},
           {{back, VK_HOME, VK_DOWN, 'W'}, "c:\\windows\\: static text"},
           {{KEY_ALT | 'O'}, "Directory picker: client, unavailable"}}},
+        {"viewer",
+         {{{KEY_CONTROL | tab, KEY_ALT | 'T', VK_RIGHT}, "Theme: spin box, focused, focusable = Dark"},
+          {{KEY_CONTROL | VK_PRIOR, KEY_ALT | 'Z', VK_END}, "Zoom: slider, focused, focusable = 3200 %"}}},
     };
     CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
     for (const Example& example : examples) {
