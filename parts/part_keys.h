@@ -76,9 +76,10 @@ class Part_Keys {
     /// @return false when there is no other to go to
     bool Go_On(bool back);
 
-    /// Buttons that Enter and Escape press wherever the keyboard is; null for none. One that is removed is
-    /// never touched.
+    /// The button that Enter presses wherever the keyboard is; null for none. One that is removed is never
+    /// touched.
     void Set_Default(const Tools* button) { default_button = button; }
+    /// The same for Escape.
     void Set_Cancel(const Tools* button) { cancel_button = button; }
 
     /// The ring goes until the next key, for the mouse is used.
