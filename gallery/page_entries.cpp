@@ -47,7 +47,7 @@ Texts& Add_Entry(Sheet& sheet, const Place& place, const Entry_Sample& sample) {
 
 void Add_Filters(Sheet& sheet, int top) {
     constexpr Entry_Sample samples[] = {
-        {"Any text", 0, "Galdren"},
+        {"Any text", 0, "España, Ελλάδα, Россия"},
         {"Integer", TEXT_INTEGER, "0"},
         {"Floating point", TEXT_FLOAT, "2.5e-3"},
         {"Hexadecimal", TEXT_HEXADECIMAL, "c0ffee"},
