@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <exception>
 #include <memory>
-#include <new>
 #include <string>
 
 #include "Galdren_Util.h"
@@ -39,7 +39,7 @@ Pixels Make_Pixels(int width, int height, unsigned long pixel) {
         return {width, height,
                 std::vector<unsigned long>(static_cast<std::size_t>(width) * static_cast<std::size_t>(height),
                                            pixel)};
-    } catch (const std::bad_alloc&) {
+    } catch (const std::exception&) {  // or the number is beyond what a vector can have
         Error_Fct(nullptr, ERROR_LEVEL_MEMORY, "Pixels: no memory for %d x %d", width, height);
         return {};
     }

@@ -39,7 +39,7 @@ struct Viewer {
     std::vector<Path> files;  // of the thumbnails
     DirTrees tree;
     Histogram histogram;
-    Boxs page;  // where the pages of the tabs are
+    Boxs page;  // hidden: where the pages of the tabs are
     Tabs tabs;
     Picture_View picture;
     Thumbnails thumbnails;
@@ -64,7 +64,7 @@ struct Viewer {
                 Show_Folder(std::u8string(reinterpret_cast<const char8_t*>(tree.Read())));
         });
         Add(histogram, "Histogram", 0);
-        Add(page, nullptr, FLAG_NO_BODY | FLAG_PASSIVE);
+        Add(page, nullptr, 0), host.Set_Shown(page, false);
         Add(tabs, nullptr, 0);
         Name_Items(tabs, {"Pictures", "Settings"});
         Add_Pictures();
@@ -148,8 +148,7 @@ struct Viewer {
         thumbnails.Current = short(number), thumbnails.Adjust(), thumbnails.Bring_Into_View(number);
         window.Set_Title((name + " - Viewer").c_str());
         status.Set_Name("%s   %d x %d", name.c_str(), image.width, image.height);
-        host.Refresh(status);
-        log.Write("%s", status.Name);
+        host.Refresh(status), log.Write("%s", status.Name);
         histogram.Count(image), picture.Show(image);
         Show_Zoom();
     }
@@ -168,7 +167,8 @@ struct Viewer {
 
     /// A folder, or a picture and the folder that it is in.
     void Show_Path(const Path& path) {
-        const Path folder = std::filesystem::is_directory(path) ? path : path.parent_path();
+        std::error_code ignored;
+        const Path folder = std::filesystem::is_directory(path, ignored) ? path : path.parent_path();
         tree.Set(To_Text(folder).c_str());
         host.Refresh(tree);
         Show_Folder(folder, path);

@@ -39,6 +39,7 @@ TEST(Main_Window_Test, Serves_The_Host_First_And_Then_The_Application) {
         heard.push_back("message " + std::to_string(wparam));
         window.Set_Title("\xE6\xB5\xB7");
         result = 7;
+        EXPECT_EQ(SendMessageW(handle, WM_ERASEBKGND, 0, 0), 1) << "as the host answers";
         EXPECT_TRUE(wparam == 2 || SendMessageW(handle, WM_APP, 2, 0) == 7);
         return true;
     });

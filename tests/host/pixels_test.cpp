@@ -5,6 +5,7 @@
 #include <string>
 #include <utility>
 
+#include "Galdren_Util.h"
 #include "tests/support/hosted.h"
 
 namespace galdren_test {
@@ -21,6 +22,14 @@ void Write_Targa(const std::filesystem::path& path, char kind, char bits, const 
     std::ofstream(path, std::ios::binary) << bytes << pixels;
 }
 
+/// Writes an SGI file of two pixels beside each other, of these channels one after the other.
+void Write_Sgi(const std::filesystem::path& path, const std::string& planes) {
+    std::string bytes(512, '\0');
+    bytes[0] = 1, bytes[1] = '\xDA', bytes[3] = 1, bytes[5] = 3;
+    bytes[7] = 2, bytes[9] = 1, bytes[11] = static_cast<char>(planes.size() / 2);
+    std::ofstream(path, std::ios::binary) << bytes << planes;
+}
+
 TEST(Pixels_Test, Reads_Files_Opaque_All_Over) {
     struct Case {
         const char* name;
@@ -30,11 +39,16 @@ TEST(Pixels_Test, Reads_Files_Opaque_All_Over) {
     };
     const Case cases[] = {{"three.tga", 2, 24, {1, 2, 3, 4, 5, 6}, {0xFF030201, 0xFF060504}},
                           {"CLEAR.TGA", 2, 32, {1, 2, 3, 0, 4, 5, 6, 9}, {0xFF030201, 0xFF060504}},
-                          {"grey.tga", 3, 8, "\x07\xF0", {0xFF070707, 0xFFF0F0F0}}};
+                          {"grey.tga", 3, 8, "\x07\xF0", {0xFF070707, 0xFFF0F0F0}},
+                          {"grey.sgi", 0, 0, {7, 8, 1, 2}, {0xFF070707, 0xFF080808}}};
     for (const Case& test : cases) {
         SCOPED_TRACE(test.name);
         const auto path = std::filesystem::temp_directory_path() / test.name;
-        Write_Targa(path, test.kind, test.bits, test.pixels);
+        if (test.kind) {
+            Write_Targa(path, test.kind, test.bits, test.pixels);
+        } else {
+            Write_Sgi(path, test.pixels);
+        }
         const Pixels picture = Read_Pixels(path.string().c_str());
         EXPECT_EQ(picture.width, 2);
         EXPECT_EQ(picture.height, 1);
@@ -76,7 +90,19 @@ TEST(Pixels_Test, Scales_By_Area_And_Leaves_The_Ground_Beyond) {
     EXPECT_EQ(Scale_Pixels(chequered, {2, 2}, {-1, 1, 1, 2}, blue).data,
               (std::vector<unsigned long>{blue, white}));
     EXPECT_EQ(Scale_Pixels({}, {5, 5}, {0, 0, 1, 1}, red).data, std::vector<unsigned long>{red});
-    EXPECT_TRUE(Scale_Pixels(chequered, {0, 5}).Is_Empty());
+    for (const SIZE none : {SIZE{0, 5}, {5, 0}, {5, -1}})
+        EXPECT_EQ(Scale_Pixels(chequered, none).width, 0);
+}
+
+TEST(Pixels_Test, Without_Memory_A_Picture_Is_Empty) {
+    static int reports = 0;
+    const Error_Handler before = Error_Set_Handler([](HWND, int level, const char*) { reports += level; });
+    for (const LONG side : {1 << 24, 0x7FFFFFFF}) {
+        reports = 0;
+        EXPECT_TRUE(Scale_Pixels(chequered, {1, 1}, {0, 0, side, side}).Is_Empty());
+        EXPECT_EQ(reports, ERROR_LEVEL_MEMORY);
+    }
+    Error_Set_Handler(before);
 }
 
 /// Shows corners in colours, and notes where the pointer was at a press.
