@@ -5,6 +5,8 @@ target_compile_definitions(galdren_options INTERFACE WIN32_LEAN_AND_MEAN NOMINMA
 target_include_directories(galdren_options INTERFACE $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>)
 if(MSVC)
   target_compile_options(galdren_options INTERFACE /W4 /permissive- /utf-8)
+  # fopen, getenv and strncpy are those of every other compiler.
+  target_compile_definitions(galdren_options INTERFACE _CRT_SECURE_NO_WARNINGS _CRT_NONSTDC_NO_WARNINGS)
 else()
   target_compile_options(galdren_options INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow=local)
   # No MinGW runtime DLL is needed by what is built here.
@@ -26,6 +28,17 @@ if(GALDREN_CHECKED)
                                                    -fsanitize-undefined-trap-on-error)
 endif()
 
+option(GALDREN_PRECOMPILED "Precompile the system's headers: three times as fast, but a missing #include goes unnoticed" OFF)
+# galdren_precompile(TARGET [HEADER...])
+function(galdren_precompile target)
+  if(GALDREN_PRECOMPILED)
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")  # or compiler caches take the headers for new ones
+      target_compile_options(${target} PRIVATE "SHELL:-Xclang -fno-pch-timestamp")
+    endif()
+    target_precompile_headers(${target} PRIVATE <windows.h> <algorithm> <functional> <memory> <string> <vector> ${ARGN})
+  endif()
+endfunction()
+
 # galdren_library(NAME DESCRIPTION text SOURCES... [NEEDS library] [SYSTEM library...]): the DLL NAME and the static library NAME_Static, with the
 # aliases Galdren::NAME and Galdren::NAME_Static.
 function(galdren_library name)
@@ -43,9 +56,12 @@ function(galdren_library name)
   configure_file(${PROJECT_SOURCE_DIR}/cmake/version.rc.in ${CMAKE_CURRENT_BINARY_DIR}/${name}.rc @ONLY)
   add_library(${name} SHARED ${dll_sources})
   add_library(${name}_Static STATIC ${arg_SOURCES})
-  # lib is in front of import and static library, and of no DLL.
+  # lib is in front of import and static library, and of no DLL. With Visual C++ the import library has the static one's
+  # name.
   set_target_properties(${name} PROPERTIES PREFIX "")
-  set_target_properties(${name}_Static PROPERTIES OUTPUT_NAME ${name})
+  if(NOT MSVC)
+    set_target_properties(${name}_Static PROPERTIES OUTPUT_NAME ${name})
+  endif()
   target_compile_definitions(${name} PRIVATE ${build_macro})
   target_compile_definitions(${name}_Static PUBLIC GALDREN_STATIC)
   foreach(library ${name} ${name}_Static)
@@ -54,6 +70,7 @@ function(galdren_library name)
                                                     $<INSTALL_INTERFACE:include>)
     target_link_libraries(${library} PRIVATE $<BUILD_INTERFACE:galdren_options>)
     add_library(Galdren::${library} ALIAS ${library})
+    galdren_precompile(${library})
   endforeach()
   foreach(needed ${arg_NEEDS})
     target_link_libraries(${name} PUBLIC ${needed})

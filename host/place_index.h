@@ -43,7 +43,8 @@ class Place_Index {
     void Search_Below(std::size_t level, std::size_t first, const RECT& area, std::size_t& least,
                       Visit& visit) const {
         const std::vector<Node>& nodes = levels[level];
-        for (std::size_t i = std::min(first + Fan, nodes.size()); i-- > first;) {
+        // In brackets, for applications of Visual C++ have a macro of that name.
+        for (std::size_t i = (std::min)(first + Fan, nodes.size()); i-- > first;) {
             if (nodes[i].last < least || !Meet(nodes[i].box, area)) continue;
             if (level == 0) {
                 visit(std::size_t{nodes[i].last});
