@@ -184,15 +184,20 @@ TEST(Host_Text, The_Mouse_Works_On_Text) {
     SetCursorPos(at.x, at.y);
     SendMessageW(typing.window, WM_SETCURSOR, reinterpret_cast<WPARAM>(typing.window), HTCLIENT);
     EXPECT_EQ(GetCursor(), LoadCursorA(nullptr, IDC_IBEAM));
-    // The menu waits for a key.
+    // The menu waits for a key. What cannot be done is grey.
+    static UINT undo_state;
     SetTimer(typing.window, 1, 20, [](HWND window, UINT, UINT_PTR timer, DWORD) {
         KillTimer(window, timer);
+        const auto menu =
+            reinterpret_cast<HMENU>(SendMessageW(FindWindowW(L"#32768", nullptr), MN_GETHMENU, 0, 0));
+        undo_state = GetMenuState(menu, 0, MF_BYPOSITION);
         PostMessageW(window, WM_KEYDOWN, 'A', 1);
     });
     typing.other.Selected = 0;
     SendMessageW(typing.window, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(typing.window),
                  MAKELPARAM(at.x, at.y));
     EXPECT_EQ(typing.other.Selected, -7) << "Select all";
+    EXPECT_TRUE(undo_state & MF_GRAYED) << "nothing was typed";
     SetCursorPos(before.x, before.y);
 }
 
