@@ -418,6 +418,8 @@ TEST(Theme, Is_Worn_By_All_And_Taken_Off_Without_A_Trace) {
     EXPECT_EQ(controls.list.Item[2]->Look, late.Look) << "and parts do";
     EXPECT_NE(controls.button.Look, late.Look) << "who is disabled has a look of its own";
     host.Remove(late);
+    host.Place(late, 1, 1, 9, 9);
+    EXPECT_EQ(late.X, 460) << "who was removed stays";
     {
         const Theme other = System_Theme();
         host.Set_Theme(&other);

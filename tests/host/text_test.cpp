@@ -148,6 +148,9 @@ TEST(Host_Text, An_Input_Method_Writes_Once_Into_The_Field_Where_It_Began) {
     EXPECT_TRUE(ImmGetCompositionWindow(context, &form));
     EXPECT_EQ(form.ptCurrentPos.x, caret.left);
     EXPECT_EQ(form.ptCurrentPos.y, side - caret.bottom);
+    LOGFONTW words{};
+    EXPECT_TRUE(ImmGetCompositionFontW(context, &words));
+    EXPECT_NE(words.lfHeight, 0) << "in the font of the line";
     typing.host->Focus(&typing.other);
     ImmReleaseContext(typing.window, context);
     EXPECT_STREQ(typing.field.Line, "ab\xE6\x97\xA5\xE6\x9C\xAC")
