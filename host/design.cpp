@@ -22,7 +22,6 @@ short At_Scale(short length, unsigned short scale) { return Not_Vanished(Scaled(
 
 /// What a length was designed as that is this long at a scale: exact for what `At_Scale` gives from 100 on.
 short Designed(short length, unsigned short scale) {
-    if (scale == 0 || scale == Unscaled) return length;
     if (scale == 0 || scale == Unscaled) return length;  // as for nearly all that are added
     const int half = length < 0 ? -scale / 2 : scale / 2;
     return Not_Vanished((length * Unscaled + half) / scale, length);

@@ -334,6 +334,8 @@ TEST(Access, Moves_Focus_And_Selection) {
     EXPECT_TRUE(root.Child(Apply).State() & STATE_SYSTEM_FOCUSED);
     EXPECT_EQ(focus(list), "none");
 
+    LRESULT answer = 0;
+    EXPECT_FALSE(served.host->Message(WM_GETOBJECT, 0, OBJID_CURSOR, answer)) << "what it has no object for";
     EXPECT_EQ(list->accSelect(SELFLAG_TAKEFOCUS | SELFLAG_TAKESELECTION, Number(3)), S_OK);
     EXPECT_EQ(focus(root), "Formats");
     EXPECT_EQ(focus(list), "TIFF");
@@ -341,6 +343,7 @@ TEST(Access, Moves_Focus_And_Selection) {
     EXPECT_EQ(list->get_accSelection(&chosen), S_OK);
     EXPECT_EQ(list.Named(chosen).Name(), "TIFF");
     EXPECT_EQ(root->get_accSelection(&chosen), S_FALSE);
+    EXPECT_EQ(root.Child(Files)->get_accSelection(&chosen), S_FALSE) << "no directory is chosen";
     EXPECT_EQ(chosen.vt, VT_EMPTY);
 
     for (const long flags : {0, SELFLAG_ADDSELECTION, SELFLAG_TAKEFOCUS | SELFLAG_EXTENDSELECTION, -1})

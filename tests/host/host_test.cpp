@@ -618,5 +618,17 @@ TEST_F(Host_Test, Helps_Controls_Of_The_Application) {
     EXPECT_EQ(stamp.Rect.right, 171);
 }
 
+TEST(Host_Paint_Test, Nothing_Lights_Up_Where_The_Pointer_Has_Been) {
+    Hosted_Window shown(100, 60);
+    Buttons button;
+    Place(button, "B", 10, 10, 70, 40);
+    shown.host->Add(button), shown.host->Init_All();
+    const Picture plain = shown.All_Painted();
+    shown.Send(WM_MOUSEMOVE, 0, {30, 30});
+    shown.Send(WM_MOUSELEAVE);
+    button.Draw();
+    EXPECT_TRUE(Same(Picture(shown.window), plain));
+}
+
 }  // namespace
 }  // namespace galdren_test

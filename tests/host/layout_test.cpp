@@ -276,6 +276,11 @@ TEST(Host_Layout_Test, The_Window_Is_Not_Smaller_Than_All_Need) {
     narrow.Name = "A caption that is much longer still";
     SendMessageA(window.window, WM_SIZE, SIZE_RESTORED, 0);
     EXPECT_EQ(Ink(narrow, 0), Ink(narrow, 20)) << "another caption is measured";
+    const auto least_width = [&](unsigned long flag) {
+        narrow.Flag = flag;
+        return Lay_Out(host, Row(0, {narrow})).cx;
+    };
+    EXPECT_EQ(least_width(BUTTON_LAMP), least_width(0) + 8) << "a lamp takes room";
 }
 
 }  // namespace

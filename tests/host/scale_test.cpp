@@ -91,6 +91,12 @@ TEST(Scale, Comes_Back_After_A_Hundred_Others) {
         controls.console.Write("line %d", i);
     controls.list.Bring_Into_View(7);
     controls.list.Init(shown.window);
+    Lists row;
+    Place(row, nullptr, 470, 340, 121, 41);
+    Name_Items(row, {"a", "b", "c", "d", "e", "f", "g", "h", "i", "j"});
+    shown.host->Add(row), shown.host->Init_All();
+    row.Bring_Into_View(7), row.Init(shown.window);
+    const float row_scrolled = row.Scroll_Bar.Val - row.Scroll_Bar.Start_Val;
     const Picture before = shown.All_Painted();
     const float scrolled = controls.list.Scroll_Bar.Val - controls.list.Scroll_Bar.End_Val;
     const std::vector<double> fields = controls.Fields();
@@ -110,6 +116,8 @@ TEST(Scale, Comes_Back_After_A_Hundred_Others) {
     EXPECT_FALSE(Same(shown.All_Painted(), before));
     EXPECT_FLOAT_EQ(controls.list.Scroll_Bar.Val - controls.list.Scroll_Bar.End_Val, 2 * scrolled)
         << "as far scrolled as before";
+    EXPECT_LT(row_scrolled, 0);
+    EXPECT_FLOAT_EQ(row.Scroll_Bar.Val - row.Scroll_Bar.Start_Val, 2 * row_scrolled);
 }
 
 TEST(Scale, Is_The_Same_From_The_Start_And_Later) {
@@ -410,6 +418,8 @@ TEST(Theme, Is_Worn_By_All_And_Taken_Off_Without_A_Trace) {
     EXPECT_EQ(controls.list.Item[2]->Look, late.Look) << "and parts do";
     EXPECT_NE(controls.button.Look, late.Look) << "who is disabled has a look of its own";
     host.Remove(late);
+    host.Place(late, 1, 1, 9, 9);
+    EXPECT_EQ(late.X, 460) << "who was removed stays";
     {
         const Theme other = System_Theme();
         host.Set_Theme(&other);
@@ -450,7 +460,7 @@ TEST(Theme, Of_The_System_Is_Renewed) {
     const COLORREF before = GetSysColor(face);
     const COLORREF other = RGB(12, 34, 56);
     SetSysColors(1, &face, &other);
-    shown.Send(WM_SYSCOLORCHANGE);
+    EXPECT_FALSE(shown.Send(WM_SYSCOLORCHANGE)) << "others hear of it too";
     const Picture changed = shown.All_Painted();
     SetSysColors(1, &face, &before);
     EXPECT_EQ(changed.At(5, 5), 0x0C2238u);

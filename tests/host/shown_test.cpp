@@ -123,6 +123,13 @@ TEST_F(Shown_Test, What_Is_Disabled_Is_Half_Of_Itself) {
         EXPECT_NE(disabled.At(140, 60), ground.At(140, 60));
         EXPECT_TRUE(list.Flag == FLAG_VERTICAL && button.Flag == 0) << "passive only while it is painted";
         EXPECT_TRUE(Same(All_Painted(), disabled)) << "never blended with itself";
+        Begin_Draw(window, nullptr);
+        POINT corner{}, same{};
+        LPtoDP(Z_DC, &corner, 1);
+        All_Painted();
+        LPtoDP(Z_DC, &same, 1);
+        End_Draw();
+        EXPECT_EQ(same.y, corner.y) << "the pair of an application keeps its coordinates";
         button.Flag = FLAG_PASSIVE;
         All_Painted();
         EXPECT_EQ(button.Flag, FLAG_PASSIVE) << "what the application has set stays";

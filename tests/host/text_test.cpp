@@ -373,6 +373,9 @@ TEST(Host_Text, An_Input_Method_Writes_Once_Into_The_Field_Where_It_Began) {
     EXPECT_TRUE(ImmGetCompositionWindow(context, &form));
     EXPECT_EQ(form.ptCurrentPos.x, caret.left);
     EXPECT_EQ(form.ptCurrentPos.y, side - caret.bottom);
+    LOGFONTW words{};
+    EXPECT_TRUE(ImmGetCompositionFontW(context, &words));
+    EXPECT_NE(words.lfHeight, 0) << "in the font of the line";
     typing.host->Focus(&typing.other);
     ImmReleaseContext(typing.window, context);
     EXPECT_STREQ(typing.field.Line, "ab\xE6\x97\xA5\xE6\x9C\xAC")
@@ -409,16 +412,18 @@ TEST(Host_Text, The_Mouse_Works_On_Text) {
     SetCursorPos(at.x, at.y);
     SendMessageW(typing.window, WM_SETCURSOR, reinterpret_cast<WPARAM>(typing.window), HTCLIENT);
     EXPECT_EQ(GetCursor(), LoadCursorA(nullptr, IDC_IBEAM));
-    // The menu waits for a key.
+    // The menu waits for a key. What cannot be done is grey.
     Text_Menu words;
     words.Select_All = "\xD0\x92\xD1\x81\xD1\x91 (&W)\tCtrl+A";
     Set_Text_Menu(words);
     static wchar_t shown[30];
+    static UINT undo_state;
     SetTimer(typing.window, 1, 20, [](HWND window, UINT, UINT_PTR timer, DWORD) {
         KillTimer(window, timer);
-        const LRESULT menu = SendMessageW(FindWindowA("#32768", nullptr), MN_GETHMENU, 0, 0);
-        GetMenuStringW(reinterpret_cast<HMENU>(menu), 8, shown, static_cast<int>(std::size(shown)),
-                       MF_BYPOSITION);
+        const auto menu =
+            reinterpret_cast<HMENU>(SendMessageW(FindWindowW(L"#32768", nullptr), MN_GETHMENU, 0, 0));
+        GetMenuStringW(menu, 8, shown, static_cast<int>(std::size(shown)), MF_BYPOSITION);
+        undo_state = GetMenuState(menu, 0, MF_BYPOSITION);
         PostMessageW(window, WM_KEYDOWN, 'W', 1);
     });
     typing.other.Selected = 0;
@@ -427,6 +432,7 @@ TEST(Host_Text, The_Mouse_Works_On_Text) {
     Set_Text_Menu({});
     EXPECT_EQ(typing.other.Selected, -7) << "Select all";
     EXPECT_EQ(shown, std::wstring(L"Всё (&W)\tCtrl+A"));
+    EXPECT_TRUE(undo_state & MF_GRAYED) << "nothing was typed";
     SetCursorPos(before.x, before.y);
 }
 

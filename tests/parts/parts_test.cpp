@@ -288,6 +288,7 @@ TEST_F(Parts, Take_Keys_As_The_Wheel_And_Texts_As_Far_As_They_Are_Values) {
         {"choice", Whole, "TIFF", true, "Select 'Format' = TIFF"},
         {"choice", Whole, "PNG", false, "Select 'Format' = TIFF"},
         {"choice", Whole, Home, true, "Select 'Format' = JPEG"},
+        {"choice", Whole, Page_Down, true, "Select 'Format' = TIFF"},
         {"list", Whole, "l", true, "List 'Names' = l"},
         {"list", 11, "a", false, "Item 'l' chosen"},
         {"list", Whole, "b", false, "List 'Names' = l"},

@@ -539,7 +539,9 @@ class Hosted {
         if (what == 8) yes ? host.Set_Default(&control) : host.Set_Cancel(&control);
         if (what == 9) host.Describe(control, dice.Text());
         if (what == 10) host.Tell_Changed(control);
-        if (what == 11) host.Set_Background(Colors(dice.Below(256), 99, 99)), Repaint();
+        if (what == 11 && !stage.Is_Open()) {  // else it might be painted for a printer alone
+            host.Set_Background(Colors(dice.Below(256), 99, 99)), Repaint();
+        }
         if (what == 12) Inspect(host, dice.One_In(4));
         if (what == 13) Work_Parts();
         if (what == 14) {
