@@ -6,7 +6,7 @@
 #include <cstring>
 #include <string_view>
 
-#include "widgets/text.h"
+#include "widgets/text_fields.h"
 
 namespace galdren {
 

@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "widgets/edit_past.h"
-#include "widgets/text.h"
+#include "widgets/text_fields.h"
 
 namespace galdren {
 
