@@ -6,4 +6,6 @@
 #include "host/host.h"
 #include "host/inspector.h"
 #include "host/layout.h"
+#include "host/main_window.h"
+#include "host/pixels.h"
 #include "parts/by_name.h"

@@ -32,4 +32,5 @@
 #include "widgets/tabitem.h"
 #include "widgets/tabs.h"
 #include "widgets/text.h"
+#include "widgets/text_menu.h"
 #include "widgets/valuator.h"

@@ -1,5 +1,5 @@
 # The installable kit: headers, both DLLs, icons, import and static libraries, the CMake package Galdren_Tools,
-# pkg-config files, the manual and the examples. As a zip:
+# pkg-config files, the gallery, the examples and the manual, where scripts/manual has made it. As a zip:
 #     cpack -G ZIP --config <build folder>/CPackConfig.cmake
 include(CMakePackageConfigHelpers)
 include(GNUInstallDirs)
@@ -24,6 +24,10 @@ install(FILES ${PROJECT_BINARY_DIR}/Galdren_ToolsConfig.cmake
 
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/icons/ DESTINATION ${CMAKE_INSTALL_BINDIR}/Icons
         FILES_MATCHING PATTERN "*.rgb")
+if(GALDREN_GALLERY)
+  install(TARGETS galdren_gallery RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+  install(FILES ${PROJECT_SOURCE_DIR}/icons/star.tga DESTINATION ${CMAKE_INSTALL_BINDIR}/Icons)
+endif()
 
 install(CODE "set(source_dir [[${PROJECT_SOURCE_DIR}]])\nset(include_dir [[${CMAKE_INSTALL_INCLUDEDIR}]])")
 install(SCRIPT ${CMAKE_CURRENT_LIST_DIR}/install-headers.cmake)
@@ -53,16 +57,20 @@ if(MINGW)
   galdren_pc(Galdren_Host_Static REQUIRES Galdren_Tools_Static LIBRARIES -lGaldren_Host_Static)
 endif()
 
-install(FILES ${PROJECT_SOURCE_DIR}/README.md ${PROJECT_SOURCE_DIR}/CHANGELOG.md ${PROJECT_SOURCE_DIR}/CONTRIBUTING.md
-              ${PROJECT_SOURCE_DIR}/LICENCE DESTINATION .)
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs ${PROJECT_SOURCE_DIR}/examples DESTINATION .
-        PATTERN Doxyfile EXCLUDE PATTERN anchors.awk EXCLUDE)
-# The reference manual, where it was made.
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/build/docs/html DESTINATION docs OPTIONAL)
+set(kit_compiler "${CMAKE_CXX_COMPILER_ID} ${CMAKE_CXX_COMPILER_VERSION}")
+if(MINGW)
+  string(APPEND kit_compiler " of MinGW-w64")
+endif()
+configure_file(${CMAKE_CURRENT_LIST_DIR}/kit/README.md.in ${PROJECT_BINARY_DIR}/README.md @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/README.md ${PROJECT_SOURCE_DIR}/CHANGELOG.md ${PROJECT_SOURCE_DIR}/LICENCE
+        DESTINATION .)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples DESTINATION .)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/build/docs/html DESTINATION doc OPTIONAL)
 
 if(PROJECT_IS_TOP_LEVEL)
+  math(EXPR bits "8 * ${CMAKE_SIZEOF_VOID_P}")
   set(CPACK_GENERATOR ZIP)
-  set(CPACK_PACKAGE_FILE_NAME Galdren_Tools-${PROJECT_VERSION}-win64)
+  set(CPACK_PACKAGE_FILE_NAME Galdren_Tools-${PROJECT_VERSION}-win${bits})
   set(CPACK_VERBATIM_VARIABLES ON)
   include(CPack)
 endif()

@@ -291,7 +291,9 @@ class Row_Painter {
         const unsigned long color = Has_Flag(node, DIR_NO_ACCESS) ? theme.Caption_Barred
                                     : Has_Flag(node, DIR_CURRENT) ? theme.Caption_Changed
                                                                   : theme.Caption;
-        if (node.name) canvas.Write_Run(tree.List_Box.Font, node.name, x, y, color);
+        if (!node.name) return;
+        const unsigned long ink = Ink_On(theme, Ground_Of(tree.List_Box).get(), color);
+        canvas.Write_Run(tree.List_Box.Font, node.name, x, y, ink);
     }
 
     /// Whether something small at `x` may be in the area. In a very deep tree there are places that the

@@ -13,6 +13,7 @@ const Names four = Names(numbers).first(4);
 const Names three = four.first(3);
 
 void Take_Boxes(Stage& stage) {
+    const auto keep_clear = [](Boxs& box) { box.Border = BORDER; };
     stage.Take<Boxs>("box", {84, 44}, nullptr,
                      {{"plain", 0},
                       {"raised", FLAG_RAISED},
@@ -26,9 +27,9 @@ void Take_Boxes(Stage& stage) {
                       {"own-images", FLAG_OWN_IMAGES, [](Boxs& box) { Paint_Day(box), Paint_Dusk(box); }},
                       {"text-left", FLAG_TEXT_LEFT},
                       {"text-right", FLAG_TEXT_RIGHT},
-                      {"text-top", FLAG_TEXT_TOP},
+                      {"text-top", FLAG_TEXT_TOP, keep_clear},
                       {"text-middle", FLAG_TEXT_MIDDLE},
-                      {"text-bottom", FLAG_TEXT_BOTTOM},
+                      {"text-bottom", FLAG_TEXT_BOTTOM, keep_clear},
                       {"vertical", FLAG_VERTICAL, [](Boxs& box) { box.Name = "Down"; }, nullptr, {44, 84}},
                       {"text-white", FLAG_TEXT_WHITE}});
 }
@@ -72,6 +73,7 @@ void Take_Buttons(Stage& stage) {
 void Take_Check_Lists(Stage& stage) {
     const auto dress = [](CheckLists& list) {
         list.List = numbers;
+        list.Border = BORDER;
         list.Value = 0b0110;
     };
     stage.Take<CheckLists>("check-list", {124, 66}, dress,
@@ -153,21 +155,25 @@ void Take_Lists(Stage& stage) {
 }
 
 void Take_Selectors(Stage& stage) {
-    const auto dress = [](Selects& selector) { Name_Items(selector, three); };
+    const auto dress = [](Selects& selector) {
+        Name_Items(selector, three);
+        selector.Border = BORDER;
+    };
     const auto narrow = [](Selects& selector) { selector.Value_Width = 116; };
     constexpr unsigned long left = FLAG_TEXT_LEFT | FLAG_TEXT_MIDDLE;
-    stage.Take<Selects>("selector", {180, 28}, dress,
-                        {{"plain", 0, nullptr, nullptr, {150, 42}},
-                         {"vertical", FLAG_VERTICAL, nullptr, nullptr, {44, 150}},
-                         {"text-left", FLAG_TEXT_LEFT},
-                         {"text-right", FLAG_TEXT_RIGHT, narrow},
-                         {"text-middle", left},
-                         {"text-bottom", FLAG_TEXT_LEFT | FLAG_TEXT_BOTTOM},
-                         {"no-frame", left | SELECTOR_NO_FRAME},
-                         {"static", left | FLAG_STATIC},
-                         {"outline", left | FLAG_OUTLINE},
-                         {"no-body", left | FLAG_NO_BODY},
-                         {"passive", left | FLAG_PASSIVE}});
+    stage.Take<Selects>(
+        "selector", {180, 28}, dress,
+        {{"plain", 0, nullptr, nullptr, {150, 42}},
+         {"vertical", FLAG_VERTICAL, [](Selects& selector) { selector.Name = "Step"; }, nullptr, {44, 150}},
+         {"text-left", FLAG_TEXT_LEFT},
+         {"text-right", FLAG_TEXT_RIGHT, narrow},
+         {"text-middle", left},
+         {"text-bottom", FLAG_TEXT_LEFT | FLAG_TEXT_BOTTOM},
+         {"no-frame", left | SELECTOR_NO_FRAME},
+         {"static", left | FLAG_STATIC},
+         {"outline", left | FLAG_OUTLINE},
+         {"no-body", left | FLAG_NO_BODY},
+         {"passive", left | FLAG_PASSIVE}});
 }
 
 void Take_Tabs(Stage& stage) {

@@ -4,6 +4,7 @@
 #include <cstring>
 #include <exception>
 #include <optional>
+#include <stdexcept>
 #include <string>
 
 #include "gallery/flags.h"
@@ -123,24 +124,40 @@ bool Write_Ring(gallery::Window& window, const gallery::Picture_Writer& writer, 
     return writer.Write(handle, first_list, path);
 }
 
-int Write_Pictures(gallery::Window& window, const std::string& directory) {
+/// Opens a message and a question, so that the page of dialogs shows them, far from the pointer.
+void Open_Dialogs(gallery::Window& window) {
+    POINT pointer{};
+    GetCursorPos(&pointer);
+    SetCursorPos(GetSystemMetrics(SM_CXSCREEN) - 1, GetSystemMetrics(SM_CYSCREEN) - 1);
+    SetActiveWindow(window.Handle());
+    gallery::Close_Dialogs_At_Once();
+    for (const char* button : {"Colours and fonts", "Question"})
+        window.Press(button);
+    SetCursorPos(pointer.x, pointer.y);
+}
+
+void Write_Page(gallery::Window& window, const gallery::Picture_Writer& writer, const std::string& directory,
+                std::size_t page) {
+    window.Show_Page(page);
+    window.Paint_Now();
+    if (page == Find_Page("dialogs")) Open_Dialogs(window);
+    const std::string path = directory + "\\gallery-" + Pages()[page].name + ".png";
+    if (!writer.Write(window.Handle(), path)) throw std::runtime_error("cannot write " + path);
+    std::puts(path.c_str());
+}
+
+void Write_Pictures(gallery::Window& window, const std::string& directory) {
     const gallery::Picture_Writer writer;
     CreateDirectoryA(directory.c_str(), nullptr);
     ShowWindow(window.Handle(), SW_SHOWNOACTIVATE);
-    for (std::size_t i = 0; i < Pages().size(); ++i) {
-        window.Show_Page(i);
-        window.Paint_Now();
-        const std::string path = directory + "\\gallery-" + Pages()[i].name + ".png";
-        if (!writer.Write(window.Handle(), path)) {
-            std::fprintf(stderr, "gallery: cannot write %s\n", path.c_str());
-            return exit_failed;
-        }
-        std::puts(path.c_str());
-    }
+    const std::size_t dialogs = *Find_Page("dialogs");
+    for (std::size_t i = 0; i < Pages().size(); ++i)
+        if (i != dialogs) Write_Page(window, writer, directory, i);
     // The ring is shown where it stands in the design.
-    const bool as_designed = window.Scale() == 100;
-    if (as_designed && !Write_Ring(window, writer, directory + "\\gallery-ring.png")) return exit_failed;
-    return 0;
+    if (window.Scale() == 100 && !Write_Ring(window, writer, directory + "\\gallery-ring.png"))
+        throw std::runtime_error("cannot write the picture of the ring");
+    // Last, for the status line tells of what was pressed.
+    Write_Page(window, writer, directory, dialogs);
 }
 
 int Run(gallery::Window& window, std::size_t page) {
@@ -173,8 +190,11 @@ int main(int count, char** words) try {
         gallery::Window window(GetModuleHandleA(nullptr), options->log);
         window.Set_Scale(options->scale);
         window.Wear(options->look);
-        code = options->png_directory.empty() ? Run(window, options->page)
-                                              : Write_Pictures(window, options->png_directory);
+        if (options->png_directory.empty()) {
+            code = Run(window, options->page);
+        } else {
+            Write_Pictures(window, options->png_directory);
+        }
     }
     Tools_Lib_Cleanup();
     return code;

@@ -47,6 +47,7 @@ CheckLists& Add_List(Sheet& sheet, const char* heading, const Place& place, cons
     CheckLists& list =
         sheet.Add<CheckLists>(place, name, flag, [&sheet](CheckLists& pressed) { Press(sheet, pressed); });
     list.List = items;
+    list.Border = BORDER;  // 0 would be the same frame, but the name would not keep clear of it
     return list;
 }
 

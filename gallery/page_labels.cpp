@@ -39,6 +39,11 @@ Labels& Shown_Label(Sheet& sheet, const Place& place, const char* name, unsigned
     return sheet.Label(place, name, flag);
 }
 
+/// A caption keeps clear of a frame that is given, but not of one that stands for 0.
+void Add_Box(Sheet& sheet, const Place& place, const Placement& placement) {
+    sheet.Box(place, placement.name, placement.flag).Border = BORDER;
+}
+
 Place Cell(int left, int top, int index) {
     constexpr int step = (half + 8) / cell_columns;
     return {left + index % cell_columns * step, top + index / cell_columns * 42, step - 8, 34};
@@ -52,7 +57,7 @@ void Add_Placements(Sheet& sheet) {
         Place place = Cell(page_area.x, top + 22, i);
         place = {place.x + 3, place.top + 3, place.width - 6, place.height - 6};
         Shown_Label(sheet, place, horizontal[i].name, horizontal[i].flag);
-        sheet.Box(Cell(right_half, top + 22, i), horizontal[i].name, horizontal[i].flag);
+        Add_Box(sheet, Cell(right_half, top + 22, i), horizontal[i]);
     }
 }
 
@@ -64,7 +69,7 @@ void Add_Vertical(Sheet& sheet) {
     for (int i = 0; i < static_cast<int>(std::size(vertical)); ++i) {
         const int x = i * step;
         Shown_Label(sheet, {page_area.x + x + 3, top + 25, 62, 82}, vertical[i].name, vertical[i].flag);
-        sheet.Box({right_half + x, top + 22, 68, 88}, vertical[i].name, vertical[i].flag);
+        Add_Box(sheet, {right_half + x, top + 22, 68, 88}, vertical[i]);
     }
 }
 

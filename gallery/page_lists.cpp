@@ -42,7 +42,9 @@ Lists& Add_List(Sheet& sheet, const char* heading, const Place& place, const cha
     const auto change = [&sheet](Lists& list) {
         if (Button_State == 0) Report_Item(sheet, list, "wheel", First_Shown(list));
     };
-    return sheet.Add<Lists>(place, title, flag | SLIDER_KEEP_GRAB, press, change);
+    Lists& list = sheet.Add<Lists>(place, title, flag | SLIDER_KEEP_GRAB, press, change);
+    list.Border = BORDER;  // 0 would be the same frame, but the title would not keep clear of it
+    return list;
 }
 
 const std::vector<std::string>& Many_Names() {

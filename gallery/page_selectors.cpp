@@ -36,6 +36,7 @@ Selects& Add_Selector(Sheet& sheet, const Place& place, const char* title, const
     };
     Selects& selector = sheet.Add<Selects>(place, caption, flag, press, change);
     Name_Items(selector, names);
+    selector.Border = BORDER;  // 0 would be the same frame, but the caption would not keep clear of it
     return selector;
 }
 

@@ -151,6 +151,7 @@ void Add_Sizes(Sheet& sheet, int top) {
         Valuators& valuator =
             Add_Valuator(sheet, place, {sample.name, sample.flag | FLAG_TEXT_RIGHT, 0, 100, 0, "%.0f"});
         valuator.Border = sample.border;
+        if (sample.height < 20) valuator.Font_Size = 7;
         valuator.Curs_Half = sample.half_thumb;
     }
 }

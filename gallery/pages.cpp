@@ -9,7 +9,7 @@ std::span<const Page> Pages() {
         {"buttons", "Buttons", Build_Buttons},
         {"checklists", "Checks", Build_Checklists},
         {"sliders", "Sliders", Build_Sliders},
-        {"selectors", "Selectors", Build_Selectors},
+        {"selectors", "Selects", Build_Selectors},
         {"lists", "Lists", Build_Lists},
         {"tabs", "Tabs", Build_Tabs},
         {"entries", "Entries", Build_Entries},

@@ -32,6 +32,8 @@ void Build_Console(Sheet& sheet);
 void Build_Icons(Sheet& sheet);
 void Build_Colors(Sheet& sheet);
 void Build_Dialogs(Sheet& sheet);
+/// From now on dialogs of the page close by themselves when they were photographed.
+void Close_Dialogs_At_Once();
 void Build_Directories(Sheet& sheet);
 void Build_Tabs(Sheet& sheet);
 void Build_Stress(Sheet& sheet);

@@ -208,6 +208,10 @@ void Window::Paint_Page() {
     page_tabs.Page(page_tabs.Y + page_tabs.Height - MulDiv(page_bottom, host.Scale(), 100));
 }
 
+void Window::Press(const char* name) {
+    if (!Press_Part(host.Parts(), name)) throw std::runtime_error(std::string("no button is called ") + name);
+}
+
 void Window::Paint_Now() const { RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW); }
 
 void Window::Report(const std::string& text) {

@@ -38,6 +38,8 @@ class Window {
     void Wear(std::size_t look);
     /// Puts a page on the window, in the state in which it was left.
     void Show_Page(std::size_t index);
+    /// Presses the button of a name on the page.
+    void Press(const char* name);
     /// Paints all that is pending now.
     void Paint_Now() const;
     /// Says on the log that the window is shown, and where its controls are.

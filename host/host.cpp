@@ -32,6 +32,7 @@ Host::~Host() {
     std::exchange(services, {}).clear();  // they may cause messages, which go to none of them any more
     if (holds) End_Hold(window);
     if (caret_height) DestroyCaret();
+    KillTimer(window, Timer());
 }
 
 void Host::Hold() {
@@ -232,6 +233,8 @@ bool Host::Handle(UINT message, WPARAM wparam, LPARAM lparam, LRESULT& result) {
             return false;
         case WM_CONTEXTMENU:
             return On_Context_Menu(place) && taken(0);
+        case WM_TIMER:
+            return On_Timer(wparam) && taken(0);
         case WM_SETCURSOR:
             return On_Set_Cursor(lparam) && taken(TRUE);
         default:

@@ -317,6 +317,7 @@ class Host {
     bool Wants_Keys();
     Entry* Key_Taker();
     void Begin_Reading(const Entry& entry);
+    static void Select_Line(const Entry& entry);
     void Follow_Focus(Part_Place place);
     bool Focus_By_Press(const Entry& entry, POINT logical);
     void Focus_By_Release();
@@ -338,6 +339,9 @@ class Host {
     bool On_Context_Menu(POINT screen);
     bool On_Set_Cursor(LPARAM lparam);
     void Follow_Caret();
+    void Go_On_Selecting();
+    bool On_Timer(UINT_PTR timer);
+    UINT_PTR Timer() const { return reinterpret_cast<UINT_PTR>(this); }  // applications number theirs
 
     // host_parts.cpp
     Entry* Workable(Part_Place place);

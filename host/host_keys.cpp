@@ -23,6 +23,15 @@ bool Is_Command(UINT message, int code) {
     return code & KEY_NAVIGATION && !edits;
 }
 
+/// Whether a key is the first message of a character that is typed with AltGr, which the system shows as Ctrl
+/// and Alt: the character waits already.
+bool Is_Of_Alt_Gr(HWND window, UINT message, int code) {
+    constexpr int alt_gr = KEY_CONTROL | KEY_ALT;
+    MSG character;
+    return message == WM_KEYDOWN && (code & alt_gr) == alt_gr &&
+           PeekMessageW(&character, window, WM_CHAR, WM_DEADCHAR, PM_NOREMOVE | PM_QS_POSTMESSAGE);
+}
+
 /// The text field of an entry that takes what is typed only while it reads; null for other controls.
 Texts* Field_Of(const Entry& entry) {
     return entry.calls->field ? entry.calls->field(*entry.control) : nullptr;
@@ -86,6 +95,7 @@ void Host::Follow_Focus(Part_Place place) {
         wanted_serial = 0;
         focus_serial = entry.serial;
         Begin_Reading(entry);
+        if (keys->Is_Led_By_Key()) Select_Line(entry);
     }
     Tell_Services(Part_Change::Focus, place);
     Follow_Caret();
@@ -96,6 +106,13 @@ void Host::Begin_Reading(const Entry& entry) {
     if (!Is_Single_Line(entry) || Is_Plain(entry)) return;
     Texts& field = *Field_Of(entry);
     if (field.Mode == 0 && field.Window) field.Read("%s", field.Line);
+}
+
+/// Has the next letter take the place of all that is in an entry field, as people expect where a key has led
+/// them.
+void Host::Select_Line(const Entry& entry) {
+    Texts* const field = Edited_Field(&entry);
+    if (field && Is_Single_Line(entry) && Is_Reading(entry)) field->Input(KEY_CONTROL | 'A');
 }
 
 /// Gives a control that was pressed the keyboard. Of a control with parts, the part that was pressed gets it
@@ -190,6 +207,7 @@ bool Host::On_Key(UINT message, WPARAM wparam, LPARAM lparam) {
     if (!Wants_Keys()) return false;
     if (message == WM_CHAR && On_Character(message, wparam)) return true;
     const int code = Key_Code(window, message, wparam, lparam);
+    if (Text_Taker() && Is_Of_Alt_Gr(window, message, code)) return false;
     const int key = Typed_Key(message, wparam, code);
     const bool repeated = Is_Repeated(lparam);
     if (Is_Tab(code) && Work_Parts(message, code, repeated)) return true;

@@ -83,7 +83,7 @@ bool Host::On_Move(WPARAM buttons, POINT client) {
     const Entry* entry = entries.Find(current);
     if (!entry) return false;
     const int button = Button_Of(buttons);
-    if (Edited_Field(entry)) Follow_Caret();
+    if (Edited_Field(entry)) Go_On_Selecting();
     if (answered && held && button) Notify(*entry, {Host_Event::Drag, answered, button});
     return true;
 }

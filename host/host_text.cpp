@@ -1,6 +1,5 @@
 // Text fields: characters of every language, the input method, the menu, the cursor and the caret.
 #include "host/client.h"
-#include "host/field_menu.h"
 #include "host/host.h"
 #include "host/input_method.h"
 #include "host/watch.h"
@@ -96,7 +95,7 @@ bool Host::On_Context_Menu(POINT screen) {
         return false;
     }
     const Watch watch(*this, *entry);
-    const int key = Ask_Field_Menu(window, screen, *field);
+    const int key = field->Ask_Menu(screen);
     Entry* const left = watch.Control();
     if (left && key) Type(*left, key);
     return true;
@@ -111,6 +110,26 @@ bool Host::On_Set_Cursor(LPARAM lparam) {
     const Texts* const field = Edited_Field(held ? entries.Find(current) : entries.At(place));
     if (!field || !(held || field->Is_Text_At(place))) return false;
     SetCursor(LoadCursorA(nullptr, IDC_IBEAM));
+    return true;
+}
+
+/// After a drag in a field. It is repeated while the pointer is held still, for a text beyond whose edge that
+/// is goes on scrolling.
+void Host::Go_On_Selecting() {
+    Follow_Caret();
+    const Texts* const field = Edited_Field(entries.Find(current));
+    if (held && field && field->Is_Selecting()) SetTimer(window, Timer(), Texts::Scroll_Pause, nullptr);
+}
+
+bool Host::On_Timer(UINT_PTR timer) {
+    if (timer != Timer()) return false;
+    KillTimer(window, timer);
+    const Texts* const field = Edited_Field(entries.Find(current));
+    if (!held || !field || !field->Is_Selecting()) return true;
+    POINT client = pointer;
+    ScreenToClient(window, &client);
+    Point(client, EVENT_DRAG | EVENT_LEFT);
+    Go_On_Selecting();
     return true;
 }
 

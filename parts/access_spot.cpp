@@ -83,7 +83,7 @@ long Access_Spot::State() const {
 }
 
 bool Access_Spot::Can_Have_Focus(const Part& part) const {
-    if (!Is_Ready(part, owner)) return false;
+    if (!Is_Ready(part, owner) || !owner.takes_focus) return false;
     if (place.part != Whole || Parts() == 0) return part.use != Part_Use::None;
     // Keys come to a control with parts by the one that they begin with.
     const int first = owner.parts->First(*owner.control);

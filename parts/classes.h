@@ -19,8 +19,8 @@
 #include "../widgets/valuator.h"
 #include "part.h"
 
-/// How the controls of a class are described. The pointer only tells the class; it may be null.
 /// @{
+/// How the controls of a class are described. The pointer only tells the class; it may be null.
 const Class_Parts& Parts_Of(const Tools* control);
 const Class_Parts& Parts_Of(const Boxs* control);
 const Class_Parts& Parts_Of(const Buttons* control);

@@ -60,9 +60,9 @@ enum class Part_Use {
 
 /// A part as it is now.
 struct Part {
-    Part_Role role = Part_Role::Pane;
-    Part_Use use = Part_Use::None;
-    unsigned state = 0;      ///< see `Part_State`
+    Part_Role role = Part_Role::Pane;  ///< what it is
+    Part_Use use = Part_Use::None;     ///< how the keys work it
+    unsigned state = 0;                ///< see `Part_State`
     RECT area{};             ///< where it is pressed, like `Tools::Rect`: logical pixels, `top` the lower y
     std::string name;        ///< what it is called; empty when it has no caption
     std::string value;       ///< what it holds, as it is shown; empty without a value

@@ -58,7 +58,7 @@ bool Is_Pressed_By_Space(Part_Use use) {
 
 bool Is_Open_To_Keys(const Part_Owner& owner) {
     const Tools& control = *owner.control;
-    return owner.shown && owner.enabled && control.Width > 0 && control.Height > 0 &&
+    return owner.shown && owner.enabled && owner.takes_focus && control.Width > 0 && control.Height > 0 &&
            !(control.Flag & FLAG_PASSIVE);
 }
 
@@ -163,6 +163,14 @@ bool Part_Keys::Go_To(Part_Place place, bool into_view) {
     Remember(place);
     Update();
     return true;
+}
+
+/// See `Go_To`, for a key that leads to a control.
+bool Part_Keys::Lead_To(int control) {
+    led = true;
+    const bool gone = Go_To({control, Whole}, true);
+    led = false;
+    return gone;
 }
 
 void Part_Keys::Remember(Part_Place place) {
@@ -357,7 +365,7 @@ bool Part_Keys::Go_On(bool back) {
     if (start < 0) start = std::clamp(number, 0, count) - (back ? 0 : 1);
     for (int i = 1; i <= count; ++i) {
         const int control = (start + (back ? count - i : i) + count) % count;
-        if (Can_Have(control)) return control != before && Go_To({control, Whole}, true);
+        if (Can_Have(control)) return control != before && Lead_To(control);
     }
     return false;
 }
@@ -371,7 +379,7 @@ bool Part_Keys::Go_To_Mnemonic(int letter) {
         if (owner.mnemonic == 0 || owner.mnemonic != letter || !owner.shown) continue;
         const bool is_label = Describe(owner, Whole).role == Part_Role::Text;
         const int target = is_label ? Behind(control) : control;
-        if (target != Focus().control && !Go_To({target, Whole}, true)) continue;
+        if (target != Focus().control && !Lead_To(target)) continue;
         const Part_Place place = Focus();
         if (!is_label && place.part == Whole && Is_Pressed_By_Space(Use_Of(place))) Press(place);
         return true;

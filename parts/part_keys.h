@@ -47,6 +47,9 @@ class Part_Keys {
     /// more, be it for a while. It must not change the controls.
     void Set_On_Focus(std::function<void(Part_Place)> tell) { on_focus = std::move(tell); }
 
+    /// Whether it is a key that leads to the part that is told of just now: Tab, or a letter with Alt.
+    bool Is_Led_By_Key() const { return led; }
+
     /// The part that has the keyboard; no control, when none has.
     Part_Place Focus() const;
     /// Gives a part the keyboard and brings it into view, or takes the keyboard away with no control. `Whole`
@@ -73,9 +76,10 @@ class Part_Keys {
     /// @return false when there is no other to go to
     bool Go_On(bool back);
 
-    /// Buttons that Enter and Escape press wherever the keyboard is; null for none. One that is removed is
-    /// never touched.
+    /// The button that Enter presses wherever the keyboard is; null for none. One that is removed is never
+    /// touched.
     void Set_Default(const Tools* button) { default_button = button; }
+    /// The same for Escape.
     void Set_Cancel(const Tools* button) { cancel_button = button; }
 
     /// The ring goes until the next key, for the mouse is used.
@@ -91,6 +95,7 @@ class Part_Keys {
     void Place_Ring(Part_Place place);
     void Tell_Focus(Part_Place place);
     bool Go_To(Part_Place place, bool into_view);
+    bool Lead_To(int control);
     void Remember(Part_Place place);
     bool Act(int code);
     Part_Use Use_Of(Part_Place place) const;
@@ -119,6 +124,7 @@ class Part_Keys {
     /// none.
     Part_Place told{0, Whole};
 
+    bool led = false;                       // see `Is_Led_By_Key`
     bool repeats = false;                   // the key that is taken; see `Take`
     bool active = false;                    // see `Set_Active`
     bool uses_keys = false;                 // since the mouse was pressed

@@ -9,18 +9,20 @@ struct Part_Place {
     int control = -1;  ///< number of the control in its window; -1 for none
     int part = Whole;  ///< number of the part in the control
 
+    /// Whether both are the same part.
     bool operator==(const Part_Place&) const = default;
 };
 
 /// A control of a window.
 struct Part_Owner {
-    Tools* control = nullptr;
-    const Class_Parts* parts = nullptr;
-    const char* description = nullptr;  ///< name that the application gave it; null without one
-    int mnemonic = 0;                   ///< capital letter or digit that goes with Alt; 0 without one
-    unsigned serial = 0;                ///< from 1 on, of this control alone, as long as the window lives
-    bool shown = true;                  ///< it is painted
-    bool enabled = true;                ///< it takes events
+    Tools* control = nullptr;            ///< where its fields are
+    const Class_Parts* parts = nullptr;  ///< how its class is described
+    const char* description = nullptr;   ///< name that the application gave it; null without one
+    int mnemonic = 0;                    ///< capital letter or digit that goes with Alt; 0 without one
+    unsigned serial = 0;                 ///< from 1 on, of this control alone, as long as the window lives
+    bool shown = true;                   ///< it is painted
+    bool enabled = true;                 ///< it takes events
+    bool takes_focus = true;             ///< it can have the keyboard, if its parts are worked by keys
 };
 
 /// What has become of a part.

@@ -22,6 +22,7 @@
 #include "tools/lock.h"
 #include "tools/look.h"
 #include "tools/surface.h"
+#include "tools/window.h"
 #include "util/error.h"
 #include "util/program.h"
 #include "util/wide.h"
@@ -211,10 +212,13 @@ class Popup final : public Part_Window {
   private:
     static constexpr int Text_Number = 0;
     static constexpr int First_Button = 1;
+    static constexpr UINT_PTR Select_Timer = 1;
 
     static INT_PTR CALLBACK Procedure(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam);
     bool On_Message(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam);
 
+    /// Whether there is more text than shows.
+    bool Scrolls() const { return field.V_Slider.End_Val > 0; }
     std::span<Buttons> Shown_Buttons() { return {buttons, answers.size()}; }
     void Lay_Out(HWND dialog, int width, int height);
     void Fill();
@@ -225,9 +229,15 @@ class Popup final : public Part_Window {
     void On_Destroy();
     void On_Move(HWND dialog, LPARAM position);
     bool On_Button(HWND dialog, int kind, LPARAM position);
+    void Begin_Selecting(HWND dialog);
+    void End_Selecting(HWND dialog);
+    bool Is_Over_Text(POINT screen);
+    bool On_Set_Cursor(HWND dialog, LPARAM lparam);
+    bool On_Context_Menu(HWND dialog, POINT screen);
     void On_Wheel(HWND dialog, int delta);
     bool On_Key(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam);
     bool Take(HWND dialog, int key, bool repeated);
+    bool Use_Text(int key);
     void Go_Aside(bool back);
     void Tell(int event);
     void End(std::size_t button);
@@ -329,6 +339,16 @@ bool Popup::On_Message(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam) 
             return On_Button(dialog, EVENT_PRESS, lparam);
         case WM_LBUTTONUP:
             return On_Button(dialog, EVENT_MOVE, lparam);
+        case WM_CAPTURECHANGED:
+            if (reinterpret_cast<HWND>(lparam) != dialog) End_Selecting(dialog);
+            return true;
+        case WM_TIMER:
+            if (field.Is_Selecting()) field.Select(EVENT_DRAG | EVENT_LEFT);
+            return true;
+        case WM_SETCURSOR:
+            return On_Set_Cursor(dialog, lparam);
+        case WM_CONTEXTMENU:
+            return On_Context_Menu(dialog, {GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam)});
         case WM_MOUSEWHEEL:
             On_Wheel(dialog, GET_WHEEL_DELTA_WPARAM(wparam));
             return false;
@@ -375,7 +395,7 @@ void Popup::Lay_Out(HWND dialog, int width, int height) {
 
     Place(field, dress, margin, text_bottom, width - 2 * margin, height - text_bottom - margin);
     Set_Font(field);
-    field.Flag = TEXT_V_BAR;
+    field.Flag = TEXT_V_BAR | TEXT_EDITING;
     field.Init(dialog);
 }
 
@@ -431,6 +451,7 @@ void Popup::On_Close(HWND dialog) {
 void Popup::On_Destroy() {
     Set_Dialog_Look(Window(), 0, nullptr);
     keys->Set_Active(false);
+    End_Selecting(Window());
     field.Cleanup();
     background.Window = nullptr;
 }
@@ -446,13 +467,18 @@ void Popup::On_Move(HWND dialog, LPARAM position) {
     const int held = Buttons_Held();
     if (!held) return Tell(EVENT_MOVE);
     const Paint_Batch batch(dialog);  // the text follows its scroll bar
-    Tell(EVENT_DRAG | held);
+    if (field.Is_Selecting()) {
+        field.Select(EVENT_DRAG | held);
+    } else {
+        Tell(EVENT_DRAG | held);
+    }
 }
 
 /// @return whether the dialog was ended
 bool Popup::On_Button(HWND dialog, int kind, LPARAM position) {
     Note_Pointer(dialog, position);
     const int event = kind | Buttons_Held();
+    if (kind == EVENT_MOVE) End_Selecting(dialog);
     if (event == 0) return false;
     if (kind == EVENT_PRESS) keys->Hide_Ring();
     for (std::size_t i = 0; i < answers.size(); ++i) {
@@ -462,7 +488,54 @@ bool Popup::On_Button(HWND dialog, int kind, LPARAM position) {
     }
     const Paint_Batch batch(dialog);
     field.Select(event);
+    if (field.Is_Selecting()) Begin_Selecting(dialog);
     return false;
+}
+
+/// While the text is being selected, the dialog has the mouse wherever that is. It repeats what it has told
+/// the text of it, so that this goes on scrolling below a pointer held still.
+void Popup::Begin_Selecting(HWND dialog) {
+    SetCapture(dialog);
+    SetTimer(dialog, Select_Timer, Texts::Scroll_Pause, nullptr);
+}
+
+void Popup::End_Selecting(HWND dialog) {
+    if (!field.Is_Selecting()) return;
+    field.Select(EVENT_MOVE);
+    KillTimer(dialog, Select_Timer);
+    ReleaseCapture();
+}
+
+/// Whether a place on the screen is over text that can be copied.
+bool Popup::Is_Over_Text(POINT screen) {
+    ZCursor_X = screen.x;
+    ZCursor_Y = screen.y;
+    const std::optional<POINT> place = Find_Pointer(Window());
+    return place && field.Is_Text_At(*place);
+}
+
+/// The I-beam over the text.
+bool Popup::On_Set_Cursor(HWND dialog, LPARAM lparam) {
+    POINT screen{};
+    GetCursorPos(&screen);
+    if (LOWORD(lparam) != HTCLIENT || !Is_Over_Text(screen)) return false;
+    SetCursor(LoadCursorA(nullptr, IDC_IBEAM));
+    SetWindowLongPtrA(dialog, DWLP_MSGRESULT, TRUE);
+    return true;
+}
+
+/// The menu of the text.
+/// @param screen  (-1, -1) for the keyboard
+bool Popup::On_Context_Menu(HWND dialog, POINT screen) {
+    if (screen.x == -1 && screen.y == -1) {
+        screen = {field.Rect.left, Client_Size(dialog).cy - field.Rect.bottom};
+        ClientToScreen(dialog, &screen);
+    } else if (!Is_Over_Text(screen)) {
+        return false;
+    }
+    const int key = field.Ask_Menu(screen);
+    if (Window() == dialog) Use_Text(key);  // it may be gone by now
+    return true;
 }
 
 void Popup::On_Wheel(HWND dialog, int delta) {
@@ -485,6 +558,7 @@ Part_Owner Popup::Owner(int number) const {
     owned.control = controls[number];
     if (number == Text_Number) {
         owned.parts = &Parts_Of(&field);
+        owned.takes_focus = Scrolls();  // copying takes no focus
     } else {
         owned.parts = &Parts_Of(&buttons[0]);
         owned.mnemonic = answers[static_cast<std::size_t>(number - First_Button)].letter;
@@ -506,7 +580,7 @@ bool Popup::Press(Part_Place place) {
 }
 
 bool Popup::Step(Part_Place place, Part_Move move) {
-    if (place.control != Text_Number || !Window()) return false;
+    if (place.control != Text_Number || !Window() || !Scrolls()) return false;
     const Paint_Batch batch(Window());
     return Parts_Of(&field).Step(field, place.part, move);
 }
@@ -524,7 +598,7 @@ bool Popup::Take(HWND dialog, int key, bool repeated) {
         if (!repeated) On_Close(dialog);
         return true;
     }
-    if (keys->Take(key, repeated)) return true;
+    if (keys->Take(key, repeated) || Use_Text(key)) return true;
     if (const std::optional<Part_Move> move = Move_Of(key)) {
         keys->Show_Ring();
         const bool back = *move == Part_Move::Left || *move == Part_Move::Up;
@@ -534,6 +608,14 @@ bool Popup::Take(HWND dialog, int key, bool repeated) {
     }
     const int letter = key >= 'a' && key <= 'z' ? key - 'a' + 'A' : key;
     return keys->Take(KEY_ALT | letter, repeated);
+}
+
+/// Has the text take a key that copies, or selects what is to be copied.
+bool Popup::Use_Text(int key) {
+    if (!key || !field.Can_Take(key)) return false;
+    const Paint_Batch batch(Window());
+    field.Input(key);
+    return true;
 }
 
 /// Goes to the button beside, all round.

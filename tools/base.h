@@ -106,8 +106,22 @@ void Renew_Font(Tools_Fields& control);
 /// Makes the font anew, for its words may have changed too.
 void Remake_Font(Tools_Fields& control);
 
-/// Whether theme or scale are others than those of the last generation of buffers.
-bool Is_Redressed(const Tools_Fields& control);
+/// Where frame and body of a control leave nothing to be seen of what was there; empty where they have no
+/// room, or do not fill it.
+inline Area Covered_By(const Tools_Fields& control) {
+    // Stacked text may be longer than the control is high.
+    constexpr unsigned long Open =
+        FLAG_NO_BODY | FLAG_STATIC | FLAG_OUTLINE | FLAG_VERTICAL | FLAG_INNER_FRAME;
+    const int least = 2 * Body_Inset(control);
+    if (Has_Flag(control, Open) || control.Width < least || control.Height < least) return Reach().covered;
+    return Area_Of(control).Inset(Has_Flag(control, FLAG_NO_RIM) ? Line_Width(control) : 0);
+}
+
+/// The reach of a paint of a whole control that is frame and body.
+inline Reach Reach_Of(const Tools_Fields& control) {
+    const Area covered = Covered_By(control);
+    return Area_Of(control).Holds(covered) ? Covering(covered) : Around(control);
+}
 
 /// Gives a part the scale and the theme of its owner.
 inline void Copy_Look(Tools_Fields& part, const Tools_Fields& owner) {
@@ -129,46 +143,5 @@ inline void Copy_Surroundings(Tools_Fields& part, const Tools_Fields& owner) {
 
 /// Notes size, theme and scale as those of the last generation of buffers.
 void Note_Size(Tools_Fields& control);
-
-/// Empties `body` when it is an image that the application has withdrawn since an `Init` took it: it may be
-/// freed by now.
-void Forget_If_Withdrawn(const Tools_Fields& control, unsigned long*& body);
-
-/// Forgets the images of the last `Init` that the application has withdrawn. At the head of every `Init` that
-/// takes images, for some ways through it take none.
-template <class Control>
-void Forget_Withdrawn_Images(Control& control) {
-    Forget_If_Withdrawn(control, control.Cur_Graph_Normal);
-    Forget_If_Withdrawn(control, control.Cur_Graph_Select);
-    if constexpr (requires { control.Normal_Up; }) {
-        Forget_If_Withdrawn(control, control.Normal_Up);
-        Forget_If_Withdrawn(control, control.Normal_Down);
-        Forget_If_Withdrawn(control, control.Select_Up);
-        Forget_If_Withdrawn(control, control.Select_Down);
-    }
-}
-
-/// Notes the application's images as those that this `Init` found, and at which size and scale those that are
-/// painted were given.
-void Note_Images(Tools_Fields& control);
-
-/// What `Take_Images` found.
-struct Images {
-    bool normal_taken;   ///< `Cur_Graph_Normal` became `Graph_Normal`
-    bool select_taken;   ///< `Cur_Graph_Select` became `Graph_Select`
-    bool normal_needed;  ///< shading is to be generated from `Color`
-    bool select_needed;  ///< shading is to be generated from the highlight colour
-};
-
-/// Takes the application's images where they changed, or the size did, and tells what is to be generated.
-/// An image that the application withdrew is not used any more. Notes size and images.
-Images Take_Images(Tools_Fields& control);
-
-/// Chooses the bodies that go with the control's value, up or down.
-template <class Control>
-void Choose_Bodies(Control& control) {
-    control.Cur_Graph_Normal = control.Value ? control.Normal_Down : control.Normal_Up;
-    control.Cur_Graph_Select = control.Value ? control.Select_Down : control.Select_Up;
-}
 
 }  // namespace galdren

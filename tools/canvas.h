@@ -132,6 +132,7 @@ class Canvas {
     template <class Paint>
     void Write_By_GDI(HFONT font, const RECT& reach, unsigned long color, Paint paint);
     void Write_Glyphs(HFONT font, const Glyph_Run& run, int x, int y, const RECT& reach, unsigned long color);
+    void Write_Spots(const Glyph_Run& run, int x, int y, const RECT& clip, unsigned long color);
     void Write_Any(HFONT font, const char* text, const Area& area, Place across, Place down,
                    unsigned long color);
 

@@ -64,6 +64,23 @@ bool Is_Picture(unsigned code) {
     return (code >= 0x2190 && code < 0x2C00) || (code >= 0x1F000 && code < 0x20000);
 }
 
+/// Where a sign stands in the block of a script of India in which a virama makes one letter of two; 0 in any
+/// other. Their blocks are built alike.
+unsigned Place_In_Indic(unsigned code) {
+    constexpr unsigned Size = 0x80;
+    constexpr unsigned Blocks[] = {0x900, 0x980, 0xA80, 0xB00, 0xC00, 0xD00};
+    const bool known =
+        std::find(std::begin(Blocks), std::end(Blocks), code - code % Size) != std::end(Blocks);
+    return known ? code % Size : 0;
+}
+
+bool Is_Virama(unsigned code) { return Place_In_Indic(code) == 0x4D; }
+
+bool Is_Consonant(unsigned code) {
+    const unsigned place = Place_In_Indic(code);
+    return (place >= 0x15 && place <= 0x39) || (place >= 0x58 && place <= 0x5F);
+}
+
 /// Two of these letters are a flag.
 bool Is_Flag_Letter(unsigned code) { return code >= 0x1F1E6 && code <= 0x1F1FF; }
 
@@ -114,8 +131,11 @@ int Next_Character(std::string_view text, int at) {
     unsigned before = reader.code;
     reader.Advance();
     if (Is_Flag_Letter(before) && Is_Flag_Letter(reader.code)) reader.Advance();
-    while (Is_Mark(reader.code) || (before == Joiner && Is_Picture(reader.code))) {
+    bool links = false;
+    while (Is_Mark(reader.code) || (before == Joiner && Is_Picture(reader.code)) ||
+           (links && Is_Consonant(reader.code))) {
         before = reader.code;
+        links = Is_Virama(before) || (links && before == Joiner);
         reader.Advance();
     }
     return reader.at;

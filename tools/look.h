@@ -60,6 +60,11 @@ inline const Theme& Theme_Of(const Tools_Fields& control) {
     return control.Look ? *control.Look : Plain_Theme;
 }
 
+/// Whether theme or scale are others than those of the last generation of images.
+inline bool Is_Redressed(const Tools_Fields& control) {
+    return control.Look != control.Last_Look || control.Scale != control.Last_Scale;
+}
+
 /// Colour of bodies under the pointer, before they are made readable.
 inline Colors Highlight_Color(const Tools_Fields& control) {
     return Colors(static_cast<unsigned int>(Theme_Of(control).Highlight));
@@ -68,7 +73,7 @@ inline Colors Highlight_Color(const Tools_Fields& control) {
 /// The colour of a body in a theme, for a control of `color`: readable behind both captions of the theme.
 Colors Body_Color(const Theme& theme, const Colors& color);
 
-/// Ink of `color` on the window: readable there.
-unsigned long Ink_On_Window(const Theme& theme, unsigned long color);
+/// Ink of `color` on a ground, as readable there as the theme asks for.
+unsigned long Ink_On(const Theme& theme, unsigned long ground, unsigned long color);
 
 }  // namespace galdren

@@ -7,9 +7,16 @@ namespace galdren {
 
 void Fill_Pixels(const Raster& raster, const RECT& box, Pixel pixel) {
     const auto columns = static_cast<std::size_t>(box.right - box.left);
+    const auto value = static_cast<unsigned long>(pixel);
     unsigned long* row = raster.At(box.left, box.top);
+    if (columns == 1) {
+        // The upright edges of frames: a loop made for vectors takes three times as long.
+        for (LONG y = box.top; y < box.bottom; ++y, row += raster.pitch)
+            *row = value;
+        return;
+    }
     for (LONG y = box.top; y < box.bottom; ++y, row += raster.pitch)
-        std::fill_n(row, columns, static_cast<unsigned long>(pixel));
+        std::fill_n(row, columns, value);
 }
 
 void Copy_Pixels(const unsigned long* from, int from_pitch, unsigned long* to, int to_pitch, int columns,

@@ -36,6 +36,21 @@ Pixel_Run Edge::Next_Flat() {
     return run;
 }
 
+void Edge::Widen(std::span<Pixel_Run> runs) {
+    const auto widen = [](Pixel_Run& run, const Pixel_Run& by) {
+        run = {std::min(run.left, by.left), std::max(run.right, by.right)};
+    };
+    if (columns > rows) {
+        for (Pixel_Run& run : runs)
+            widen(run, Next_Flat());
+    } else {
+        Edge here = *this;  // stays in registers
+        for (Pixel_Run& run : runs)
+            widen(run, here.Next_Steep());
+        *this = here;
+    }
+}
+
 bool Has_Single_Runs(std::span<const POINT> corners) {
     int turns = 0;
     int last = 0;
@@ -66,17 +81,15 @@ Polygon_Rows::Polygon_Rows(std::span<const POINT> corners)
 }
 
 void Polygon_Rows::Walk() {
-    std::fill_n(runs, Rows_At_Once,
-                Pixel_Run{std::numeric_limits<int>::max(), std::numeric_limits<int>::min()});
-    const int last = y + Rows_At_Once - 1;
+    const int end = std::min(y + Rows_At_Once, bottom + 1);
+    std::fill(runs, runs + (end - y),
+              Pixel_Run{std::numeric_limits<int>::max(), std::numeric_limits<int>::min()});
     for (Edge* edge = edges; edge != edges + count; ++edge) {
-        for (int row = std::max(y, edge->Top()); row <= std::min(last, edge->Bottom()); ++row) {
-            const Pixel_Run run = edge->Next();
-            Pixel_Run& all = runs[row - y];
-            all = {std::min(all.left, run.left), std::max(all.right, run.right)};
-        }
+        const int from = std::max(y, edge->Top());
+        const int to = std::min(end, edge->Bottom() + 1);
+        if (from < to) edge->Widen({runs + (from - y), runs + (to - y)});
     }
-    y = last + 1;
+    y = end;
     next = 0;
 }
 

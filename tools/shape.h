@@ -28,6 +28,9 @@ class Edge {
     /// The pixels of the next row, from `Top` to `Bottom`.
     Pixel_Run Next() { return columns > rows ? Next_Flat() : Next_Steep(); }
 
+    /// Widens runs by the pixels of as many rows.
+    void Widen(std::span<Pixel_Run> runs);
+
   private:
     Pixel_Run Next_Flat();
     Pixel_Run Next_Steep() {

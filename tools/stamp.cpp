@@ -7,6 +7,7 @@
 #include <memory>
 #include <new>
 
+#include "tools/area_mean.h"
 #include "tools/base.h"
 #include "util/error.h"
 #include "util/image.h"
@@ -59,50 +60,6 @@ Size Size_In(const Tools_Fields& control, const Size& room) {
     return {std::max(icon.width * room.height / icon.height, 1), room.height};
 }
 
-/// What the pixel at `place` of `count` is made of along one direction of a picture of `length`. Lengths are
-/// counted so that none is broken: a pixel of the picture has `count` of them, the new one `length`.
-struct Stretch {
-    Stretch(int place, int count, int length)
-        : begin(place * length),
-          end(begin + length),
-          unit(count),
-          first(begin / unit),
-          last((end - 1) / unit) {}
-
-    /// How much of one of its pixels is in it.
-    int Share_Of(int pixel) const {
-        return std::min((pixel + 1) * unit, end) - std::max(pixel * unit, begin);
-    }
-
-    int begin, end, unit;
-    int first;  ///< pixel of the picture
-    int last;
-};
-
-/// The mean of a rectangle of a picture, by area and opacity.
-unsigned long Mean(const Tools_Fields& control, const Stretch& across, const Stretch& down) {
-    unsigned long long channels[3] = {};
-    unsigned long long weights = 0;
-    unsigned long long areas = 0;
-    for (int y = down.first; y <= down.last; ++y) {
-        const unsigned long* const row = control.Icon_Pixels + std::ptrdiff_t{y} * control.Icon_Width;
-        for (int x = across.first; x <= across.last; ++x) {
-            const auto area = static_cast<unsigned long long>(down.Share_Of(y)) *
-                              static_cast<unsigned long long>(across.Share_Of(x));
-            const unsigned long long weight = area * (row[x] >> 24);
-            for (int i = 0; i < 3; ++i)
-                channels[i] += weight * (row[x] >> 8 * i & 0xFF);
-            weights += weight;
-            areas += area;
-        }
-    }
-    if (weights == 0) return 0;
-    unsigned long pixel = static_cast<unsigned long>((weights + areas / 2) / areas) << 24;
-    for (int i = 0; i < 3; ++i)
-        pixel |= static_cast<unsigned long>((channels[i] + weights / 2) / weights) << 8 * i;
-    return pixel;
-}
-
 /// @param over  its highest byte is its opacity
 unsigned long Blended(unsigned long over, unsigned long under) {
     const unsigned long weight = over >> 24;
@@ -134,8 +91,10 @@ void Stamp(const Tools_Fields& control, unsigned long* body) {
     for (int y = 0; y < size.height; ++y) {
         const Stretch down(y, size.height, control.Icon_Height);
         unsigned long* const row = body + std::ptrdiff_t{top + y} * control.Width + left;
-        for (int x = 0; x < size.width; ++x)
-            row[x] = Blended(Mean(control, Stretch(x, size.width, control.Icon_Width), down), row[x]);
+        for (int x = 0; x < size.width; ++x) {
+            const Stretch across(x, size.width, control.Icon_Width);
+            row[x] = Blended(Area_Mean(control.Icon_Pixels, control.Icon_Width, across, down), row[x]);
+        }
     }
 }
 

@@ -1,80 +1,20 @@
 #include "tools/theme.h"
 
 #include <algorithm>
-#include <array>
-#include <cmath>
 #include <cstring>
 #include <forward_list>
 #include <iterator>
 #include <new>
 #include <type_traits>
 
-#include "tools/arithmetic.h"
+#include "tools/contrast.h"
 #include "tools/lock.h"
-#include "tools/look.h"
 #include "util/error.h"
 #include "util/program.h"
 
 namespace galdren {
 
-const Theme Plain_Theme;
-
 namespace {
-
-constexpr unsigned long Black = 0x000000;
-constexpr unsigned long White = 0xFFFFFF;
-
-/// Light that each level of a channel gives, 1 for the brightest.
-struct Light_Of_Levels {
-    std::array<float, 256> light;
-    Light_Of_Levels() {
-        for (std::size_t level = 0; level < light.size(); ++level) {
-            const float share = static_cast<float>(level) / 255;
-            light[level] = share <= 0.03928F ? share / 12.92F : std::pow((share + 0.055F) / 1.055F, 2.4F);
-        }
-    }
-};
-
-/// Relative luminance of a colour, with `offset` added to each channel.
-float Luminance(const Colors& color, int offset = 0) {
-    static const Light_Of_Levels levels;
-    const auto light = [offset](int channel) {
-        return levels.light[static_cast<std::size_t>(std::clamp(channel + offset, 0, 255))];
-    };
-    return 0.2126F * light(color.Red) + 0.7152F * light(color.Green) + 0.0722F * light(color.Blue);
-}
-
-float Contrast(float one, float other) {
-    return (std::max(one, other) + 0.05F) / (std::min(one, other) + 0.05F);
-}
-
-Colors Color_Of(unsigned long gdi_color) { return Colors(static_cast<unsigned int>(gdi_color)); }
-
-Colors Mixed(const Colors& from, const Colors& to, int part, int whole) {
-    const auto channel = [&](int one, int other) { return one + (other - one) * part / whole; };
-    Colors mixed(channel(from.Red, to.Red), channel(from.Green, to.Green), channel(from.Blue, to.Blue));
-    mixed.Alpha = from.Alpha;
-    return mixed;
-}
-
-/// The colour nearest to `color`, on its way to black or to white, that satisfies `is_readable`.
-template <class Is_Readable>
-Colors Moved(const Colors& color, unsigned long goal, Is_Readable is_readable) {
-    constexpr int Steps = 64;
-    const Colors end = Color_Of(goal);
-    int least = 0;
-    for (int most = Steps; least < most;) {
-        const int middle = (least + most) / 2;
-        if (is_readable(Mixed(color, end, middle, Steps))) {
-            most = middle;
-        } else {
-            least = middle + 1;
-        }
-    }
-    return Mixed(color, end, least, Steps);
-}
-
-bool Is_Bright(unsigned long color) { return Contrast_Of(color, Black) > Contrast_Of(color, White); }
 
 /// Themes that were kept. They are never freed, for a control may outlive all else.
 using Kept_Themes = std::forward_list<Theme>;
@@ -88,29 +28,6 @@ bool Are_Equal(const Theme& one, const Theme& other) {
 constexpr short Readable = 450;
 
 }  // namespace
-
-Colors Body_Color(const Theme& theme, const Colors& color) {
-    const bool own = theme.Body == Theme::Own_Color;
-    const Colors wanted = own ? color : Color_Of(theme.Body);
-    if (theme.Least_Contrast <= 0) return wanted;
-    const float least = static_cast<float>(theme.Least_Contrast) / 100;
-    const float captions[] = {Luminance(Color_Of(theme.Caption)), Luminance(Color_Of(theme.Caption_Down))};
-    const bool is_bright = Is_Bright(theme.Caption);
-    const int farthest = Magnitude(theme.Ramp);
-    const int ramp = is_bright ? farthest : -farthest;
-    return Moved(wanted, is_bright ? Black : White, [&](const Colors& body) {
-        const float ground = Luminance(body, ramp);
-        return Contrast(captions[0], ground) >= least && Contrast(captions[1], ground) >= least;
-    });
-}
-
-unsigned long Ink_On_Window(const Theme& theme, unsigned long color) {
-    if (theme.Least_Contrast <= 0) return color;
-    const Colors ink = Moved(
-        Color_Of(color), Is_Bright(theme.Window) ? Black : White,
-        [&](const Colors& moved) { return Contrast_Of(moved.get(), theme.Window) >= theme.Least_Contrast; });
-    return ink.get();
-}
 
 }  // namespace galdren
 
@@ -165,9 +82,9 @@ Theme System_Theme() {
     system.Thumb_Light = GetSysColor(COLOR_3DHILIGHT);
     system.Mark = GetSysColor(COLOR_HIGHLIGHT);
     system.Least_Contrast = Readable;
-    const unsigned long link = Ink_On_Window(system, GetSysColor(COLOR_HOTLIGHT));
+    const unsigned long link = Readable_Ink(GetSysColor(COLOR_HOTLIGHT), face, Readable);
     system.Caption_Outline = system.Caption_Changed = link;
-    system.Caption_Barred = system.Caption_Hint = Ink_On_Window(system, GetSysColor(COLOR_GRAYTEXT));
+    system.Caption_Barred = system.Caption_Hint = Readable_Ink(GetSysColor(COLOR_GRAYTEXT), face, Readable);
     return system;
 }
 
@@ -182,6 +99,4 @@ const Theme* Keep_Theme(const Theme& theme) try {
     return nullptr;
 }
 
-int Contrast_Of(unsigned long color, unsigned long other) {
-    return static_cast<int>(Contrast(Luminance(Color_Of(color)), Luminance(Color_Of(other))) * 100);
-}
+int Contrast_Of(unsigned long color, unsigned long other) { return Contrast_In_Hundredths(color, other); }

@@ -2,8 +2,8 @@
 
 #include "tools/base.h"
 #include "tools/dimensions.h"
+#include "tools/images.h"
 #include "tools/sharing.h"
-#include "widgets/items.h"
 
 using namespace galdren;
 

@@ -6,8 +6,9 @@
 #include "tools/base.h"
 #include "tools/dimensions.h"
 #include "tools/font_cache.h"
+#include "tools/images.h"
 #include "tools/sharing.h"
-#include "widgets/items.h"
+#include "widgets/item_buttons.h"
 
 using namespace galdren;
 
@@ -140,6 +141,11 @@ bool Body_Hides_Rest(const Buttons& button) {
            Caption_Stays_Inside(button, Caption_Flags(button), Area_Of(button).Inset(Body_Inset(button)));
 }
 
+/// A lamp may be higher than the button.
+Reach Whole_Reach(const Buttons& button) {
+    return Has_Flag(button, BUTTON_LAMP) ? Around(button) : Reach_Of(button);
+}
+
 /// The whole button, highlighted when the pointer is inside. A passive one shows no lamp.
 void Paint_Whole(Canvas& canvas, Buttons& button) {
     Paint_Frame(canvas, button.Color, button.Flag, button.Value != 0, Frame_Thickness(button),
@@ -208,7 +214,7 @@ void Buttons::Draw() {
     Check(*this, "Button::Draw");
     if (!Has_Size(*this)) return;
     Last_Value = Value;
-    Canvas canvas(*this, Reach_Of(*this));
+    Canvas canvas(*this, Whole_Reach(*this));
     if (Has_Flag(*this, FLAG_OUTLINE)) {
         Paint_Outline(canvas, Area_Of(*this));
         Paint_Name(canvas, *this, Flag);
@@ -239,7 +245,7 @@ void Buttons::Adjust() {
     if (!Has_Size(*this) || Has_Flag(*this, FLAG_NO_BODY)) return;
     if (!Has_Flag(*this, BUTTON_LAMP) && Value == Last_Value) return;
     Last_Value = Value;
-    Canvas canvas(*this, Reach_Of(*this));
+    Canvas canvas(*this, Whole_Reach(*this));
     Paint_Whole(canvas, *this);
 }
 

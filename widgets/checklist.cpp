@@ -11,6 +11,7 @@
 #include "tools/window.h"
 #include "util/error.h"
 #include "util/program.h"
+#include "widgets/item_buttons.h"
 #include "widgets/items.h"
 
 using namespace galdren;

@@ -36,8 +36,9 @@ int Character_Begin(std::string_view text, int at) {
     return std::min(place, at);
 }
 
-/// What words are made of: all characters of a word are of one kind.
-enum class Kind { Blank, Letter, Sign };
+/// What words are made of: all characters of a word are of one kind. Japanese has no blanks, and its words
+/// mostly end where its scripts meet.
+enum class Kind { Blank, Letter, Ideograph, Hiragana, Katakana, Sign };
 
 Kind Kind_At(std::string_view text, int at) {
     const std::string_view rest = Rest(text, at);
@@ -48,7 +49,12 @@ Kind Kind_At(std::string_view text, int at) {
     const auto unit = static_cast<wchar_t>(code);
     GetStringTypeW(CT_CTYPE1, &unit, 1, &kinds);
     if (kinds & (C1_SPACE | C1_BLANK)) return Kind::Blank;
-    return kinds & (C1_ALPHA | C1_DIGIT) ? Kind::Letter : Kind::Sign;
+    if (!(kinds & (C1_ALPHA | C1_DIGIT))) return Kind::Sign;
+    WORD scripts = 0;
+    GetStringTypeW(CT_CTYPE3, &unit, 1, &scripts);
+    if (scripts & C3_IDEOGRAPH) return Kind::Ideograph;
+    if (scripts & C3_KATAKANA) return Kind::Katakana;
+    return scripts & C3_HIRAGANA ? Kind::Hiragana : Kind::Letter;
 }
 
 /// The end of the characters of one kind from a place on.

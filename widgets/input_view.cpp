@@ -45,7 +45,9 @@ Input_View::Input_View(const Texts& shown, const Input_Line& input, Edit_State& 
     // Where the keyboard is not, nothing shows as selected.
     const Text_Span span = field.Caret == CARET_AWAY ? Text_Span{0, 0} : input.Selection();
     selected = {Shown_At(span.from), Shown_At(span.to)};
-    kept.first = Low_16(first = First_To_Show(kept.first));
+    const bool runs_back = Runs_Back(Text());
+    kept.first = Low_16(first = runs_back ? 0 : First_To_Show(kept.first));
+    kept.shift = Low_16(shift = runs_back ? Shift_To_Show(kept.shift) : 0);
 }
 
 int Input_View::Shown_At(int index) const {
@@ -84,19 +86,33 @@ int Input_View::First_To_Show(int before) const {
     return std::max(start, least);
 }
 
+/// How far a text is moved to the left that does not begin at its left edge. As with other texts, without
+/// editing the caret alone says so.
+/// @param before  what it was
+int Input_View::Shift_To_Show(int before) const {
+    const int room = std::max(box.right - box.left - 2 * (border + Text_Gap(field)), 0);
+    const int x = X_Of(caret);
+    const int most = std::max(Width_Of(field.Bold_Font, Text()) - room, 0);
+    const int kept = Has_Flag(field, TEXT_EDITING) ? std::min(before, most) : 0;
+    return std::clamp(kept, x - room, x);
+}
+
+/// Where the text in view begins, or would without its shift.
+int Input_View::Text_Left() const { return box.left + border + Text_Gap(field); }
+
 int Input_View::X_Of(int shown) const {
     return Place_Of(field.Bold_Font, In_View(), std::max(shown - first, 0));
 }
 
 Area Input_View::Caret() const {
     const int gap = Scaled(field, 2);
-    const int x = box.left + border + Text_Gap(field) - Line_Width(field) + X_Of(caret);
+    const int x = Text_Left() - shift - Line_Width(field) + X_Of(caret);
     return {x, x + gap - 1, box.bottom + border + gap, box.top - border - gap};
 }
 
 int Input_View::Nearest(int x) const {
-    const int inside = x - (box.left + border + Text_Gap(field));
-    int shown = first + Nearest_To(field.Bold_Font, In_View(), inside);
+    const int inside = x - Text_Left();
+    int shown = first + Nearest_To(field.Bold_Font, In_View(), inside + shift);
     // A drag beyond the left edge scrolls.
     if (inside < 0 && first > 0) shown = Is_Password(field) ? first - 1 : Previous_Character(Text(), first);
     if (!Is_Password(field)) return shown;
@@ -114,7 +130,7 @@ void Input_View::Paint(Canvas& canvas) const {
             canvas.Column(x, columns.bottom, columns.top, canvas.Look().Mark);
     }
     const int height = Metrics_Of(field.Bold_Font).tmHeight;
-    const POINT place{box.left + border + Text_Gap(field), box.bottom + (box.top - box.bottom - height) / 2};
+    const POINT place{Text_Left() - shift, box.bottom + (box.top - box.bottom - height) / 2};
     if (length == 0 && field.Placeholder) {
         Write_Span(canvas, field.Bold_Font, field.Placeholder, place, canvas.Look().Caption_Hint, {0, 0},
                    box);

@@ -28,6 +28,8 @@ class Input_View {
     int Shown_At(int index) const;
     int First_Visible(int end) const;
     int First_To_Show(int before) const;
+    int Shift_To_Show(int before) const;
+    int Text_Left() const;
     int X_Of(int shown) const;
 
     const Texts& field;
@@ -38,7 +40,8 @@ class Input_View {
     int length;
     int caret;  // indices in `text`, as the next
     Text_Span selected;
-    int first;
+    int first;  // in view
+    int shift;  // columns of the text that are before the view
 };
 
 }  // namespace galdren

@@ -5,9 +5,9 @@
 #include <algorithm>
 #include <climits>
 #include <new>
-#include <span>
 
 #include "tools/base.h"
+#include "tools/images.h"
 #include "tools/sharing.h"
 #include "util/error.h"
 #include "util/program.h"
@@ -39,38 +39,6 @@ void Release_Items(Item**& items) {
         delete[] items;
     }
     items = nullptr;
-}
-
-/// Initialises buttons, of which there may be thousands and which their owner has made equal in size, border
-/// and font. They get no regions: nobody reads those of items, and Windows gives a process no more than
-/// 10,000 handles.
-void Init_Without_Regions(std::span<Buttons* const> buttons, HWND window);
-inline void Init_Without_Region(Buttons& button, HWND window) {
-    Buttons* const buttons[] = {&button};
-    Init_Without_Regions(buttons, window);
-}
-
-/// Has a button follow value and pointer as a paint does, for one that need not be painted.
-/// @param inside  whether the pointer is inside it
-/// @return whether it is highlighted
-bool Settle(Buttons& button, bool inside);
-
-/// Where frame and body of a control leave nothing to be seen of what was there; empty where they have no
-/// room, or do not fill it.
-inline Area Covered_By(const Tools_Fields& control) {
-    // Stacked text may be longer than the control is high.
-    constexpr unsigned long Open =
-        FLAG_NO_BODY | FLAG_STATIC | FLAG_OUTLINE | FLAG_VERTICAL | FLAG_INNER_FRAME;
-    const int least = 2 * Body_Inset(control);
-    if (Has_Flag(control, Open) || control.Width < least || control.Height < least) return Reach().covered;
-    return Area_Of(control).Inset(Has_Flag(control, FLAG_NO_RIM) ? Line_Width(control) : 0);
-}
-
-/// The reach of a paint of a whole control that is frame and body, and perhaps a lamp, which may be higher.
-inline Reach Reach_Of(const Tools_Fields& control) {
-    const Area covered = Covered_By(control);
-    const bool complete = Area_Of(control).Holds(covered) && !Has_Flag(control, BUTTON_LAMP);
-    return complete ? Covering(covered) : Around(control);
 }
 
 /// Gives a part the name of its owner. It holds the name like a copy does, for the owner may get another one.

@@ -24,7 +24,7 @@ void Labels::Draw() {
     Check(*this, "Labels::Draw");
     if (!Has_Size(*this) || !Name) return;
     Canvas canvas(*this, Around(*this));
-    const unsigned long ink = Ink_On_Window(canvas.Look(), Color.get());
+    const unsigned long ink = Ink_On(canvas.Look(), canvas.Look().Window, Color.get());
     if (Has_Flag(*this, FLAG_VERTICAL)) {
         Paint_Stacked(canvas, Font, Name, Flag, Area_Of(*this), 0, 0, 0, ink);
     } else {

@@ -11,6 +11,7 @@
 #include "tools/font_cache.h"
 #include "tools/sharing.h"
 #include "tools/window.h"
+#include "widgets/item_buttons.h"
 #include "widgets/items.h"
 #include "widgets/scroll.h"
 
@@ -207,7 +208,7 @@ void Paint_Ground(Canvas& canvas, const Lists& list, const Area& area) {
     const Boxs& frame = list.Frame;
     const Area ground{area.left, area.right - 1, area.bottom + 1, area.top};
     const Given_Image* const zoomed = Zoomed_Image(frame, frame.Cur_Graph_Normal);
-    if (frame.Cur_Graph_Normal && !zoomed) {
+    if (frame.Cur_Graph_Normal && !zoomed && Fits_Size(frame, frame.Cur_Graph_Normal)) {
         canvas.Pixels(frame.Cur_Graph_Normal, frame.Width, frame.Height, area.left - frame.X,
                       area.bottom - frame.Y, ground);
         return;

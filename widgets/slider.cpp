@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "tools/dimensions.h"
+#include "tools/images.h"
 #include "widgets/range.h"
 
 using namespace galdren;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "tools/base.h"
+#include "tools/images.h"
 #include "tools/sharing.h"
 
 using namespace galdren;

@@ -57,6 +57,8 @@ struct Text_Fields {
     static constexpr int Most_History = 50;    ///< entered lines that are kept
     static constexpr int Line_Room = 256;      ///< bytes of a line with its end
     static constexpr int Longest_Input = 254;  ///< bytes that can be typed
+    static constexpr int Scroll_Pause = 50;  ///< milliseconds between two steps of a text that scrolls below
+                                             ///< a pointer held still; see `Texts::Is_Selecting`
 
     short Bar_Dim{};         ///< thickness of the scroll bars in pixels; 0 means `CURSEUR`
     unsigned char Mode{};    ///< see `Text_Mode`; 0 while idle
@@ -124,6 +126,7 @@ struct Edit_State {
     enum Dragged : unsigned char { Nothing, Input_Text, Output_Text };
 
     short first{};               ///< index of the first character that is in view
+    short shift{};               ///< pixels before the view, of text that runs both ways
     char begun[5]{};             ///< bytes of a character that are there, while others are still to come
     Dragged dragged{Nothing};    ///< until the button goes up
     int presses{};               ///< that followed each other quickly
@@ -187,9 +190,17 @@ class Texts : public Tools, public Text_Fields {
 
     /// Whether a key of `TEXT_EDITING` would do something now, such as Ctrl+C with something selected.
     GALDREN_TOOLS_API bool Can_Take(int key);
+    /// Shows the menu of `TEXT_EDITING`, in the words of `Set_Text_Menu`, and waits until it is gone.
+    /// Meanwhile anything may happen to the field, which is not touched afterwards.
+    /// @param screen  where, in pixels of the screen
+    /// @return the key that does what was chosen, for `Input`; 0 for nothing
+    GALDREN_TOOLS_API int Ask_Menu(POINT screen);
     /// Whether a place in the window is over text that `TEXT_EDITING` lets the pointer select.
     /// @param place  in logical pixels
     GALDREN_TOOLS_API bool Is_Text_At(POINT place) const;
+    /// Whether the pointer selects text, from a press of `TEXT_EDITING` on until the button goes up. While it
+    /// is held still beyond the edge, `Select` with the same event again goes on scrolling.
+    GALDREN_TOOLS_API bool Is_Selecting() const;
     /// Finds the caret of the input line.
     /// @param area  receives its place, in logical pixels like `Rect`
     /// @return false while nothing is read

@@ -39,8 +39,9 @@ bool Has_Even_Lines(const Texts& field) {
            Metrics_Of(field.Oblique_Font).tmHeight <= field.Line_Height;
 }
 
-unsigned long Ink(const Theme& theme, const Text_Run& run) {
-    return run.color ? theme.Codes[run.color - TEXT_BLUE] : theme.Caption;
+unsigned long Ink(const Theme& theme, const Texts& field, const Text_Run& run) {
+    if (!run.color) return theme.Caption;
+    return Ink_On(theme, Body_Color(theme, field.Color).get(), theme.Codes[run.color - TEXT_BLUE]);
 }
 
 /// Writes an output line.
@@ -54,8 +55,9 @@ int Write_Line(Canvas& canvas, const Texts& field, int line, POINT place, Text_S
     Text_Run run{};
     for (Run_Reader reader(text, Codes_In(field, field.Flag, line)); reader.Next(run);) {
         const auto begin = static_cast<int>(run.text.data() - text);
-        width += Write_Span(canvas, fonts[run.font], run.text, {place.x + width, place.y},
-                            Ink(canvas.Look(), run), {selected.from - begin, selected.to - begin}, rows);
+        width +=
+            Write_Span(canvas, fonts[run.font], run.text, {place.x + width, place.y},
+                       Ink(canvas.Look(), field, run), {selected.from - begin, selected.to - begin}, rows);
     }
     return width;
 }

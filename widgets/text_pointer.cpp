@@ -57,6 +57,8 @@ bool Texts::Is_Text_At(POINT place) const {
     return !Has_Flag(*this, TEXT_SINGLE_LINE) && Lines && Lines[0] && Is_In(Output_Area(*this), place);
 }
 
+bool Texts::Is_Selecting() const { return Edits.dragged != Edit_State::Nothing; }
+
 bool Texts::Press_Text(POINT place) {
     Edits.dragged = Edit_State::Nothing;
     if (!Is_Text_At(place)) return false;

@@ -51,6 +51,14 @@ class Edges {
 
 int Place_Of(HFONT font, std::string_view text, int at) { return Edges(font, text).Begin(at); }
 
+bool Runs_Back(std::string_view text) {
+    const Wide_Line wide(text);
+    WORD kinds[Text_Fields::Line_Room];
+    const int length = std::min(wide.Length(), Text_Fields::Line_Room);
+    return GetStringTypeW(CT_CTYPE2, wide.Units(), length, kinds) &&
+           std::find(kinds, kinds + length, C2_RIGHTTOLEFT) != kinds + length;
+}
+
 /// Of the character at `x` the nearer edge counts; of a place beyond all, the end that is nearest.
 int Nearest_To(HFONT font, std::string_view text, int x) {
     const Edges edges(font, text);
@@ -88,8 +96,13 @@ int Write_Span(Canvas& canvas, HFONT font, std::string_view text, POINT place, u
         invert(edges.Begin(shown.from), edges.Begin(shown.to));
         return width;
     }
-    for (int at = shown.from; at < shown.to; at = edges.Next(at))
-        invert(edges.Begin(at), edges.End(at));
+    for (int at = shown.from; at < shown.to;) {
+        const int begin = edges.Begin(at);
+        int end = edges.End(at);
+        while ((at = edges.Next(at)) < shown.to && edges.Begin(at) == end)
+            end = edges.End(at);
+        invert(begin, end);
+    }
     return width;
 }
 

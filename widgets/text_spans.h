@@ -12,6 +12,9 @@ namespace galdren {
 /// Where the character at a byte index stands, from the left of the piece on.
 int Place_Of(HFONT font, std::string_view text, int at);
 
+/// Whether letters of a piece of text may run from right to left, so that it does not begin at its left edge.
+bool Runs_Back(std::string_view text);
+
 /// The byte index of the character that begins nearest to a place.
 int Nearest_To(HFONT font, std::string_view text, int x);
 

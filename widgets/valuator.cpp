@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "tools/dimensions.h"
+#include "tools/images.h"
 #include "tools/lock.h"
 #include "util/error.h"
 #include "util/program.h"

@@ -118,37 +118,9 @@ struct Picker {
     }
 };
 
-LRESULT CALLBACK Window_Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
-    auto* picker = reinterpret_cast<Picker*>(GetWindowLongPtrA(window, GWLP_USERDATA));
-    if (!picker) return DefWindowProcA(window, message, wparam, lparam);
-    LRESULT result = 0;
-    if (picker->host.Message(message, wparam, lparam, result)) return result;
-    switch (message) {
-        case WM_DESTROY:
-            PostQuitMessage(0);
-            return 0;
-        default:
-            return DefWindowProcA(window, message, wparam, lparam);
-    }
-}
-
-int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int show) {
+int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int show) {
     Set_Text_Code_Page(CP_UTF8);
-    WNDCLASSA window_class{};
-    window_class.lpfnWndProc = Window_Procedure;
-    window_class.hInstance = instance;
-    window_class.hCursor = LoadCursorA(nullptr, IDC_ARROW);
-    window_class.lpszClassName = "Color_Picker";
-    RegisterClassA(&window_class);
-    HWND window = CreateWindowA("Color_Picker", "Colour picker", WS_OVERLAPPEDWINDOW, CW_USEDEFAULT,
-                                CW_USEDEFAULT, 460, 400, nullptr, nullptr, instance, nullptr);
-    Picker picker(window);
-    SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&picker));
-    ShowWindow(window, show);
-
-    for (MSG message; GetMessageA(&message, nullptr, 0, 0) > 0;) {
-        TranslateMessage(&message);
-        DispatchMessageA(&message);
-    }
-    return 0;
+    Main_Window window("Colour picker", 452, 373);
+    Picker picker(window.Handle());
+    return window.Run(picker.host, show);
 }

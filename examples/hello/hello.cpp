@@ -30,32 +30,8 @@ struct Light_Switch {
     }
 };
 
-LRESULT CALLBACK Window_Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
-    auto* light = reinterpret_cast<Light_Switch*>(GetWindowLongPtrA(window, GWLP_USERDATA));
-    LRESULT result = 0;
-    if (light && light->host.Message(message, wparam, lparam, result)) return result;
-    if (message == WM_DESTROY) PostQuitMessage(0);
-    return DefWindowProcA(window, message, wparam, lparam);
-}
-
-int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int show) {
-    Set_Text_Code_Page(CP_UTF8);
-    WNDCLASSA window_class{};
-    window_class.style = CS_HREDRAW | CS_VREDRAW;
-    window_class.lpfnWndProc = Window_Procedure;
-    window_class.hInstance = instance;
-    window_class.hCursor = LoadCursorA(nullptr, IDC_ARROW);
-    window_class.lpszClassName = "Hello";
-    RegisterClassA(&window_class);
-    HWND window = CreateWindowA("Hello", "Hello", WS_OVERLAPPEDWINDOW, CW_USEDEFAULT, CW_USEDEFAULT, 300, 200,
-                                nullptr, nullptr, instance, nullptr);
-    Light_Switch light(window);
-    SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&light));
-    ShowWindow(window, show);
-
-    for (MSG message; GetMessageA(&message, nullptr, 0, 0) > 0;) {
-        TranslateMessage(&message);
-        DispatchMessageA(&message);
-    }
-    return 0;
+int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int show) {
+    Main_Window window("Hello", 292, 173);
+    Light_Switch light(window.Handle());
+    return window.Run(light.host, show);
 }

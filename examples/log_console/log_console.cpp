@@ -107,40 +107,14 @@ struct Log_Window {
     }
 };
 
-LRESULT CALLBACK Window_Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
-    auto* log = reinterpret_cast<Log_Window*>(GetWindowLongPtrA(window, GWLP_USERDATA));
-    if (!log) return DefWindowProcA(window, message, wparam, lparam);
-    LRESULT result = 0;
-    if (log->host.Message(message, wparam, lparam, result)) return result;
-    switch (message) {
-        case line_message:
-            log->Append(Take_Over(lparam));
-            return 0;
-        case WM_DESTROY:
-            log->Close(), PostQuitMessage(0);
-            return 0;
-        default:
-            return DefWindowProcA(window, message, wparam, lparam);
-    }
-}
-
-int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int show) {
+int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int show) {
     Set_Text_Code_Page(CP_UTF8);
-    WNDCLASSA window_class{};
-    window_class.lpfnWndProc = Window_Procedure;
-    window_class.hInstance = instance;
-    window_class.hCursor = LoadCursorA(nullptr, IDC_ARROW);
-    window_class.lpszClassName = "Log_Console";
-    RegisterClassA(&window_class);
-    HWND window = CreateWindowA("Log_Console", "Log console", WS_OVERLAPPEDWINDOW, CW_USEDEFAULT,
-                                CW_USEDEFAULT, 520, 360, nullptr, nullptr, instance, nullptr);
-    Log_Window log(window);
-    SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&log));
-    ShowWindow(window, show);
-
-    for (MSG message; GetMessageA(&message, nullptr, 0, 0) > 0;) {
-        TranslateMessage(&message);
-        DispatchMessageA(&message);
-    }
-    return 0;
+    Main_Window window("Log console", 512, 333);
+    Log_Window log(window.Handle());
+    window.Set_On_Message([&log](UINT message, WPARAM, LPARAM lparam, LRESULT&) {
+        if (message == WM_DESTROY) log.Close();
+        if (message == line_message) log.Append(Take_Over(lparam));
+        return message == line_message;
+    });
+    return window.Run(log.host, show);
 }

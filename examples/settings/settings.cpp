@@ -119,31 +119,9 @@ struct Dialog {
     }
 };
 
-LRESULT CALLBACK Window_Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
-    auto* dialog = reinterpret_cast<Dialog*>(GetWindowLongPtrA(window, GWLP_USERDATA));
-    LRESULT result = 0;
-    if (dialog && dialog->host.Message(message, wparam, lparam, result)) return result;
-    if (message == WM_DESTROY) PostQuitMessage(0);
-    return DefWindowProcA(window, message, wparam, lparam);
-}
-
-int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int show) {
+int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int show) {
     Set_Text_Code_Page(CP_UTF8);
-    WNDCLASSA window_class{};
-    window_class.lpfnWndProc = Window_Procedure;
-    window_class.hInstance = instance;
-    window_class.hCursor = LoadCursorA(nullptr, IDC_ARROW);
-    window_class.lpszClassName = "Settings";
-    RegisterClassA(&window_class);
-    HWND window = CreateWindowA("Settings", "Settings", WS_OVERLAPPEDWINDOW, CW_USEDEFAULT, CW_USEDEFAULT,
-                                540, 480, nullptr, nullptr, instance, nullptr);
-    Dialog dialog(window);
-    SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&dialog));
-    ShowWindow(window, show);
-
-    for (MSG message; GetMessageA(&message, nullptr, 0, 0) > 0;) {
-        TranslateMessage(&message);
-        DispatchMessageA(&message);
-    }
-    return 0;
+    Main_Window window("Settings", 532, 453);
+    Dialog dialog(window.Handle());
+    return window.Run(dialog.host, show);
 }

@@ -170,6 +170,43 @@ TEST(Walk_Test, Every_Page_Of_The_Gallery_Is_Worked_By_Keys) {
     EXPECT_EQ(gallery.Close(), 0u);
 }
 
+TEST(Walk_Test, Keys_Change_How_The_Gallery_Looks) {
+    CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+    Gallery gallery("buttons");
+    RECT plain{};
+    GetClientRect(gallery.Window(), &plain);
+    const auto ground = [&] {
+        POINT corner{1, 1};
+        ClientToScreen(gallery.Window(), &corner);
+        return Screen_Color(corner);
+    };
+    const unsigned plain_ground = ground();
+    const auto is_scaled = [&](int percent) {
+        RECT client{};
+        GetClientRect(gallery.Window(), &client);
+        return client.right == plain.right * percent / 100;
+    };
+    const auto type = [&](int key, const char* said) {
+        Type_Keys({key});
+        EXPECT_TRUE(gallery.Says(said)) << said;
+    };
+    type(VK_F7, "theme dark");
+    EXPECT_TRUE(Wait_Until([&] { return ground() == 0x2A2A2A; }, 3000));
+    type(VK_F7, "theme system"), type(VK_F7, "theme plain");
+    EXPECT_TRUE(Wait_Until([&] { return ground() == plain_ground; }, 3000));
+    type(VK_F8, "scale 125");
+    EXPECT_TRUE(Wait_Until([&] { return is_scaled(125); }, 3000));
+    type(VK_F8, "scale 150"), type(VK_F8, "scale 200"), type(VK_F8, "scale 100");
+    EXPECT_TRUE(Wait_Until([&] { return is_scaled(100); }, 3000));
+    const auto is_inspected = [] { return FindWindowA("Galdren_Inspector", nullptr) != nullptr; };
+    EXPECT_TRUE(gallery.Point_At("Plain"));
+    type(VK_F12, "inspector on");
+    EXPECT_TRUE(Wait_Until(is_inspected, 3000));
+    type(VK_F12, "inspector off");
+    EXPECT_TRUE(Wait_Until([&] { return !is_inspected(); }, 3000));
+    EXPECT_EQ(gallery.Close(), 0u);
+}
+
 #ifdef WITH_EXAMPLES
 
 /// What a screen reader says of a program's window and all in it.
@@ -207,6 +244,9 @@ TEST(Walk_Test, Examples_Are_Worked_By_Keys) {
          {{{}, "(C:): outline item"},
           {{back, VK_HOME, VK_DOWN, 'W'}, "c:\\windows\\: static text"},
           {{KEY_ALT | 'O'}, "Directory picker: client, unavailable"}}},
+        {"viewer",
+         {{{KEY_CONTROL | tab, KEY_ALT | 'T', VK_RIGHT}, "Theme: spin box, focused, focusable = Dark"},
+          {{KEY_CONTROL | VK_PRIOR, KEY_ALT | 'Z', VK_END}, "Zoom: slider, focused, focusable = 3200 %"}}},
     };
     CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
     for (const Example& example : examples) {

@@ -4,15 +4,23 @@
 
 #include <imm.h>
 
+#include <algorithm>
 #include <cstring>
+#include <iterator>
 #include <memory>
+#include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "Galdren_Host.h"
 #include "Galdren_Util.h"
 #include "tests/support/clipboard.h"
 #include "tests/support/controls.h"
+#include "tests/support/fonts.h"
 #include "tests/support/keys.h"
+#include "tests/support/languages.h"
+#include "tests/support/window.h"
 #include "util/wide.h"
 
 namespace galdren_test {
@@ -46,6 +54,14 @@ class Typing {
     Typing(const Typing&) = delete;
     Typing& operator=(const Typing&) = delete;
     void Char(WPARAM unit) { SendMessageW(window, WM_CHAR, unit, 1); }
+    void Mouse(UINT message, WPARAM keys, POINT logical) {
+        SendMessageW(window, message, keys, MAKELPARAM(logical.x, side - 1 - logical.y));
+    }
+    /// Not the second of two: there is a press elsewhere before.
+    void Click(POINT logical) {
+        for (const POINT place : {POINT{side - 15, logical.y}, logical})
+            Mouse(WM_LBUTTONDOWN, MK_LBUTTON, place), Mouse(WM_LBUTTONUP, 0, place);
+    }
 
     HWND window;
     std::unique_ptr<Host> host;
@@ -82,23 +98,190 @@ class Typing {
     }
 };
 
-TEST(Host_Text, Takes_Every_Language_From_The_Keyboard) {
-    for (const std::wstring text : Languages) {
-        Typing typing(true);
-        for (const wchar_t unit : text)
-            typing.Char(unit);
-        EXPECT_EQ(galdren::To_Wide(typing.field.Line), text);
-        Typing whole(false);
+TEST(Host_Text, Takes_Whole_Characters_Of_Other_Programs) {
+    for (const auto& [text, face] : Languages) {
+        Typing typing(false);
         int characters = 0;
-        for (std::size_t i = 0; i < text.size(); ++i, ++characters) {
-            const bool pair = IS_HIGH_SURROGATE(text[i]);
-            const unsigned code =
-                pair ? 0x10000 + ((text[i] & 0x3FFU) << 10) + (text[i + 1] & 0x3FFU) : text[i];
-            SendMessageW(whole.window, WM_UNICHAR, code, 1);
-            i += pair ? 1 : 0;
+        for (const wchar_t* unit = text; *unit; ++unit, ++characters) {
+            const bool pair = IS_HIGH_SURROGATE(*unit);
+            const unsigned code = pair ? 0x10000 + ((unit[0] & 0x3FFU) << 10) + (unit[1] & 0x3FFU) : *unit;
+            SendMessageW(typing.window, WM_UNICHAR, code, 1);
+            unit += pair ? 1 : 0;
         }
-        EXPECT_EQ(galdren::To_Wide(whole.field.Line), text);
-        EXPECT_EQ(whole.told, characters) << "the handler hears of each once";
+        EXPECT_EQ(galdren::To_Wide(typing.field.Line), text);
+        EXPECT_EQ(typing.told, characters) << "the handler hears of each once";
+    }
+}
+
+/// What is painted that was not there before, cut out.
+std::string Ink(const Picture& with, const Picture& without) {
+    const auto differs = [&](int x, int y) { return with.At(x, y) != without.At(x, y); };
+    int left = with.Width(), right = -1, bottom = with.Height(), top = -1;
+    for (int y = 0; y < with.Height(); ++y) {
+        for (int x = 0; x < with.Width(); ++x) {
+            if (!differs(x, y)) continue;
+            left = std::min(left, x), right = std::max(right, x);
+            bottom = std::min(bottom, y), top = std::max(top, y);
+        }
+    }
+    std::string ink;
+    for (int y = top; y >= bottom; --y) {
+        for (int x = left; x <= right; ++x)
+            ink += differs(x, y) ? '#' : '.';
+        ink += '\n';
+    }
+    return ink;
+}
+
+/// A control of the system in the same window.
+class Native {
+  public:
+    Native(HWND parent, const wchar_t* name, DWORD style, int top, HFONT font)
+        : window(CreateWindowExW(0, name, L"", WS_CHILD | WS_VISIBLE | style, 0, top, side, 60, parent,
+                                 nullptr, nullptr, nullptr)) {
+        SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
+    }
+    ~Native() { DestroyWindow(window); }
+    Native(const Native&) = delete;
+    Native& operator=(const Native&) = delete;
+    std::wstring Text() const {
+        wchar_t text[100];
+        return {text, static_cast<std::size_t>(GetWindowTextW(window, text, 100))};
+    }
+    Picture Painted() const {
+        UpdateWindow(window);
+        return Picture(window);
+    }
+    HWND window;
+};
+
+/// Injects UTF-16 as a keyboard would type it.
+void Inject(const std::wstring& text) {
+    for (const wchar_t unit : text) {
+        for (const DWORD up : {0UL, DWORD{KEYEVENTF_KEYUP}}) {
+            INPUT input{};
+            input.type = INPUT_KEYBOARD;
+            input.ki.wScan = unit;
+            input.ki.dwFlags = KEYEVENTF_UNICODE | up;
+            SendInput(1, &input, sizeof input);
+        }
+    }
+}
+
+void Handle_Messages() {
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
+        TranslateMessage(&message), DispatchMessageW(&message);
+}
+
+/// A field in a language, and an edit control of the system with the same font.
+class In_A_Language : public Typing {
+  public:
+    explicit In_A_Language(const Language& language) : Typing(true), text(language.text) {
+        host->Remove(other);
+        field.Font_Name = language.face, field.Font_Size = 14, field.Width = 280, field.Height = 60;
+        field.Init(window), field.Draw();
+        edit.emplace(window, L"EDIT", ES_AUTOHSCROLL, 0, field.Bold_Font);
+    }
+    bool Has_Its_Letters() const {
+        WORD glyph = 0;
+        const HDC dc = GetDC(window);
+        SelectObject(dc, field.Bold_Font);
+        GetGlyphIndicesW(dc, text.c_str(), 1, &glyph, GGI_MARK_NONEXISTING_GLYPHS);
+        ReleaseDC(window, dc);
+        return glyph != 0xFFFF || IS_SURROGATE_PAIR(text[0], text[1]);
+    }
+    /// Has a user type in both.
+    /// @return what is in both then
+    template <class Type>
+    std::wstring After(Type type) {
+        for (const HWND typed_in : {edit->window, window})
+            SetFocus(typed_in), type(), Handle_Messages();
+        EXPECT_EQ(edit->Text(), galdren::To_Wide(field.Line));
+        return edit->Text();
+    }
+    /// Goes over the line, with the caret at each character.
+    template <class Look>
+    void Walk(Look look) {
+        const std::string line = field.Line;
+        field.Input(KEY_NAVIGATION | VK_HOME);
+        for (int at = 0; line[std::size_t(at)]; at = field.Cursor_Pos) {
+            look(at, static_cast<int>(line.size()));
+            field.Cursor_Pos = static_cast<short>(at), field.Selected = 0;
+            field.Input(KEY_NAVIGATION | VK_RIGHT);
+        }
+    }
+    POINT Caret() {
+        RECT caret{};
+        EXPECT_TRUE(field.Find_Caret(caret));
+        return {caret.left, caret.bottom - 2};
+    }
+    /// Where the caret is, seen from where that of the system is for the same character.
+    int Distance() {
+        const std::string before(field.Line, static_cast<std::size_t>(field.Cursor_Pos));
+        const auto unit = galdren::To_Wide(before).size();
+        return Caret().x - short(LOWORD(SendMessageW(edit->window, EM_POSFROMCHAR, unit, 0)));
+    }
+    /// The columns that show as selected when the text between two places is.
+    std::vector<bool> Selected_Columns(int from, int to) {
+        constexpr std::uint32_t selection = 0x14468C;
+        field.Cursor_Pos = static_cast<short>(to), field.Selected = static_cast<short>(from - to);
+        field.Draw();
+        const Picture picture(window);
+        std::vector<bool> columns;
+        for (int x = 0; x < picture.Width(); ++x)
+            columns.push_back(picture.At(x, field.Input_Box[3] + 6) == selection);
+        return columns;
+    }
+    std::string Shown() {
+        field.Show_Caret(CARET_AWAY);
+        field.Read(nullptr);
+        const Picture empty(window);
+        field.Read("%s", galdren::From_Wide(text).c_str());
+        return Ink(Picture(window), empty);
+    }
+    /// By the system. In the middle, for at its edge it cuts what stands out.
+    std::string Shown_By_A_Label() const {
+        const Native label(window, L"STATIC", SS_CENTER | SS_NOPREFIX, 60, field.Bold_Font);
+        const Picture empty = label.Painted();
+        SetWindowTextW(label.window, text.c_str());
+        return Ink(label.Painted(), empty);
+    }
+
+  private:
+    std::wstring text;
+    std::optional<Native> edit;
+};
+
+TEST(Host_Text, Works_In_Every_Language_As_The_Controls_Of_The_System) {
+    const Fonts_Of_Languages fonts;
+    ASSERT_TRUE(fonts.Are_Here());
+    for (const Language& language : Languages) {
+        SCOPED_TRACE(galdren::From_Wide(language.text));
+        In_A_Language both(language);
+        EXPECT_TRUE(both.Has_Its_Letters());
+        EXPECT_EQ(both.After([&] { Inject(language.text); }), language.text);
+        const auto cut = [] { Type_Keys({VK_HOME, KEY_SHIFT | VK_END, KEY_CONTROL | 'X'}); };
+        EXPECT_EQ(both.After(cut), L"");
+        EXPECT_EQ(Clipboard(), language.text);
+        EXPECT_EQ(both.After([] { Type_Keys({KEY_CONTROL | 'V'}); }), language.text);
+
+        std::optional<int> apart;  // both begin at a column of their own
+        both.Walk([&](int at, int end) {
+            // At its first character the control of the system always says 0, wherever that stands.
+            if (at > 0 && !apart) apart = both.Distance();
+            EXPECT_TRUE(at == 0 || both.Distance() == apart) << at << ": " << both.Distance();
+            both.Click(both.Caret());
+            EXPECT_EQ(both.field.Cursor_Pos, at) << "clicked";
+            const std::vector<bool> before = both.Selected_Columns(0, at);
+            const std::vector<bool> behind = both.Selected_Columns(at, end);
+            const std::vector<bool> all = both.Selected_Columns(0, end);
+            EXPECT_GT(std::count(all.begin(), all.end(), true), 20);
+            for (std::size_t x = 0; x < all.size(); ++x)
+                EXPECT_EQ(before[x] + behind[x], all[x]) << at << " column " << x;
+        });
+        const std::string shown = both.Shown(), wanted = both.Shown_By_A_Label();
+        EXPECT_TRUE(shown == wanted) << shown << '\n' << wanted;
     }
 }
 
@@ -134,6 +317,48 @@ TEST(Host_Text, Takes_What_The_Page_Of_A_Window_Has) {
     EXPECT_EQ(SendMessageW(typing.window, WM_UNICHAR, UNICODE_NOCHAR, 0), FALSE);
 }
 
+/// Keys as the layouts of other countries have them.
+TEST(Host_Text, Dead_Keys_And_AltGr_Type_And_Command_Nothing) {
+    constexpr int alt_gr = KEY_CONTROL | KEY_ALT;
+    using Messages = std::vector<std::pair<UINT, WPARAM>>;
+    struct Row {
+        int held;
+        Messages messages;
+        const wchar_t* line;
+        int commands = 0;
+    };
+    const Row rows[] = {
+        {alt_gr, {{WM_KEYDOWN, 'A'}, {WM_CHAR, L'ą'}}, L"xyą"},
+        {alt_gr, {{WM_KEYDOWN, 'Z'}, {WM_CHAR, L'ż'}}, L"xyż"},
+        {alt_gr, {{WM_KEYDOWN, 'Q'}, {WM_CHAR, L'@'}}, L"xy@"},
+        {alt_gr, {{WM_KEYDOWN, '7'}, {WM_CHAR, L'{'}}, L"xy{"},
+        {alt_gr, {{WM_KEYDOWN, VK_OEM_MINUS}, {WM_CHAR, L'\\'}}, L"xy\\"},
+        {alt_gr | KEY_SHIFT, {{WM_KEYDOWN, 'V'}, {WM_CHAR, L'‘'}}, L"xy‘"},
+        {alt_gr, {{WM_KEYDOWN, '7'}, {WM_DEADCHAR, L'`'}}, L"xy"},
+        {0, {{WM_KEYDOWN, VK_OEM_6}, {WM_DEADCHAR, L'´'}, {WM_KEYDOWN, 'E'}, {WM_CHAR, L'é'}}, L"xyé"},
+        {0, {{WM_KEYDOWN, 'X'}, {WM_CHAR, L'´'}, {WM_CHAR, 'x'}}, L"xy´x"},
+        {0, {{WM_KEYDOWN, VK_SPACE}, {WM_CHAR, L'^'}}, L"xy^"},
+        {alt_gr, {{WM_KEYDOWN, 'A'}}, L"xy", 1},
+        {KEY_CONTROL, {{WM_KEYDOWN, 'X'}, {WM_CHAR, 'X' - '@'}}, L"xy", 1},
+    };
+    for (const Row& row : rows) {
+        Typing typing(true);
+        typing.field.Read("xy");
+        int commands = 0;
+        typing.host->Set_On_Key([&](int) { return ++commands > 0; });
+        Hold_Keys(row.held);
+        for (const auto& [message, wparam] : row.messages)
+            PostMessageW(typing.window, message, wparam, 1);
+        MSG message;
+        while (PeekMessageW(&message, typing.window, WM_KEYFIRST, WM_KEYLAST, PM_REMOVE))
+            DispatchMessageW(&message);
+        Hold_Keys(0);
+        EXPECT_EQ(galdren::To_Wide(typing.field.Line), row.line);
+        EXPECT_EQ(commands, row.commands) << typing.field.Line;
+        EXPECT_EQ(typing.field.Selected, 0);
+    }
+}
+
 TEST(Host_Text, An_Input_Method_Writes_Once_Into_The_Field_Where_It_Began) {
     Typing typing(true);
     typing.field.Read("ab");
@@ -159,7 +384,7 @@ TEST(Host_Text, The_Mouse_Works_On_Text) {
     Typing typing(true);
     std::strcpy(typing.other.Line, "one two");
     const auto send = [&](UINT message, WPARAM wparam, POINT logical) {
-        return SendMessageW(typing.window, message, wparam, MAKELPARAM(logical.x, side - 1 - logical.y));
+        typing.Mouse(message, wparam, logical);
     };
     send(WM_LBUTTONDOWN, MK_LBUTTON, {20, 60});
     send(WM_LBUTTONUP, 0, {20, 60});
@@ -185,15 +410,81 @@ TEST(Host_Text, The_Mouse_Works_On_Text) {
     SendMessageW(typing.window, WM_SETCURSOR, reinterpret_cast<WPARAM>(typing.window), HTCLIENT);
     EXPECT_EQ(GetCursor(), LoadCursorA(nullptr, IDC_IBEAM));
     // The menu waits for a key.
+    Text_Menu words;
+    words.Select_All = "\xD0\x92\xD1\x81\xD1\x91 (&W)\tCtrl+A";
+    Set_Text_Menu(words);
+    static wchar_t shown[30];
     SetTimer(typing.window, 1, 20, [](HWND window, UINT, UINT_PTR timer, DWORD) {
         KillTimer(window, timer);
-        PostMessageW(window, WM_KEYDOWN, 'A', 1);
+        const LRESULT menu = SendMessageW(FindWindowA("#32768", nullptr), MN_GETHMENU, 0, 0);
+        GetMenuStringW(reinterpret_cast<HMENU>(menu), 8, shown, static_cast<int>(std::size(shown)),
+                       MF_BYPOSITION);
+        PostMessageW(window, WM_KEYDOWN, 'W', 1);
     });
     typing.other.Selected = 0;
     SendMessageW(typing.window, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(typing.window),
                  MAKELPARAM(at.x, at.y));
+    Set_Text_Menu({});
     EXPECT_EQ(typing.other.Selected, -7) << "Select all";
+    EXPECT_EQ(shown, std::wstring(L"Всё (&W)\tCtrl+A"));
     SetCursorPos(before.x, before.y);
+}
+
+TEST(Host_Text, A_Key_That_Leads_To_A_Field_Selects_All) {
+    Typing typing(true);
+    const auto press_tab = [&] {
+        SendMessageW(typing.window, WM_KEYDOWN, VK_TAB, 1);
+        typing.Char(VK_TAB);
+    };
+    typing.field.Read("one");
+    std::strcpy(typing.other.Line, "two \xC3\xB1");
+    press_tab();
+    EXPECT_EQ(typing.other.Cursor_Pos, 6);
+    EXPECT_EQ(typing.other.Selected, -6);
+    typing.Char('x');
+    EXPECT_STREQ(typing.other.Line, "x");
+    press_tab();
+    EXPECT_EQ(typing.field.Selected, -3) << "also in one that reads already";
+    typing.host->Focus(&typing.other);
+    EXPECT_EQ(typing.other.Selected, 0) << "no key has led there";
+    typing.host->Set_Mnemonic(typing.field, 'F');
+    typing.field.Selected = 0;
+    Hold_Keys(KEY_ALT);
+    SendMessageW(typing.window, WM_SYSKEYDOWN, 'F', 1 << 29);
+    Hold_Keys(0);
+    EXPECT_EQ(typing.field.Selected, -3);
+    typing.field.Flag &= ~TEXT_EDITING, typing.field.Selected = 0;
+    press_tab(), press_tab();
+    EXPECT_EQ(typing.field.Selected, 0);
+}
+
+TEST(Host_Text, Goes_On_Scrolling_While_The_Pointer_Is_Held_Beyond_The_Edge) {
+    Typing typing(true);
+    Texts console;
+    Place(console, nullptr, 10, 90, 200, 150, TEXT_EDITING | TEXT_V_BAR);
+    typing.host->Add(console);
+    typing.host->Init(console);
+    for (int i = 0; i < 14; ++i)
+        console.Write("%d", i);
+    typing.field.Read("%s", std::string(25, 'm').c_str());
+    const auto held = [&](POINT from, POINT to, auto done) {
+        typing.Mouse(WM_LBUTTONDOWN, MK_LBUTTON, from);
+        typing.Mouse(WM_MOUSEMOVE, MK_LBUTTON, to);
+        EXPECT_FALSE(done()) << "by one move";
+        MSG message;
+        for (const ULONGLONG begin = GetTickCount64(); !done() && GetTickCount64() - begin < 10'000;) {
+            MsgWaitForMultipleObjects(0, nullptr, FALSE, 100, QS_TIMER);
+            while (PeekMessageW(&message, nullptr, WM_TIMER, WM_TIMER, PM_REMOVE))
+                DispatchMessageW(&message);
+        }
+        EXPECT_TRUE(done());
+        typing.Mouse(WM_LBUTTONUP, 0, to);
+    };
+    held({100, 20}, {-20, 20}, [&] { return typing.field.Cursor_Pos == 0; });
+    EXPECT_GT(typing.field.Selected, 10);
+    held({100, 100}, {100, 290}, [&] { return console.V_Slider.Val == console.V_Slider.End_Val; });
+    held({100, 100}, {100, -20}, [&] { return console.V_Slider.Val == 0; });
+    EXPECT_FALSE(console.Is_Selecting()) << "and the timer ends with it";
 }
 
 }  // namespace

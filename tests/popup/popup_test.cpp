@@ -6,6 +6,7 @@
 
 #include "Galdren_Tools.h"
 #include "popup/template.h"
+#include "tests/support/clipboard.h"
 #include "tests/support/code_page.h"
 #include "tests/support/keys.h"
 #include "tests/support/reader.h"
@@ -371,6 +372,57 @@ TEST(Dialogs, Scroll_By_Their_Bar_With_Any_Button_Held) {
         });
         mouse_event(row.up, 0, 0, 0, 0);
     }
+}
+
+TEST(Dialogs, Let_Their_Text_Be_Copied) {
+    constexpr int Control = KEY_CONTROL;
+    const auto pump_until = [](auto done) {
+        MSG message;
+        for (const ULONGLONG begin = GetTickCount64(); !done() && GetTickCount64() - begin < 10'000;) {
+            MsgWaitForMultipleObjects(0, nullptr, FALSE, 100, QS_ALLINPUT);
+            while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
+                TranslateMessage(&message);
+                if (message.hwnd) DispatchMessageA(&message);  // else it is the timer that closes the dialog
+            }
+        }
+        return done();
+    };
+    Popup_Call call;
+    ASSERT_TRUE(Set_Clipboard(L""));
+    call.Run(PopUp_Querry, "\xF1one %%\ntwo", 0, 0, [&](HWND) {
+        Type_Keys({Control | 'C', Control | 'A', Control | 'C'});
+        EXPECT_TRUE(pump_until([] { return Clipboard() == L"one %\r\ntwo\r\n"; }));
+    });
+    std::string lines;
+    for (int i = 10; i < 30; ++i)
+        lines += std::to_string(i) + '\n';
+    const auto point = [](HWND dialog, int x, int y) {
+        POINT place{x, Client_Size(dialog).y - 1 - y};
+        ClientToScreen(dialog, &place);
+        SetCursorPos(place.x, place.y);
+    };
+    call.Run(PopUp_Message, "one", 0, 0, [&](HWND dialog) {
+        const auto menu = [&] { SendMessageA(dialog, WM_CONTEXTMENU, 0, MAKELPARAM(-1, -1)); };
+        PostMessageA(dialog, WM_KEYDOWN, 'A', 1);
+        menu();
+        Type_Keys({Control | 'C'});
+        EXPECT_TRUE(pump_until([] { return Clipboard() == L"one\r\n"; }));
+        menu();
+        EXPECT_FALSE(IsWindow(dialog)) << "closed while the menu was open";
+    });
+    call.Run(PopUp_Message, lines, 0, 0, [&](HWND dialog) {
+        point(dialog, 250, 60);
+        EXPECT_TRUE(pump_until([] { return GetCursor() == LoadCursorA(nullptr, IDC_IBEAM); }));
+        mouse_event(MOUSEEVENTF_LEFTDOWN, 0, 0, 0, 0);
+        EXPECT_TRUE(pump_until([&] { return GetCapture() == dialog; }));
+        point(dialog, 10, 300);
+        EXPECT_TRUE(pump_until([] {  // held still above the text, which scrolls to its beginning
+            Type_Keys({Control | 'C'});
+            return Clipboard().starts_with(L"10\r\n11");
+        }));
+        mouse_event(MOUSEEVENTF_LEFTUP, 0, 0, 0, 0);
+        EXPECT_TRUE(pump_until([&] { return GetCapture() != dialog; }));
+    });
 }
 
 TEST(Dialogs, Cut_Long_Messages_At_Their_Breaks) {

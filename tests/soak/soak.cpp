@@ -218,6 +218,11 @@ void Allow(Stage& stage, const Control& control, int beyond = 0) {
         x += control.Width > frames ? 3 : 3 + frames;
         y += control.Flag & FLAG_VERTICAL ? 9999 : control.Height > frames ? 3 : 3 + frames;
     }
+    if constexpr (std::is_same_v<Control, Texts>) {
+        // The output lies within the border: one below 0 puts it around the field, which has always been so.
+        const int around = std::max(0, -int{control.Border});
+        x += around, y += around;
+    }
     if constexpr (std::is_same_v<Control, Tabs>) {
         for (TabItems** item = control.Item; item && *item; ++item)
             Allow(stage, **item, beyond);
@@ -225,16 +230,30 @@ void Allow(Stage& stage, const Control& control, int beyond = 0) {
     stage.Allow(control.X - x, control.X + control.Width + x, control.Y - y, control.Y + control.Height + y);
 }
 
-/// Gives a control another place, and the images that fit it.
-void Place_Anywhere(Tools& control) {
+void Drop_Images(Tools& control) {
     control.Graph_Normal = static_cast<unsigned long*>(control.Free(control.Graph_Normal));
     control.Graph_Select = static_cast<unsigned long*>(control.Free(control.Graph_Select));
+}
+
+/// Gives a control another place, and the images that fit it.
+void Place_Anywhere(Tools& control) {
+    Drop_Images(control);
     control.X = dice.Length(-30, 220), control.Y = dice.Length(-30, 150);
     control.Width = dice.Length(0, 160), control.Height = dice.Length(0, 120);
     if (control.Width > 500 && control.Height > 500) control.Height = 20;  // shading of half a gigabyte
     if (control.Width > 500 || control.Height > 500) return;
     if (dice.One_In(4)) control.Alloc_Graph_Normal(dice.Bits());
     if (dice.One_In(4)) control.Alloc_Graph_Select(dice.Bits());
+}
+
+/// Paints a control at a size for which `Init` has made nothing. Its images are too small for the next one.
+template <class Control>
+void Draw_Enlarged(Control& control) {
+    if (control.Width < 1 || control.Height < 1) return;  // its parts are where it was before
+    for (short* const length : {&control.Width, &control.Height})
+        if (*length < 500) *length = static_cast<short>(*length + dice.Below(90));
+    control.Draw();
+    Drop_Images(control);
 }
 
 void Set_Caption(Tools& control) {
@@ -344,6 +363,7 @@ template <class Control>
 void Act(Control& control, const Stage& stage) {
     static constexpr int kinds[] = {EVENT_MOVE, EVENT_DRAG, EVENT_PRESS, EVENT_TEST, 3, 8};
     const int what = dice.Below(12);
+    if (what == 0 && dice.One_In(4)) return Draw_Enlarged(control);
     if (what == 0) Place_Anywhere(control), control.Init(stage.window);
     if (what == 1) Change_Common(control), control.Init(stage.window);
     if (what == 2)

@@ -40,20 +40,4 @@ inline std::wstring Clipboard() {
     return text;
 }
 
-/// The same text in many languages, some with marks, joiners and characters beyond 16 bits.
-constexpr const wchar_t* Languages[] = {
-    L"España, Ærø, naïve",
-    L"Ελληνικά ά",
-    L"Привет, мир",
-    L"שלום עולם",
-    L"مرحبا بالعالم",
-    L"ภาษาไทยที่นี่",
-    L"नमस्ते हिन्दी",
-    L"中文输入",
-    L"日本語 カタカナ",
-    L"한국어 입력",
-    L"\xD83D\xDE00 \xD83D\xDC68\x200D\xD83D\xDC69\x200D\xD83D\xDC67 \xD83C\xDDE9\xD83C\xDDEA",
-    L"e\x301 mixed שלום 日 \xD83D\xDE00",
-};
-
 }  // namespace galdren_test

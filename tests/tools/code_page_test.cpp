@@ -131,6 +131,12 @@ TEST_F(Code_Page, Marks_Stay_With_Their_Letters) {
     EXPECT_EQ(Next_Character(text, 3), 5);
     EXPECT_EQ(Next_Character(text, 99), 45);
 
+    EXPECT_EQ(Places("\u0915\u094D\u0937\u093F\u0915", Next_Character), (std::vector{12, 15})) << "kshi";
+    EXPECT_EQ(Places("\u0915\u094D\u200D\u0937", Next_Character), (std::vector{12}));
+    EXPECT_EQ(Places("\u0915\u094D\u200C\u0937", Next_Character), (std::vector{9, 12}));
+    EXPECT_EQ(Places("\u0915\u094D\u0905", Next_Character), (std::vector{6, 9})) << "a vowel stands alone";
+    EXPECT_EQ(Places("\u0B95\u0BCD\u0B95", Next_Character), (std::vector{6, 9})) << "Tamil writes both";
+
     Set_Text_Code_Page(932);  // the second byte of each is a letter by itself
     EXPECT_EQ(Places("\x83\x41\x83\x41x", Next_Character), (std::vector{2, 4, 5}));
     EXPECT_EQ(Previous_Character("\x83\x41\x83\x41x", 4), 2);

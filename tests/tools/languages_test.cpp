@@ -1,17 +1,16 @@
 #include <algorithm>
 #include <iterator>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "Galdren_Tools.h"
+#include "tests/support/fonts.h"
 #include "tests/support/window.h"
 
 using namespace galdren_test;
 
 namespace {
-
-/// A font with Chinese, Japanese and Korean letters, for this program alone.
-constexpr wchar_t Font_File[] = LR"(Z:\usr\share\fonts-droid-fallback\truetype\DroidSansFallback.ttf)";
 
 struct Language {
     unsigned page;
@@ -36,6 +35,9 @@ const Language Languages[] = {
     {65001, DEFAULT_CHARSET, "Arial", "\xC3\xB1 \xCE\xA9 \xD0\x96", L"\u00F1 \u03A9 \u0416"},
     {65001, DEFAULT_CHARSET, "DejaVu Sans", "e\xCC\x81 & \xE2\x82\xAC", L"e\u0301 & \u20AC"},
     {65001, DEFAULT_CHARSET, "DejaVu Sans", "\xD8\xA8\xD9\x8E\xD9\x87 abc", L"\u0628\u064E\u0647 abc"},
+    {874, THAI_CHARSET, "Garuda", "\xB7\xD5\xE8\xB9\xD5\xE8", L"\u0E17\u0E35\u0E48\u0E19\u0E35\u0E48"},
+    {65001, DEFAULT_CHARSET, "Lohit Devanagari", "\u0939\u093F\u0928\u094D\u0926\u0940",
+     L"\u0939\u093F\u0928\u094D\u0926\u0940"},
     {65001, DEFAULT_CHARSET, "Droid Sans Fallback", "\xE6\x97\xA5\xE6\x9C\xAC\xF0\xA0\x80\x8B",
      L"\u65E5\u672C\U0002000B"},
     {65001, DEFAULT_CHARSET, "Arial",
@@ -45,19 +47,18 @@ const Language Languages[] = {
      L"B"},
 };
 
-/// A text with a line for each letter and its marks.
+/// A text with a line for each letter and its marks, one of which joins the letters beside it.
 std::wstring Stacked(const std::wstring& text) {
     std::wstring lines;
     for (const wchar_t unit : text) {
         const bool joins =
-            std::wstring_view(L"\u0301\u05B8\u05C1\u064E\xDC0B").find(unit) != std::wstring::npos;
+            std::wstring_view(L"\u0301\u05B8\u05C1\u064E\u0E35\u0E48\u093F\u094D\u0926\u0940\xDC0B")
+                .find(unit) != std::wstring::npos;
         if (!joins && !lines.empty()) lines += L'\n';
         lines += unit;
     }
     return lines;
 }
-
-bool Under_Wine() { return GetProcAddress(GetModuleHandleA("ntdll.dll"), "wine_get_version") != nullptr; }
 
 /// What is not loud of a picture, cut out.
 Picture Ink(const Picture& picture) {
@@ -72,12 +73,12 @@ Picture Ink(const Picture& picture) {
 
 class Languages_Shown : public testing::TestWithParam<Language> {
   protected:
-    static void SetUpTestSuite() { Has_Font = AddFontResourceExW(Font_File, FR_PRIVATE, nullptr) > 0; }
-    static void TearDownTestSuite() { RemoveFontResourceExW(Font_File, FR_PRIVATE, nullptr); }
+    static void SetUpTestSuite() { fonts.emplace(); }
+    static void TearDownTestSuite() { fonts.reset(); }
     void SetUp() override {
-        ASSERT_TRUE(Has_Font || !Under_Wine());
+        ASSERT_TRUE(fonts->Are_Here());
         Set_Text_Code_Page(GetParam().page);
-        label.X = 10, label.Y = 60, label.Width = 300, label.Height = 30, label.Flag = FLAG_TEXT_LEFT;
+        label.X = 10, label.Y = 60, label.Width = 300, label.Height = 60, label.Flag = FLAG_TEXT_LEFT;
         label.Font_Name = GetParam().face, label.Font_Size = 15;
         label.Name = GetParam().text.c_str();
         label.Init(window);
@@ -106,7 +107,7 @@ class Languages_Shown : public testing::TestWithParam<Language> {
         });
     }
 
-    static inline bool Has_Font = false;
+    static inline std::optional<Fonts_Of_Languages> fonts;
     Test_Window window{360, 400};
     Labels label;
 };
@@ -131,7 +132,7 @@ TEST_P(Languages_Shown, Captions_Are_What_The_System_Writes) {
                          RECT room{20, 10, 320, 390};
                          DrawTextW(dc, Stacked(language.wide).c_str(), -1, &room, DT_CENTER);
                      })));
-    label.Y = 60, label.Height = 30, label.Flag = FLAG_TEXT_LEFT;
+    label.Y = 60, label.Height = 60, label.Flag = FLAG_TEXT_LEFT;
 
     const std::string tabbed = language.text + '\t' + language.text;
     label.Name = tabbed.c_str();

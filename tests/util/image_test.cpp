@@ -201,6 +201,20 @@ TEST(Image, Is_Read_By_A_Name_In_The_Code_Page) {
     std::filesystem::remove(place);
 }
 
+TEST(Image, Goes_Without_Memory) {
+    for (const char* name : {"3_packed.sgi", "3_packed.tga"}) {
+        int refused = 0;
+        for (int passed = 0; passed < 20; ++passed) {
+            galdren_test::Call_Spy spy("Galdren_Util.dll");
+            spy.Fail_Allocation(passed);
+            const Outcome outcome = Read(name, name);
+            refused += outcome.error == ENOMEM;
+            EXPECT_TRUE(outcome.error || outcome.pixels == Load("3.raw")) << passed;
+        }
+        EXPECT_GE(refused, 2) << name << ": for the image and for its pixels";
+    }
+}
+
 TEST(Image, Leaves_Files_That_Do_Not_Open_To_The_Caller) {
     const Outcome missing = Read(".sgi", "no such file.sgi");
     EXPECT_EQ(missing.error, ENOENT);

@@ -160,3 +160,37 @@ TEST(Bodies, Show_Images_By_Whole_Factors) {
     check(Boxs());
     check(Buttons());
 }
+
+/// The bodies of tabs and the ground of lists have ways of their own to paint an image: it is twice as large
+/// at 200 %, and is not read where it ends.
+TEST(Bodies, Of_Tabs_And_Lists_Show_Images_At_A_Scale) {
+    Test_Window window(300, 250);
+    window.Point_At(0, 0);
+    constexpr int slant = 6;
+    // The image of a tab begins at its top, that of a list a row above its edge.
+    const auto check = [&](auto& control, Tools& body, int left, int bottom) {
+        control.X = control.Y = 10, control.Width = body.Width = 60, control.Height = body.Height = 40,
+        control.Border = 3, control.Set_Color(0x33, 0xAA, 0x55);
+        Give_Image(body);
+        control.Init(window);
+        const Picture plain = window.After([&] { control.Draw(); });
+        EXPECT_EQ(plain.At(10 + left + 20, bottom + 10), Pixel_Of_Image(20, 29));
+        if constexpr (requires { control.Slant; }) control.Slant = 2 * slant;
+        Put_To_Scale(control, 200, 60, 40);
+        const Picture doubled = window.After([&] { control.Draw(); });
+        for (int y = 20; y < 60; ++y) {
+            for (int x = 20; x < 80; ++x)
+                ASSERT_EQ(doubled.At(10 + 2 * left + x, bottom + y),
+                          plain.At(10 + left + x / 2, bottom + y / 2))
+                    << x << ' ' << y;
+        }
+        Put_To_Scale(control, 100, 60, 40);
+        body.Width = 200, body.Height = 100;
+        EXPECT_EQ(window.After([&] { control.Draw(); }).At(10 + left + 20, bottom + 10), 0x33AA55u);
+    };
+    TabItems tab;
+    tab.Slant = slant, tab.Value = 1;
+    check(tab, tab, slant, 10);
+    Lists list;
+    check(list, list.Frame, 0, 11);
+}

@@ -162,6 +162,9 @@ TEST(Input_Line, Keys_Do_What_People_Expect) {
         {"abc", {Shift | Home, Left}, "abc", 0, 0},
         {"abc", {Shift | Left, Backspace}, "ab", 2, 0},
         {"\xD0\xBC\xD0\xB8\xD1\x80 1", {Ctrl | Left, Ctrl | Left}, "\xD0\xBC\xD0\xB8\xD1\x80 1", 0, 0},
+        {"日本語のテスト", {Ctrl | Left, Ctrl | Left}, "日本語のテスト", 9, 0},
+        {"日本語のテスト", {Ctrl | Backspace, Home, Ctrl | Delete}, "の", 0, 0},
+        {"ภาษา ไทย", {Home, Ctrl | Right}, "ภาษา ไทย", 13, 0},
         {"e\xCC\x81", {Backspace}, "e", 1, 0},
         {"e\xCC\x81", {Left, Delete}, "", 0, 0},
     };

@@ -55,6 +55,11 @@ TEST(Sliders, Know_The_Value_Of_Every_Position) {
         s.Flag |= FLAG_PASSIVE;
         EXPECT_EQ(s.Read(), 0);
     }
+    Sample<Sliders> short_one(0, 65, 16);
+    short_one.Border = 1, short_one.Tab[0] = 7;
+    short_one.Init(window);
+    EXPECT_EQ(short_one.Tab_Num, 1);
+    EXPECT_EQ(short_one.Tab[0], 7) << "without room there are no positions";
 }
 
 TEST(Bars, Have_Dimensions_For_Layouts) {

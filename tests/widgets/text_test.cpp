@@ -146,12 +146,19 @@ TEST(Texts, Keep_The_Newest_Lines) {
     EXPECT_EQ(field.Stored(), Texts::Most_Lines);
     EXPECT_EQ(field.V_Slider.Val, 0);
     EXPECT_EQ(field.V_Slider.Flag, field.Flag | FLAG_VERTICAL);
+    field.V_Slider.Val = 60;
+    field.Input(Enter);
+    EXPECT_EQ(field.V_Slider.Val, 0) << "what is entered is in view";
     field.Cleanup();
     EXPECT_EQ(field.Stored(), 0);
     EXPECT_EQ(field.V_Slider.End_Val, 0);
     EXPECT_TRUE(field.V_Slider.Flag & FLAG_PASSIVE);
     field.Write(nullptr);
     EXPECT_EQ(field.Stored(), 0);
+    Field without_bars;
+    Report_Catcher reports;
+    without_bars.Scroll(1);
+    EXPECT_EQ(reports.Take(), "");
 }
 
 /// Lines that move by themselves must end up as a repaint of the whole field shows them.

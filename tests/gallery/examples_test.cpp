@@ -1,0 +1,172 @@
+// The windows of the examples as the manual shows them. With GALDREN_RECORD set to a folder, such as
+// docs/pictures, they are written there anew.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "tests/gallery/gallery_process.h"
+#include "tests/support/keys.h"
+#include "tests/support/png.h"
+
+namespace galdren_test {
+namespace {
+
+/// What the screen shows of a client area, rows from the top down.
+Picture On_Screen(HWND window) {
+    RECT area{};
+    GetClientRect(window, &area);
+    MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&area), 2);
+    const int width = area.right - area.left, height = area.bottom - area.top;
+    std::vector<std::uint32_t> pixels(static_cast<std::size_t>(width * height));
+    const HDC screen = GetDC(nullptr), memory = CreateCompatibleDC(screen);
+    const HBITMAP bitmap = CreateCompatibleBitmap(screen, width, height);
+    const HGDIOBJ before = SelectObject(memory, bitmap);
+    BitBlt(memory, 0, 0, width, height, screen, area.left, area.top, SRCCOPY);
+    SelectObject(memory, before);
+    BITMAPINFO info{};
+    info.bmiHeader = {sizeof info.bmiHeader, width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+    GetDIBits(memory, bitmap, 0, static_cast<UINT>(height), pixels.data(), &info, DIB_RGB_COLORS);
+    DeleteObject(bitmap);
+    DeleteDC(memory);
+    ReleaseDC(nullptr, screen);
+    for (std::uint32_t& pixel : pixels)
+        pixel &= 0xFFFFFF;
+    return {width, height, pixels};
+}
+
+/// Waits until a window shows the same for a while, or has changed for some seconds.
+Picture At_Rest(HWND window) {
+    constexpr int times = 4, most_tries = 20;
+    constexpr DWORD interval = 150;
+    Picture shown = On_Screen(window);
+    for (int same = 0, tries = 0; same < times && tries < most_tries; ++tries) {
+        Sleep(interval);
+        const Picture now = On_Screen(window);
+        same = now.Pixels() == shown.Pixels() ? same + 1 : 0;
+        shown = now;
+    }
+    return shown;
+}
+
+/// A folder with pictures for the viewer, for as long as it lives.
+class Picture_Folder {
+  public:
+    Picture_Folder() {
+        std::filesystem::create_directories(path);
+        Write("Coast.tga", 480, 320, 0.0, 20);
+        Write("Hills at noon.tga", 420, 300, 2.2, 0);
+        Write("Evening.tga", 400, 400, 4.1, 90);
+        Write("Long valley.tga", 600, 240, 5.3, 45);
+    }
+    ~Picture_Folder() { std::filesystem::remove_all(path); }
+    Picture_Folder(const Picture_Folder&) = delete;
+    Picture_Folder& operator=(const Picture_Folder&) = delete;
+
+    const std::filesystem::path path = "c:\\Pictures";
+
+  private:
+    /// A Targa file of hills before a sky, which is the redder the later it is.
+    void Write(const char* name, int width, int height, double phase, int late) const {
+        std::string bytes(18, '\0');
+        bytes[2] = 2, bytes[16] = 24, bytes[17] = 0x20;
+        bytes[12] = static_cast<char>(width), bytes[13] = static_cast<char>(width >> 8);
+        bytes[14] = static_cast<char>(height), bytes[15] = static_cast<char>(height >> 8);
+        for (int row = 0; row < height; ++row) {
+            for (int column = 0; column < width; ++column) {
+                const double x = double(column) / width, y = double(row) / height;
+                const double hills = 0.5 + 0.1 * std::sin(5 * x + phase);
+                const double meadows = 0.7 + 0.1 * std::sin(4 * x - phase);
+                const double sun = 0.5 * std::hypot((x - 0.7) * width / height, y - 0.25);
+                const double glow = sun < 0.04 ? 150 : 60 * std::exp(-9 * sun);
+                const double grain =
+                    7 * std::sin(37 * x + 3 * std::sin(11 * y)) * std::sin(29 * y + 2 * std::sin(13 * x));
+                const double sky[] = {215 - 30 * y - 1.3 * late, 150 + 70 * y - late + glow / 2,
+                                      95 + 100 * y + late + glow};
+                const double hill[] = {75 + 60 * y + grain, 120 - 0.7 * late + grain, 60 + 40 * x + grain};
+                const double meadow[] = {35 + 2 * grain, 80 + 60 * y - 0.5 * late + grain,
+                                         50 + 50 * x + grain};
+                const double* const color = y > meadows ? meadow : y > hills ? hill : sky;
+                for (int channel = 0; channel < 3; ++channel)
+                    bytes +=
+                        static_cast<char>(static_cast<unsigned char>(std::clamp(color[channel], 0.0, 255.0)));
+            }
+        }
+        std::ofstream(path / name, std::ios::binary) << bytes;
+    }
+};
+
+struct Scene {
+    const char* picture;  // name of its file
+    const char* program;
+    const char* arguments;
+    std::vector<int> keys;
+    bool is_alike = true;  // each time
+};
+
+class Examples_Test : public testing::TestWithParam<Scene> {};
+
+TEST_P(Examples_Test, Look_As_In_The_Manual) {
+    const Scene& scene = GetParam();
+    std::optional<Picture_Folder> pictures;
+    if (*scene.arguments) pictures.emplace();
+    Program program(scene.arguments, scene.program);
+    const HWND window = program.Window();
+    SetWindowPos(window, nullptr, 40, 40, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+    ASSERT_TRUE(Wait_Until([&] { return GetForegroundWindow() == window; }));
+    SetCursorPos(1270, 1010);
+    At_Rest(window);
+    for (const int key : scene.keys)
+        Type_Keys({key});
+    const Picture shown = At_Rest(window);
+    PostMessageA(window, WM_CLOSE, 0, 0);
+    EXPECT_EQ(program.Exit_Code(), 0u);
+    EXPECT_EQ(program.Output(), "");
+
+    const char* const target = std::getenv("GALDREN_RECORD");
+    const std::string recorded =
+        std::string(target ? target : MANUAL_PICTURES) + '/' + scene.picture + ".png";
+    ASSERT_TRUE(!target || Write_Png(shown, recorded));
+    const std::optional<Picture> wanted = Read_Png(recorded);
+    ASSERT_TRUE(wanted) << recorded;
+    EXPECT_TRUE(!scene.is_alike || Same(shown, *wanted));
+}
+
+constexpr int tab = VK_TAB;
+constexpr char viewed[] = "c:\\Pictures\\Coast.tga";
+
+INSTANTIATE_TEST_SUITE_P(, Examples_Test,
+                         testing::Values(Scene{"example-hello", "hello", "", {tab, VK_SPACE}},
+                                         Scene{"example-settings", "settings", "", {KEY_ALT | 'O'}},
+                                         Scene{"example-color-picker", "color_picker", "", {}},
+                                         Scene{"example-directory-picker",
+                                               "directory_picker",
+                                               "",
+                                               {KEY_CONTROL | 'A', 'C', KEY_SHIFT | VK_OEM_1, VK_OEM_5, 'W',
+                                                'I', 'N', 'D', 'O', 'W', 'S', VK_RETURN}},
+                                         // Its worker is stopped after some lines, each time after others.
+                                         Scene{"example-log-console",
+                                               "log_console",
+                                               "",
+                                               {KEY_ALT | 'R', KEY_SHIFT | tab, 'H', 'E', 'L', 'L', 'O'},
+                                               false},
+                                         Scene{"example-viewer", "viewer", viewed, {}},
+                                         Scene{"example-viewer-dark",
+                                               "viewer",
+                                               viewed,
+                                               {KEY_CONTROL | tab, KEY_ALT | 'T', VK_RIGHT,
+                                                KEY_CONTROL | VK_PRIOR, tab, tab, VK_DOWN}}),
+                         [](const auto& scene) {
+                             std::string name = scene.param.picture;
+                             for (char& character : name)
+                                 if (character == '-') character = '_';
+                             return name;
+                         });
+
+}  // namespace
+}  // namespace galdren_test
