@@ -260,77 +260,7 @@ std::string Striped(int width, int height, unsigned color) {
     return Sgi(static_cast<char>(width), static_cast<char>(height), 4, planes);
 }
 
-Area Difference(const Picture& one, const Picture& other) {
-    std::vector<std::uint32_t> pixels(one.Pixels());
-    for (std::size_t i = 0; i < pixels.size(); ++i)
-        pixels[i] = pixels[i] == other.Pixels()[i] ? Loud : 0;
-    return Picture(one.Width(), one.Height(), pixels).Painted();
-}
-
 }  // namespace
-
-TEST(Icons_Of_Bodies, Stand_In_The_Middle_And_Are_Made_Anew) {
-    Test_Window window(200, 150);
-    const Icon_File small("small.rgb", Striped(8, 4, 0x20C040)), wide("wide.rgb", Striped(68, 10, 0x20C040));
-    const Icon_File high("high.rgb", Striped(10, 96, 0x20C040));
-    // The file, scale, width and height of the box, and the part of the box that the picture takes. What is
-    // clear in the last column cannot be seen.
-    const struct {
-        const Icon_File& file;
-        int scale, width, height;
-        Area place;
-    } table[] = {{small, 100, 41, 31, {17, 23, 14, 17}}, {small, 100, 61, 31, {27, 33, 14, 17}},
-                 {small, 150, 61, 46, {27, 33, 22, 25}}, {small, 200, 82, 62, {33, 46, 28, 35}},
-                 {wide, 100, 41, 31, {4, 37, 13, 17}},   {high, 100, 41, 31, {20, 21, 4, 27}},
-                 {wide, 100, 14, 31, {4, 10, 15, 15}},   {wide, 100, 7, 7, Nothing}};
-    for (const auto& [file, scale, width, height, place] : table) {
-        SCOPED_TRACE(file.name + " at " + std::to_string(scale));
-        Stand box(window), plain(window);
-        EXPECT_EQ(box.Icon((Icons + file.name).c_str()), 1);
-        box.Init(nullptr);
-        for (Boxs* each : {static_cast<Boxs*>(&box), static_cast<Boxs*>(&plain)}) {
-            each->Scale = static_cast<unsigned short>(scale);
-            each->Width = static_cast<short>(width), each->Height = static_cast<short>(height);
-            each->Border = static_cast<short>(3 * scale / 100);
-            each->Init(nullptr);
-        }
-        for (const bool lit : {false, true}) {
-            window.Point_At(lit ? 15 : 0, lit ? 15 : 0);
-            const Picture with = window.After([&] { box.Draw(); });
-            const Picture without = window.After([&] { plain.Draw(); });
-            const Area shown = Difference(with, without);
-            const Area wanted =
-                place == Nothing ? Nothing
-                                 : Area{10 + place.left, 10 + place.right, 10 + place.bottom, 10 + place.top};
-            EXPECT_EQ(shown, wanted) << lit;
-            if (&file != &small) continue;
-            EXPECT_EQ(with.At(wanted.left, wanted.top), 0x20C040U);
-        }
-        Boxs copy(box);
-        EXPECT_EQ(copy.Graph_Normal, box.Graph_Normal);
-        copy.Width = static_cast<short>(copy.Width + 1), copy.Init(nullptr);
-        EXPECT_NE(copy.Graph_Normal, box.Graph_Normal);
-    }
-}
-
-TEST(Icons_Of_Bodies, Mix_By_Area_And_Opacity) {
-    Test_Window window(200, 150);
-    window.Point_At(0, 0);
-    const Icon_File wide("wide.rgb", Striped(68, 48, 0x20C040));
-    Stand box(window), plain(window);
-    ASSERT_EQ(box.Icon((Icons + wide.name).c_str()), 1);
-    box.Init(nullptr);
-    const Picture with = window.After([&] { box.Draw(); });
-    const Picture without = window.After([&] { plain.Draw(); });
-    // Each pixel is made of as many clear as opaque ones, and the clear ones' colour does not count.
-    for (const int x : {14, 30, 47}) {
-        for (const int shift : {0, 8, 16}) {
-            const auto channel = [&](std::uint32_t pixel) { return static_cast<int>(pixel >> shift & 0xFF); };
-            EXPECT_NEAR(channel(with.At(x, 30)), (channel(0x20C040) + channel(without.At(x, 30))) / 2, 1)
-                << x;
-        }
-    }
-}
 
 TEST(Icons_Of_Bodies, Leave_A_Control_As_It_Is_Or_To_The_Application) {
     Test_Window window(200, 150);
@@ -341,6 +271,10 @@ TEST(Icons_Of_Bodies, Leave_A_Control_As_It_Is_Or_To_The_Application) {
     ASSERT_EQ(box.Icon(path.c_str()), 1);
     box.Init(nullptr);
     const unsigned long* const image = box.Graph_Normal;
+    Boxs copy(box);
+    EXPECT_EQ(copy.Graph_Normal, image);
+    ++copy.Width, copy.Init(nullptr);
+    EXPECT_NE(copy.Graph_Normal, image) << "of another size";
     EXPECT_EQ(box.Icon("none.rgb"), 0);
     EXPECT_EQ(box.Icon(nullptr), 0);
     EXPECT_EQ(

@@ -3,8 +3,6 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "tests/support/keys.h"
-
 namespace galdren_test {
 
 namespace {
@@ -194,11 +192,6 @@ void Gallery::Click() const {
 }
 
 void Gallery::Turn_Wheel(int steps) const { Send_Mouse(MOUSEEVENTF_WHEEL, steps * WHEEL_DELTA); }
-
-void Gallery::Type(const std::string& text) const {
-    for (const char character : text)
-        Type_Keys({VkKeyScanA(character == '\n' ? '\r' : character)});
-}
 
 bool Gallery::Click(const std::string& control, const std::string& answer) {
     if (!Point_At(control)) return false;

@@ -58,8 +58,6 @@ class Gallery {
     void Click() const;
     /// Turns the wheel, away from the user when positive.
     void Turn_Wheel(int steps) const;
-    /// Types a text with real keys; a line break is Enter.
-    void Type(const std::string& text) const;
     /// Points at a control, presses and releases, and waits until the gallery says `answer`.
     bool Click(const std::string& control, const std::string& answer);
     void Resize(int width, int height) const;

@@ -1,15 +1,12 @@
 // The gallery driven by the real pointer: what it says, and what the screen shows.
 #include <gtest/gtest.h>
 
-#include <cstdint>
 #include <cstdio>
-#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 
 #include "tests/gallery/gallery_process.h"
-#include "tests/support/keys.h"
 
 namespace galdren_test {
 namespace {
@@ -22,17 +19,6 @@ testing::AssertionResult Shows(POINT screen, unsigned color) {
     std::snprintf(text, sizeof text, "the screen shows %06X, not %06X", shown, color);
     return testing::AssertionFailure() << text;
 }
-
-bool Shows_Now(POINT screen, unsigned color) { return Screen_Color(screen) == color; }
-
-/// Whether a body is lit: its red stands out from its green.
-bool Is_Lit(POINT screen) {
-    const unsigned color = Screen_Color(screen);
-    return (color >> 16) > (color >> 8 & 0xFF) + 60;
-}
-
-/// A pixel of a control's body, clear of its caption.
-POINT Body_Of(const Gallery& gallery, const char* control) { return gallery.Place_Of(control, 14, 14); }
 
 TEST(Gallery_Test, Bars_Follow_Drag_And_Wheel) {
     Gallery gallery("sliders");
@@ -59,79 +45,6 @@ TEST(Gallery_Test, Bars_Follow_Drag_And_Wheel) {
     gallery.Move_To(gallery.Place_Of("Plain", 5, 8));
     gallery.Click();
     EXPECT_TRUE(gallery.Says("press \"Plain\": Val 39"));
-    EXPECT_EQ(gallery.Close(), 0u);
-}
-
-TEST(Gallery_Test, Console_Is_Typed_Into_Recalled_And_Scrolled) {
-    Gallery gallery("console");
-    ASSERT_TRUE(gallery.Point_At("Console"));
-    gallery.Click();
-    gallery.Type("say Ab*1?\n");
-    EXPECT_TRUE(gallery.Says("entered \"Console\": say Ab*1?"));
-    gallery.Type("count");
-    Type_Keys({VK_UP, VK_LEFT, VK_BACK});
-    gallery.Type("2\n");
-    EXPECT_TRUE(gallery.Says("entered \"Console\": say Ab*2?"));
-    ASSERT_TRUE(OpenClipboard(nullptr));
-    EmptyClipboard();
-    const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, 16);
-    std::strcpy(static_cast<char*>(GlobalLock(block)), "flood 200");
-    GlobalUnlock(block);
-    SetClipboardData(CF_TEXT, block);
-    CloseClipboard();
-    const POINT bar = gallery.Place_Of("Console", 14, 60);
-    Type_Keys({KEY_CONTROL | 'V'});
-    gallery.Type("\n");
-    EXPECT_TRUE(gallery.Says("entered \"Console\": flood 200"));
-    constexpr unsigned thumb = 0x6E6E6E;
-    EXPECT_FALSE(Shows_Now(bar, thumb)) << "the thumb is at the bottom";
-    gallery.Turn_Wheel(200);
-    EXPECT_TRUE(Shows(bar, thumb)) << "and now at the top";
-    Type_Keys({VK_ESCAPE});
-    gallery.Type("ignored\n");
-    EXPECT_TRUE(gallery.Click("One line", "press \"One line\": One line more"));
-    EXPECT_EQ(gallery.Close(), 0u);
-}
-
-TEST(Gallery_Test, Dialogs_Are_Answered_And_Leave_The_Gallery_Usable) {
-    Gallery gallery("dialogs");
-    const auto open = [&](const char* button, const char* title) {
-        // A move that comes while a dialog is just closing may be lost; a hand would move on.
-        POINT place = gallery.Middle_Of(button);
-        EXPECT_TRUE(Wait_Until([&] {
-            ++place.x;
-            gallery.Move_To(place);
-            return Is_Lit(Body_Of(gallery, button));
-        }));
-        gallery.Click();
-        HWND dialog = nullptr;
-        EXPECT_TRUE(Wait_Until([&] {
-            dialog = FindWindowA("#32770", title);
-            return dialog && IsWindowVisible(dialog);
-        }));
-        return dialog;
-    };
-    const auto press = [&](HWND dialog, int quarter) {
-        RECT client{};
-        GetClientRect(dialog, &client);
-        POINT button{client.right * quarter / 4 - 40, client.bottom - 18};
-        ClientToScreen(dialog, &button);
-        // A move that comes while it is just opening may be lost, too.
-        EXPECT_TRUE(Wait_Until([&] {
-            ++button.x;
-            gallery.Move_To(button);
-            return Is_Lit(button);
-        }));
-        gallery.Click();
-    };
-    press(open("Question", "Close"), 1);
-    EXPECT_TRUE(gallery.Says("press \"Question\": 1, \"Yes\""));
-    press(open("Question", "Close"), 3);
-    EXPECT_TRUE(gallery.Says("press \"Question\": 0, \"No\" or closed"));
-    press(open("Short message", "Save"), 2);
-    EXPECT_TRUE(gallery.Says("press \"Short message\": 0, \"OK\" or closed"));
-    PostMessageA(open("Long message", "Lines"), WM_CLOSE, 0, 0);
-    EXPECT_TRUE(gallery.Says("press \"Long message\": 0, \"OK\" or closed"));
     EXPECT_EQ(gallery.Close(), 0u);
 }
 

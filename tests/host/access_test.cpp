@@ -571,59 +571,5 @@ TEST(Access, Tells_Of_What_Changes) {
     }
 }
 
-constexpr char Window_Variable[] = "GALDREN_TEST_WINDOW";
-
-/// What the second process does, which is this program with another filter.
-TEST(Access_Client, DISABLED_Works_A_Window_Of_Another_Process) {
-    CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
-    const char* number = std::getenv(Window_Variable);
-    ASSERT_NE(number, nullptr);
-    const HWND window = reinterpret_cast<HWND>(std::stoull(number));
-    {
-        const Spoken root(window);
-        ASSERT_TRUE(root);
-        EXPECT_EQ(root.Count(), 17);
-        EXPECT_EQ(root.Child(Apply).Line(), "Apply: push button, focusable (Press)");
-        EXPECT_EQ(root.Child(Apply).Act(), S_OK);
-        EXPECT_EQ(root.Child(Depth).Set_Value(L"75"), S_OK);
-        EXPECT_EQ(Found_At(root.Child(Formats).Child(2).Middle()).Name(), "JPEG");
-        EXPECT_EQ(root.Child(Formats).Child(9).Name(), "80070057");
-        // It is the window's to let go of what is kept here.
-        static const Spoken kept = root.Child(Formats);
-    }
-    std::_Exit(testing::Test::HasFailure() ? 1 : 0);
-}
-
-/// Runs this program once more with the client's test, and answers its exit code.
-DWORD Run_Client(HWND window) {
-    SetEnvironmentVariableA(Window_Variable,
-                            std::to_string(reinterpret_cast<std::uintptr_t>(window)).c_str());
-    char program[MAX_PATH];
-    GetModuleFileNameA(nullptr, program, sizeof program);
-    std::string line =
-        '"' + std::string(program) + "\" --gtest_filter=Access_Client.* --gtest_also_run_disabled_tests";
-    STARTUPINFOA start{};
-    start.cb = sizeof start;
-    PROCESS_INFORMATION client{};
-    if (!CreateProcessA(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start, &client))
-        return ~0U;
-    while (MsgWaitForMultipleObjects(1, &client.hProcess, FALSE, 30000, QS_ALLINPUT) == WAIT_OBJECT_0 + 1)
-        Pump();
-    DWORD code = ~0U;
-    GetExitCodeProcess(client.hProcess, &code);
-    CloseHandle(client.hThread);
-    CloseHandle(client.hProcess);
-    return code;
-}
-
-TEST(Access, Serves_Another_Process) {
-    Full_Window served;
-    EXPECT_EQ(Run_Client(served.window), 0U);
-    EXPECT_EQ(served.log, "apply ");
-    EXPECT_EQ(served.depth.Val, 75.0F);
-    served.host.reset();
-    EXPECT_EQ(galdren::Access_Object::Alive(), 0);
-}
-
 }  // namespace
 }  // namespace galdren_test

@@ -30,60 +30,29 @@ class Handlers_Test : public testing::Test, protected Hosted_Window {
 };
 
 TEST_F(Handlers_Test, Controls_Work_By_Themselves) {
-    static const char* const rows[] = {"one", "two", "three", nullptr};
     for (const bool by_parts : {false, true}) {
         SCOPED_TRACE(by_parts ? "parts" : "pointer");
         host = std::make_unique<Host>(window);
         Buttons lamp, plain;
-        CheckLists checks;
-        Lists list;
         Sliders slider;
-        Valuators value;
-        Selects selector;
-        Tabs tabs;
-        Color_Edit color;
         Texts field;
-        Place(lamp, nullptr, 10, 10, 90, 40, BUTTON_LAMP), Place(plain, nullptr, 110, 10, 90, 40),
-            Place(checks, nullptr, 210, 10, 100, 80);
-        Place(list, nullptr, 10, 100, 90, 120, FLAG_VERTICAL), Place(slider, nullptr, 110, 100, 200, 16);
-        Place(value, nullptr, 110, 130, 200, 24), Place(selector, nullptr, 110, 170, 200, 30),
-            Place(tabs, nullptr, 10, 360, 300, 30);
-        Place(color, nullptr, 110, 210, 200, 90), Place(field, nullptr, 10, 310, 200, 26, TEXT_SINGLE_LINE);
-        checks.List = rows;
-        slider.End_Val = value.End_Val = 100;
-        list.Grow(3, 0), selector.Grow(3, 0), tabs.Grow(3, 0);
-        for (Tools* control : std::initializer_list<Tools*>{&lamp, &plain, &checks, &list, &slider, &value,
-                                                            &selector, &tabs, &color, &field})
-            control->Border = 1;
-        host->Add(lamp), host->Add(plain), host->Add(checks), host->Add(list), host->Add(slider);
-        host->Add(value), host->Add(selector), host->Add(tabs), host->Add(color), host->Add(field);
+        Place(lamp, nullptr, 10, 10, 90, 40, BUTTON_LAMP), Place(plain, nullptr, 110, 10, 90, 40);
+        Place(slider, nullptr, 110, 100, 200, 16);
+        Place(field, nullptr, 10, 310, 200, 26, TEXT_SINGLE_LINE);
+        slider.End_Val = 100;
+        host->Add(lamp), host->Add(plain), host->Add(slider), host->Add(field);
         host->Init_All();
-        host->Refresh();
-        Send(WM_PAINT);
-        const unsigned long black = color.Value;
-        if (by_parts) {
-            EXPECT_TRUE(host->Parts().Step({6}, Part_Move::Right));
-        } else {
-            Click({selector.X + selector.Width - 10, selector.Y + 15});
-        }
-        constexpr Part_Place places[] = {{0}, {1}, {2, 1}, {3, 2}, {4}, {5}, {7, 1}, {8, 2}, {9}};
-        for (const Part_Place place : places) {
+        for (int number = 0; number < 4; ++number) {
             if (by_parts) {
-                EXPECT_TRUE(host->Parts().Press(place)) << place.control;
+                EXPECT_TRUE(host->Parts().Press({number})) << number;
             } else {
-                Click(Middle_Of(place));
+                Click(Middle_Of({number}));
             }
             EXPECT_EQ(Button_State, 0u);
         }
         EXPECT_TRUE(lamp.Value == 1 && lamp.Lamp == 1);
         EXPECT_EQ(plain.Value, 0) << "what it does is the application's";
-        EXPECT_EQ(checks.Value, 2);
-        EXPECT_EQ(list.Current, 2);
         EXPECT_NEAR(slider.Val, 50, 5);
-        EXPECT_NEAR(value.Val, 50, 5);
-        EXPECT_EQ(selector.Current, 1);
-        EXPECT_EQ(tabs.Value, 1);
-        EXPECT_NE(color.Value, black);
         EXPECT_EQ(field.Mode, TEXT_READING);
         EXPECT_EQ(host->Focused(), &field);
         host->Set_Default(&lamp);

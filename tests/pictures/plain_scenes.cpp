@@ -1,4 +1,5 @@
 // What has no value and no parts: primitives, icons, boxes, buttons, labels, tabs.
+#include "Galdren_Util.h"
 #include "tests/pictures/looks.h"
 
 using namespace galdren_test;
@@ -186,6 +187,36 @@ TEST(Pictures, Icons_And_Glyphs) {
             End_Draw();
         });
     }
+    sheet.Expect_Recorded();
+}
+
+/// An icon stands in the middle, smaller where there is less room, and larger at a scale.
+template <class Control>
+void Show_Icons(Sheet& sheet) {
+    const Looks<Control> looks{
+        {"as it is"},
+        {"150 %", 0, [](auto& c) { c.Scale = 150; }},
+        {"200 %", 0, [](auto& c) { c.Scale = 200, c.Border = 2; }},
+        {"narrow", 0, [](auto& c) { c.Width = 15; }},
+        {"low", 0, [](auto& c) { c.Height = 14; }},
+        {"no room", 0, [](auto& c) { c.Width = c.Height = 7; }},
+        {"bright, thick border", 0, [](auto& c) { c.Color = Colors(240, 90, 10), c.Border = 9; }},
+    };
+    const Steps<Control> steps{
+        [](auto& c, auto&) { c.Width = static_cast<short>(c.Width - 3), c.Init(nullptr), c.Draw(); },
+        [](auto& c, auto&) { c.Set_Color(30, 200, 100), c.Init(nullptr), c.Draw(); },
+    };
+    const auto dress = [](Control& c) {
+        const std::string folder = std::string(Inst_Path) + "Icons\\";
+        EXPECT_EQ(c.Icon((folder + "icon_mycomputer.rgb").c_str()), 1);
+        c.Name = nullptr;
+    };
+    sheet.Add_All<Control>(dress, looks, Rest_And_Light<Control>() + steps);
+}
+
+TEST(Pictures, Icons_On_Bodies) {
+    Sheet sheet("icons-on-bodies", 60, 50);
+    Show_Icons<Boxs>(sheet), Show_Icons<Buttons>(sheet);
     sheet.Expect_Recorded();
 }
 

@@ -665,7 +665,7 @@ void Run(int steps) {
 }  // namespace
 
 int main(int count, char** arguments) {
-    int steps = 20000;
+    int steps = 2000;
     for (int i = 1; i + 1 < count; i += 2) {
         if (std::strcmp(arguments[i], "--steps") == 0) steps = std::atoi(arguments[i + 1]);
         if (std::strcmp(arguments[i], "--seed") == 0)

@@ -174,22 +174,6 @@ TEST(Surface, Clips_To_A_Rectangle_Until_Reset) {
     }
 }
 
-TEST(Surface, Keeps_No_Objects_Of_Primitives) {
-    Test_Window window(100, 50);
-    const auto paint = [&] {
-        Begin_Draw(window, nullptr);
-        Clip_Rect(1, 1, 90, 40);
-        Draw_Line(9, 9, 3), Draw_Frame(0, 0, 9, 9), Draw_Box(0, 9, 9, 0), Text_Tabbed(nullptr, 1, 1, "text");
-        Clip_Reset();
-        End_Draw();
-    };
-    paint();
-    const int objects = Gdi_Objects();
-    for (int i = 0; i < 20; ++i)
-        paint();
-    EXPECT_EQ(Gdi_Objects(), objects);
-}
-
 TEST(Batch, Reaches_The_Window_At_Its_End_And_Equals_Plain_Painting) {
     Test_Window window(300, 120), other(60, 60);
     Controls controls(window);
@@ -518,32 +502,6 @@ TEST(Print, Tells_What_Fails) {
     End_Batch();
 }
 
-/// Without memory for pictures the window itself is painted on, pixel for pixel the same.
-TEST(Surface, Needs_No_Memory) {
-    Test_Window window(300, 120);
-    Controls controls(window);
-    const Picture picture = window.After([&] { controls.Draw(); });
-    for (const bool held : {false, true}) {
-        for (const bool in_pair : {false, true}) {
-            Tools_Lib_Cleanup();
-            const Picture without = window.After([&] {
-                Call_Spy spy;
-                if (held) Begin_Hold(window);
-                if (in_pair) Begin_Draw(window, nullptr);
-                for (Tools* control :
-                     {static_cast<Tools*>(&controls.box), static_cast<Tools*>(&controls.button)}) {
-                    spy.Fail("CreateDIBSection");
-                    control == &controls.box ? controls.box.Draw() : controls.button.Draw();
-                }
-                if (in_pair) End_Draw();
-                if (held) End_Hold(window);
-            });
-            EXPECT_TRUE(Same(without, picture)) << held << in_pair;
-        }
-    }
-    Expect_Nothing_Taken();
-}
-
 /// Held or not, windows of any kind show what a plain one does, whatever happens to them meanwhile.
 TEST(Hold, Is_For_Windows_Of_Any_Kind) {
     Test_Window plain(300, 120);
@@ -597,22 +555,4 @@ TEST(Hold, Serves_Many_Windows_And_Two_Threads) {
     use(300);
     other.join();
     Expect_Nothing_Taken();
-}
-
-/// A process has 10,000 GDI handles. Controls beyond that have no region; all else works.
-TEST(Surface, Does_Without_Regions) {
-    Test_Window window(300, 120);
-    Controls controls(window);
-    const Picture picture = window.After([&] { controls.Draw(); });
-    Call_Spy spy;
-    Boxs box;
-    box.X = 10, box.Y = 10, box.Width = 120, box.Height = 80, box.Name = "Box", box.Flag = FLAG_VERTICAL,
-    box.Font_Size = 10;
-    spy.Fail("CreateRectRgn");
-    box.Init(window);
-    EXPECT_EQ(box.Region, nullptr);
-    EXPECT_EQ(box.Clip_Region, nullptr);
-    EXPECT_TRUE(Same(window.After([&] { box.Draw(), controls.button.Draw(); }), picture));
-    box.Init(window);
-    EXPECT_NE(box.Region, nullptr);
 }

@@ -1,9 +1,6 @@
-// What holds for every class: where it paints, what it shares with copies, and what it survives.
+// What holds for every class: what it shares with copies, what it reports, and that it gives everything back.
 #include <algorithm>
-#include <climits>
-#include <limits>
 #include <memory>
-#include <random>
 #include <string>
 
 #include "Galdren_Tools.h"
@@ -61,57 +58,7 @@ void Put(Control& control, int width, int height, unsigned long flag) {
     Furnish(control);
 }
 
-bool Inside(const Area& painted, int width, int height) {
-    return painted == Nothing || (painted.left >= Left && painted.right <= Left + width &&
-                                  painted.bottom >= Bottom && painted.top <= Bottom + height);
-}
-
 }  // namespace
-
-template <class Control>
-struct Made_Of_Parts : testing::Test {};
-using Compound =
-    testing::Types<Sliders, Valuators, CheckLists, Lists, Selects, Texts, Hue_Edit, Color_Edit, DirTrees>;
-TYPED_TEST_SUITE(Made_Of_Parts, Compound);
-
-/// What a control is made of is cut at its rectangle, right column and top row included.
-TYPED_TEST(Made_Of_Parts, Stay_In_The_Rectangle_However_Small) {
-    Test_Window window(420, 420);
-    const auto check = [&](int width, int height, unsigned long flag) {
-        TypeParam control;
-        Put(control, width, height, flag);
-        const Area painted = window.Changed([&] { control.Init(window), Use(window, control); });
-        EXPECT_TRUE(Inside(painted, width, height))
-            << width << " x " << height << " flag " << std::hex << flag;
-    };
-    for (const SIZE size : {SIZE{130, 66}, SIZE{57, 57}, SIZE{22, 38}, SIZE{13, 48}, SIZE{30, 26},
-                            SIZE{68, 4}, SIZE{104, 1}, SIZE{130, 3}, SIZE{120, 8}, SIZE{120, 40}, SIZE{1, 1}})
-        check(size.cx, size.cy, 0);
-    std::mt19937 random(7);
-    for (int i = 0; i < 60; ++i)
-        check(1 + static_cast<int>(random() % 90), 1 + static_cast<int>(random() % 70),
-              random() & (FLAG_VERTICAL | FLAG_RAISED | FLAG_TEXT_LEFT));
-}
-
-/// The text clip rectangle holds for a control with all its parts.
-TYPED_TEST(Made_Of_Parts, Keep_To_The_Clip_Rectangle) {
-    Test_Window window(420, 420);
-    TypeParam whole, clipped;
-    Put(whole, 260, 200, 0), Put(clipped, 260, 200, 0);
-    whole.Init(window);
-    const Picture all = window.After([&] { Use(window, whole); });
-    clipped.Clip_X = Left + 20, clipped.Clip_Y = Bottom + 30, clipped.Clip_Width = 150,
-    clipped.Clip_Height = 90;
-    const Picture part = window.After([&] { clipped.Init(window), Use(window, clipped); });
-    const Area inside{Left + 20, Left + 169, Bottom + 31, Bottom + 120};
-    EXPECT_EQ(part.Painted(), inside);
-    int differing = 0;
-    for (int x = inside.left; x <= inside.right; ++x) {
-        for (int y = inside.bottom; y <= inside.top; ++y)
-            differing += part.At(x, y) != all.At(x, y);
-    }
-    EXPECT_EQ(differing, 0);
-}
 
 template <class Control>
 struct Any_Class : testing::Test {
@@ -197,58 +144,6 @@ TYPED_TEST(Any_Class, Survives_Failures_And_Gives_Everything_Back) {
     all();
     EXPECT_EQ(Gdi_Objects(), objects);
     EXPECT_EQ(Live_Blocks(), blocks);
-}
-
-/// Whatever an application writes into the fields, in any order, also without memory.
-TYPED_TEST(Any_Class, Survives_Any_Fields) {
-    Test_Window& window = this->window;
-    const short but_dim = BUT_DIM;
-    std::minstd_rand random(7);
-    const auto pick = [&](std::initializer_list<int> values) {
-        return *(values.begin() + random() % values.size());
-    };
-    const auto low = [&](std::initializer_list<int> values) { return static_cast<short>(pick(values)); };
-    const auto real = [&] {
-        using Limits = std::numeric_limits<float>;
-        constexpr float values[] = {0, 5, 5, 100, -3, -3e38F, Limits::infinity(), Limits::quiet_NaN()};
-        return values[random() % std::size(values)];
-    };
-    const auto scramble = [&](auto& control) {
-        control.Width = low({-32768, 0, 1, 5, 40, 66, 130, 300, 300, 2000, 32767});
-        control.Height = low({-1, 0, 1, 5, 12, 66, 66, 90, 300, 32767});
-        control.Border = low({0, 0, 1, 3, 20, 40, -7, 32767, -32768});
-        control.Flag = random() & static_cast<unsigned>(pick({0, 0x80, 0xFFF, 0xFFFFF, -1}));
-        control.Color = Colors(pick({300, 170}), pick({-5, 170}), 128);
-        control.Name = pick({0, 1}) ? "a\nb\tc\r\n&&\x01\xFF %s%n" : nullptr;
-        BUT_DIM = low({25, 25, 40, 0, -9, 32767});
-        if constexpr (requires { control.Grow(1, 0); }) control.Grow(low({0, 1, 3, 9, 60}), 0);
-        if constexpr (requires { control.Line_Height; }) control.Line_Height = low({0, 1, 20, -32768, 32767});
-        if constexpr (requires { control.Current; } && !std::is_same_v<TypeParam, DirTrees>)
-            control.Current = low({-32768, -1, 0, 1, 2, 70, 32767});
-        if constexpr (requires { control.Start_Val; }) {
-            control.Start_Val = real(), control.End_Val = real(), control.Val = real();
-            control.Larg_Adjust(real(), real());
-        }
-        if constexpr (requires { control.Page(0); }) control.Page(pick({INT_MIN, -1, 0, 40, INT_MAX}));
-        if constexpr (requires { control.Chan_1; }) control.Chan_1.Val = real();
-        if constexpr (requires { control.Hue; }) control.Hue.Val = real();
-        if constexpr (requires { control.Value; }) {
-            control.Value = static_cast<decltype(control.Value)>(low({-32768, -1, 0, 1, 30, 32767}));
-        }
-        if constexpr (requires { control.Scroll(1); })
-            control.Scroll(static_cast<short>(pick({1, -7, -32768, 32767})));
-    };
-    auto control = std::make_unique<TypeParam>();
-    Put(*control, 130, 66, 0);
-    for (int round = 0; round < 30; ++round) {
-        Call_Spy spy;
-        if (pick({0, 0, 1})) spy.Fail_Allocation(pick({0, 1, 2, 3, 4, 5, 6}));
-        scramble(*control);
-        control->Init(window);
-        Use(window, *control);
-        if (round % 9 == 0) control = std::make_unique<TypeParam>(*control);
-    }
-    BUT_DIM = but_dim;
 }
 
 /// Calls that are reported by a class which calls itself `name` in them.

@@ -208,22 +208,6 @@ TEST(Init, Forgets_Withdrawn_Images_Whatever_Way_It_Takes) {
     check_part(hue, hue.Frame), check_part(color, color.Frame);
 }
 
-TEST(Odd_Sizes, Show_From_One_Pixel_On) {
-    Test_Window window(300, 200);
-    window.Point_At(21, 11);
-    const auto check = [&](auto control, int width, int height) {
-        control.X = 20, control.Y = 10, control.Border = 1;
-        control.Width = static_cast<short>(width), control.Height = static_cast<short>(height);
-        const bool there = width > 0 && height > 0;
-        const auto draw = [&] { control.Init(window), control.Draw(); };
-        EXPECT_EQ(window.Changed(draw) != Nothing, there) << width << " x " << height;
-        EXPECT_EQ(control.Select(EVENT_MOVE), there) << width << " x " << height;
-    };
-    for (const int width : {-32768, 0, 1, 7, 32767})
-        for (const int height : {-1, 0, 1, 40})
-            check(Boxs(), width, height), check(Buttons(), width, height);
-}
-
 TEST(Failures, Of_A_Font_Are_Reported_Once) {
     Test_Window window(300, 200);
     Report_Catcher reports;
