@@ -4,6 +4,7 @@
 
 #include "tools/area.h"
 #include "widgets/input_line.h"
+#include "widgets/text.h"
 
 namespace galdren {
 

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "widgets/input_line.h"
+#include "widgets/text.h"
 
 namespace galdren {
 
