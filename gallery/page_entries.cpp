@@ -47,12 +47,9 @@ Texts& Add_Entry(Sheet& sheet, const Place& place, const Entry_Sample& sample) {
 
 void Add_Filters(Sheet& sheet, int top) {
     constexpr Entry_Sample samples[] = {
-        {"Any text", 0, "España, Ελλάδα, Россия"},
-        {"Integer", TEXT_INTEGER, "0"},
-        {"Floating point", TEXT_FLOAT, "2.5e-3"},
-        {"Hexadecimal", TEXT_HEXADECIMAL, "c0ffee"},
-        {"Password", TEXT_PASSWORD, "secret"},
-        {"Reports every change", TEXT_REPORT_CHANGES, "type here"},
+        {"Any text", 0, "España, Ελλάδα, Россия"}, {"Integer", TEXT_INTEGER, "0"},
+        {"Floating point", TEXT_FLOAT, "2.5e-3"},  {"Hexadecimal", TEXT_HEXADECIMAL, "c0ffee"},
+        {"Password", TEXT_PASSWORD, "secret"},     {"Reports every change", TEXT_REPORT_CHANGES, "type here"},
     };
     for (int i = 0; i < static_cast<int>(std::size(samples)); ++i)
         Add_Entry(sheet, {page_area.x, top + i * row_height, name_width + field_width, 24}, samples[i]);

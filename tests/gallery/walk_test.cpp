@@ -225,7 +225,7 @@ TEST(Walk_Test, Examples_Are_Worked_By_Keys) {
     const Example examples[] = {
         {"settings",
          {{{'X'}, "Title: text, focused, focusable = Harbour at dawnx"},
-          {{tab, '2'}, "Copies: text, focused, focusable = 12"},
+          {{tab, '1', '2'}, "Copies: text, focused, focusable = 12"},
           {{tab, VK_RIGHT, tab, VK_HOME}, "Quality: slider, focused, focusable = 1 %"},
           {{tab, VK_DOWN, VK_DOWN, VK_SPACE, tab, VK_UP, tab, VK_SPACE},
            "Replace old pictures: check button, focused, checked"},
