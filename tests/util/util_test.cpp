@@ -26,7 +26,7 @@ TEST(Error_Fct, Filters_Strips_And_Cuts) {
     }
     {
         const galdren_test::Other_Page page(CP_UTF8);
-        Error_Fct(nullptr, 7, "%s", (std::string(2046, 'x') + "\xC3\xB1").c_str());
+        Error_Fct(nullptr, 7, "%s", std::string(2046, 'x').append("\xC3\xB1").c_str());
         EXPECT_EQ(reports.Take(), "7:" + std::string(2046, 'x'));
     }
     EXPECT_EQ(Error_Set_Level(11), 7);
