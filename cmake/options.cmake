@@ -29,10 +29,6 @@ if(GALDREN_CHECKED)
 endif()
 
 option(GALDREN_PRECOMPILED "Precompile the system's headers: three times as fast, but a missing #include goes unnoticed" OFF)
-if(GALDREN_PRECOMPILED AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-  # From precompiled headers, GCC 12 takes the short buffer of std::string for all that a string has.
-  target_compile_options(galdren_options INTERFACE -Wno-array-bounds)
-endif()
 # galdren_precompile(TARGET [HEADER...])
 function(galdren_precompile target)
   if(GALDREN_PRECOMPILED)
