@@ -60,6 +60,19 @@ inline POINT To_Logical(HWND window, POINT client) {
     return {Is_Mirrored(window) ? all.right - 1 - client.x : client.x, all.bottom - 1 - client.y};
 }
 
+/// The same, and where the point is on the screen: for every move of the pointer, with the fewest questions
+/// to the system.
+inline POINT To_Logical(HWND window, POINT client, POINT& screen) {
+    // A pixel further in a mirrored window is one to the left. Three points, for two would be taken for a
+    // rectangle.
+    POINT points[] = {client, {client.x + 1, client.y}, client};
+    MapWindowPoints(window, nullptr, points, 3);
+    screen = points[0];
+    const bool is_mirrored = points[1].x < points[0].x;
+    const RECT all = Client_Area(window);
+    return {is_mirrored ? all.right - 1 - client.x : client.x, all.bottom - 1 - client.y};
+}
+
 inline POINT To_Screen(HWND window, POINT logical) {
     POINT point = To_Logical(window, logical);
     ClientToScreen(window, &point);

@@ -62,10 +62,8 @@ bool Host::Hand_Over(POINT logical) {
 /// Notes where the pointer is and tells the control that has it.
 /// @return what its `Select` answers; 0 without a control
 int Host::Point(POINT client, int event) {
-    pointer = client;
-    ClientToScreen(window, &pointer);
+    const POINT logical = To_Logical(window, client, pointer);
     Set_Pointer(pointer);
-    const POINT logical = To_Logical(window, client);
     const bool entered = Hand_Over(logical);
     const Entry* entry = entries.Find(current);
     if (!entry) return 0;
