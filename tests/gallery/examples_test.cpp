@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "tests/gallery/gallery_process.h"
+#include "tests/support/directories.h"
 #include "tests/support/keys.h"
 #include "tests/support/png.h"
 
@@ -64,7 +65,7 @@ class Picture_Folder {
         Write("Evening.tga", 400, 400, 4.1, 90);
         Write("Long valley.tga", 600, 240, 5.3, 45);
     }
-    ~Picture_Folder() { std::filesystem::remove_all(path); }
+    ~Picture_Folder() { Remove_Directory(path); }
     Picture_Folder(const Picture_Folder&) = delete;
     Picture_Folder& operator=(const Picture_Folder&) = delete;
 

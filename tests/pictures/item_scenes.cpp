@@ -2,6 +2,7 @@
 #include <filesystem>
 
 #include "tests/pictures/looks.h"
+#include "tests/support/directories.h"
 
 using namespace galdren_test;
 
@@ -178,5 +179,5 @@ TEST(Pictures, Directory_Browsers) {
     Sheet sheet("directory-browsers", 230, 280);
     sheet.Add_All<DirTrees>(nullptr, looks, steps);
     sheet.Expect_Recorded();
-    std::filesystem::remove_all(Sample_Path());
+    Remove_Directory(Sample_Path());
 }

@@ -5,13 +5,26 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <filesystem>
 #include <initializer_list>
 #include <string>
+#include <system_error>
 #include <vector>
 
 #include "util/wide.h"
 
 namespace galdren_test {
+
+/// Removes a directory with all that is in it, once no other program reads it any more.
+inline void Remove_Directory(const std::filesystem::path& path) {
+    std::error_code fault;
+    for (int tries = 0; tries < 200; ++tries) {
+        std::filesystem::remove_all(path, fault);
+        if (!fault) return;
+        Sleep(20);
+    }
+    ADD_FAILURE() << path << ": " << fault.message();
+}
 
 /// Directories in the temporary directory, gone at the end with all that the test has put there. Their names
 /// are given below the sample and end with a backslash, as the paths of nodes do.
