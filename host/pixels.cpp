@@ -28,7 +28,7 @@ bool Is_Targa(const std::string& file) {
 
 Image Read_Image(const char* file) {
     IGB_Image* image = nullptr;
-    (Is_Targa(file) ? TGA_Read_Image : IGB_Read_Image)(file, &image);
+    (file && Is_Targa(file) ? TGA_Read_Image : IGB_Read_Image)(file, &image);
     return {image, IGB_Free};
 }
 

@@ -303,7 +303,7 @@ void Canvas::Write_Glyphs(HFONT font, const Glyph_Run& run, int x, int y, const 
                 &limits, reinterpret_cast<const WCHAR*>(indices), static_cast<UINT>(run.count), nullptr);
 }
 
-/// A loop over the pixels of a caption takes a tenth of what GDI does.
+/// With this loop in place of GDI a label takes half the time.
 void Canvas::Write_Spots(const Glyph_Run& run, int x, int y, const RECT& clip, unsigned long color) {
     const Raster& raster = view.sheet->Pixels();
     const auto pixel = static_cast<unsigned long>(Pixel_Of(color));

@@ -58,6 +58,7 @@ TEST(Pixels_Test, Reads_Files_Opaque_All_Over) {
     errno = 0;
     EXPECT_TRUE(Read_Pixels("c:\\no such file.rgb").Is_Empty());
     EXPECT_EQ(errno, ENOENT);
+    EXPECT_TRUE(Read_Pixels(nullptr).Is_Empty());
 }
 
 TEST(Pixels_Test, Keeps_Proportions) {
