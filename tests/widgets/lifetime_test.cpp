@@ -256,5 +256,6 @@ TEST(Failures, Of_All_Memory_Leave_Copies_What_They_Share) {
     EXPECT_LE(Live_Blocks(), blocks + Many) << "a name each";
     const int left = Live_Blocks();
     run(false);
-    EXPECT_LE(Live_Blocks(), left + Many / 30);
+    constexpr int Met_By_Chance = Many / 10;  // one or two on average, with two blocks each
+    EXPECT_LE(Live_Blocks(), left + Met_By_Chance) << "names that share the place of a lost one";
 }
