@@ -1,7 +1,5 @@
 #include "popup/owner_window.h"
 
-#include "popup/popup.h"
-
 namespace galdren {
 
 namespace {
@@ -32,11 +30,9 @@ Dress Dress_Of(HWND window) {
     return {};
 }
 
-}  // namespace galdren
-
-using namespace galdren;
-
-void Set_Dialog_Look(HWND owner, unsigned short scale, const Theme* look) {
-    Keep(owner, Scale_Name, reinterpret_cast<const void*>(UINT_PTR{scale}));
-    Keep(owner, Look_Name, look);
+void Keep_Dress(HWND window, const Dress& dress) {
+    Keep(window, Scale_Name, reinterpret_cast<const void*>(UINT_PTR{dress.scale}));
+    Keep(window, Look_Name, dress.look);
 }
+
+}  // namespace galdren

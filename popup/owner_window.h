@@ -39,7 +39,10 @@ struct Dress {
     unsigned short scale = 0;     ///< in percent; 0 means 100
     const Theme* look = nullptr;  ///< null means none
 };
-/// What `Set_Dialog_Look` said of a window, or of the nearest one that it belongs to.
+/// Has a window keep them for its dialogs.
+void Keep_Dress(HWND window, const Dress& dress);
+
+/// What a window keeps, or the nearest one that it belongs to and that keeps anything.
 Dress Dress_Of(HWND window);
 
 }  // namespace galdren

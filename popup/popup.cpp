@@ -558,6 +558,10 @@ const Cleanup Controls_Cleanup([] {
 
 }  // namespace
 
+void Set_Dialog_Look(HWND owner, unsigned short scale, const Theme* look) {
+    Keep_Dress(owner, {scale, look});
+}
+
 int PopUp_Message(const char* title, const char* caption, char* message, short width, short height) {
     return The<Kinds>().message.Run(title, caption, message, width, height);
 }
