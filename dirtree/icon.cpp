@@ -121,7 +121,7 @@ class Blend_Buffer {
     unsigned long* Get() { return pixels; }
 
   private:
-    static constexpr std::size_t Usual = 32 * 32;
+    static constexpr std::size_t Usual = std::size_t{32} * 32;
     unsigned long usual[Usual];
     std::unique_ptr<unsigned long[]> large;
     unsigned long* pixels;

@@ -47,7 +47,7 @@ struct Icon_Directory {
 
     Icon_Directory() {
         const bool installed = Inst_Path && *Inst_Path;
-        std::snprintf(text, sizeof text, "%sIcons\\", installed ? Inst_Path : "c:\\Program Files\\Galdren\\");
+        std::snprintf(text, sizeof text, "%sIcons\\", installed ? Inst_Path : R"(c:\Program Files\Galdren\)");
     }
 };
 
