@@ -605,6 +605,12 @@ TYPED_TEST(Parts_Of_Any, Wait_For_Init) {
             EXPECT_FALSE(parts.Set_Value(control, part, text));
     }
     EXPECT_EQ(parts.At(control, {15, 15}), Whole);
+    const Test_Window window(200, 100);
+    static const char* const names[] = {"one", nullptr};
+    if constexpr (requires { control.List; }) control.List = names;
+    control.Init(window);
+    control.Width = 0;
+    EXPECT_TRUE(parts.Describe(control, Whole).state & PART_OUT_OF_VIEW);
 }
 
 }  // namespace
