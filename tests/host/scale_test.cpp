@@ -36,38 +36,34 @@ struct Every_Class {
         Place(hue, nullptr, 10, 250, 121, 51);
         Place(color, nullptr, 150, 240, 181, 81);
     }
+    void Each(auto visit) {
+        visit(box), visit(label), visit(button), visit(checks), visit(list), visit(selector), visit(bar);
+        visit(value), visit(tabs), visit(console), visit(hue), visit(color);
+    }
     void Add_To(Host& host) {
-        host.Add(box), host.Add(label), host.Add(button), host.Add(checks), host.Add(list),
-            host.Add(selector), host.Add(bar), host.Add(value), host.Add(tabs), host.Add(console),
-            host.Add(hue), host.Add(color);
+        Each([&](auto& control) { host.Add(control); });
     }
-    std::array<Tools*, 12> All() {
-        return {&box, &label, &button, &checks,  &list, &selector,
-                &bar, &value, &tabs,   &console, &hue,  &color};
+    /// Writes a text wherever one stands.
+    void Caption(const char* text) {
+        Each([&](auto& control) {
+            control.Name = text;
+            if constexpr (requires { control.Item; }) {
+                for (int item = 0; control.Item[item]; ++item)
+                    control.Item[item]->Name = text, control.Item[item]->Color = control.Color;
+            }
+        });
+        checked[0] = checked[1] = checked[2] = text;
     }
-    /// Every field that a scale can change, of the controls and of what they are made of.
-    std::vector<double> Fields() {
-        std::vector<double> fields;
-        const auto note = [&fields](const auto&... values) { (fields.push_back(double(values)), ...); };
-        const auto note_control = [&note](const Tools& c) {
-            note(c.X, c.Y, c.Width, c.Height, c.Border, c.Font_Size, c.Font_Size_Last, c.Clip_X, c.Clip_Y,
-                 c.Clip_Width, c.Clip_Height, c.Rect.left, c.Rect.top, c.Rect.right, c.Rect.bottom, c.Scale,
-                 c.Last_Scale, c.Last_Width, c.Last_Height);
-        };
-        for (const Tools* const control : All())
-            note_control(*control);
-        note_control(list.Frame), note_control(list.Scroll_Bar), note_control(*list.Item[3]);
-        note_control(*tabs.Item[1]), note_control(color.Chan_2), note_control(color.Swatch);
-        note_control(checks.Check[1]), note_control(selector.Value_Box), note_control(console.V_Slider);
-        note(list.Item_Height, list.Slider_Width, list.Item_X, list.Item_Y, list.Item_DY, list.Scroll_Bar.Val,
-             list.Scroll_Bar.Curs_Half, selector.Arrow_Size, bar.Curs_Half, bar.Tab_Num, value.Num_Width,
-             value.Curs_Half, value.Tab_Num, tabs.Slant, tabs.Tab_Width, tabs.First_X, console.Bar_Dim,
-             console.Line_Height, console.V_Slider.Curs_Half, hue.Hue.Curs_Half, color.Chan_1.Curs_Half,
-             color.Chan_3.Tab_Num);
+    /// What a design says of them all.
+    std::vector<int> Design() {
+        std::vector<int> fields{list.Item_Height, list.Slider_Width, value.Num_Width, console.Bar_Dim};
+        Each([&](const Tools& c) {
+            fields.insert(fields.end(), {c.X, c.Y, c.Width, c.Height, c.Border, c.Font_Size, c.Clip_Width});
+        });
         return fields;
     }
 
-    const char* const checked[4] = {"one", "two", "three", nullptr};
+    const char* checked[4] = {"one", "two", "three", nullptr};
     Boxs box;
     Labels label;
     Buttons button;
@@ -99,7 +95,7 @@ TEST(Scale, Comes_Back_After_A_Hundred_Others) {
     const float row_scrolled = row.Scroll_Bar.Val - row.Scroll_Bar.Start_Val;
     const Picture before = shown.All_Painted();
     const float scrolled = controls.list.Scroll_Bar.Val - controls.list.Scroll_Bar.End_Val;
-    const std::vector<double> fields = controls.Fields();
+    const std::vector<int> design = controls.Design();
     std::mt19937 random(5);
     for (int i = 0; i < 100; ++i) {
         const int scale = i == 0 ? 25 : i == 1 ? 500 : 25 + static_cast<int>(random() % 476);
@@ -109,9 +105,7 @@ TEST(Scale, Comes_Back_After_A_Hundred_Others) {
     }
     shown.host->Set_Scale(100);
     EXPECT_TRUE(Same(shown.All_Painted(), before));
-    const std::vector<double> after = controls.Fields();
-    for (std::size_t i = 0; i < fields.size(); ++i)
-        EXPECT_EQ(after[i], fields[i]) << "field " << i;
+    EXPECT_EQ(controls.Design(), design);
     shown.host->Set_Scale(200);
     EXPECT_FALSE(Same(shown.All_Painted(), before));
     EXPECT_FLOAT_EQ(controls.list.Scroll_Bar.Val - controls.list.Scroll_Bar.End_Val, 2 * scrolled)
@@ -121,17 +115,13 @@ TEST(Scale, Comes_Back_After_A_Hundred_Others) {
 }
 
 TEST(Scale, Is_The_Same_From_The_Start_And_Later) {
-    Hosted_Window early(900, 600);
-    Hosted_Window late(900, 600);
-    Every_Class first;
-    Every_Class second;
+    Hosted_Window early(900, 600), late(900, 600);
+    Every_Class first, second;
     early.host->Set_Scale(150);
-    first.Add_To(*early.host);
-    early.host->Init_All();
-    second.Add_To(*late.host);
-    late.host->Init_All();
+    first.Add_To(*early.host), second.Add_To(*late.host);
+    early.host->Init_All(), late.host->Init_All();
     late.host->Set_Scale(150);
-    EXPECT_EQ(first.Fields(), second.Fields());
+    EXPECT_EQ(first.Design(), second.Design());
     EXPECT_TRUE(Same(early.All_Painted(), late.All_Painted()));
 }
 
@@ -306,93 +296,60 @@ int Contrast(std::uint32_t one, std::uint32_t other) {
     return Contrast_Of(gdi(one), gdi(other));
 }
 
-constexpr std::uint32_t Some_Colors[][3] = {{170, 170, 170}, {255, 255, 255}, {1, 0, 0},    {200, 30, 30},
-                                            {255, 255, 0},   {0, 255, 0},     {0, 0, 255},  {90, 120, 200},
-                                            {255, 0, 255},   {120, 60, 20},   {70, 75, 80}, {0, 255, 255}};
-
-/// Puts a text wherever a control shows one.
-template <class Control>
-void Caption(Control& control, const char* text) {
-    static const char* rows[2];
-    rows[0] = text;
-    if constexpr (requires { control.Enabled; }) {
-        control.List = rows;
-    } else if constexpr (requires { control.Item; }) {
-        control.Grow(1, 0), control.Item[0]->Name = text, control.Item[0]->Color = control.Color;
-    } else if constexpr (requires { control.Row; }) {
-        if (!control.Root) control.Set("c:\\");
-        if (control.Current) control.Current->name[0] = *text;
-    } else {
-        control.Name = text;
-    }
-    if constexpr (requires { control.Line; }) {
-        if (control.Window) control.Cleanup(), control.Write("\x01%s", text);
-    }
-}
-
-/// A control on the ground, and one on a panel in another colour.
-template <class Control>
-void Expect_Readable(const char* what, const Theme& theme, SIZE size = {98, 40}) {
-    const int width = static_cast<int>(size.cx), height = static_cast<int>(size.cy);
-    // Letters as small as those of directories have smooth edges. One of them changes.
-    constexpr bool is_smooth = std::is_same_v<Control, DirTrees>;
-    constexpr std::size_t enough = is_smooth ? 10 : 60;
-    Hosted_Window shown(2 * width + 24, height + 50);
-    Host& host = *shown.host;
-    host.Set_Theme(&theme);
-    Boxs panel;
-    Place(panel, nullptr, width + 12, 0, width + 11, height + 49, FLAG_PASSIVE);
-    std::array<Control, 2> controls;
-    if (!std::is_same_v<Control, Labels>) host.Add(panel);
-    Place(controls[0], nullptr, 5, 5, width, height);
-    Place(controls[1], nullptr, width + 17, 5, width, height);
-    host.Add(controls[0]), host.Add(controls[1]);
-    const auto caption = [&](const char* name) {
-        for (Control& control : controls)
-            Caption(control, name);
-        host.Init_All();
-        return shown.All_Painted();
-    };
-    for (const auto& [red, green, blue] : Some_Colors) {
-        for (const char* const state :
-             {"at rest", "highlighted", "pressed", "pressed and highlighted", "passive", "disabled"}) {
-            const std::string in(state);
-            for (Control& control : controls) {
-                control.Color = panel.Color =
-                    Colors(static_cast<int>(red), static_cast<int>(green), static_cast<int>(blue));
-                control.Flag = in == "passive" ? FLAG_PASSIVE : 0;
-                if constexpr (requires { control.Value; }) control.Value = in.starts_with("pressed");
-                host.Set_Enabled(control, in != "disabled");
-            }
-            shown.Send(WM_MOUSEMOVE, 0, {in.ends_with("highlighted") ? 50 : 1, 25});
-            const Picture without = caption(" ");
-            const Picture with = caption("Hgmx");
-            std::vector<int> contrasts;
-            for (std::size_t i = 0; i < with.Pixels().size(); ++i) {
-                if (with.Pixels()[i] != without.Pixels()[i])
-                    contrasts.push_back(Contrast(with.Pixels()[i], without.Pixels()[i]));
-            }
-            ASSERT_GE(contrasts.size(), enough) << what << ' ' << in;
-            const auto [least, most] = std::minmax_element(contrasts.begin(), contrasts.end());
-            EXPECT_GE(is_smooth ? *most : *least, 450)
-                << what << ' ' << in << ", colour " << red << ' ' << green << ' ' << blue;
-        }
-    }
-}
+constexpr int Some_Colors[][3] = {{170, 170, 170}, {255, 255, 255}, {1, 0, 0},     {255, 255, 0},
+                                  {0, 0, 255},     {90, 120, 200},  {120, 60, 20}, {255, 0, 255}};
 
 TEST(Theme, Captions_Are_Readable_In_Every_State) {
+    Hosted_Window shown(600, 400);
+    Host& host = *shown.host;
+    Every_Class controls;
+    controls.Add_To(host);
+    controls.selector.Value_Width = 110;  // however long its caption is
+    const Tools* const captioned[] = {&controls.box,    &controls.label, &controls.button,
+                                      &controls.checks, &controls.list,  &controls.selector,
+                                      &controls.value,  &controls.tabs,  &controls.console};
+    const auto painted = [&](const char* text, bool lit) {
+        controls.Caption(text);
+        host.Init_All();
+        controls.console.Cleanup(), controls.console.Write("\x01%s", text);
+        shown.All_Painted();
+        controls.Each([&](auto& control) {
+            if (!lit) return;
+            shown.window.Point_At(control.X + control.Width / 2, control.Y + control.Height / 2);
+            control.Draw();
+        });
+        shown.window.Point_At(-10, -10);
+        return Picture(shown.window);
+    };
     for (const Theme& theme : {Dark_Theme(), System_Theme()}) {
-        SCOPED_TRACE(theme.Window);
-        Expect_Readable<Buttons>("button", theme);
-        Expect_Readable<Boxs>("box", theme);
-        Expect_Readable<Labels>("label", theme);
-        Expect_Readable<Valuators>("valuator", theme);
-        Expect_Readable<TabItems>("tab", theme);
-        Expect_Readable<CheckLists>("check list", theme);
-        Expect_Readable<Lists>("list", theme);
-        Expect_Readable<Selects>("selector", theme, {160, 50});
-        Expect_Readable<Texts>("text field", theme, {98, 80});
-        Expect_Readable<DirTrees>("directory browser", theme, {140, 140});
+        host.Set_Theme(&theme);
+        for (const auto& [red, green, blue] : Some_Colors) {
+            for (const std::string state :
+                 {"at rest", "lit", "pressed", "pressed and lit", "passive", "disabled"}) {
+                SCOPED_TRACE(testing::Message()
+                             << state << ", colour " << red << ' ' << green << ' ' << blue);
+                const bool is_lit = state.ends_with("lit");
+                controls.Each([&](auto& control) {
+                    control.Color = Colors(red, green, blue);
+                    control.Flag =
+                        state == "passive" ? control.Flag | FLAG_PASSIVE : control.Flag & ~FLAG_PASSIVE;
+                    host.Set_Enabled(control, state != "disabled");
+                });
+                controls.button.Value = state.starts_with("pressed");
+                const Picture without = painted(" ", is_lit), with = painted("Hgmx", is_lit);
+                for (const Tools* const control : captioned) {
+                    int inked = 0, least = 2100;
+                    for (int x = control->Rect.left; x < control->Rect.right; ++x) {
+                        for (int y = control->Rect.top; y < control->Rect.bottom; ++y) {
+                            if (with.At(x, y) == without.At(x, y)) continue;
+                            ++inked, least = std::min(least, Contrast(with.At(x, y), without.At(x, y)));
+                        }
+                    }
+                    EXPECT_GE(inked, 60) << control->X << ", " << control->Y;
+                    EXPECT_GE(least, 450) << control->X << ", " << control->Y;
+                }
+            }
+        }
     }
 }
 
