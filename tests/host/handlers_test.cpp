@@ -187,38 +187,55 @@ TEST_F(Handlers_Test, Rows_Follow_The_Lines_Of_A_Notch) {
     EXPECT_TRUE(selector.Current == 1 || selector.Current == 99) << "values go by a step";
 }
 
-TEST_F(Handlers_Test, The_Wheel_That_Tilts_Moves_What_Lies_Across) {
+TEST_F(Handlers_Test, The_Wheel_Moves_What_Lies_Its_Way) {
     Sliders flat, upright;
+    Valuators value;
     Lists row, column;
     Texts text, narrow;
     Place(flat, nullptr, 10, 10, 150, 16), Place(upright, nullptr, 180, 10, 16, 150, FLAG_VERTICAL);
-    Place(row, nullptr, 10, 180, 150, 60), Place(column, nullptr, 210, 10, 90, 100, FLAG_VERTICAL);
-    Place(text, nullptr, 10, 260, 150, 100, TEXT_H_BAR | TEXT_V_BAR),
-        Place(narrow, nullptr, 200, 260, 150, 100, TEXT_V_BAR);
-    flat.End_Val = upright.End_Val = 100;
+    Place(value, nullptr, 210, 130, 90, 40, FLAG_VERTICAL), Place(row, nullptr, 10, 180, 150, 60);
+    Place(column, nullptr, 210, 10, 90, 100, FLAG_VERTICAL);
+    Place(text, nullptr, 10, 260, 150, 100, TEXT_H_BAR | TEXT_V_BAR);
+    Place(narrow, nullptr, 200, 260, 150, 100, TEXT_V_BAR);
+    flat.End_Val = upright.End_Val = value.End_Val = 100, flat.Val = upright.Val = value.Val = 50;
     row.Grow(40, 0), column.Grow(40, 0);
     int told = 0;
     host->Add(flat, [&](Sliders&, const Host_Event& event) { told = event.steps; });
-    host->Add(upright), host->Add(row), host->Add(column), host->Add(text), host->Add(narrow);
-    host->Init_All();
+    host->Add(upright), host->Add(value), host->Add(row), host->Add(column), host->Add(text);
+    host->Add(narrow), host->Init_All();
     for (Texts* field : {&text, &narrow})
         field->Write("%s", std::string(200, 'x').c_str()), field->Draw();
-    const float row_start = row.Scroll_Bar.Val;
-    const float line_start = text.H_Slider.Val, height = text.V_Slider.Val;
-    for (const Tools* control : std::initializer_list<const Tools*>{&flat, &row, &text})
-        EXPECT_TRUE(Wheel(WM_MOUSEHWHEEL, 120, *control));
-    EXPECT_GT(flat.Val, 0) << "towards the right";
-    EXPECT_EQ(told, 1);
-    EXPECT_LT(row.Scroll_Bar.Val, row_start) << "the first item goes to the left";
-    EXPECT_GT(text.H_Slider.Val, line_start) << "wherever the pointer is in it";
-    EXPECT_EQ(text.V_Slider.Val, height);
-    for (const Tools* control : std::initializer_list<const Tools*>{&flat, &row, &text})
-        Wheel(WM_MOUSEHWHEEL, -120, *control);
-    EXPECT_EQ(flat.Val, 0);
-    EXPECT_EQ(row.Scroll_Bar.Val, row_start);
-    EXPECT_EQ(text.H_Slider.Val, line_start);
-    for (const Tools* control : std::initializer_list<const Tools*>{&upright, &column, &narrow})
-        EXPECT_FALSE(Wheel(WM_MOUSEHWHEEL, 120, *control)) << "nothing lies across";
+    row.Bring_Into_View(20), column.Bring_Into_View(20);
+    constexpr UINT turned = WM_MOUSEWHEEL, tilted = WM_MOUSEHWHEEL;
+    const struct {
+        const Tools& control;
+        const float& moved;
+        UINT wheel;
+        int way;  // of a step away from the user or to the right
+    } rows[] = {
+        {upright, upright.Val, turned, 1},
+        {flat, flat.Val, turned, -1},
+        {value, value.Val, turned, 1},
+        // What follows is shown by moving items up, or to the left.
+        {column, column.Scroll_Bar.Val, turned, -1},
+        {row, row.Scroll_Bar.Val, tilted, -1},
+        {flat, flat.Val, tilted, 1},
+        {text, text.H_Slider.Val, tilted, 1},
+        // Nothing lies across.
+        {upright, upright.Val, tilted, 0},
+        {column, column.Scroll_Bar.Val, tilted, 0},
+        {narrow, narrow.V_Slider.Val, tilted, 0},
+    };
+    for (const auto& [control, moved, wheel, way] : rows) {
+        SCOPED_TRACE(testing::Message() << control.X << ", " << control.Y << ' ' << wheel);
+        const float before = moved, height = text.V_Slider.Val;
+        EXPECT_EQ(Wheel(wheel, 120, control), way != 0);
+        EXPECT_EQ((moved > before) - (moved < before), way);
+        Wheel(wheel, -120, control);
+        EXPECT_EQ(moved, before);
+        EXPECT_EQ(text.V_Slider.Val, height);
+    }
+    EXPECT_EQ(told, -1) << "to the left";
 }
 
 TEST_F(Handlers_Test, A_Field_Reads_On_And_Tells_Of_Lines) {
