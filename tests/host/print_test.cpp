@@ -167,29 +167,26 @@ TEST_F(Print_Test, The_System_Prints_Windows_That_Nobody_Sees) {
 
 TEST_F(Print_Test, Stretches_Into_A_Context_That_Stays_As_It_Was) {
     Send(WM_MOUSEMOVE, 0, {1, 1});
-    // One square that is dark, in a corner, and no control.
-    host->Clear();
+    host->Clear();  // one square that is dark, in a corner, and no control
     const Paper paper(2 * width + 40, 2 * height + 40);
     SetMapMode(paper, MM_ANISOTROPIC);
     SetWindowExtEx(paper, 10, 10, nullptr);
     SetViewportExtEx(paper, 20, -20, nullptr);
     SetViewportOrgEx(paper, 0, 2 * height + 20, nullptr);
-    const HRGN clip = CreateRectRgn(0, 0, 2 * width + 20, 2 * height + 10);
-    SelectClipRgn(paper, clip);
+    IntersectClipRect(paper, 0, 5, width + 10, height + 20);
     SetStretchBltMode(paper, WHITEONBLACK);
     SetBrushOrgEx(paper, 3, 5, nullptr);
+    RECT clip{}, clip_after{};
+    GetClipBox(paper, &clip);
     EXPECT_TRUE(host->Paint_Into(paper, {10, height, 10 + width, 0}));
 
-    POINT origin{};
+    POINT origin{}, brush{};
     SIZE extent{};
-    const HRGN clip_after = CreateRectRgn(0, 0, 1, 1);
-    EXPECT_TRUE(GetClipRgn(paper, clip_after) == 1 && EqualRgn(clip, clip_after));
-    EXPECT_TRUE(GetViewportOrgEx(paper, &origin) && origin.x == 0 && origin.y == 2 * height + 20);
-    EXPECT_TRUE(GetViewportExtEx(paper, &extent) && extent.cx == 20 && extent.cy == -20);
-    EXPECT_TRUE(GetBrushOrgEx(paper, &origin) && origin.x == 3 && origin.y == 5);
-    EXPECT_TRUE(GetMapMode(paper) == MM_ANISOTROPIC && GetStretchBltMode(paper) == WHITEONBLACK);
-    DeleteObject(clip);
-    DeleteObject(clip_after);
+    GetClipBox(paper, &clip_after), GetBrushOrgEx(paper, &brush);
+    GetViewportOrgEx(paper, &origin), GetViewportExtEx(paper, &extent);
+    EXPECT_TRUE(EqualRect(&clip, &clip_after));
+    EXPECT_TRUE(origin.y == 2 * height + 20 && extent.cx == 20 && extent.cy == -20);
+    EXPECT_TRUE(brush.x == 3 && brush.y == 5 && GetStretchBltMode(paper) == WHITEONBLACK);
 
     const Picture shown = paper.Shown();
     constexpr Area inside{20, 2 * width + 19, 30, 2 * height + 19};
@@ -199,38 +196,18 @@ TEST_F(Print_Test, Stretches_Into_A_Context_That_Stays_As_It_Was) {
     EXPECT_EQ(shown.At(20 + 2 * 62, 20 + 2 * 62), 0x3C78B4u);
 }
 
-TEST_F(Print_Test, Prints_Into_A_Metafile) {
-    Send(WM_MOUSEMOVE, 0, {1, 1});
-    const HDC recorder = CreateEnhMetaFileA(nullptr, nullptr, nullptr, nullptr);
-    EXPECT_TRUE(host->Paint_Into(recorder, {0, 0, width, height}));
-    const HENHMETAFILE file = CloseEnhMetaFile(recorder);
-    ENHMETAHEADER header{};
-    GetEnhMetaFileHeader(file, sizeof header, &header);
-    const Paper paper(width, height);
-    PlayEnhMetaFile(paper, file, reinterpret_cast<const RECT*>(&header.rclBounds));
-    DeleteEnhMetaFile(file);
-    const Picture shown = paper.Shown();
-    EXPECT_EQ(shown.At(30, 4), 0x0A141Eu);
-    EXPECT_EQ(shown.At(width - 2, height - 2), 0x3C78B4u);
-}
-
 TEST_F(Print_Test, Says_When_Nothing_Was_Printed) {
     const RECT all{0, 0, width, height};
     const Picture shown = All_Painted();
     const Paper paper(width, height);
     Report_Catcher reports;
-    const HDC gone = CreateCompatibleDC(nullptr);
-    DeleteDC(gone);
-    EXPECT_FALSE(host->Paint_Into(gone, all));
     EXPECT_FALSE(host->Paint_Into(nullptr, all));
-    const std::string no_context = "11:Tools: what a window was to be printed on is no device context";
-    EXPECT_EQ(reports.Take(), no_context + "|" + no_context);
+    EXPECT_EQ(reports.Take(), "11:Tools: what a window was to be printed on is no device context");
     EXPECT_FALSE(host->Paint_Into(paper, {5, 5, 5, 50})) << "no room";
 
     int calls = 0;
     during = [&] { EXPECT_TRUE(++calls == 1 && !host->Paint_Into(paper, all)) << "inside of itself"; };
     EXPECT_TRUE(host->Paint_Into(paper, all));
-    EXPECT_EQ(calls, 1);
     during = nullptr;
 
     Tools_Lib_Cleanup();
