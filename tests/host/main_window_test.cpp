@@ -8,23 +8,18 @@
 namespace galdren_test {
 namespace {
 
-std::wstring Title_Of(HWND window) {
-    wchar_t title[64] = L"";
-    GetWindowTextW(window, title, 64);
-    return title;
-}
-
 TEST(Main_Window_Test, Serves_The_Host_First_And_Then_The_Application) {
     Set_Text_Code_Page(CP_UTF8);
     Main_Window window("Gr\xC3\xBC\xC3\x9F\x65", 300, 200);
     const HWND handle = window.Handle();
     ASSERT_TRUE(handle);
-    EXPECT_EQ(Title_Of(handle), L"Gr\u00FC\u00DFe");
+    wchar_t title[64] = L"";
+    GetWindowTextW(handle, title, 64);
+    EXPECT_STREQ(title, L"Gr\u00FC\u00DFe");
     EXPECT_FALSE(IsWindowVisible(handle));
     RECT client{};
     GetClientRect(handle, &client);
-    EXPECT_EQ(client.right, 300);
-    EXPECT_EQ(client.bottom, 200);
+    EXPECT_TRUE(client.right == 300 && client.bottom == 200);
 
     Host host(handle);
     Buttons button;
