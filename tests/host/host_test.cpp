@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <deque>
+#include <functional>
 #include <random>
 #include <string>
 #include <vector>
@@ -156,27 +157,31 @@ TEST_F(Host_Test, Lost_Capture_Ends_The_Press) {
 
 TEST_F(Host_Test, Controls_Above_Take_The_Pointer) {
     Recorder above{log, 'c', 40, 20, 40, 10};
-    host->Add(above);
-    host->Init_All();
-    // Whenever a changes its look, c is painted anew above it.
-    EXPECT_EQ(Send(WM_MOUSEMOVE, 0, 20, 25), "a0+ a draw c draw");
-    EXPECT_EQ(Send(WM_MOUSEMOVE, 0, 21, 25), "a0+");
-    EXPECT_EQ(Send(WM_MOUSEMOVE, 0, 50, 25), "a0- a draw c draw c0+") << "a is told to let go, though inside";
-    EXPECT_EQ(Send(WM_MOUSEMOVE, 0, 70, 25), "c0+");
-    EXPECT_EQ(Send(WM_MOUSELEAVE, 0, 0, 0), "c0-");
-    above.Flag = FLAG_PASSIVE;
-    EXPECT_EQ(Send(WM_MOUSEMOVE, 0, 50, 25), "") << "a passive control hides what it covers";
-    above.Width = 0;
-    EXPECT_EQ(Send(WM_MOUSEMOVE, 0, 50, 25), "a0+") << "a control without a size is not there";
-    a.Rect = {90, 60, 99, 99};
-    EXPECT_EQ(Send(WM_MOUSEMOVE, 0, 50, 25), "a0-") << "rectangles are read as they are now";
     Labels label;
-    label.X = 100;
-    label.Y = 10;
-    label.Width = label.Height = 20;
-    label.Init(window);
-    host->Add(label);
-    EXPECT_EQ(Send(WM_MOUSEMOVE, 0, 110, 20), "b0+ b draw") << "a label is seen through";
+    Place(label, nullptr, 100, 10, 20, 20);
+    host->Add(above), host->Add(label);
+    host->Init_All();
+    const struct {
+        std::function<void()> change;
+        int x;
+        const char *told, *why;
+    } rows[] = {
+        {{}, 20, "a0+ a draw c draw", "whenever a changes its look, c is painted anew above it"},
+        {{}, 21, "a0+", "and else not"},
+        {{}, 50, "a0- a draw c draw c0+", "a is told to let go, though inside"},
+        {{}, 70, "c0+", "c has it"},
+        {[&] { above.Flag = FLAG_PASSIVE; }, 50, "c0-", "a passive control hides what it covers"},
+        {[&] { above.Width = 0; }, 50, "a0+", "a control without a size is not there"},
+        {[&] {
+             a.Rect = {90, 60, 99, 99};
+         },
+         50, "a0-", "rectangles are read as they are now"},
+        {{}, 110, "b0+ b draw", "a label is seen through"},
+    };
+    for (const auto& [change, x, told, why] : rows) {
+        if (change) change();
+        EXPECT_EQ(Send(WM_MOUSEMOVE, 0, x, x == 110 ? 20 : 25), told) << why;
+    }
 }
 
 int Random(int below) {
@@ -349,14 +354,8 @@ TEST_F(Host_Test, Paints_What_Meets_The_Update_Rectangle) {
     EXPECT_EQ(Paint(12, 12, 12, 12), "a draw b draw c draw");
 }
 
-TEST_F(Host_Test, Background_And_Own_Drawing) {
-    constexpr std::uint32_t ground = 0x204060, own = 0xFFEE00;
+TEST_F(Host_Test, Own_Drawing_Is_Cut_To_What_Is_Painted_Anew) {
     host->Set_Background(Colors(0x20, 0x40, 0x60));
-    window.Refill();
-    Paint(70, 50, 89, 69);
-    const Area wanted{70, 89, 50, 69};
-    EXPECT_EQ(Picture(window).Painted(), wanted);
-    EXPECT_EQ(Picture(window).At(70, 50), ground);
     host->Set_On_Paint([] {
         Current_Color = Colors(0xFF, 0xEE, 0x00).get();
         Draw_Box(0, client_height, client_width, 60);
@@ -364,9 +363,9 @@ TEST_F(Host_Test, Background_And_Own_Drawing) {
     window.Refill();
     Paint(70, 50, 89, 69);
     const Picture picture(window);
-    EXPECT_EQ(picture.Painted(), wanted) << "clipped to what is painted anew";
-    EXPECT_EQ(picture.At(70, 60), ground);
-    EXPECT_EQ(picture.At(89, 61), own);
+    EXPECT_EQ(picture.Painted(), (Area{70, 89, 50, 69}));
+    EXPECT_EQ(picture.At(70, 60), 0x204060u);
+    EXPECT_EQ(picture.At(89, 61), 0xFFEE00u);
 }
 
 // What is painted twice, or over others, would show.

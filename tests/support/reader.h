@@ -11,12 +11,6 @@
 
 namespace galdren_test {
 
-struct Let_Go {
-    void operator()(IUnknown* object) const { object->Release(); }
-};
-template <class Interface>
-using Held = std::unique_ptr<Interface, Let_Go>;
-
 VARIANT Number(long number);
 
 /// What a screen reader points at: an object, or a child of one that has no object of its own.
@@ -60,7 +54,7 @@ class Spoken {
 };
 
 /// Lines of an object and all below it, those of parts indented.
-std::string Read_Aloud(const Spoken& root);
+std::string Read_Aloud(const Spoken& root, const std::string& indent = {});
 
 /// What the system finds at a point on the screen.
 Spoken Found_At(POINT point);
