@@ -10,6 +10,7 @@
 
 #include "tests/support/controls.h"
 #include "tests/support/directories.h"
+#include "tests/support/every_class.h"
 #include "tests/support/hosted.h"
 
 using namespace galdren_test;
@@ -68,63 +69,18 @@ class Parted_Window : public Hosted_Window {
 };
 
 /// One control of every kind in a window, shown.
-class Parts : public testing::Test, protected Parted_Window {
+class Parts : public testing::Test, protected Parted_Window, protected Every_Class {
   protected:
     Parts() : Parted_Window(600, 440) {
-        static constexpr const char* Extras[] = {"Grid", "Axes", "Legend", "Stamp", nullptr};
-        static constexpr unsigned char Enabled[] = {1, 1, 0, 1};
-        Show("box", box, "Box", 0, 0, 60, 30, 0);
-        Show("label", label, "Volume", 0, 40, 60, 30, 0);
-        Show("button", button, "Apply", 0, 80, 60, 30, 0);
-        Show("lamp", lamp, "Mute", 0, 120, 60, 30, BUTTON_LAMP);
-        Show("lights", lights, "Lights", 0, 160, 60, 30, BUTTON_LAMP | BUTTON_LAMP_COLORS);
-        Show("tab", tab, "Page", 0, 200, 60, 30, 0);
-        checks.List = single.List = Extras, checks.Enabled = Enabled, checks.Value = 1, single.Value = 2;
-        Show("checks", checks, "Extras", 70, 0, 160, 70, 0);
-        Show("single", single, nullptr, 70, 80, 160, 100, CHECKLIST_SINGLE | CHECKLIST_ONE_COLUMN);
-        bar.Start_Val = 0, bar.End_Val = 100, bar.Val = 20, bar.Step = 5;
-        Show("bar", bar, nullptr, 240, 0, 200, 20, 0);
-        gain.Start_Val = 0, gain.End_Val = 100, gain.Val = 20, gain.Step = 2;
-        gain.Format = "%.0f dB", gain.Num_Width = 60;
-        Show("gain", gain, "Gain", 240, 30, 200, 30, 0);
-        log.Start_Val = 1000, log.End_Val = 1, log.Val = 10;
-        Show("log", log, nullptr, 240, 70, 200, 20, VALUATOR_LOG_10 | SLIDER_REVERSED);
-        locked.Start_Val = 0, locked.End_Val = 1, locked.Val = 0.5F;
-        Show("locked", locked, "Fixed", 240, 100, 200, 20, VALUATOR_LOCKED);
-        Name_Items(choice, {"PNG", "JPEG", "TIFF", "Targa"});
-        choice.Item[0]->Flag |= FLAG_PASSIVE, choice.Item[3]->Flag |= FLAG_PASSIVE;
-        choice.Current = 1;
-        Show("choice", choice, "Format", 240, 130, 200, 50, 0);
-        Name_Items(list, {"a", "b", "c", "d", "e", "f", "g", "h", "i", "j", "k", "l"});
-        list.Item[1]->Flag |= FLAG_PASSIVE;
-        Show("list", list, "Names", 450, 0, 120, 150, FLAG_VERTICAL);
-        Name_Items(row, {"left", "middle", "right"});
-        row.Current = 2;
-        Show("row", row, nullptr, 240, 190, 200, 40, 0);
-        Name_Items(tabs, {"One", "Two", "Three"});
-        Show("tabs", tabs, nullptr, 0, 240, 240, 30, 0);
-        Show("hue", hue, "Hue", 0, 280, 240, 40, 0);
-        color.Value = 0xFF204080;
-        Show("color", color, nullptr, 0, 330, 240, 100, COLOR_EDIT_MODE_BUTTON);
-        Show("line", line, nullptr, 250, 240, 180, 30, TEXT_SINGLE_LINE | TEXT_INTEGER | TEXT_REPORT_CHANGES);
-        line.Read("%d", 12);
-        Show("secret", secret, nullptr, 250, 280, 180, 30, TEXT_SINGLE_LINE | TEXT_PASSWORD);
-        secret.Read("hush");
-        Show("output", output, "Log", 250, 320, 180, 110, TEXT_V_BAR);
-        for (int i = 0; i < 40; ++i)
-            output.Write("%cline %d", TEXT_BLUE, i);
-    }
-
-    template <class Control>
-    void Show(const char* key, Control& control, const char* name, int x, int y, int width, int height,
-              unsigned long flag) {
-        Place(control, name, x, y, width, height, flag), control.Border = 2;
-        numbers[key] = host->Parts().Count();
-        Parted_Window::Show(control);
-        paints.emplace_back([&control] {
-            control.Draw();
-            if constexpr (requires { control.Select(0); }) control.Select(EVENT_MOVE);
+        Show_In(*host);
+        Each([this](const char* key, auto& control) {
+            numbers[key] = static_cast<int>(paints.size());
+            paints.emplace_back([&control] {
+                control.Draw();
+                if constexpr (requires { control.Select(0); }) control.Select(EVENT_MOVE);
+            });
         });
+        All_Painted();
     }
 
     /// Passes when a control looks as it does when it is drawn once more.
@@ -136,19 +92,6 @@ class Parts : public testing::Test, protected Parted_Window {
 
     std::map<std::string, int> numbers;
     std::vector<std::function<void()>> paints;
-    Boxs box;
-    Labels label;
-    Buttons button, lamp, lights;
-    TabItems tab;
-    CheckLists checks, single;
-    Sliders bar;
-    Valuators gain, log, locked;
-    Selects choice;
-    Lists list, row;
-    Tabs tabs;
-    Hue_Edit hue;
-    Color_Edit color;
-    Texts line, secret, output;
 };
 
 TEST_F(Parts, Are_Described_And_Found_Where_They_Are) {
