@@ -10,7 +10,6 @@
 
 #include "tests/support/controls.h"
 #include "tests/support/hosted.h"
-#include "tests/support/spy.h"
 
 namespace galdren_test {
 namespace {
@@ -447,26 +446,6 @@ TEST_F(Host_Test, A_Picture_Held_Is_Painted_Where_It_Changed) {
     EXPECT_EQ(Show_Hold(window, nullptr, {}), 0) << "nobody holds it any more";
 }
 
-// A window without memory for its picture is painted all the same, until there is some.
-TEST_F(Host_Test, No_Memory_For_The_Picture_Held) {
-    Buttons button;
-    button.X = 150, button.Y = 50, button.Width = 40, button.Height = 40;
-    host->Add(button);
-    host->Init_All();
-    Paint(0, 0, client_width - 1, client_height - 1);
-    const Picture whole(window);
-    host->Hold();
-    Tools_Lib_Cleanup();
-    Call_Spy spy;
-    spy.Fail("CreateDIBSection");
-    for (const char* told : {"a draw b draw", "a draw b draw", ""}) {
-        window.Refill();
-        EXPECT_EQ(Paint(0, 0, client_width - 1, client_height - 1), told);
-        EXPECT_TRUE(Same(Picture(window), whole)) << told;
-    }
-    EXPECT_GT(spy.Count("CreateDIBSection"), 1);
-}
-
 /// In a window that runs from right to left, the control that is seen is the one that is pressed and painted.
 TEST(Host_Paint_Test, Is_Never_Mirrored) {
     for (const bool held : {false, true}) {
@@ -517,18 +496,6 @@ TEST_F(Host_Test, Helps_Controls_Of_The_Application) {
     EXPECT_NE(shown.At(170, 70), shown.At(5, 5)) << "the part goes on to the edge";
     EXPECT_EQ(shown.At(171, 70), shown.At(5, 5)) << "and no farther";
     EXPECT_EQ(stamp.part.Scale, 200);
-}
-
-TEST(Host_Paint_Test, Nothing_Lights_Up_Where_The_Pointer_Has_Been) {
-    Hosted_Window shown(100, 60);
-    Buttons button;
-    Place(button, "B", 10, 10, 70, 40);
-    shown.host->Add(button), shown.host->Init_All();
-    const Picture plain = shown.All_Painted();
-    shown.Send(WM_MOUSEMOVE, 0, {30, 30});
-    shown.Send(WM_MOUSELEAVE);
-    button.Draw();
-    EXPECT_TRUE(Same(Picture(shown.window), plain));
 }
 
 }  // namespace

@@ -99,8 +99,10 @@ TEST_F(Print_Test, Prints_What_The_Window_Shows_And_Lights_Nothing_Up) {
             EXPECT_TRUE(Same(Picture(window), lit));
             if (holds) RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
             EXPECT_TRUE(Same(Picture(window), lit)) << "painted again";
-            Send(WM_MOUSEMOVE, 0, {-1, -1});
+            Send(WM_MOUSELEAVE);
             EXPECT_TRUE(Same(Picture(window), plain)) << "the control still knows that it was lit up";
+            button.Draw();
+            EXPECT_TRUE(Same(Picture(window), plain)) << "nothing lights up where the pointer has been";
         });
         EXPECT_GE(lights, 14);
     }

