@@ -51,17 +51,5 @@ TEST(Main_Window_Test, Serves_The_Host_First_And_Then_The_Application) {
     Set_Text_Code_Page(CP_ACP);
 }
 
-TEST(Main_Window_Test, Goes_With_The_Object_And_Ends_No_Loop) {
-    HWND handle = nullptr;
-    {
-        const Main_Window window("Never shown", 100, 100);
-        handle = window.Handle();
-        EXPECT_TRUE(IsWindow(handle));
-    }
-    EXPECT_FALSE(IsWindow(handle));
-    MSG message;
-    EXPECT_FALSE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
-}
-
 }  // namespace
 }  // namespace galdren_test

@@ -28,7 +28,8 @@ TEST(Scale, Comes_Back_After_A_Hundred_Others) {
     Hosted_Window shown(width, height);
     Every_Class controls;
     Lists& list = controls.list;
-    list.Item_Height = 19, list.Slider_Width = 13, controls.output.Bar_Dim = 15;
+    list.Item_Height = 19, list.Slider_Width = 13, controls.output.Bar_Dim = 15,
+    controls.tabs.Tab_Height = 25;
     controls.row.Grow(40, 0);
     controls.Show_In(*shown.host);
     Sliders &upright = list.Scroll_Bar, &flat = controls.row.Scroll_Bar;
@@ -44,6 +45,7 @@ TEST(Scale, Comes_Back_After_A_Hundred_Others) {
         shown.host->Set_Scale(scale);
         EXPECT_EQ(controls.gain.Num_Width, std::lround(60 * scale / 100.0));
         EXPECT_EQ(list.Item_Height, std::lround(19 * scale / 100.0));
+        EXPECT_EQ(controls.tabs.Tab_Height, std::lround(25 * scale / 100.0));
     }
     shown.host->Set_Scale(100);
     EXPECT_TRUE(Same(shown.All_Painted(), before));
@@ -294,6 +296,7 @@ TEST(Theme, Is_Worn_By_All_And_Taken_Off_Without_A_Trace) {
     host.Set_Background(Colors(60, 120, 180));
     controls.Show_In(host);
     host.Set_Enabled(controls.button, false);
+    controls.secret.Input('\r'), controls.secret.Update();
     const Picture plain = shown.All_Painted();
     const Theme dark = Dark_Theme();
     host.Set_Theme(&dark);
