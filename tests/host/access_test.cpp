@@ -207,8 +207,6 @@ TEST(Access, Finds_Every_Part_Where_It_Says_It_Is) {
         EXPECT_EQ(root.At({button.right - 1, button.bottom - 1}).Name(), "Disabled");
         EXPECT_EQ(root.At({button.right, button.bottom - 1}).Name(), "Panel");
     }
-    Full_Window served;
-    EXPECT_EQ(Found_At(Spoken(served.window).Child(Formats).Child(2).Middle()).Name(), "JPEG");
 }
 
 TEST(Access, Actions_Do_What_Clicks_Do) {

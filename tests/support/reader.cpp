@@ -126,15 +126,6 @@ POINT Spoken::Middle() const {
     return {(place.left + place.right) / 2, (place.top + place.bottom) / 2};
 }
 
-Spoken Found_At(POINT point) {
-    IAccessible* found = nullptr;
-    VARIANT child;
-    VariantInit(&child);
-    AccessibleObjectFromPoint(point, &found, &child);
-    if (!found) return {};
-    return {Share(found), child.lVal};
-}
-
 std::string Spoken::Name() const { return Ask(*object_, &IAccessible::get_accName, Id()); }
 std::string Spoken::Value() const { return Ask(*object_, &IAccessible::get_accValue, Id()); }
 std::string Spoken::Action() const { return Ask(*object_, &IAccessible::get_accDefaultAction, Id()); }

@@ -56,9 +56,6 @@ class Spoken {
 /// Lines of an object and all below it, those of parts indented.
 std::string Read_Aloud(const Spoken& root, const std::string& indent = {});
 
-/// What the system finds at a point on the screen.
-Spoken Found_At(POINT point);
-
 /// While it lives, listens to what windows of this process tell screen readers of their parts.
 class Listener {
   public:
