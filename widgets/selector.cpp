@@ -132,12 +132,6 @@ void Update(Selects& selector) {
     if (selector.Nb_Item > 0) Shown_Item(selector).Draw();
 }
 
-/// Every paint lights the item up where it finds the pointer, also one that `Select` was not told of.
-bool Is_Item_Lit(const Selects& selector) {
-    const int current = selector.Current, count = Count_Items(selector.Item);
-    return current >= 0 && current < count && selector.Item[current]->Hover == Hover_Highlighted;
-}
-
 /// The inside and what stands on it, as the pointer has it look.
 void Paint_State(Selects& selector, bool highlighted) {
     Canvas canvas(selector, Inside(selector));
@@ -217,8 +211,7 @@ int Selects::Select(int event) {
     if (Event_Kind(event) == EVENT_TEST) return inside;
     if (Has_Flag(*this, FLAG_PASSIVE)) return 0;
     if (inside && Event_Kind(event) == EVENT_PRESS) Press_Arrows(*this);
-    const bool changes = Hover_Changes(*this, Hover, inside);
-    if (changes || (!inside && Is_Item_Lit(*this))) Paint_State(*this, inside);
+    if (Hover_Changes(*this, Hover, inside)) Paint_State(*this, inside);
     return inside;
 }
 
