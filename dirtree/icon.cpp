@@ -21,32 +21,35 @@ namespace galdren {
 
 namespace {
 
-constexpr int Most_Icons = 255;
+constexpr std::size_t Most_Icons = 255;
 
 /// A place in the cache.
 struct Slot : Icon_Entry {
     std::size_t hash;  ///< of the name: most names need no comparison
 };
 
-/// The slots in use come first.
-Slot Cache[Most_Icons];
+/// By the hashes of the names. Never more than half full, so that few of them meet.
+constexpr std::size_t Slots = 2 * Most_Icons;
+Slot Cache[Slots];
+std::size_t Icons_Kept;
 
 std::size_t Hash_Of(const char* name) { return std::hash<std::string_view>()(name); }
 
-/// The slot of the icon called `name`, or the first free one; null when there is neither.
-Slot* Find_Slot(const char* name) {
+/// The slot of the icon called `name`, or the free one for it.
+Slot& Find_Slot(const char* name) {
     const std::size_t hash = Hash_Of(name);
-    for (Slot& slot : Cache) {
-        if (!slot.name || (slot.hash == hash && std::strcmp(slot.name, name) == 0)) return &slot;
-    }
-    return nullptr;
+    std::size_t place = hash % Slots;
+    while (Cache[place].name && (Cache[place].hash != hash || std::strcmp(Cache[place].name, name) != 0))
+        place = (place + 1) % Slots;
+    return Cache[place];
 }
 
-/// Gives a free slot to `name`. It stays free when there is no memory for the copy.
+/// Gives a free slot to `name`. It stays free when the cache is full, or there is no memory for the copy.
 bool Take_Slot(Slot& slot, const char* name) {
-    slot.name = Duplicate(name);
+    slot.name = Icons_Kept < Most_Icons ? Duplicate(name) : nullptr;
     if (!slot.name) return false;
     slot.hash = Hash_Of(name);
+    ++Icons_Kept;
     return true;
 }
 
@@ -118,7 +121,7 @@ class Blend_Buffer {
     unsigned long* Get() { return pixels; }
 
   private:
-    static constexpr std::size_t Usual = 32 * 32;
+    static constexpr std::size_t Usual = std::size_t{32} * 32;
     unsigned long usual[Usual];
     std::unique_ptr<unsigned long[]> large;
     unsigned long* pixels;
@@ -155,13 +158,13 @@ const Cleanup Icons_Cleanup(Icon_Cleanup);
 using namespace galdren;
 
 void* Icon_Read(Boxs* box, const char* name) {
-    Slot* slot = name ? Find_Slot(name) : nullptr;
-    if (!slot) return nullptr;
-    if (!slot->name && Take_Slot(*slot, name)) {
+    if (!name) return nullptr;
+    Slot& slot = Find_Slot(name);
+    if (!slot.name && Take_Slot(slot, name)) {
         const Surface_Aside aside(box);
-        Read_Icon_File(*slot);
+        Read_Icon_File(slot);
     }
-    return slot->pixels ? static_cast<Icon_Entry*>(slot) : nullptr;
+    return slot.pixels ? static_cast<Icon_Entry*>(&slot) : nullptr;
 }
 
 void Icon_Draw_Image(Boxs* box, short x, short y, const char* label, const char* name) {
@@ -197,4 +200,5 @@ void Icon_Cleanup() {
         delete[] slot.swapped;
         slot = {};
     }
+    Icons_Kept = 0;
 }

@@ -9,8 +9,8 @@
 #include <memory>
 #include <new>
 
+#include "tools/image_file.h"
 #include "util/error.h"
-#include "util/image.h"
 #include "util/open_file.h"
 #include "util/program.h"
 
@@ -47,7 +47,7 @@ struct Icon_Directory {
 
     Icon_Directory() {
         const bool installed = Inst_Path && *Inst_Path;
-        std::snprintf(text, sizeof text, "%sIcons\\", installed ? Inst_Path : "c:\\Program Files\\Galdren\\");
+        std::snprintf(text, sizeof text, "%sIcons\\", installed ? Inst_Path : R"(c:\Program Files\Galdren\)");
     }
 };
 
@@ -105,13 +105,10 @@ class Icon_Pixels {
     std::unique_ptr<unsigned long[]> swapped;
 };
 
-using Image = std::unique_ptr<IGB_Image, decltype(&IGB_Free)>;
-
-Image Read_Image(const Icon_Path& path) {
-    IGB_Image* image = nullptr;
+Image Read_Sgi_Image(const Icon_Path& path) {
+    if (path.whole) return Read_Image(path.text, false);
     errno = ENAMETOOLONG;
-    if (!path.whole || !IGB_Read_Image(path.text, &image)) image = nullptr;
-    return {image, IGB_Free};
+    return {nullptr, IGB_Free};
 }
 
 /// An SGI image, whose fourth channel is the complement of the weight.
@@ -120,7 +117,7 @@ void Read_Sgi(Icon_Entry& entry) {
     static bool reported = false;
     const Icon_Path path(directory, entry.name);
     Error_Fct(hwnd, ERROR_LEVEL_TRACE, "%s(%s)", Sgi.name, path.text);
-    const Image image = Read_Image(path);
+    const Image image = Read_Sgi_Image(path);
     if (!image) {
         if (!reported) Report_Unreadable(Sgi, path.text, errno);
         reported = true;

@@ -8,7 +8,7 @@ namespace galdren {
 
 namespace {
 
-/// The functions of the system's library; all null where there is none.
+/// The functions of the system's library, as far as there is one.
 struct Library {
     Library() {
         const HMODULE module = LoadLibraryA("imm32.dll");
@@ -18,6 +18,10 @@ struct Library {
         Find_Function(module, "ImmSetCompositionFontW", set_font);
         Find_Function(module, "ImmGetCompositionStringW", get_string);
         Find_Function(module, "ImmNotifyIME", notify);
+    }
+
+    bool Is_There() const {
+        return get_context && release_context && set_window && set_font && get_string && notify;
     }
 
     decltype(ImmGetContext)* get_context = nullptr;
@@ -37,7 +41,7 @@ const Library& Imm() {
 class Input_Context {
   public:
     explicit Input_Context(HWND owner)
-        : window(owner), context(Imm().get_context ? Imm().get_context(owner) : nullptr) {}
+        : window(owner), context(Imm().Is_There() ? Imm().get_context(owner) : nullptr) {}
     ~Input_Context() {
         if (context) Imm().release_context(window, context);
     }

@@ -97,7 +97,7 @@ std::string Fields_Of(Class_List<Classes...>, const Part_Owner& owner) {
 }
 
 std::string Number_Of(const Part_Owner& owner, Part_Place place) {
-    const std::string control = "control " + std::to_string(place.control);
+    std::string control = "control " + std::to_string(place.control);
     if (place.part == Whole) return control;
     return control + ", part " + std::to_string(place.part) + " of " +
            std::to_string(owner.parts->Count(*owner.control));

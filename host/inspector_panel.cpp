@@ -6,7 +6,8 @@
 #include "host/client.h"
 #include "util/wide.h"
 
-extern "C" IMAGE_DOS_HEADER __ImageBase;  // of the program or library that this is linked into
+// Of the program or library that this is linked into; the linker gives it this name.
+extern "C" IMAGE_DOS_HEADER __ImageBase;  // NOLINT(bugprone-reserved-identifier)
 
 namespace galdren {
 

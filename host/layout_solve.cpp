@@ -227,7 +227,7 @@ std::vector<int> Lengths(const Layout_Item& line, int room) {
     }
     // Rounded are the ends, not the lengths, so that together they are as long as the room.
     long long passed = 0;
-    for (std::size_t i = 0; i < shares.size(); ++i) {
+    for (std::size_t i = 0; weights > 0 && i < shares.size(); ++i) {
         if (!shares[i]) continue;
         const long long start = rest * passed / weights;
         passed += shares[i]->weight;

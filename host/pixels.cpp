@@ -3,13 +3,13 @@
 #include <algorithm>
 #include <cstddef>
 #include <exception>
-#include <memory>
 #include <string>
 
 #include "Galdren_Util.h"
 #include "host/client.h"
 #include "tools/area_mean.h"
 #include "tools/dimensions.h"
+#include "tools/image_file.h"
 #include "tools/look.h"
 #include "tools/surface.h"
 
@@ -17,19 +17,11 @@ using namespace galdren;
 
 namespace {
 
-using Image = std::unique_ptr<IGB_Image, decltype(&IGB_Free)>;
-
 constexpr unsigned long opaque = 0xFF000000;
 
 bool Is_Targa(const std::string& file) {
     std::string end = file.substr(file.size() - std::min<std::size_t>(file.size(), 4));
     return Str_To_Lower(end.data()) == std::string(".tga");
-}
-
-Image Read_Image(const char* file) {
-    IGB_Image* image = nullptr;
-    (file && Is_Targa(file) ? TGA_Read_Image : IGB_Read_Image)(file, &image);
-    return {image, IGB_Free};
 }
 
 /// A picture with room for its pixels; an empty one when it has none.
@@ -45,22 +37,15 @@ Pixels Make_Pixels(int width, int height, unsigned long pixel) {
     }
 }
 
-/// Grey, or blue, green and red; in both perhaps something more.
-unsigned long Packed(const unsigned char* from, int channels) {
-    const bool is_grey = channels <= 2;
-    return opaque | from[0] | static_cast<unsigned long>(from[is_grey ? 0 : 1]) << 8 |
-           static_cast<unsigned long>(from[is_grey ? 0 : 2]) << 16;
-}
-
 }  // namespace
 
 Pixels Read_Pixels(const char* file) {
-    const Image image = Read_Image(file);
+    const Image image = Read_Image(file, file && Is_Targa(file));
     if (!image) return {};
     Pixels picture = Make_Pixels(image->width, image->height, 0);
     const unsigned char* from = image->pixels;
     for (unsigned long& pixel : picture.data) {
-        pixel = Packed(from, image->channels);
+        pixel = opaque | Packed(from, image->channels);
         from += image->channels;
     }
     return picture;

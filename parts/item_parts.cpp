@@ -310,6 +310,8 @@ class Selector_Parts final : public Parts_For<Selects> {
         selector.Current = Low_16(item);
         selector.Last_Current = -1;
         selector.Adjust();
+        // The item was painted as the pointer found it: the next `Select` has to look again.
+        selector.Hover = 0;
     }
 };
 

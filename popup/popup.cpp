@@ -14,6 +14,8 @@
 #include "parts/classes.h"
 #include "parts/key_code.h"
 #include "parts/part_keys.h"
+#include "popup/message_text.h"
+#include "popup/owner_window.h"
 #include "popup/template.h"
 #include "tools/arithmetic.h"
 #include "tools/cleanup.h"
@@ -25,7 +27,6 @@
 #include "tools/window.h"
 #include "util/error.h"
 #include "util/program.h"
-#include "util/wide.h"
 #include "widgets/box.h"
 #include "widgets/button.h"
 #include "widgets/items.h"
@@ -63,61 +64,6 @@ class Claim {
     std::atomic<bool>& flag;
     bool granted;
 };
-
-/// The active window, to which a dialog belongs. The dialog manager disables it, and leaves it so when the
-/// dialog is not ended but destroyed; at the end of the scope it is as it was.
-class Owner_Window {
-  public:
-    Owner_Window() : window(GetActiveWindow()), enabled(IsWindowEnabled(window) != FALSE) {}
-    ~Owner_Window() {
-        if (!enabled) return;
-        Enable();
-        if (GetActiveWindow() != window) SetActiveWindow(window);
-    }
-    Owner_Window(const Owner_Window&) = delete;
-    Owner_Window& operator=(const Owner_Window&) = delete;
-
-    HWND Window() const { return window; }
-    HINSTANCE Instance() const {
-        return reinterpret_cast<HINSTANCE>(GetWindowLongPtrA(window, GWLP_HINSTANCE));
-    }
-    void Enable() const {
-        if (enabled) EnableWindow(window, TRUE);
-    }
-
-  private:
-    HWND window;
-    bool enabled;
-};
-
-/// Scale and theme, which a window keeps for its dialogs under these names.
-struct Dress {
-    unsigned short scale = 0;
-    const Theme* look = nullptr;
-};
-constexpr char Scale_Name[] = "Galdren_Dialog_Scale";
-constexpr char Look_Name[] = "Galdren_Dialog_Look";
-
-/// What a window keeps, or the nearest one that it belongs to and that keeps anything.
-Dress Dress_Of(HWND window) {
-    for (; window; window = GetParent(window)) {
-        const HANDLE scale = GetPropA(window, Scale_Name);
-        const HANDLE look = GetPropA(window, Look_Name);
-        if (!scale && !look) continue;
-        return {static_cast<unsigned short>(reinterpret_cast<UINT_PTR>(scale)),
-                static_cast<const Theme*>(look)};
-    }
-    return {};
-}
-
-/// Has a window keep a value under a name; null keeps none.
-void Keep(HWND window, const char* name, const void* value) {
-    if (value) {
-        SetPropA(window, name, const_cast<void*>(value));
-    } else {
-        RemovePropA(window, name);
-    }
-}
 
 class Window_Paint {
   public:
@@ -160,32 +106,6 @@ void Note_Pointer(HWND dialog, LPARAM position) {
     }
     ZCursor_X = point.x;
     ZCursor_Y = point.y;
-}
-
-/// Appends a text in which "%%" means "%", up to the length of a line. It is data: any other "%" stands for
-/// itself.
-void Write_Text(Texts& field, const char* text) {
-    char shown[Texts::Line_Room + Longest_Character];  // `Write` sees whole characters, and cuts
-    char* const end = std::end(shown) - 1;
-    char* out = shown;
-    for (; *text && out < end; ++text) {
-        if (text[0] == '%' && text[1] == '%') ++text;
-        *out++ = *text;
-    }
-    *out = '\0';
-    field.Write("%s", shown);
-}
-
-/// Appends the lines of a text that are not empty, and ends each with a zero. Only the lines that the field
-/// will keep are written.
-void Write_Lines(Texts& field, char* text) {
-    const char* newest[Texts::Most_Lines];
-    std::size_t count = 0;
-    char* rest = nullptr;
-    for (char* line = strtok_s(text, "\n", &rest); line; line = strtok_s(nullptr, "\n", &rest))
-        newest[count++ % Texts::Most_Lines] = line;
-    for (std::size_t i = count - std::min<std::size_t>(count, Texts::Most_Lines); i < count; ++i)
-        Write_Text(field, newest[i % Texts::Most_Lines]);
 }
 
 /// The dialogs of one kind, of which one can be open. The controls stay from one to the next. For the
@@ -639,8 +559,7 @@ const Cleanup Controls_Cleanup([] {
 }  // namespace
 
 void Set_Dialog_Look(HWND owner, unsigned short scale, const Theme* look) {
-    Keep(owner, Scale_Name, reinterpret_cast<const void*>(UINT_PTR{scale}));
-    Keep(owner, Look_Name, look);
+    Keep_Dress(owner, {scale, look});
 }
 
 int PopUp_Message(const char* title, const char* caption, char* message, short width, short height) {

@@ -130,19 +130,24 @@ void Canvas::Fill_Rows(int top, int bottom, unsigned long color, Next next) {
         }
         return;
     }
-    const Raster& raster = view.sheet->Pixels();
     const RECT clip = view.clip;
+    if (Is_Empty(clip)) return;
+    for (; top <= bottom && top < clip.top; ++top)
+        next();
+    const int end = std::min<int>(bottom + 1, clip.bottom);
+    const Raster& raster = view.sheet->Pixels();
     const auto pixel = static_cast<unsigned long>(Pixel_Of(color));
-    RECT filled{clip.right, clip.bottom, clip.left, clip.top};
-    for (int y = top; y <= bottom && y < clip.bottom; ++y) {
+    const POINT origin = view.origin;
+    unsigned long* row = raster.At(0, top - origin.y);
+    RECT filled{clip.right, top, clip.left, end};
+    for (int y = top; y < end; ++y, row += raster.pitch) {
         const Pixel_Run run = next();
         const LONG left = std::max<LONG>(run.left, clip.left);
         const LONG right = std::min<LONG>(run.right + 1, clip.right);
-        if (y < clip.top || left >= right) continue;
-        unsigned long* const first = raster.At(left - view.origin.x, y - view.origin.y);
-        std::fill_n(first, right - left, pixel);
-        filled = {std::min(filled.left, left), std::min<LONG>(filled.top, y), std::max(filled.right, right),
-                  y + 1};
+        if (left >= right) continue;
+        std::fill_n(row + (left - origin.x), right - left, pixel);
+        filled.left = std::min(filled.left, left);
+        filled.right = std::max(filled.right, right);
     }
     if (!Is_Empty(filled)) Include(view.painted, filled);
 }

@@ -40,15 +40,15 @@ void Edge::Widen(std::span<Pixel_Run> runs) {
     const auto widen = [](Pixel_Run& run, const Pixel_Run& by) {
         run = {std::min(run.left, by.left), std::max(run.right, by.right)};
     };
+    Edge here = *this;  // stays in registers
     if (columns > rows) {
         for (Pixel_Run& run : runs)
-            widen(run, Next_Flat());
+            widen(run, here.Next_Flat());
     } else {
-        Edge here = *this;  // stays in registers
         for (Pixel_Run& run : runs)
             widen(run, here.Next_Steep());
-        *this = here;
     }
+    *this = here;
 }
 
 bool Has_Single_Runs(std::span<const POINT> corners) {

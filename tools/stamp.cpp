@@ -9,8 +9,8 @@
 
 #include "tools/area_mean.h"
 #include "tools/base.h"
+#include "tools/image_file.h"
 #include "util/error.h"
-#include "util/image.h"
 #include "util/program.h"
 
 namespace galdren {
@@ -18,30 +18,10 @@ namespace galdren {
 namespace {
 
 using Pixels = std::unique_ptr<unsigned long[]>;
-using Image = std::unique_ptr<IGB_Image, decltype(&IGB_Free)>;
 
 Pixels New_Pixels(std::size_t count) { return Pixels(new (std::nothrow) unsigned long[count]); }
 
 bool Is_Targa(const char* file) { return std::strstr(file, ".tga") != nullptr; }
-
-Image Read_Image(const char* file) {
-    IGB_Image* image = nullptr;
-    errno = 0;
-    (Is_Targa(file) ? TGA_Read_Image : IGB_Read_Image)(file, &image);
-    return {image, IGB_Free};
-}
-
-/// One to four channels: grey or colour, each with opacity or without.
-/// @param clearness  what is taken from the last channel in place of opacity: all its bits turned round, or 0
-unsigned long Packed(const unsigned char* from, int channels, unsigned char clearness) {
-    const bool is_grey = channels <= 2;
-    const bool is_opaque = channels % 2 != 0;
-    const unsigned long blue = from[0];
-    const unsigned long green = from[is_grey ? 0 : 1];
-    const unsigned long red = from[is_grey ? 0 : 2];
-    const unsigned long weight = is_opaque ? 255 : from[channels - 1] ^ clearness;
-    return blue | green << 8 | red << 16 | weight << 24;
-}
 
 struct Size {
     int width;
@@ -128,7 +108,7 @@ bool Is_Changed(const Tools_Fields& control) {
 }  // namespace
 
 bool Read_Icon_Pixels(Tools_Fields& control, const char* file) {
-    const Image image = file ? Read_Image(file) : Image(nullptr, IGB_Free);
+    const Image image = file ? Read_Image(file, Is_Targa(file)) : Image(nullptr, IGB_Free);
     if (!image) {
         Error_Fct(hwnd, ERROR_LEVEL_WARNING, "Tools::Icon(%s): %s\n   name: %s", file ? file : "(null)",
                   file ? Error_Perror(errno) : "no file", Name_Of(control));
@@ -141,9 +121,11 @@ bool Read_Icon_Pixels(Tools_Fields& control, const char* file) {
                   Name_Of(control));
         return false;
     }
-    const unsigned char clearness = Is_Targa(file) ? 0 : 0xFF;
+    // The last of several channels says how clear a pixel of an SGI image is.
+    const bool has_clearness = image->channels % 2 == 0 && !Is_Targa(file);
+    const unsigned long turned = has_clearness ? 0xFF000000 : 0;
     for (std::size_t i = 0; i < count; ++i)
-        pixels[i] = Packed(image->pixels + i * image->channels, image->channels, clearness);
+        pixels[i] = Packed(image->pixels + i * image->channels, image->channels) ^ turned;
     Drop_Icon(control);
     control.Icon_Pixels = pixels.release();
     control.Icon_Width = image->width;
