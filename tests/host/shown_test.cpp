@@ -114,6 +114,20 @@ TEST_F(Shown_Test, What_Is_Disabled_Is_Half_Of_Itself) {
     }
 }
 
+TEST_F(Shown_Test, What_Is_Disabled_Is_Painted_As_Passive) {
+    struct Flag_Reader : Tools {
+        void Init(HWND target) { Prepare(target); }
+        void Draw() { painted_with = Flag; }
+        unsigned long painted_with = 0;
+    } reader;
+    Place(reader, nullptr, 280, 60, 10, 10);
+    host->Add(reader), host->Init_All();
+    host->Set_Enabled(reader, false);
+    Painted();
+    EXPECT_TRUE(reader.painted_with == FLAG_PASSIVE && reader.Flag == 0);
+    host->Remove(reader);
+}
+
 TEST_F(Shown_Test, Pages_Follow_Their_Tabs) {
     Tabs inner;
     Buttons deep;
