@@ -254,13 +254,14 @@ TEST(Theme, Captions_Are_Readable_In_Every_State) {
     for (const Theme& theme : {Dark_Theme(), System_Theme()}) {
         host.Set_Theme(&theme);
         for (const auto& [red, green, blue] : Some_Colors) {
+            const Colors color(red, green, blue);
             for (const std::string state :
                  {"at rest", "lit", "pressed", "pressed and lit", "passive", "disabled"}) {
                 SCOPED_TRACE(testing::Message()
                              << state << ", colour " << red << ' ' << green << ' ' << blue);
                 const bool is_lit = state.ends_with("lit");
                 controls.Each([&](const char*, auto& control) {
-                    control.Color = Colors(red, green, blue);
+                    control.Color = color;
                     control.Flag =
                         state == "passive" ? control.Flag | FLAG_PASSIVE : control.Flag & ~FLAG_PASSIVE;
                     host.Set_Enabled(control, state != "disabled");
