@@ -101,6 +101,25 @@ TEST(Images, Are_Allocated_And_Freed_Once) {
     t.Graph_Select = t.Graph_Normal;  // one image for both states is one image to free
 }
 
+/// Generated pictures have one limit, which counts pixels, and one report for a control with its parts.
+TEST(Images, Are_Flat_Where_They_Would_Be_Too_Large) {
+    Test_Window window(300, 200);
+    Report_Catcher reports;
+    const auto reported = [&](auto&& control, int width, int height) {
+        control.Width = static_cast<short>(width), control.Height = static_cast<short>(height);
+        control.Color = Colors(10, 200, 30);
+        control.Init(window), control.Draw();
+        const std::string text = reports.Take();
+        return std::count(text.begin(), text.end(), '|') + !text.empty();
+    };
+    EXPECT_EQ(reported(Buttons(), 32767, 30), 0);
+    EXPECT_EQ(reported(Buttons(), 24000, 24000), 1);
+    EXPECT_EQ(Picture(window).At(100, 100), 0x0AC81Eu);
+    EXPECT_EQ(reported(Boxs(), 24000, 24000), 1);
+    EXPECT_EQ(reported(Hue_Edit(), 24000, 24000), 1);
+    EXPECT_EQ(reported(Color_Edit(), 24000, 24000), 1);
+}
+
 TEST(Init, Rebuilds_Only_What_Changed) {
     Test_Window window(200, 80);
     Boxs box;
