@@ -1,5 +1,6 @@
 // What holds for every class: what it shares with copies, what it reports, and that it gives everything back.
 #include <algorithm>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -47,6 +48,16 @@ void Put(Control& control, int width, int height) {
     if constexpr (requires { control.V_Slider; }) control.Flag |= TEXT_V_BAR;
 }
 
+/// What `use` takes of the system is given back, but for what the library keeps from the first times.
+void Expect_All_Given_Back(const std::function<void()>& use) {
+    const auto use_and_clean_up = [&] { use(), Tools_Lib_Cleanup(); };
+    use_and_clean_up(), use_and_clean_up();
+    const int objects = Gdi_Objects(), blocks = Live_Blocks();
+    use_and_clean_up();
+    EXPECT_EQ(Gdi_Objects(), objects);
+    EXPECT_EQ(Live_Blocks(), blocks);
+}
+
 }  // namespace
 
 template <class Control>
@@ -60,7 +71,7 @@ TYPED_TEST_SUITE(Any_Class, All);
 
 TYPED_TEST(Any_Class, Shares_With_Copies_That_Go_In_Any_Order) {
     Test_Window& window = this->window;
-    const auto all = [&] {
+    Expect_All_Given_Back([&] {
         int order[] = {0, 1, 2};
         do {
             std::unique_ptr<TypeParam> copies[3];
@@ -93,13 +104,7 @@ TYPED_TEST(Any_Class, Shares_With_Copies_That_Go_In_Any_Order) {
             }
         } while (std::next_permutation(std::begin(order), std::end(order)));
         this->reports.Take();
-        Tools_Lib_Cleanup();
-    };
-    all(), all();
-    const int objects = Gdi_Objects(), blocks = Live_Blocks();
-    all();
-    EXPECT_EQ(Gdi_Objects(), objects);
-    EXPECT_EQ(Live_Blocks(), blocks);
+    });
 }
 
 /// Each of the first allocations fails once, on a window and in a batch.
@@ -114,7 +119,7 @@ TYPED_TEST(Any_Class, Survives_Lack_Of_Memory_And_Gives_Everything_Back) {
         const TypeParam copy(control);
         control.Init(window), Use(window, control);
     };
-    const auto all = [&] {
+    Expect_All_Given_Back([&] {
         for (int passed = 0; passed < 40; ++passed) {
             Call_Spy spy;
             spy.Fail_Allocation(passed);
@@ -124,12 +129,7 @@ TYPED_TEST(Any_Class, Survives_Lack_Of_Memory_And_Gives_Everything_Back) {
             Tools_Lib_Cleanup();
         }
         this->reports.Take();
-    };
-    all();
-    const int objects = Gdi_Objects(), blocks = Live_Blocks();
-    all();
-    EXPECT_EQ(Gdi_Objects(), objects);
-    EXPECT_EQ(Live_Blocks(), blocks);
+    });
 }
 
 /// Calls that are reported by a class which calls itself `name` in them.
@@ -202,47 +202,38 @@ void Expect_Growth(const std::string& item_line, const std::string& array_line, 
     const auto no_memory = [](const std::string& line, const char* count) {
         return "1:line " + line + " \nmemory error in realloc (var=this->Item, dim=" + count + "x8)";
     };
-    const auto scene = [&] {
+    Expect_All_Given_Back([&] {
         auto first = std::make_unique<Control>();
         Place(*first, "Caption", Left, 20, 200, 60);
         Name_Items(*first, {"One", "Two", "Three", "Four"});
         const auto* kept = first->Item[1];
         EXPECT_EQ(first->Grow(6, 0x12), 1);
-        EXPECT_EQ(first->Grow(6, 0), 1);
         EXPECT_EQ(first->Item[5]->Flag, own_flag | 0x12);
         EXPECT_EQ(first->Item[1], kept);
-        first->Init(window), first->Draw();
-        auto copy = std::make_unique<Control>(*first);
-        Control other;
-        other.Grow(3, 0);
-        other = *copy;
+        Control other(*first), copy;
+        copy.Grow(3, 0), copy = other;
+        EXPECT_EQ(copy.Item, first->Item);
+        EXPECT_EQ(copy.Grow(3, 0), 1);  // from now on it has its own
         EXPECT_EQ(other.Item, first->Item);
-        EXPECT_EQ(copy->Grow(3, 0), 1);  // from now on it has its own
-        EXPECT_EQ(other.Item, first->Item);
-        EXPECT_TRUE(other.Item[5] && !copy->Item[3]);
-        EXPECT_STREQ(copy->Item[1]->Name, "Two");
+        EXPECT_TRUE(other.Item[5] && !copy.Item[3]);
+        EXPECT_STREQ(copy.Item[1]->Name, "Two");
         first.reset();
-        other.Draw(), other.Init(window), other.Draw(), copy->Draw();
+        other.Init(window), other.Draw(), copy.Init(window), copy.Draw();
         EXPECT_EQ(other.Grow(0, 0), 1);
         reports.Take();
         Call_Spy spy;
         spy.Fail_Allocation(1);  // the first new item
-        EXPECT_EQ(copy->Grow(5, 0), 0);
-        EXPECT_TRUE(copy->Item[2] && !copy->Item[3]);
+        EXPECT_EQ(copy.Grow(5, 0), 0);
+        EXPECT_TRUE(copy.Item[2] && !copy.Item[3]);
         EXPECT_EQ(reports.Take(), no_memory(item_line, "6"));
         spy.Fail_Allocation();
-        EXPECT_EQ(copy->Grow(1, 0), 0);
-        EXPECT_EQ(copy->Item, nullptr);
+        EXPECT_EQ(copy.Grow(1, 0), 0);
+        EXPECT_EQ(copy.Item, nullptr);
         EXPECT_EQ(reports.Take(), no_memory(array_line, "2"));
-        copy->Draw(), copy->Select(EVENT_MOVE), copy->Init(window), copy->Draw(), copy->Adjust();
-        EXPECT_LE(copy->Read(), 0);
+        copy.Draw(), copy.Select(EVENT_MOVE), copy.Init(window), copy.Draw(), copy.Adjust();
+        EXPECT_LE(copy.Read(), 0);
         reports.Take();
-    };
-    scene();
-    const int objects = Gdi_Objects();
-    for (int i = 0; i < 10; ++i)
-        scene();
-    EXPECT_EQ(Gdi_Objects(), objects);
+    });
 }
 
 TEST(Items, Grow_And_Are_Shared) {
