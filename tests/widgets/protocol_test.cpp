@@ -3,6 +3,7 @@
 
 #include "Galdren_Tools.h"
 #include "tests/support/code_page.h"
+#include "tests/support/controls.h"
 #include "tests/support/spy.h"
 #include "tests/support/window.h"
 
@@ -11,15 +12,14 @@ using namespace galdren_test;
 namespace {
 
 constexpr bool Inside = true, Outside = false, Paints = true, Rests = false;
-constexpr Area Whole{50, 150, 20, 70}, Body{54, 146, 24, 66};  // the body lies inside frame and rim
+constexpr Area Body{54, 146, 24, 66};  // inside frame and rim
 
 /// A control in the middle of a window.
 template <class Control>
 class Pointer_Protocol : public testing::Test {
   protected:
     Pointer_Protocol() {
-        control.X = 50, control.Y = 20, control.Width = 100, control.Height = 50;
-        control.Name = "Name", control.Font_Name = "Arial", control.Font_Size = 10;
+        Place(control, nullptr, 50, 20, 100, 50);
         control.Init(window);
     }
     void Point(bool inside) { inside ? window.Point_At(60, 30) : window.Point_At(45, 30); }
@@ -42,7 +42,7 @@ TYPED_TEST_SUITE(Pointer_Protocol, Controls);
 }  // namespace
 
 TYPED_TEST(Pointer_Protocol, Select_Answers_And_Paints_Changes_Only) {
-    struct Row {
+    const struct {
         unsigned long flag;
         int event;
         bool inside;
@@ -50,8 +50,7 @@ TYPED_TEST(Pointer_Protocol, Select_Answers_And_Paints_Changes_Only) {
         int result;
         short hover_after;
         bool paints;
-    };
-    const Row table[] = {
+    } table[] = {
         {0, EVENT_MOVE, Inside, 0, 1, 1, Paints},
         {0, EVENT_MOVE, Inside, 1, 1, 1, Rests},
         {0, EVENT_MOVE, Inside, 2, 1, 1, Paints},
@@ -75,47 +74,40 @@ TYPED_TEST(Pointer_Protocol, Select_Answers_And_Paints_Changes_Only) {
         {FLAG_PASSIVE | FLAG_STATIC, EVENT_MOVE, Inside, 0, 0, 0, Rests},
         {FLAG_PASSIVE | FLAG_NO_BODY, EVENT_MOVE, Inside, 0, 0, 0, Rests},
     };
-    for (const Row& row : table) {
+    for (const auto& row : table) {
         SCOPED_TRACE(&row - table);
-        this->control.Flag = row.flag;
-        this->control.Hover = row.hover;
+        this->control.Flag = row.flag, this->control.Hover = row.hover;
         this->Point(row.inside);
-        int result = -1;
-        const Area painted = this->Changed([&] { result = this->control.Select(row.event); });
-        EXPECT_EQ(result, row.result);
+        const Area painted = this->Changed([&] { EXPECT_EQ(this->control.Select(row.event), row.result); });
         EXPECT_EQ(this->control.Hover, row.hover_after);
         EXPECT_EQ(painted, row.paints ? Body : Nothing);
     }
 }
 
-TYPED_TEST(Pointer_Protocol, Deselect_And_Adjust_Follow_The_Pointer) {
-    auto& control = this->control;
-    constexpr bool box = std::is_same_v<TypeParam, Boxs>;
-    this->Point(Inside);
-    control.Draw(), control.Deselect();
-    // A box keeps the highlight in mind, a button forgets it.
-    EXPECT_EQ(control.Hover, box ? 1 : 0);
-    EXPECT_EQ(this->Changed([&] { control.Select(EVENT_MOVE); }) != Nothing, !box);
-    const auto changed_by_deselect = [&](unsigned long flag, short hover) {
-        control.Flag = flag, control.Hover = hover;
-        return this->Changed([&] { control.Deselect(); });
-    };
-    for (const short hover : {short{0}, short{2}}) {
-        EXPECT_EQ(changed_by_deselect(0, hover), Nothing);
-        EXPECT_EQ(control.Hover, hover);
-    }
-    EXPECT_EQ(changed_by_deselect(FLAG_STATIC, 1), Nothing);
-    EXPECT_EQ(changed_by_deselect(FLAG_NO_BODY, 1), Nothing);
-    if constexpr (box) {
-        control.Flag = 0, control.Hover = 1;
-        EXPECT_EQ(this->Changed([&] { control.Adjust(); }), Body);
-        EXPECT_EQ(control.Hover, 1);
+/// A box keeps the highlight in mind, a button forgets it.
+TYPED_TEST(Pointer_Protocol, Deselect_Paints_What_Is_Lit) {
+    constexpr short Kept = std::is_same_v<TypeParam, Boxs> ? 1 : 0;
+    const struct {
+        unsigned long flag;
+        short hover, hover_after;
+        bool paints;
+    } table[] = {{0, 1, Kept, Paints},
+                 {0, 0, 0, Rests},
+                 {0, 2, 2, Rests},
+                 {FLAG_STATIC, 1, 1, Rests},
+                 {FLAG_NO_BODY, 1, 1, Rests}};
+    for (const auto& [flag, hover, hover_after, paints] : table) {
+        this->control.Flag = flag, this->control.Hover = hover;
+        EXPECT_EQ(this->Changed([&] { this->control.Deselect(); }), paints ? Body : Nothing) << flag;
+        EXPECT_EQ(this->control.Hover, hover_after) << flag;
     }
 }
 
-using Button_Protocol = Pointer_Protocol<Buttons>;
-
-TEST_F(Button_Protocol, Adjust_Repaints_What_May_Have_Changed) {
+TEST(Buttons_With_A_Value, Adjust_To_It_When_It_Has_Changed) {
+    Test_Window window(240, 100);
+    Buttons button;
+    Place(button, "Name", 50, 20, 100, 50);
+    button.Init(window);
     const struct {
         unsigned long flag;
         short value;
@@ -125,17 +117,13 @@ TEST_F(Button_Protocol, Adjust_Repaints_What_May_Have_Changed) {
                  {0, -7, Paints},
                  {BUTTON_LAMP, 0, Paints},
                  {FLAG_NO_BODY, 1, Rests},
-                 {FLAG_OUTLINE, 1, Paints},
                  {FLAG_OUTLINE, 0, Rests},
                  {FLAG_NO_BODY | BUTTON_LAMP, 0, Rests}};
     for (const auto& [flag, value, paints] : table) {
-        SCOPED_TRACE(testing::Message() << flag << ' ' << value);
-        control.Flag = flag, control.Value = 0;
-        control.Draw();
-        control.Value = value;
-        EXPECT_EQ(Changed([&] { control.Adjust(); }), paints ? Whole : Nothing);
-        EXPECT_EQ(control.Read(), value);
-        EXPECT_EQ(Changed([&] { control.Adjust(); }), flag == BUTTON_LAMP ? Whole : Nothing);
+        button.Flag = flag, button.Value = 0, button.Draw();
+        button.Value = value;
+        EXPECT_EQ(window.Changed([&] { button.Adjust(); }) != Nothing, paints) << flag << ' ' << value;
+        EXPECT_EQ(button.Read(), value);
     }
 }
 
