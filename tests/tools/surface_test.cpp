@@ -20,16 +20,23 @@ void Paint(HWND window, const Area& area) {
     End_Draw();
 }
 
-void Expect_Nothing_Taken() {
-    EXPECT_EQ(Z_DC, nullptr);
-    EXPECT_EQ(Z_Window, nullptr);
-    bool free = false;
-    std::thread([&free] {
-        free = TryEnterCriticalSection(&Critical);
-        if (free) LeaveCriticalSection(&Critical);
-    }).join();
-    EXPECT_TRUE(free) << "the lock is still held";
-}
+/// Whatever a test does, nothing is open afterwards, and the lock is free.
+class Surface : public testing::Test {
+  protected:
+    void TearDown() override {
+        EXPECT_EQ(Z_DC, nullptr);
+        EXPECT_EQ(Z_Window, nullptr);
+        bool free = false;
+        std::thread([&free] {
+            free = TryEnterCriticalSection(&Critical);
+            if (free) LeaveCriticalSection(&Critical);
+        }).join();
+        EXPECT_TRUE(free) << "the lock is still held";
+    }
+};
+struct Batch : Surface {};
+struct Hold : Surface {};
+struct Print : Surface {};
 
 /// A box and a button, the pointer on the button.
 struct Controls {
@@ -46,7 +53,7 @@ struct Controls {
 }  // namespace
 
 // Has to be the first test of this program: it needs a library that has not drawn yet.
-TEST(Surface, Two_Threads_May_Draw_First) {
+TEST_F(Surface, Two_Threads_May_Draw_First) {
     ASSERT_EQ(Critical_Flag, 0) << "run this test alone";
     EXPECT_EQ(Current_Color, 0u);
     Test_Window windows[2] = {Test_Window(60, 40), Test_Window(60, 40)};
@@ -72,10 +79,9 @@ TEST(Surface, Two_Threads_May_Draw_First) {
     EXPECT_EQ(Critical_Flag, 1);
     for (const Test_Window& window : windows)
         EXPECT_EQ(Picture(window).Painted(), (Area{10, 29, 11, 20}));
-    Expect_Nothing_Taken();
 }
 
-TEST(Surface, One_Unit_Is_One_Pixel_From_The_Bottom_Left) {
+TEST_F(Surface, One_Unit_Is_One_Pixel_From_The_Bottom_Left) {
     for (const int w : {1, 240, 1100}) {
         const int h = w / 4 + 1;
         Test_Window window(w, h);
@@ -97,7 +103,7 @@ TEST(Surface, One_Unit_Is_One_Pixel_From_The_Bottom_Left) {
     }
 }
 
-TEST(Surface, Pairs_Nest) {
+TEST_F(Surface, Pairs_Nest) {
     Test_Window outer(100, 50), inner(80, 30);
     const Area painted = outer.Changed([&] {
         Begin_Draw(outer, nullptr);
@@ -118,10 +124,9 @@ TEST(Surface, Pairs_Nest) {
     });
     EXPECT_EQ(painted, (Area{1, 99, 3, 49}));
     EXPECT_EQ(Picture(inner).Painted(), (Area{5, 5, 8, 8}));
-    Expect_Nothing_Taken();
 }
 
-TEST(Surface, Tolerates_Missing_Windows_And_Ends) {
+TEST_F(Surface, Tolerates_Missing_Windows_And_Ends) {
     Test_Window window(50, 50), empty(50, 50), gone(50, 50);
     HWND destroyed = gone;
     gone.Close();
@@ -142,16 +147,14 @@ TEST(Surface, Tolerates_Missing_Windows_And_Ends) {
             End_Batch();
         });
         EXPECT_EQ(painted, Nothing);
-        Expect_Nothing_Taken();
     }
     Begin_Draw(window, nullptr);
     window.Close();
     Draw_Box(0, 9, 9, 0);
     End_Draw();
-    Expect_Nothing_Taken();
 }
 
-TEST(Surface, Clips_To_A_Rectangle_Until_Reset) {
+TEST_F(Surface, Clips_To_A_Rectangle_Until_Reset) {
     Test_Window window(240, 90);
     const Area all{0, 239, 0, 89};
     const auto clipped = [&](int width, bool reset) {
@@ -171,7 +174,7 @@ TEST(Surface, Clips_To_A_Rectangle_Until_Reset) {
     EXPECT_EQ(window.Changed([&] { Paint(window, all); }), all) << "a clip ends with its pair";
 }
 
-TEST(Batch, Reaches_The_Window_At_Its_End_And_Equals_Plain_Painting) {
+TEST_F(Batch, Reaches_The_Window_At_Its_End_And_Equals_Plain_Painting) {
     Test_Window window(300, 120), other(60, 60);
     Controls controls(window);
     const auto all = [&] {
@@ -196,10 +199,9 @@ TEST(Batch, Reaches_The_Window_At_Its_End_And_Equals_Plain_Painting) {
     const int objects = Gdi_Objects();
     EXPECT_TRUE(Same(window.After(batch), plain));
     EXPECT_EQ(Gdi_Objects(), objects);
-    Expect_Nothing_Taken();
 }
 
-TEST(Batch, Fills_A_Rectangle_And_Leaves_The_Rest_Alone) {
+TEST_F(Batch, Fills_A_Rectangle_And_Leaves_The_Rest_Alone) {
     Test_Window window(100, 80);
     const auto filled = [&](const RECT& device, bool nested) {
         return window.Changed([&] {
@@ -218,11 +220,10 @@ TEST(Batch, Fills_A_Rectangle_And_Leaves_The_Rest_Alone) {
     for (const RECT& bad : {RECT{5, 5, 5, 9}, RECT{200, 0, 300, 50}, RECT{-9, -9, 0, 0}})
         EXPECT_EQ(filled(bad, false), Nothing);
     EXPECT_EQ(filled({-9, -9, 999, 999}, false), (Area{0, 99, 0, 79}));
-    Expect_Nothing_Taken();
 }
 
 /// What an application selects in a batch is gone with its pair, as it is on a window.
-TEST(Batch, Forgets_What_An_Application_Set) {
+TEST_F(Batch, Forgets_What_An_Application_Set) {
     Test_Window window(100, 80), other(50, 50);
     const auto caption = [&] {
         Begin_Batch(window);
@@ -245,11 +246,10 @@ TEST(Batch, Forgets_What_An_Application_Set) {
     Begin_Batch(other);  // buffers of windows that are gone go now, but for one in use
     End_Batch();
     End_Batch();
-    Expect_Nothing_Taken();
 }
 
 /// What an open pair paints is not lost when the batch ends around it, at another size or not.
-TEST(Batch, May_End_Before_A_Pair_That_It_Began_With) {
+TEST_F(Batch, May_End_Before_A_Pair_That_It_Began_With) {
     for (const bool resized : {false, true}) {
         Test_Window window(100, 80);
         const Area painted = window.Changed([&] {
@@ -267,12 +267,11 @@ TEST(Batch, May_End_Before_A_Pair_That_It_Began_With) {
         });
         const int raised = resized ? 20 : 0;  // the pair counts from the bottom that the window had
         EXPECT_EQ(painted, (Area{resized ? 40 : 10, 69, 11, 20 + raised})) << resized;
-        Expect_Nothing_Taken();
     }
 }
 
 /// A member leaves the application's context as it is, whatever it has to clip for itself.
-TEST(Surface, Comes_Back_From_Members_As_It_Was) {
+TEST_F(Surface, Comes_Back_From_Members_As_It_Was) {
     Test_Window window(300, 120);
     Controls controls(window);
     controls.box.Clip_X = 20, controls.box.Clip_Y = 20, controls.box.Clip_Width = 30,
@@ -295,7 +294,7 @@ TEST(Surface, Comes_Back_From_Members_As_It_Was) {
 }
 
 /// In a window that runs from right to left, controls stand and react as in any other.
-TEST(Surface, Is_Never_Mirrored) {
+TEST_F(Surface, Is_Never_Mirrored) {
     for (const bool in_pair : {false, true}) {
         Area shown[2];
         for (const bool mirrored : {false, true}) {
@@ -322,7 +321,7 @@ TEST(Surface, Is_Never_Mirrored) {
 
 /// Each member paints once and is copied once, but those of a batch are copied together; what is hidden costs
 /// nothing.
-TEST(Paint_Counts, Tell_What_Members_Cost) {
+TEST_F(Surface, Counts_What_Members_Cost) {
     Test_Window window(300, 120);
     Boxs box;
     Place(box, "Usual", 10, 10, 50, 40);
@@ -345,7 +344,7 @@ TEST(Paint_Counts, Tell_What_Members_Cost) {
     EXPECT_EQ(cost_of([&] { box.Draw(); }), (std::array<unsigned long long, 3>{}));
 }
 
-TEST(Surface, Spares_Windows_Inside_When_The_Window_Asks_For_It) {
+TEST_F(Surface, Spares_Windows_Inside_When_The_Window_Asks_For_It) {
     Test_Window window(100, 80);
     const HWND inside =
         CreateWindowA("STATIC", "", WS_CHILD | WS_VISIBLE, 20, 20, 30, 30, window, nullptr, nullptr, nullptr);
@@ -362,7 +361,7 @@ TEST(Surface, Spares_Windows_Inside_When_The_Window_Asks_For_It) {
 }
 
 /// A held window paints as any other, follows its size, and shows its picture again on demand.
-TEST(Hold, Shows_What_Members_And_Pairs_Paint) {
+TEST_F(Hold, Shows_What_Members_And_Pairs_Paint) {
     Test_Window plain(300, 120), held(300, 120);
     const auto shown_by = [](Test_Window& window) {
         Controls controls(window);
@@ -389,12 +388,11 @@ TEST(Hold, Shows_What_Members_And_Pairs_Paint) {
     ReleaseDC(held, dc);
     EXPECT_EQ(held.Changed([&] { Paint(held, {190, 199, 140, 149}); }), (Area{190, 199, 140, 149}));
     Begin_Hold(held), End_Hold(held), End_Hold(held), End_Hold(held);
-    Expect_Nothing_Taken();
     EXPECT_EQ(Show_Hold(held, nullptr, {0, 0, 9, 9}), 0);
 }
 
 /// The picture of a held window goes with it, also when nobody ends the hold.
-TEST(Hold, Ends_With_The_Window) {
+TEST_F(Hold, Ends_With_The_Window) {
     Test_Window other(60, 60);
     Controls controls(other);
     const auto hold_and_go = [] {
@@ -421,10 +419,9 @@ TEST(Hold, Ends_With_The_Window) {
         go_on();
         EXPECT_EQ(Gdi_Objects(), objects);
     }
-    Expect_Nothing_Taken();
 }
 
-TEST(Print, Tells_What_Fails) {
+TEST_F(Print, Tells_What_Fails) {
     const Test_Window window(100, 50);
     ASSERT_EQ(Begin_Print(window, 0), 1);
     const HDC dc = GetDC(window);
@@ -439,7 +436,7 @@ TEST(Print, Tells_What_Fails) {
 }
 
 /// Held or not, windows of any kind show what a plain one does, whatever happens to them meanwhile.
-TEST(Hold, Is_For_Windows_Of_Any_Kind) {
+TEST_F(Hold, Is_For_Windows_Of_Any_Kind) {
     const auto shown_by = [](bool held, LONG extended, UINT class_style) {
         Test_Window window(300, 120, class_style);
         SetWindowLongA(window, GWL_EXSTYLE, GetWindowLongA(window, GWL_EXSTYLE) | extended);
@@ -468,5 +465,4 @@ TEST(Hold, Is_For_Windows_Of_Any_Kind) {
                     << held << ' ' << extended << ' ' << class_style;
         }
     }
-    Expect_Nothing_Taken();
 }
