@@ -294,6 +294,13 @@ TEST(Pictures, Images_And_Borders_That_Change) {
             Paint_Over(b), at.Point_At(b), b.Select(EVENT_MOVE), at.Point_Away(), b.Select(EVENT_MOVE);
         },
     };
+    // The edge of a tab that an application paints joins what the tab has painted.
+    const auto edge = [](auto& t, auto&) {
+        t.Cadre(0, t.Value, 1, t.X, static_cast<short>(t.X + t.Width), t.Y,
+                static_cast<short>(t.Y + t.Height));
+    };
+    sheet.Add_All<TabItems>(
+        nullptr, Looks<TabItems>{{"edge"}, {"edge in front", 0, [](auto& t) { t.Value = 1; }}}, {edge});
     sheet.Add_All<Boxs>(nullptr, Flags<Boxs>({FLAG_NO_RIM}), thinner);
     sheet.Add_All<Buttons>(nullptr, Flags<Buttons>({0}), painted_over);
     sheet.Expect_Recorded();

@@ -48,21 +48,6 @@ TEST(Tab_Items, Show_Images_Of_The_Size_That_Init_Saw) {
     EXPECT_EQ(shown(copy, 13), 0x102030u);
 }
 
-TEST(Tab_Items, Have_An_Edge_That_Joins_The_Page_In_Front) {
-    Test_Window window(200, 90);
-    TabItems t;
-    Place(t, "Caption", Left, Bottom, 100, 37);
-    t.Init(window);
-    for (const bool front : {false, true}) {
-        t.Value = front;
-        const Picture drawn = window.After([&] { t.Draw(); });
-        const Picture edge =
-            window.After([&] { t.Cadre(0, front, 1, Left, Left + 100, Bottom, Bottom + 37); });
-        for (int y = Bottom - 3; y <= Bottom; ++y)
-            EXPECT_EQ(edge.At(Left + 50, y), drawn.At(Left + 50, y)) << front << ' ' << y;
-    }
-}
-
 /// A tab that lights up paints over the end of its neighbour.
 TEST(Tab_Sets, Show_The_Same_After_A_Press_As_Painted_Anew) {
     Test_Window window(420, 120);
