@@ -89,17 +89,6 @@ TEST_F(Surface, One_Unit_Is_One_Pixel_From_The_Bottom_Left) {
             const Area pixel{p.x, p.x, p.y, p.y};
             EXPECT_EQ(window.Changed([&] { Paint(window, pixel); }), pixel) << w << " x " << h;
         }
-        Boxs box;
-        box.X = static_cast<short>(w - 31), box.Y = 2, box.Width = 20, box.Height = 10;
-        box.Init(window);
-        const struct {
-            int x, y, answer;
-        } places[] = {{w - 32, 7, 0}, {w - 31, 7, 1}, {w - 11, 7, 1},  {w - 10, 7, 0},
-                      {w - 20, 1, 0}, {w - 20, 2, 1}, {w - 20, 12, 1}, {w - 20, 13, 0}};
-        for (const auto& [x, y, answer] : places) {
-            window.Point_At(x, y);
-            EXPECT_EQ(box.Select(EVENT_TEST), answer) << x << ' ' << y << " of " << w;
-        }
     }
 }
 

@@ -34,29 +34,13 @@ void Point_Along(const Test_Window& window, const Tools& bar, int distance) {
 
 }  // namespace
 
-TEST(Sliders, Know_The_Value_Of_Every_Position) {
+TEST(Sliders, Without_Room_Have_No_Positions) {
     Test_Window window(300, 260);
-    for (const unsigned long flag : {0UL, FLAG_VERTICAL}) {
-        Sample<Sliders> s(flag, 200, 16);
-        s.Border = 1;
-        s.Init(window);
-        EXPECT_EQ(s.Tab_Num, 136);
-        const std::pair<int, float> table[] = {{16, 50.0F},    {17, 0.0F},       {32, 0.0F},
-                                               {33, s.Tab[1]}, {100, s.Tab[68]}, {183, s.Tab[135]},
-                                               {184, 50.0F}};
-        for (const auto& [distance, value] : table) {
-            Point_Along(window, s, distance);
-            EXPECT_EQ(s.Read(), value) << distance;
-        }
-        EXPECT_NEAR(s.Tab[135], 100, 1e-3);
-        s.Flag |= FLAG_PASSIVE;
-        EXPECT_EQ(s.Read(), 0);
-    }
     for (const int thickness : {16, 32767}) {
         Sample<Sliders> s(0, 65, thickness);
         s.Border = 1, s.Tab[0] = 7;
         s.Init(window);
-        EXPECT_LE(s.Tab_Num, 1) << "without room there are no positions";
+        EXPECT_LE(s.Tab_Num, 1);
         EXPECT_EQ(s.Tab[0], 7);
     }
 }
@@ -81,7 +65,7 @@ TEST(Bars, Show_The_Part_That_Is_Visible) {
     }
 }
 
-TEST(Valuators, Know_The_Value_Of_Every_Position) {
+TEST(Valuators, Go_By_Powers_Of_Ten) {
     Test_Window window(400, 60);
     Sample<Valuators> v(VALUATOR_LOG_10, 337, 26, 10);
     v.Start_Val = 1, v.End_Val = 1000;
@@ -89,11 +73,9 @@ TEST(Valuators, Know_The_Value_Of_Every_Position) {
     EXPECT_EQ(v.Tab_Num, 301);
     EXPECT_FLOAT_EQ(v.Tab[100], 10);
     EXPECT_FLOAT_EQ(v.Tab[300], 1000);
-    for (const int distance : {-20, 18, 19, 118, 318, 319, 336, 900}) {
-        Point_Along(window, v, distance);
-        EXPECT_EQ(v.Read(), v.Tab[std::clamp(distance - 18, 0, 300)]) << distance;
-    }
-    EXPECT_FLOAT_EQ(v.Scroll(-1), 11.481536F);  // 0.06 of a power of ten further
+    Point_Along(window, v, 218);
+    EXPECT_FLOAT_EQ(v.Read(), 100);
+    EXPECT_FLOAT_EQ(v.Scroll(-1), 11.481536F);  // 0.06 of a power further
     v.Lock(8);
     EXPECT_EQ(v.Read(), v.Val);
     EXPECT_EQ(v.Scroll(3), v.Val);

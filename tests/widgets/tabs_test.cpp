@@ -77,31 +77,3 @@ TEST(Tab_Sets, Show_The_Same_After_A_Press_As_Painted_Anew) {
     EXPECT_EQ(window.Changed([&] { s.Turn(0), s.Adjust(), s.Select(EVENT_PRESS); }), Nothing);
     EXPECT_EQ(s.Read(), -1);
 }
-
-TEST(Tab_Sets, Follow_The_Pointer) {
-    Test_Window window(420, 120);
-    Row s(3);
-    s.Item[2]->Flag = FLAG_PASSIVE;
-    s.Init(window);
-    enum Lit { None, First, Second, Both };
-    const struct {
-        int x, y;  // from the left and bottom edge
-        int read;
-        Lit lit;
-    } table[] = {{23, 9, -1, None},  {24, 0, 0, First},   {103, 40, 0, First}, {104, 40, 0, Both},
-                 {114, 9, 0, Both},  {115, 9, 1, Second}, {194, 9, 1, Second}, {195, 9, -1, None},
-                 {60, -1, -1, None}, {60, 41, -1, None},  {299, 9, -1, None},  {-5, 9, -1, None}};
-    for (const auto& [x, y, index, lit] : table) {
-        SCOPED_TRACE(testing::Message() << x << ' ' << y);
-        s.Draw(), window.Point_At(Left + x, Bottom + y);
-        EXPECT_EQ(s.Read(), index);
-        EXPECT_EQ(s.Select(EVENT_PRESS | EVENT_LEFT), lit != None);
-        EXPECT_EQ(s.Item[0]->Hover == 1, lit == First || lit == Both);
-        EXPECT_EQ(s.Item[1]->Hover == 1, lit == Second || lit == Both);
-        // A passive tab is painted every time.
-        const Area passive = window.Changed([&] { s.Item[2]->Select(EVENT_MOVE); });
-        EXPECT_EQ(window.Changed([&] { s.Select(EVENT_MOVE); }), passive);
-        window.Point_At(0, 0);
-        EXPECT_EQ(window.Changed([&] { EXPECT_EQ(s.Select(EVENT_MOVE), 0); }) != passive, lit != None);
-    }
-}
