@@ -163,18 +163,12 @@ TEST_F(Surface, Clips_To_A_Rectangle_Until_Reset) {
     EXPECT_EQ(window.Changed([&] { Paint(window, all); }), all) << "a clip ends with its pair";
 }
 
-TEST_F(Batch, Reaches_The_Window_At_Its_End_And_Equals_Plain_Painting) {
+TEST_F(Batch, Reaches_The_Window_At_Its_End) {
     Test_Window window(300, 120), other(60, 60);
     Controls controls(window);
-    const auto all = [&] {
-        controls.Draw();
-        Begin_Draw(window, nullptr);  // the application finds the context as the system makes it
-        TextOutA(Z_DC, 5, 115, "Text", 4);
-        End_Draw();
-    };
     const auto batch = [&] {
         other.Refill();
-        Begin_Batch(window), all();
+        Begin_Batch(window), controls.Draw();
         Begin_Batch(other), Paint(other, {0, 9, 0, 9});
         EXPECT_EQ(Picture(other).Painted(), Nothing);
         End_Batch();
@@ -183,7 +177,7 @@ TEST_F(Batch, Reaches_The_Window_At_Its_End_And_Equals_Plain_Painting) {
         EXPECT_EQ(Picture(window).Painted(), Nothing);
         End_Batch();
     };
-    const Picture plain = window.After(all);
+    const Picture plain = window.After([&] { controls.Draw(); });
     window.After(batch);
     const int objects = Gdi_Objects();
     EXPECT_TRUE(Same(window.After(batch), plain));
@@ -349,35 +343,22 @@ TEST_F(Surface, Spares_Windows_Inside_When_The_Window_Asks_For_It) {
     }
 }
 
-/// A held window paints as any other, follows its size, and shows its picture again on demand.
-TEST_F(Hold, Shows_What_Members_And_Pairs_Paint) {
-    Test_Window plain(300, 120), held(300, 120);
-    const auto shown_by = [](Test_Window& window) {
-        Controls controls(window);
-        window.Point_At(0, 0);
-        return window.After([&] {
-            controls.Draw();
-            controls.button.Value = 1, controls.button.Adjust();
-            Begin_Draw(window, nullptr);
-            Current_Color = 0xFF;
-            Draw_Box(260, 90, 290, 60);
-            controls.button.Value = 0, controls.button.Adjust();
-            End_Draw();
-        });
-    };
-    const Picture picture = shown_by(plain);
-    Begin_Hold(held);
-    EXPECT_TRUE(Same(shown_by(held), picture));
-    held.Refill();
-    const HDC dc = GetDC(held);
-    EXPECT_EQ(Show_Hold(held, dc, {0, 0, 300, 120}), 1);
-    EXPECT_TRUE(Same(Picture(held), picture));
-    held.Resize(200, 150);
-    EXPECT_EQ(Show_Hold(held, dc, {0, 0, 200, 150}), 0);
-    ReleaseDC(held, dc);
-    EXPECT_EQ(held.Changed([&] { Paint(held, {190, 199, 140, 149}); }), (Area{190, 199, 140, 149}));
-    Begin_Hold(held), End_Hold(held), End_Hold(held), End_Hold(held);
-    EXPECT_EQ(Show_Hold(held, nullptr, {0, 0, 9, 9}), 0);
+/// A held window follows its size, and shows its picture again on demand.
+TEST_F(Hold, Shows_What_Was_Painted) {
+    Test_Window window(300, 120);
+    Begin_Hold(window);
+    Controls(window).Draw();
+    const Picture picture(window);
+    window.Refill();
+    const HDC dc = GetDC(window);
+    EXPECT_EQ(Show_Hold(window, dc, {0, 0, 300, 120}), 1);
+    EXPECT_TRUE(Same(Picture(window), picture));
+    window.Resize(200, 150);
+    EXPECT_EQ(Show_Hold(window, dc, {0, 0, 200, 150}), 0);
+    ReleaseDC(window, dc);
+    EXPECT_EQ(window.Changed([&] { Paint(window, {190, 199, 140, 149}); }), (Area{190, 199, 140, 149}));
+    Begin_Hold(window), End_Hold(window), End_Hold(window), End_Hold(window);
+    EXPECT_EQ(Show_Hold(window, nullptr, {0, 0, 9, 9}), 0);
 }
 
 /// The picture of a held window goes with it, also when nobody ends the hold.
