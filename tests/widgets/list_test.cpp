@@ -4,7 +4,7 @@
 #include <string>
 
 #include "Galdren_Tools.h"
-#include "tests/support/spy.h"
+#include "tests/support/controls.h"
 #include "tests/support/window.h"
 
 using namespace galdren_test;
@@ -17,8 +17,7 @@ constexpr unsigned long Column = FLAG_VERTICAL;
 /// A list of named items, ready but for `Init`.
 struct Named : Lists {
     Named(unsigned long flag, int width, int height, int count) {
-        X = Left, Y = Bottom, Width = static_cast<short>(width), Height = static_cast<short>(height);
-        Flag = flag, Font_Name = "Arial", Font_Size = 9;
+        Place(*this, nullptr, Left, Bottom, width, height, flag);
         EXPECT_EQ(Grow(count, 0), 1);
         for (int i = 0; i < count; ++i)
             Item[i]->Name = i % 4 == 0 ? "Wide & item" : "Item";
@@ -57,15 +56,14 @@ TEST(Lists, Light_Up_What_Can_Be_Pressed) {
 }
 
 TEST(Lists, Move_The_Mark) {
-    struct Row {
+    const struct {
         unsigned long flag;
         short from, to;
         bool paints;
-    };
-    const Row table[] = {{0, 0, 2, true},       {0, 2, 2, false}, {0, 1, 99, true}, {0, -1, 8, false},
-                         {0, -7, 32767, false}, {1, 0, 1, false}, {2, 0, 1, false}, {0x10, 0, 1, true}};
+    } table[] = {{0, 0, 2, true},       {0, 2, 2, false}, {0, 1, 99, true}, {0, -1, 8, false},
+                 {0, -7, 32767, false}, {1, 0, 1, false}, {2, 0, 1, false}, {0x10, 0, 1, true}};
     Test_Window window(300, 200);
-    for (const Row& row : table) {
+    for (const auto& row : table) {
         SCOPED_TRACE(&row - table);
         Named list(row.flag | Column, 200, 150, 9);
         list.Current = row.from;

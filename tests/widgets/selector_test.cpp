@@ -1,7 +1,7 @@
 #include <string>
 
 #include "Galdren_Tools.h"
-#include "tests/support/spy.h"
+#include "tests/support/controls.h"
 #include "tests/support/window.h"
 
 using namespace galdren_test;
@@ -13,13 +13,9 @@ constexpr int All_Skipped = 0x1F;
 
 /// A selector of five items, ready but for `Init`.
 struct Five : Selects {
-    Five(unsigned long flag, int width, int height, const char* name = nullptr) {
-        X = Left, Y = Bottom, Width = static_cast<short>(width), Height = static_cast<short>(height);
-        Flag = flag, Name = name, Font_Name = "Arial", Font_Size = 10;
-        EXPECT_EQ(Grow(5, 0), 1);
-        static constexpr const char* Names[] = {"Zero", "One & more", "Two", nullptr, "Four"};
-        for (int i = 0; i < 5; ++i)
-            Item[i]->Name = Names[i];
+    Five(unsigned long flag, int width, int height) {
+        Place(*this, nullptr, Left, Bottom, width, height, flag);
+        Name_Items(*this, {"Zero", "One & more", "Two", nullptr, "Four"});
     }
     void Stand(int current, int skipped) {
         Current = static_cast<short>(current);

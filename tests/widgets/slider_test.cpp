@@ -3,6 +3,7 @@
 #include <string>
 
 #include "Galdren_Tools.h"
+#include "tests/support/controls.h"
 #include "tests/support/spy.h"
 #include "tests/support/window.h"
 
@@ -17,10 +18,7 @@ template <class Bar>
 struct Sample : Bar {
     Sample(unsigned long flag, int length, int thickness, float value = 50) {
         const bool upright = flag & FLAG_VERTICAL;
-        this->X = Left, this->Y = Bottom, this->Flag = flag;
-        this->Width = static_cast<short>(upright ? thickness : length);
-        this->Height = static_cast<short>(upright ? length : thickness);
-        this->Font_Name = "Arial", this->Font_Size = 10;
+        Place(*this, nullptr, Left, Bottom, upright ? thickness : length, upright ? length : thickness, flag);
         (flag & SLIDER_REVERSED ? this->Start_Val : this->End_Val) = 100;
         this->Val = value;
     }
