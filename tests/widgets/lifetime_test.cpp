@@ -84,13 +84,12 @@ TEST(Images, Are_Allocated_And_Freed_Once) {
     spy.Fail_Allocation();
     EXPECT_EQ(t.Alloc_Graph_Select(1), 0);
     EXPECT_EQ(reports.Take(), "1:line 336  of .\\tools.cpp \nmemory error in new");
-    const char* const own = "the application's";
-    for (const char* const name : {own, static_cast<const char*>(nullptr)}) {
-        t.Name = own;
-        if (!name) t.Set_Name("%s", "the control's");
+    for (const bool owned : {false, true}) {
+        t.Name = "the application's";
+        if (owned) t.Set_Name("%s", "the control's");
         spy.Fail_Allocation();
         EXPECT_EQ(t.Set_Name("name"), 0);
-        EXPECT_EQ(t.Name, name) << "only what the control owned is gone";
+        EXPECT_EQ(t.Name == nullptr, owned) << "only what the control owned is gone";
         EXPECT_EQ(t.State, 0);
         EXPECT_EQ(reports.Take(), "1:line 451  of .\\tools.cpp \nmemory error in new");
     }
@@ -115,36 +114,6 @@ TEST(Images, Are_Flat_Where_They_Would_Be_Too_Large) {
     EXPECT_EQ(reported(Boxs(), 24000, 24000), 1);
     EXPECT_EQ(reported(Hue_Edit(), 24000, 24000), 1);
     EXPECT_EQ(reported(Color_Edit(), 24000, 24000), 1);
-}
-
-TEST(Init, Rebuilds_Only_What_Changed) {
-    Test_Window window(200, 80);
-    Boxs box;
-    Buttons button;
-    Fill_In(box), Fill_In(button);
-    box.Init(window), button.Init(window);
-    unsigned long** const buffers[] = {&box.Own_Graph_Normal, &box.Own_Graph_Select,
-                                       &button.Own_Normal_Up, &button.Own_Normal_Down,
-                                       &button.Own_Select_Up, &button.Own_Select_Down};
-    // A mark in each buffer tells whether it was made again.
-    constexpr unsigned long Mark = 0x12345678;
-    const auto survivors = [&](const std::function<void()>& change) {
-        for (unsigned long** const buffer : buffers)
-            (*buffer)[0] = Mark;
-        change();
-        box.Init(window), button.Init(window);
-        std::string kept;
-        for (unsigned long** const buffer : buffers)
-            kept += (*buffer)[0] == Mark ? 'k' : '-';
-        return kept;
-    };
-    EXPECT_EQ(survivors([&] { box.Flag |= FLAG_RAISED, box.X += 5, button.Value = 1, box.Font_Size = 14; }),
-              "kkkkkk");
-    EXPECT_EQ(survivors([&] { box.Set_Color(9, 8, 7), button.Set_Color(30, 8, 7); }), "-k--kk");
-    EXPECT_EQ(survivors([&] { box.Set_Color(0, 0, 0), button.Color = Colors(170, 170, 170); }), "-k--kk");
-    EXPECT_EQ(survivors([&] { box.Width++, button.Height++; }), "------");
-    EXPECT_NE(box.Font, button.Font) << "of another size";
-    EXPECT_EQ(button.Cur_Graph_Normal, button.Normal_Down);
 }
 
 TEST(Init, Forgets_Withdrawn_Images_Whatever_Way_It_Takes) {
