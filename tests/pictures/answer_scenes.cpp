@@ -54,14 +54,15 @@ Scene Answers(int width, int height, unsigned long flag) {
 }  // namespace
 
 TEST(Pictures, Answers) {
-    constexpr int Width = 110, Height = 70;
+    constexpr int Width = 90, Height = 58;
     Sheet sheet("answers", Width, Height);
     For_Each_Class([&]<class Control>(const char* name) {
         if constexpr (requires(Control & control) { control.Select(0); } &&
                       !std::is_same_v<Control, DirTrees>) {
-            for (const unsigned long flag : {0UL, FLAG_VERTICAL, FLAG_NO_BODY, FLAG_PASSIVE, FLAG_STATIC})
+            for (const unsigned long flag : {0UL, FLAG_VERTICAL, FLAG_NO_BODY, FLAG_PASSIVE})
                 sheet.Add(name, Answers<Control>(Width, Height, flag));
         }
     });
+    sheet.Add("check list, single", Answers<CheckLists>(Width, Height, CHECKLIST_SINGLE));
     sheet.Expect_Recorded();
 }

@@ -24,10 +24,6 @@ struct Named : CheckLists {
     std::vector<const char*> names;
 };
 
-void Point_At(const Test_Window& window, const CheckLists& list, int item) {
-    window.Point_At(list.Label[item].X + 10, list.Label[item].Y + 7);
-}
-
 }  // namespace
 
 TEST(Check_Lists, Show_Their_Value) {
@@ -64,39 +60,19 @@ TEST(Check_Lists, Show_Their_Value) {
     }
 }
 
-TEST(Check_Lists, Follow_The_Pointer) {
-    constexpr int Beside = -1, Frame = -2;
+TEST(Check_Lists, Read_The_Value_With_The_Item_Under_The_Pointer) {
     constexpr unsigned char Enabled[33] = {1, 1, 0, 1};
     Test_Window window(400, 200);
     Named list(33);
     list.Enabled = Enabled, list.Value = 5;
     list.Init(window);
     const struct {
-        int item;
-        unsigned long flag;
-        short hover, hover_after;  // of the item, or of item 1
-        int event, result, read;
-        bool paints;
-    } table[] = {{3, 0, 0, 1, EVENT_MOVE, 1, 13, true},
-                 {3, CHECKLIST_SINGLE, 1, 1, EVENT_PRESS | EVENT_LEFT, 1, 3, false},
-                 {3, 0, 2, 2, EVENT_TEST, 1, 13, false},
-                 {3, FLAG_PASSIVE, 0, 0, EVENT_MOVE, 0, -1, false},
-                 {3, FLAG_NO_BODY, 0, 1, EVENT_MOVE, 1, 13, false},
-                 {2, 0, 0, 1, EVENT_MOVE, 1, 1, false},  // disabled, for the application to look at
-                 {Beside, 0, 1, 2, EVENT_DRAG, 0, -1, true},
-                 {Beside, FLAG_NO_BODY, 1, 2, EVENT_MOVE, 0, -1, false},
-                 {Frame, 0, 2, 2, EVENT_TEST, 1, -1, false},
-                 {Frame, 0, 1, 2, EVENT_MOVE, 0, -1, true}};
-    for (const auto& row : table) {
-        SCOPED_TRACE(testing::Message() << "item " << row.item << ", flag " << row.flag);
-        short& hover = list.Hover_List[std::max(row.item, 1)];
-        std::fill_n(list.Hover_List, 33, short{0});
-        hover = row.hover, list.Flag = row.flag;
-        row.item < 0 ? window.Point_At(row.item == Frame ? 21 : 10, 60) : Point_At(window, list, row.item);
-        EXPECT_EQ(list.Read(), row.read);
-        const Area painted = window.Changed([&] { EXPECT_EQ(list.Select(row.event), row.result); });
-        EXPECT_EQ(painted != Nothing, row.paints);
-        EXPECT_EQ(hover, row.hover_after);
+        int item, select, read;
+    } table[] = {{3, 1, 13}, {0, 1, 4}, {2, 1, 1} /* disabled, for the application to look at */, {32, 1, 4}};
+    for (const auto& [item, select, read] : table) {
+        window.Point_At(list.Label[item].X + 10, list.Label[item].Y + 7);
+        EXPECT_EQ(list.Select(EVENT_PRESS | EVENT_LEFT), select) << item;
+        EXPECT_EQ(list.Read(), read) << item;
     }
 }
 

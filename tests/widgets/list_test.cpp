@@ -59,28 +59,34 @@ TEST(Lists, Move_The_Mark) {
     const struct {
         unsigned long flag;
         short from, to;
+        const char *drawn, *adjusted;  // the values of the items
         bool paints;
-    } table[] = {{0, 0, 2, true},       {0, 2, 2, false}, {0, 1, 99, true}, {0, -1, 8, false},
-                 {0, -7, 32767, false}, {1, 0, 1, false}, {2, 0, 1, false}, {0x10, 0, 1, true}};
+    } table[] = {{0, 0, 2, "100000000", "001000000", true},
+                 {0, 2, 2, "001000000", "001000000", false},
+                 {0, 1, 99, "010000000", "000000000", true},
+                 {0, -1, 8, "000000000", "000000001", false},  // out of view
+                 {0, -7, 32767, "000000000", "000000000", false},
+                 {FLAG_NO_BODY, 0, 1, "100500000", "010500000", false},
+                 {FLAG_PASSIVE, 0, 1, "100000000", "100000000", false},
+                 {FLAG_STATIC, 0, 1, "100000000", "010000000", true}};
     Test_Window window(300, 200);
-    for (const auto& row : table) {
-        SCOPED_TRACE(&row - table);
-        Named list(row.flag | Column, 200, 150, 9);
-        list.Current = row.from;
-        list.Init(window);
-        list.Item[3]->Value = 5;  // stays until the next `Draw`
-        const auto values = [&](int marked, int third) {
+    for (const auto& [flag, from, to, drawn, adjusted, paints] : table) {
+        SCOPED_TRACE(testing::Message() << flag << ' ' << from << ' ' << to);
+        Named list(flag | Column, 200, 150, 9);
+        const auto values = [&] {
+            std::string all;
             for (int i = 0; i < 9; ++i)
-                EXPECT_EQ(list.Item[i]->Value, i == 3 ? third : i == marked) << i;
+                all += std::to_string(list.Item[i]->Value);
+            return all;
         };
-        values(row.from, 5);
+        list.Current = from;
+        list.Init(window);
+        list.Item[3]->Value = 5;  // stays until the next `Draw` that shows anything
         list.Draw();
-        const bool passive = row.flag & FLAG_PASSIVE, hidden = row.flag & FLAG_NO_BODY;
-        values(row.from, hidden ? 5 : 0);
-        list.Current = row.to;
-        EXPECT_EQ(window.Changed([&] { list.Adjust(); }) != Nothing, row.paints);
-        EXPECT_EQ(list.Last_Current, passive ? row.from : row.to);
-        values(passive ? row.from : row.to, hidden ? 5 : 0);
+        EXPECT_EQ(values(), drawn);
+        list.Current = to;
+        EXPECT_EQ(window.Changed([&] { list.Adjust(); }) != Nothing, paints);
+        EXPECT_EQ(values(), adjusted);
     }
 }
 
@@ -125,26 +131,6 @@ TEST(Lists, Scroll_By_Bar_And_Wheel) {
             expect(static_cast<int>(list.Scroll_Bar.Val));
         }
         EXPECT_EQ(moving, list.Scroll_Bar.End_Val) << "column: the beginning, row: the end";
-    }
-}
-
-TEST(Lists, Share_Items_With_A_Copy_That_Shows_Others) {
-    Test_Window window(260, 300);
-    Named list(Column, 200, 150, 20);
-    list.Y = 120;
-    list.Init(window), list.Draw();
-    Lists copy = list;
-    window.Point_At(Left + 1, list.Y + 1);
-    list.Scroll(6);
-    copy.Current = 7;
-    EXPECT_EQ(window.Changed([&] { copy.Adjust(); }), Nothing) << "it is shown by the other list only";
-    Named alone(Column, 200, 150, 20);
-    alone.Y = 120, alone.Current = 7, alone.Init(window);
-    for (Lists* const drawn : {&copy, static_cast<Lists*>(&list)}) {
-        drawn->Current = 7;
-        const Picture picture = window.After([&] { drawn->Draw(); });
-        EXPECT_TRUE(Same(picture, window.After([&] { alone.Draw(); })));
-        alone.Scroll(6);
     }
 }
 
