@@ -27,13 +27,6 @@ std::vector<Written> Texts_Of_Languages() {
     return texts;
 }
 
-std::string Repeated(const std::string& text, int times) {
-    std::string all;
-    for (; times > 0; --times)
-        all += text;
-    return all;
-}
-
 Scene Caption(const Written& written, const std::string& text, unsigned long flag) {
     return [=](const Cell& cell) {
         const Other_Page page(written.page);

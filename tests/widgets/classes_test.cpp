@@ -15,19 +15,16 @@ namespace {
 
 constexpr int Left = 100, Bottom = 90;
 
-void Show(Tools&) {}
-void Show(Texts& field) {
-    field.Read("input");
-    for (int i = 0; i < 30; ++i)
-        field.Write("Line %d", i);
-}
-void Show(DirTrees& tree) { tree.Set("C:\\"); }
-
 /// Everything that a control paints at a place, also under the pointer and when it changes.
 template <class Control>
 void Use(const Test_Window& window, Control& control) {
     control.Draw();
-    Show(control);
+    if constexpr (requires { control.Set("C:\\"); }) control.Set("C:\\");
+    if constexpr (requires { control.Write("line"); }) {
+        control.Read("input");
+        for (int i = 0; i < 30; ++i)
+            control.Write("Line %d", i);
+    }
     for (const POINT at : {POINT{1, 1}, POINT{control.Width / 2, control.Height / 2},
                            POINT{control.Width - 1, control.Height - 1}, POINT{-50, -50}}) {
         window.Point_At(Left + at.x, Bottom + at.y);

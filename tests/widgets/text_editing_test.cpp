@@ -64,13 +64,6 @@ struct Field : Texts {
     Test_Window window;
 };
 
-std::string Repeated(const std::string& text, int times) {
-    std::string all;
-    for (; times > 0; --times)
-        all += text;
-    return all;
-}
-
 }  // namespace
 
 TEST(Text_Editing, Carries_Every_Language_Through_The_Clipboard) {

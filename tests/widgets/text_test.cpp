@@ -178,6 +178,7 @@ TEST(Texts, Show_What_A_Copy_Did_To_Their_Lines) {
         copy.Flag |= FLAG_NO_BODY;
         copy.Write("unseen");
     }
+    EXPECT_STREQ(field.Lines[0], "unseen");
     field.Write("seen");
     const Picture shown(field.window);
     field.Draw();
@@ -193,19 +194,6 @@ TEST(Texts, Go_On_With_A_Drag_After_A_Repaint) {
     field.Draw();
     field.window.Point_At(5, 235);
     EXPECT_EQ(field.Select(EVENT_DRAG | EVENT_LEFT), 1) << "the bar has kept the pointer";
-}
-
-TEST(Texts, Show_The_Input_Line_Only_While_They_Read) {
-    Field field(FLAG_PASSIVE);
-    const auto told = [&](short x) {
-        field.window.Point_At(x, 50);
-        return field.window.Changed([&] { EXPECT_EQ(field.Select(EVENT_MOVE), 0); });
-    };
-    const short* const box = field.Input_Box;
-    EXPECT_EQ(told(90).right, box[1] - BORDER - 1) << "the line it was reading";
-    field.Mode = 0;
-    EXPECT_EQ(told(90), Nothing);
-    EXPECT_EQ(told(5), Nothing);
 }
 
 TEST(Texts, Paste_From_The_Clipboard) {
@@ -234,13 +222,6 @@ TEST(Texts, Paste_From_The_Clipboard) {
     EXPECT_EQ(field.Mode, TEXT_READING);
     EXPECT_TRUE(OpenClipboard(nullptr)) << "the field has closed it";
     CloseClipboard();
-}
-
-TEST(Texts, Share_Lines_With_Copies) {
-    Field field;
-    field.Write("first");
-    Texts(field).Write("through the copy");
-    EXPECT_STREQ(field.Lines[0], "through the copy");
 }
 
 TEST(Texts, Without_A_Size_Or_Bars_Are_Silent) {
