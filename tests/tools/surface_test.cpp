@@ -207,28 +207,31 @@ TEST_F(Batch, Fills_A_Rectangle_And_Leaves_The_Rest_Alone) {
 
 /// What an application selects in a batch is gone with its pair, as it is on a window.
 TEST_F(Batch, Forgets_What_An_Application_Set) {
-    Test_Window window(100, 80), other(50, 50);
-    const auto caption = [&] {
-        Begin_Batch(window);
-        Begin_Draw(window, nullptr);
-        Text_Tabbed(nullptr, 40, 40, "text");
-        End_Draw();
-        End_Batch();
+    Test_Window window(100, 80);
+    const auto shown = [&](bool set) {
+        return window.After([&] {
+            const Paint_Batch batch(window);
+            Begin_Draw(window, nullptr);
+            Text_Tabbed(nullptr, 40, 40, "text");
+            if (set) {
+                SetTextAlign(Z_DC, TA_RIGHT), SetROP2(Z_DC, R2_NOT),
+                    SelectObject(Z_DC, GetStockObject(BLACK_BRUSH));
+                Clip_Rect(0, 0, 5, 5);
+            }
+            End_Draw();
+        });
     };
-    const Picture before = window.After(caption);
-    Begin_Batch(window);
-    Begin_Draw(window, nullptr);
-    SetTextAlign(Z_DC, TA_RIGHT), SetROP2(Z_DC, R2_NOT), SelectObject(Z_DC, GetStockObject(BLACK_BRUSH));
-    Clip_Rect(0, 0, 5, 5);
-    End_Draw();
-    End_Batch();
-    EXPECT_TRUE(Same(window.After(caption), before));
+    const Picture before = shown(false);
+    shown(true);
+    EXPECT_TRUE(Same(shown(false), before));
+}
 
+TEST_F(Batch, May_Outlive_Its_Window) {
+    Test_Window window(100, 80), other(50, 50);
     Begin_Batch(window);
     window.Close();
     Begin_Batch(other);  // buffers of windows that are gone go now, but for one in use
-    End_Batch();
-    End_Batch();
+    End_Batch(), End_Batch();
 }
 
 /// What an open pair paints is not lost when the batch ends around it, at another size or not.
@@ -276,30 +279,12 @@ TEST_F(Surface, Comes_Back_From_Members_As_It_Was) {
     EXPECT_EQ(painted, (Area{10, 69, 11, 60}));
 }
 
-/// In a window that runs from right to left, controls stand and react as in any other.
+/// What an application paints in a window that runs from right to left stands as in any other.
 TEST_F(Surface, Is_Never_Mirrored) {
-    for (const bool in_pair : {false, true}) {
-        Area shown[2];
-        for (const bool mirrored : {false, true}) {
-            Test_Window window(300, 120);
-            const LONG style = GetWindowLongA(window, GWL_EXSTYLE);
-            SetWindowLongA(window, GWL_EXSTYLE, style | (mirrored ? WS_EX_LAYOUTRTL : 0));
-            Controls controls(window);
-            shown[mirrored] = window.Changed([&] {
-                if (in_pair) Begin_Draw(window, nullptr);
-                controls.Draw();
-                if (in_pair) End_Draw();
-            });
-            // The system counts the columns of a mirrored window from the right.
-            POINT screen{mirrored ? 299 - 160 : 160, 120 - 1 - 30};
-            ClientToScreen(window, &screen);
-            ZCursor_X = screen.x, ZCursor_Y = screen.y;
-            EXPECT_EQ(controls.button.Select(EVENT_TEST), 1);
-            EXPECT_EQ(controls.box.Select(EVENT_TEST), 0);
-        }
-        const auto& [left, right, bottom, top] = shown[0];
-        EXPECT_EQ(shown[1], (Area{299 - right, 299 - left, bottom, top})) << in_pair;
-    }
+    Test_Window window(300, 120);
+    SetWindowLongA(window, GWL_EXSTYLE, GetWindowLongA(window, GWL_EXSTYLE) | WS_EX_LAYOUTRTL);
+    // A picture of this window is read from the right.
+    EXPECT_EQ(window.Changed([&] { Paint(window, {10, 29, 11, 20}); }), (Area{299 - 29, 299 - 10, 11, 20}));
 }
 
 /// Each member paints once and is copied once, but those of a batch are copied together; what is hidden costs

