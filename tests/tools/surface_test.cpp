@@ -359,20 +359,16 @@ TEST_F(Hold, Ends_With_The_Window) {
         Paint(window, {0, 9, 0, 9});
         End_Draw();
     };
-    const std::function<void()> ways_to_go_on[] = {
-        [&] { Begin_Hold(other), End_Hold(other); },
-        [&] { Begin_Batch(other), End_Batch(); },
-        [&] { controls.Draw(); },
-        [] { Tools_Lib_Cleanup(); },
-    };
+    const std::function<void()> ways_to_go_on[] = {[&] { Begin_Hold(other), End_Hold(other); },
+                                                   [&] { Begin_Batch(other), End_Batch(); },
+                                                   [&] { controls.Draw(); }, Tools_Lib_Cleanup};
     for (const auto& go_on : ways_to_go_on) {
-        SCOPED_TRACE(&go_on - ways_to_go_on);
         hold_and_go(), ways_to_go_on[0](), go_on();
         const int objects = Gdi_Objects();
         for (int i = 0; i < 20; ++i)
             hold_and_go();
         go_on();
-        EXPECT_EQ(Gdi_Objects(), objects);
+        EXPECT_EQ(Gdi_Objects(), objects) << &go_on - ways_to_go_on;
     }
 }
 

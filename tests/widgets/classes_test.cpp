@@ -134,18 +134,16 @@ template <class Control>
 void Expect_Misuse(const std::string& name, const std::string& type) {
     Report_Catcher reports;
     const auto expect = [&](const std::string& call_name, auto call) {
-        for (const bool owns_name : {false, true}) {
+        for (const std::string reason : {"bad data in device's structure", "you must call *_Init() first"}) {
             Control control;
             control.Width = control.Height = 40, control.Name = "100%s";
-            if (owns_name) control.Set_Name("%s", "100%s");
+            if (reason.starts_with("bad")) control.Set_Name("%s", "100%s");
             call(control);
-            const std::string reason =
-                owns_name ? "bad data in device's structure" : "you must call *_Init() first";
             // The first is its own; those of its parts may follow.
-            const std::string told = reports.Take();
-            EXPECT_TRUE(told.starts_with("11:Tools: WARNING ! |11:   " + reason +
-                                         "|11:   type: " + call_name + "   name: 100%s\n"))
-                << call_name << told;
+            const std::string told = reports.Take(),
+                              type_and_name = "type: " + call_name + "   name: 100%s\n";
+            EXPECT_TRUE(told.starts_with("11:Tools: WARNING ! |11:   " + reason + "|11:   " + type_and_name))
+                << told;
             call(control);
             EXPECT_EQ(reports.Take(), "") << told;
         }

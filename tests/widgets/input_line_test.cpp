@@ -120,46 +120,38 @@ TEST(Input_Line, Undoes_Words_And_Other_Edits_One_By_One) {
 }
 
 TEST(Input_Line, Takes_Whole_Characters_Only) {
-    struct Row {
+    const struct {
         unsigned page;
         unsigned long flag;
-        const char* typed;
-        const char* line;
+        const char *typed, *line;
+    } rows[] = {
+        {65001, 0, "\200\361z\346\227z\300\257\355\240\200\360\237\230", "zz"},
+        {65001, 0, "\346\346\227\245\303\303\251", "日é"},
+        {932, TEXT_HEXADECIMAL, "\203\101A\203\102B", "AB"},
+        {932, 0, "\201z\203\101", "\201z\203\101"},
+        {936, 0, "\326\361\361\362", "\326\361\361\362"},
+        {1252, 0, "\201\346\361", "\201\346\361"},
     };
-    const Row rows[] = {
-        {65001, 0, "\x80\xF1z\xE6\x97z\xC0\xAF\xED\xA0\x80\xF0\x9F\x98", "zz"},
-        {65001, 0, "\xE6\xE6\x97\xA5\xC3\xC3\xA9", "\xE6\x97\xA5\xC3\xA9"},
-        {932, TEXT_HEXADECIMAL,
-         "\x83\x41"
-         "A\x83\x42"
-         "B",
-         "AB"},
-        {932, 0, "\x81z\x83\x41", "\x81z\x83\x41"},
-        {936, 0, "\xD6\xF1\xF1\xF2", "\xD6\xF1\xF1\xF2"},
-        {1252, 0, "\x81\xE6\xF1", "\x81\xE6\xF1"},
-    };
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         Edited line(row.page, row.flag);
         line.Type(row.typed);
         EXPECT_STREQ(line.Line, row.line) << row.page;
     }
     Edited line(65001);
     line.Put(std::string(253, 'm'));
-    line.Type(
-        "\xC3\xA9"
-        "m");
+    line.Type("ém");
     EXPECT_EQ(line.Input().Text(), std::string(254, 'm')) << "there is no room for half of it";
     line.Press({Shift | Left, 0xC3, 0xA9, 'x'});
     EXPECT_EQ(line.Input().Text(), std::string(253, 'm') + 'x') << "but for what is selected";
-    line.Put("\xE6\x97\xA5");
+    line.Put("日");
     line.Cursor_Pos = 2;
     line.Type("a");
-    EXPECT_STREQ(line.Line, "a\xE6\x97\xA5") << "the application has put the cursor inside";
-    EXPECT_EQ(Whole_Characters("ab\xE6\x97\xA5", 4), "ab");
+    EXPECT_STREQ(line.Line, "a日") << "the application has put the cursor inside";
+    EXPECT_EQ(Whole_Characters("ab日", 4), "ab");
     EXPECT_EQ(Whole_Characters("abe\xCC\x81", 4), "ab") << "a mark stays with its letter";
-    line.Put("\xE6\x97\xA5");
+    line.Put("日");
     line.Input().Remember();
     line.Put("");
     line.Press({Up});
-    EXPECT_STREQ(line.Line, "\xE6\x97\xA5");
+    EXPECT_STREQ(line.Line, "日");
 }

@@ -104,19 +104,14 @@ TEST(Bars, Step_By_Arrows_And_Wheel) {
         s.Adjust();
         EXPECT_EQ(s.Val, shown);
     }
+    constexpr unsigned long Off = FLAG_PASSIVE, Back = SLIDER_REVERSED;
     const struct {
         unsigned long flag;
         int steps;  // of the wheel
         float from, slider, valuator;
-    } turns[] = {{0, 1, 50, 49, 48},
-                 {0, -1, 50, 51, 52},
-                 {0, 3, 1, 0, 0},
-                 {0, -3, 99, 100, 100},
-                 {0, 0, 70, 70, 70},
-                 {FLAG_PASSIVE, 1, 50, 50, 50},
-                 {SLIDER_REVERSED, 1, 50, 51, 52},
-                 {SLIDER_REVERSED, 3, 1, 4, 7},
-                 {SLIDER_REVERSED, -3, 99, 96, 93}};
+    } turns[] = {{0, 1, 50, 49, 48},    {0, -1, 50, 51, 52}, {0, 3, 1, 0, 0},
+                 {0, -3, 99, 100, 100}, {0, 0, 70, 70, 70},  {Off, 1, 50, 50, 50},
+                 {Back, 1, 50, 51, 52}, {Back, 3, 1, 4, 7},  {Back, -3, 99, 96, 93}};
     for (const auto& [flag, steps, from, slider, valuator] : turns) {
         Sample<Sliders> s(flag, 200, 16, from);
         Sample<Valuators> v(flag, 200, 26, from);

@@ -25,29 +25,6 @@ struct Row : Tabs {
 
 }  // namespace
 
-TEST(Tab_Items, Show_Images_Of_The_Size_That_Init_Saw) {
-    Test_Window window(260, 90);
-    window.Point_At(0, 0);
-    TabItems t;
-    const auto shown = [&](TabItems& tab, int x) {
-        return window.After([&] { tab.Draw(); }).At(Left + x, Bottom + 20);
-    };
-    Place(t, nullptr, Left, Bottom, 100, 37);
-    t.Slant = 9;
-    t.Alloc_Graph_Normal(0x102030), t.Init(window);
-    EXPECT_EQ(shown(t, 13), 0x102030u);
-    EXPECT_EQ(shown(t, 12), Loud);
-    t.Alloc_Graph_Normal(0x405060), t.Init(window);
-    EXPECT_EQ(shown(t, 13), 0x102030u) << "the same size";
-    TabItems copy(t);
-    t.Width = 200;
-    EXPECT_EQ(shown(t, 40), 0x969696u) << "not read beyond";
-    t.Flag |= FLAG_STATIC, t.Init(window), t.Flag &= ~FLAG_STATIC, t.Init(window), t.Draw();
-    t.Width = 100, t.Init(window);
-    EXPECT_EQ(shown(t, 13), 0x405060u);
-    EXPECT_EQ(shown(copy, 13), 0x102030u);
-}
-
 /// A tab that lights up paints over the end of its neighbour.
 TEST(Tab_Sets, Show_The_Same_After_A_Press_As_Painted_Anew) {
     Test_Window window(420, 120);

@@ -5,7 +5,6 @@
 
 #include "Galdren_Tools.h"
 #include "tests/support/clipboard.h"
-#include "tests/support/spy.h"
 #include "tests/support/window.h"
 
 using namespace galdren_test;
@@ -222,12 +221,4 @@ TEST(Texts, Paste_From_The_Clipboard) {
     EXPECT_EQ(field.Mode, TEXT_READING);
     EXPECT_TRUE(OpenClipboard(nullptr)) << "the field has closed it";
     CloseClipboard();
-}
-
-TEST(Texts, Without_A_Size_Or_Bars_Are_Silent) {
-    Field without_bars;
-    Texts bare;
-    Report_Catcher reports;
-    bare.Write("silent"), bare.Update(), without_bars.Scroll(1);
-    EXPECT_EQ(reports.Take(), "");
 }
