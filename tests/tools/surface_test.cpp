@@ -310,6 +310,13 @@ TEST_F(Surface, Counts_What_Members_Cost) {
     EXPECT_EQ(three, (std::array{3 * paints, copies, bytes}));
     box.Veil = VEIL_HIDDEN;
     EXPECT_EQ(cost_of([&] { box.Draw(); }), (std::array<unsigned long long, 3>{}));
+    Texts console;
+    Place(console, nullptr, 5, 5, 200, 100);
+    console.Font_Size = 6;  // smoothed, so GDI writes it
+    console.Init(window), console.Write("line\nline");
+    const Call_Spy spy;
+    console.Write("line");
+    EXPECT_EQ(spy.Count("ExtTextOutW"), 1) << "the other lines are moved";
 }
 
 TEST_F(Surface, Spares_Windows_Inside_When_The_Window_Asks_For_It) {
@@ -332,7 +339,13 @@ TEST_F(Surface, Spares_Windows_Inside_When_The_Window_Asks_For_It) {
 TEST_F(Hold, Shows_What_Was_Painted) {
     Test_Window window(300, 120);
     Begin_Hold(window);
-    Controls(window).Draw();
+    Controls controls(window);
+    controls.Draw();
+    {
+        const Call_Spy spy;
+        controls.Draw();
+        EXPECT_EQ(spy.Contexts(), 0) << "the library keeps one for a held window";
+    }
     const Picture picture(window);
     window.Refill();
     const HDC dc = GetDC(window);

@@ -199,7 +199,10 @@ TEST(Failures, Of_A_Font_Are_Reported_Once) {
     EXPECT_EQ(Z_Create_Font(window, "Other", nullptr, nullptr, 33), nullptr);
     EXPECT_EQ(reports.Take(), "");
     box.Init(window);
-    EXPECT_NE(box.Font, nullptr);
+    const HFONT made = box.Font;
+    EXPECT_NE(made, nullptr);
+    box.Font_Size = 14, box.Init(window);
+    EXPECT_NE(box.Font, made) << "of another size";
 }
 
 /// The last of this program: what it loses stays lost.

@@ -34,9 +34,9 @@ void Point_Along(const Test_Window& window, const Tools& bar, int distance) {
 
 TEST(Sliders, Without_Room_Have_No_Positions) {
     Test_Window window(300, 260);
-    for (const int thickness : {16, 32767}) {
-        Sample<Sliders> s(0, 65, thickness);
-        s.Border = 1, s.Tab[0] = 7;
+    for (const short border : {short{1}, short{32767}}) {
+        Sample<Sliders> s(0, 65, 16);
+        s.Border = border, s.Tab[0] = 7;
         s.Init(window);
         EXPECT_LE(s.Tab_Num, 1);
         EXPECT_EQ(s.Tab[0], 7);
