@@ -247,10 +247,10 @@ Scene Rescaled(const Sized& last, bool another_image = false) {
         Give_Image(body);
         cell.Point_Away();
         control.Init(cell.window);
-        for (const auto& [scale, width, height] : {Sized{120, 30, 20}, last}) {
-            const auto scaled = [=](int length) { return static_cast<short>(length * scale / 100); };
-            control.Scale = static_cast<unsigned short>(scale), control.Border = scaled(3);
-            control.Width = scaled(width), control.Height = scaled(height);
+        for (const Sized& size : {Sized{120, 30, 20}, last}) {
+            const auto scaled = [&](int length) { return static_cast<short>(length * size.scale / 100); };
+            control.Scale = static_cast<unsigned short>(size.scale), control.Border = scaled(3);
+            control.Width = scaled(size.width), control.Height = scaled(size.height);
             if constexpr (requires { control.Slant; }) control.Slant = scaled(6);
             control.Init(nullptr);
         }
