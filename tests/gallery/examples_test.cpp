@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -18,27 +17,15 @@
 namespace galdren_test {
 namespace {
 
-/// What the screen shows of a client area, rows from the top down.
+/// What the screen shows of a client area.
 Picture On_Screen(HWND window) {
     RECT area{};
     GetClientRect(window, &area);
     MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&area), 2);
-    const int width = area.right - area.left, height = area.bottom - area.top;
-    std::vector<std::uint32_t> pixels(static_cast<std::size_t>(width * height));
-    const HDC screen = GetDC(nullptr), memory = CreateCompatibleDC(screen);
-    const HBITMAP bitmap = CreateCompatibleBitmap(screen, width, height);
-    const HGDIOBJ before = SelectObject(memory, bitmap);
-    BitBlt(memory, 0, 0, width, height, screen, area.left, area.top, SRCCOPY);
-    SelectObject(memory, before);
-    BITMAPINFO info{};
-    info.bmiHeader = {sizeof info.bmiHeader, width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-    GetDIBits(memory, bitmap, 0, static_cast<UINT>(height), pixels.data(), &info, DIB_RGB_COLORS);
-    DeleteObject(bitmap);
-    DeleteDC(memory);
+    const HDC screen = GetDC(nullptr);
+    const Picture shown(screen, area);
     ReleaseDC(nullptr, screen);
-    for (std::uint32_t& pixel : pixels)
-        pixel &= 0xFFFFFF;
-    return {width, height, pixels};
+    return shown;
 }
 
 /// Waits until a window shows the same for a while, or has changed for some seconds.
@@ -128,14 +115,7 @@ TEST_P(Examples_Test, Look_As_In_The_Manual) {
     PostMessageA(window, WM_CLOSE, 0, 0);
     EXPECT_EQ(program.Exit_Code(), 0u);
     EXPECT_EQ(program.Output(), "");
-
-    const char* const target = std::getenv("GALDREN_RECORD");
-    const std::string recorded =
-        std::string(target ? target : MANUAL_PICTURES) + '/' + scene.picture + ".png";
-    ASSERT_TRUE(!target || Write_Png(shown, recorded));
-    const std::optional<Picture> wanted = Read_Png(recorded);
-    ASSERT_TRUE(wanted) << recorded;
-    EXPECT_TRUE(!scene.is_alike || Same(shown, *wanted));
+    EXPECT_TRUE(Is_Recorded(shown, MANUAL_PICTURES, scene.picture) || !scene.is_alike);
 }
 
 constexpr int tab = VK_TAB;

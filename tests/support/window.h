@@ -26,6 +26,8 @@ class Picture {
   public:
     /// Reads what `window` shows.
     explicit Picture(HWND window);
+    /// Reads an area of a context, in device pixels.
+    Picture(HDC source, const RECT& area);
     /// Takes rows from the top down.
     Picture(int width, int height, std::vector<std::uint32_t> pixels)
         : width_(width), height_(height), pixels_(std::move(pixels)) {}
