@@ -237,7 +237,7 @@ TEST(Walk_Test, Bars_Follow_Wheel_And_Drag_Beyond_The_Window) {
     EXPECT_EQ(gallery.Close(), 0u);
 }
 
-TEST(Walk_Test, Keys_Change_How_The_Gallery_Looks) {
+TEST(Walk_Test, Keys_And_Size_Change_How_The_Gallery_Looks) {
     CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
     Gallery gallery("buttons");
     RECT plain{};
@@ -274,6 +274,15 @@ TEST(Walk_Test, Keys_Change_How_The_Gallery_Looks) {
     EXPECT_TRUE(Wait_Until(is_inspected, 3000));
     type(VK_F12, "inspector off");
     EXPECT_TRUE(Wait_Until([&] { return !is_inspected(); }, 3000));
+    const RECT before = gallery.Named("Plain").Place();
+    RECT frame{};
+    GetWindowRect(gallery.Window(), &frame);
+    SetWindowPos(gallery.Window(), nullptr, 0, 0, frame.right - frame.left + 100,
+                 frame.bottom - frame.top + 60, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    RECT now{};
+    EXPECT_TRUE(Wait_Until([&] { return (now = gallery.Named("Plain").Place()).left != before.left; }));
+    EXPECT_EQ(now.left - before.left, 50) << "centred";
+    EXPECT_EQ(now.top, before.top);
     EXPECT_EQ(gallery.Close(), 0u);
 }
 
