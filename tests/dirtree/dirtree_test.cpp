@@ -389,6 +389,9 @@ TEST(Directory_Browser, Grows_With_Its_Scale) {
     }
     EXPECT_EQ(tree.Vertical_Bar.Val, value);
     EXPECT_TRUE(Same(window.After([&] { tree.Draw(); }), window.After([&] { DirTrees(design).Draw(); })));
+    tree.Look = Keep_Theme(Dark_Theme());
+    tree.Init(nullptr), tree.Draw();
+    EXPECT_NE(Picture(window).At(list.X + 20, list.Y + 4), plain.At(list.X + 20, list.Y + 4)) << "the ground";
 }
 
 TEST(Directory_Browser, Goes_Without_Memory) {

@@ -193,14 +193,31 @@ TEST(Icons, Are_Read_Outside_The_Lock_And_Leave_The_Box_As_Clip) {
     }
 }
 
-TEST(Icons, Are_Not_Painted_Without_Memory) {
+TEST(Icons, Go_As_They_Are_Over_Black) {
+    Test_Window window(100, 60);
+    Ground box(window, Colors(0, 0, 0));
+    const Icon_File clear("clear.rgb", Sgi(1, 1, 4, "\x09\x09\x09\xFF"));
+    const auto draw = [&] { Icon_Draw_Image(&box, 20, 30, nullptr, clear.name.c_str()); };
+    EXPECT_EQ(window.After(draw).At(20, 30), 0x090909U);
+}
+
+TEST(Icons, Go_Without_Memory) {
+    const Icon_File sgi("lack.rgb", Sgi(1, 1, 4, "abcd"));
     const Icon_File tga("lack.tga", Targa(40, 30, 24, std::string(3600, 'x')));
     Test_Window window(100, 60);
     Ground box(window, Colors(1, 1, 1));
-    ASSERT_TRUE(Read(tga.name));
     const auto draw = [&] { Icon_Draw_Image(&box, 20, 20, "", tga.name.c_str()); };
     Report_Catcher reports;
     Call_Spy spy;
+    for (const auto& [name, allocations] : {std::pair(sgi.name, 3), std::pair(tga.name, 5)}) {
+        for (int passed = 0; passed < allocations; ++passed) {
+            Icon_Cleanup();
+            spy.Fail_Allocation(passed);
+            EXPECT_EQ(Read(name), nullptr) << name << ' ' << passed;
+        }
+        Icon_Cleanup();
+        EXPECT_TRUE(Read(name));
+    }
     spy.Fail_Allocation();
     EXPECT_EQ(window.Changed(draw), Nothing);
     EXPECT_TRUE(reports.Take().ends_with("|11:draw_image() failed in new"));

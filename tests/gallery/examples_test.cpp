@@ -9,10 +9,10 @@
 #include <string>
 #include <vector>
 
-#include "tests/gallery/gallery_process.h"
 #include "tests/support/directories.h"
 #include "tests/support/keys.h"
 #include "tests/support/png.h"
+#include "tests/support/program.h"
 
 namespace galdren_test {
 namespace {
@@ -103,7 +103,7 @@ TEST_P(Examples_Test, Look_As_In_The_Manual) {
     const Scene& scene = GetParam();
     std::optional<Picture_Folder> pictures;
     if (*scene.arguments) pictures.emplace();
-    Program program(scene.arguments, scene.program);
+    Program program(scene.program + std::string(".exe ") + scene.arguments);
     const HWND window = program.Window();
     SetWindowPos(window, nullptr, 40, 40, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
     ASSERT_TRUE(Wait_Until([&] { return GetForegroundWindow() == window; }));

@@ -5,7 +5,7 @@
 #include <fstream>
 #include <iterator>
 
-#include "tests/gallery/gallery_process.h"
+#include "tests/support/program.h"
 
 namespace galdren_test {
 namespace {
@@ -24,7 +24,7 @@ TEST(Gallery_Test, Command_Line) {
     };
     for (const Case& test : cases) {
         SCOPED_TRACE(test.arguments);
-        Program program(test.arguments);
+        Program program(std::string("gallery.exe ") + test.arguments);
         EXPECT_EQ(program.Exit_Code(), test.code);
         EXPECT_NE(program.Output().find(test.says), std::string::npos) << program.Output();
     }
@@ -43,7 +43,7 @@ void Expect_As_In_Manual(const std::string& option, const char* folder, const st
     namespace fs = std::filesystem;
     const fs::path target = fs::temp_directory_path() / ("galdren" + option);
     fs::remove_all(target);
-    Program program(option + " \"" + target.string() + '"');
+    Program program("gallery.exe " + option + " \"" + target.string() + '"');
     EXPECT_EQ(program.Exit_Code(), 0u);
     int count = 0;
     for (const auto& picture : fs::directory_iterator(folder)) {

@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "tests/gallery/gallery_process.h"
 #include "tests/support/keys.h"
+#include "tests/support/program.h"
 #include "tests/support/reader.h"
 
 namespace galdren_test {
@@ -16,7 +16,8 @@ namespace {
 /// A gallery that is shown, and the user before it.
 class Gallery {
   public:
-    explicit Gallery(const std::string& page) : program("--log --page " + page), window(program.Window()) {
+    explicit Gallery(const std::string& page)
+        : program("gallery.exe --log --page " + page), window(program.Window()) {
         EXPECT_TRUE(Says("page " + page));
     }
     HWND Window() const { return window; }
@@ -327,7 +328,7 @@ TEST(Walk_Test, Examples_Are_Worked_By_Keys) {
     CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
     for (const Example& example : examples) {
         SCOPED_TRACE(example.program);
-        Program program("", example.program);
+        Program program(example.program + std::string(".exe"));
         const HWND window = program.Window();
         ASSERT_TRUE(Wait_Until([&] { return GetForegroundWindow() == window; }));
         for (const Step& step : example.steps) {

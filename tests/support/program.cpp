@@ -1,4 +1,4 @@
-#include "tests/gallery/gallery_process.h"
+#include "tests/support/program.h"
 
 #include <stdexcept>
 
@@ -29,7 +29,7 @@ bool Wait_Until(const std::function<bool()>& done, ULONGLONG patience) {
     return true;
 }
 
-Program::Program(const std::string& arguments, const std::string& name) {
+Program::Program(std::string command) {
     SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
     HANDLE written = nullptr;
     CreatePipe(&pipe_, &written, &inherited, 0);
@@ -38,7 +38,6 @@ Program::Program(const std::string& arguments, const std::string& name) {
     start.cb = sizeof start;
     start.dwFlags = STARTF_USESTDHANDLES;
     start.hStdOutput = start.hStdError = written;
-    std::string command = name + ".exe " + arguments;  // it is looked for beside the test first
     const BOOL started = CreateProcessA(nullptr, command.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
                                         &start, &process_);
     CloseHandle(written);

@@ -1,5 +1,5 @@
 /// @file
-/// The gallery and the examples as processes of their own.
+/// Programs as processes of their own.
 #pragma once
 
 #include <windows.h>
@@ -16,8 +16,8 @@ bool Wait_Until(const std::function<bool()>& done, ULONGLONG patience = 20000);
 /// A program that writes to a pipe.
 class Program {
   public:
-    /// @param name  of the program, which stands beside the test
-    explicit Program(const std::string& arguments, const std::string& name = "gallery");
+    /// @param command  the program, which is looked for beside the test first, and its arguments
+    explicit Program(std::string command);
     ~Program();
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
