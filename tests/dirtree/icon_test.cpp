@@ -264,12 +264,4 @@ TEST(Icons_Of_Bodies, Leave_A_Control_As_It_Is_Or_To_The_Application) {
         box.Init(nullptr);
         EXPECT_EQ(box.Graph_Normal, own) << "the application's image stays";
     }
-
-    Lists list;
-    Place(list, nullptr, 10, 10, 100, 100);
-    ASSERT_TRUE(list.Grow(2, 0));
-    ASSERT_EQ(list.Item[1]->Icon(path.c_str()), 1);
-    list.Init(window);
-    EXPECT_TRUE(!list.Item[0]->Graph_Normal && list.Item[1]->Graph_Normal);
-    EXPECT_EQ(list.Item[1]->Cur_Graph_Normal, list.Item[1]->Graph_Normal);
 }

@@ -64,29 +64,16 @@ class Dice {
     unsigned long Flags() { return One_In(3) ? 0 : One_In(2) ? 1UL << Below(32) : Bits() & Bits() & Bits(); }
     const char* Text() {
         static const std::string longest(3000, 'm');
-        static const char* const texts[] = {nullptr,
-                                            "",
-                                            "Name",
-                                            "A&B &&\tx",
-                                            "%s%n%d",
-                                            "1e9",
-                                            "7",
-                                            "\x01 blue \xF1 bold\nnext\r\n\n",
-                                            "\x80\xFF",
-                                            longest.c_str(),
-                                            "A caption that is wider than most controls are"};
+        static const char* const texts[] = {nullptr,        "",         "7",
+                                            "1e9",          "Name",     "A&B &&\tx",
+                                            "%s%n%d",       "\x80\xFF", "\x01 blue \xF1 bold\nnext\r\n\n",
+                                            longest.c_str()};
         return Any(texts);
     }
 
   private:
     std::mt19937 engine;
 } dice;
-
-void Copy_To_Memory(auto copy) {
-    const HDC memory = CreateCompatibleDC(nullptr);
-    copy(memory, RECT{0, 0, dice.Length(0, 400), dice.Length(0, 400)});
-    DeleteDC(memory);
-}
 
 using Controls = std::tuple<Boxs, Buttons, CheckLists, Color_Edit, DirTrees, Hue_Edit, Labels, Lists, Selects,
                             Sliders, TabItems, Tabs, Texts, Valuators>;
@@ -130,7 +117,7 @@ class Stage {
     /// Opens a surface, or closes the last one.
     void Change_Surfaces() {
         if (open.size() < 4 && dice.One_In(2)) {
-            static constexpr char kinds[] = {'D', 'B', 'F', 'P', 'H'};
+            static constexpr char kinds[] = {'D', 'B', 'F', 'H'};
             Open(dice.Any(kinds));
         } else {
             Close_Last();
@@ -172,7 +159,6 @@ class Stage {
         if (kind == 'D') Begin_Draw(window, nullptr);
         if (kind == 'B') Begin_Batch(window);
         if (kind == 'F') Begin_Batch(window, area, 0x808080), Allow_All();
-        if (kind == 'P' && !Begin_Print(window, 0x404040)) return;
         if (kind == 'H') Begin_Hold(window);
         open += kind;
     }
@@ -185,7 +171,6 @@ class Stage {
             if (dice.One_In(2)) Clip_Rect(dice.Between(-9, 100), 5, dice.Length(0, 200), dice.Length(0, 99));
             return End_Draw();
         }
-        if (kind == 'P') Copy_To_Memory([](HDC memory, const RECT& place) { Show_Batch(memory, place); });
         End_Batch();
     }
     void Resize() {
@@ -261,6 +246,7 @@ void Change_Own(Control& control) {
     Change_Lengths(control);
     if constexpr (requires { control.Start_Val; }) {
         control.Start_Val = dice.Number(), control.End_Val = dice.Number(), control.Step = dice.Number();
+        control.Val = dice.Number();
         if (dice.One_In(3)) control.Larg_Adjust(dice.Number(), dice.Number());
     }
     if constexpr (requires { control.Format; })
@@ -290,13 +276,10 @@ template <class Control>
 void Change_Value(Control& control) {
     const auto value = [&](auto& field) {
         using Value = std::remove_reference_t<decltype(field)>;
-        const auto odd = [] {
-            if constexpr (std::is_floating_point_v<Value>)
-                return dice.Number();
-            else
-                return dice.One_In(9) ? static_cast<int>(dice.Bits()) : dice.Between(-1, 8);
-        };
-        field = static_cast<Value>(dice.One_In(2) ? control.Read() : odd());
+        if (dice.One_In(2))
+            field = static_cast<Value>(control.Read());
+        else
+            field = static_cast<Value>(dice.Length(-1, 8));
     };
     if constexpr (requires { control.Val; }) value(control.Val);
     if constexpr (requires { control.Value; }) value(control.Value);
@@ -462,29 +445,19 @@ class Hosted {
 
     template <class Control>
     void Add(Control& control) {
-        const int what = dice.Below(4);
-        if (what == 0) host.Add(control);
-        if (what == 1) {
-            host.Add(control, [this](Control& told) {
-                if (dice.One_In(9)) host.Remove(told);
-            });
-        }
-        if (what == 2) {
-            host.Add(control, [this](Control& told, const Host_Event&) {
-                if (dice.One_In(9)) Change_Host(told);
-            });
-        }
-        if (what > 2) {
-            host.Add(control,
-                     [](Control&, const Host_Event& event) { return event.answer && dice.One_In(2); });
-        }
+        if (dice.One_In(4)) return host.Add(control);
+        host.Add(control, [this](Control& told, const Host_Event& event) {
+            const bool refuses = event.answer && dice.One_In(3);
+            if (dice.One_In(9)) Change_Host(told);
+            return refuses;
+        });
     }
 
     template <class Control>
     void Change_Host(Control& control) {
         Tabs& tabs = std::get<Tabs>(controls);
         const bool yes = dice.One_In(2);
-        const int what = dice.Below(16);
+        const int what = dice.Below(15);
         if (what == 0) host.Remove(control);
         if (what == 1) Add(control), host.Init(control);
         if (what == 2) host.Set_Shown(control, yes);
@@ -496,18 +469,13 @@ class Hosted {
         if (what == 8) yes ? host.Set_Default(&control) : host.Set_Cancel(&control);
         if (what == 9) host.Describe(control, dice.Text());
         if (what == 10) host.Tell_Changed(control);
-        if (what == 11 && !stage.Is_Open()) {  // else it might be painted for a printer alone
-            host.Set_Background(Colors(dice.Below(256), 99, 99)), Repaint();
-        }
+        if (what == 11) host.Set_Background(Colors(dice.Below(256), 99, 99)), Repaint();
         if (what == 12) Inspect(host, dice.One_In(4));
         if (const char* const name = dice.Text(); what == 13 && name) {
             Part_Window& parts = host.Parts();
             Press_Part(parts, name), Read_Part(parts, name), Write_Part(parts, name, dice.Text());
         }
-        if (what == 14) {
-            Copy_To_Memory([this](HDC memory, const RECT& place) { host.Paint_Into(memory, place); });
-        }
-        if (what > 14 && dice.One_In(30)) host.Clear();
+        if (what > 13 && dice.One_In(30)) host.Clear();
     }
     /// Sends a message as the system does, with the pointer often on a control.
     void Send(const Tools& control) {
