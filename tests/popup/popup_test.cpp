@@ -101,11 +101,17 @@ TEST(Dialogs, Look_As_Recorded_At_Every_Size_In_The_Dress_Of_Their_Owner) {
         EXPECT_TRUE(Looks(message, "dialog-message-dark"));
         // A question above belongs to the message, whatever is said of the owner meanwhile.
         Set_Dialog_Look(call.owner, 0, nullptr);
+        SendMessageA(message, WM_KEYDOWN, VK_TAB, 0);
+        const Picture ring(message);
         call.script = [&](HWND question) {
             EXPECT_TRUE(Looks(question, "dialog-question-dark"));
-            SendMessageA(question, WM_CLOSE, 0, 0);
+            UpdateWindow(message);
+            EXPECT_FALSE(Same(Picture(message), ring)) << "the keyboard is with the question";
+            Type_Keys({'Y'});
         };
-        PopUp_Querry(Caption, Caption, call.text.data(), 200, 100);
+        EXPECT_EQ(PopUp_Querry(Caption, Caption, call.text.data(), 200, 100), 1);
+        EXPECT_EQ(GetFocus(), message);
+        EXPECT_TRUE(Same(Picture(message), ring)) << "it is there again";
     });
     call.Run(PopUp_Querry, text, 0, 0, [](HWND dialog) { EXPECT_TRUE(Looks(dialog, "dialog-question")); });
 }
@@ -201,25 +207,6 @@ TEST(Dialogs, Answer_To_Keys) {
     EXPECT_FALSE(call.ended);
     EXPECT_EQ(call.Run(PopUp_Querry, "?", 0, 0, [](HWND d) { SendMessageA(d, WM_COMMAND, IDOK, 0); }), 1);
     EXPECT_EQ(call.Run(PopUp_Querry, "?", 0, 0, [](HWND d) { SendMessageA(d, WM_COMMAND, IDCANCEL, 0); }), 0);
-}
-
-TEST(Dialogs, Of_Two_Kinds_Are_Worked_By_Keys_One_In_The_Other) {
-    Popup_Call call;
-    const auto ask = [&](HWND message) {
-        SendMessageA(message, WM_KEYDOWN, VK_TAB, 0);
-        const Picture ring(message);
-        call.script = [&](HWND) {
-            UpdateWindow(message);
-            EXPECT_FALSE(Same(Picture(message), ring));
-            Type_Keys({VK_TAB, VK_TAB, VK_RETURN});
-        };
-        EXPECT_EQ(PopUp_Querry(Caption, Caption, call.text.data(), 0, 0), 1);
-        EXPECT_EQ(GetFocus(), message);
-        EXPECT_TRUE(Same(Picture(message), ring)) << "it is there again";
-        call.script = [](HWND) { Type_Keys({VK_RETURN}); };
-    };
-    call.Run(PopUp_Message, "first", 0, 0, ask);
-    EXPECT_TRUE(call.ended);
 }
 
 TEST(Dialogs, Show_The_Ring_Until_The_Mouse_Is_Used_And_Keep_The_Keyboard_On_A_Button) {
