@@ -1,4 +1,4 @@
-// What the gallery is told on its command line, and the pictures that it writes.
+// The pictures that the gallery writes.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -9,28 +9,6 @@
 
 namespace galdren_test {
 namespace {
-
-TEST(Gallery_Test, Command_Line) {
-    struct Case {
-        const char* arguments;
-        DWORD code;
-        const char* says;
-    };
-    const Case cases[] = {
-        {"--help", 0, "usage: gallery"},
-        {"--colour", 2, "unknown option --colour"},
-        {"--page", 2, "--page needs a value"},
-        {"--page cellar", 2, "no page is called cellar"},
-    };
-    for (const Case& test : cases) {
-        SCOPED_TRACE(test.arguments);
-        Program program(std::string("gallery.exe ") + test.arguments);
-        EXPECT_EQ(program.Exit_Code(), test.code);
-        EXPECT_NE(program.Output().find(test.says), std::string::npos) << program.Output();
-    }
-}
-
-#ifdef MANUAL_PICTURES
 
 std::string Bytes_Of(const std::filesystem::path& path) {
     std::ifstream file(path, std::ios::binary);
@@ -64,8 +42,6 @@ TEST(Gallery_Test, Looks_As_In_The_Manual) { Expect_As_In_Manual("--png", MANUAL
 TEST(Gallery_Test, Shows_Flags_As_In_The_Manual) {
     Expect_As_In_Manual("--flags", MANUAL_PICTURES "/flags", "");
 }
-
-#endif
 
 }  // namespace
 }  // namespace galdren_test

@@ -27,7 +27,6 @@ using namespace galdren_test;
 namespace {
 
 constexpr int Steps_Of_Run = 1000, Steps_Of_Scene = 100;
-constexpr SIZE Usual_Client{260, 180};
 
 /// Where the soak is, for who has to tell.
 unsigned seed = 1;
@@ -122,14 +121,11 @@ class Stage {
         } else {
             Close_Last();
         }
-        if (open.empty() && dice.One_In(4)) Resize();
     }
     void Close_All() {
         while (!open.empty())
             Close_Last();
     }
-    /// Number of sizes that the window has had; with a new one it shows nothing.
-    int Sizes() const { return sizes; }
     bool Is_Open() const { return !open.empty(); }
 
     /// Puts the pointer somewhere, often at a control or its edge.
@@ -142,7 +138,7 @@ class Stage {
         }
     }
     // A context of its own would keep what the pairs of the application set in it.
-    Test_Window window{Usual_Client.cx, Usual_Client.cy};
+    Test_Window window{260, 180};
 
   private:
     std::size_t Size() const { return static_cast<std::size_t>(base.Width() * base.Height()); }
@@ -173,18 +169,9 @@ class Stage {
         }
         End_Batch();
     }
-    void Resize() {
-        const bool usual = dice.One_In(2);
-        window.Resize(usual ? Usual_Client.cx : dice.Between(0, 300),
-                      usual ? Usual_Client.cy : dice.Between(0, 200));
-        window.Refill();
-        Begin();
-        ++sizes;
-    }
 
     Picture base{window};
     std::vector<char> mask;
-    int sizes = 0;
     std::string open;
 };
 
@@ -400,7 +387,6 @@ class Hosted {
     }
 
     void Act_Once() {
-        if (stage.Sizes() != sizes) Repaint();
         Allow();
         One([this](auto& control) {
             const int what = dice.Below(6);
@@ -436,7 +422,6 @@ class Hosted {
         InvalidateRect(stage.window, nullptr, FALSE);
         Take(WM_PAINT, 0, 0);
         stage.Begin();
-        sizes = stage.Sizes();
     }
     void Take(UINT message, WPARAM wparam, LPARAM lparam) {
         LRESULT result = 0;
@@ -505,7 +490,6 @@ class Hosted {
     }
 
     Stage& stage;
-    int sizes = 0;  // those that the window has had when it was painted
     Controls controls;
     Host host;
 };
