@@ -54,9 +54,7 @@ const Icon_Entry* Read(const std::string& name) {
 }
 
 void Expect_Pixels(const Icon_Entry* icon, int width, int height, const std::vector<unsigned long>& pixels) {
-    ASSERT_TRUE(icon);
-    EXPECT_EQ(icon->width, width);
-    EXPECT_EQ(icon->height, height);
+    ASSERT_TRUE(icon && icon->width == width && icon->height == height);
     for (std::size_t i = 0; i < pixels.size(); ++i) {
         const unsigned long pixel = pixels[i];
         EXPECT_EQ(icon->pixels[i], pixel) << i;
