@@ -328,10 +328,10 @@ TEST(Directory_Browser, Survives_Any_Path) {
 
 /// Puts a browser made at 100 % to another scale.
 void Put_To_Scale(DirTrees& tree, int percent, const DirTrees& design) {
-    const auto scaled = [percent](int pixels) { return static_cast<short>(pixels * percent / 100); };
     tree.Scale = static_cast<unsigned short>(percent);
-    tree.X = scaled(design.X), tree.Y = scaled(design.Y);
-    tree.Width = scaled(design.Width), tree.Height = scaled(design.Height);
+    for (short Tools_Fields::*const length :
+         {&Tools_Fields::X, &Tools_Fields::Y, &Tools_Fields::Width, &Tools_Fields::Height})
+        tree.*length = static_cast<short>(design.*length * percent / 100);
     tree.Init(nullptr);
 }
 

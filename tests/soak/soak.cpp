@@ -77,6 +77,22 @@ class Dice {
 using Controls = std::tuple<Boxs, Buttons, CheckLists, Color_Edit, DirTrees, Hue_Edit, Labels, Lists, Selects,
                             Sliders, TabItems, Tabs, Texts, Valuators>;
 
+/// What an application paints on.
+struct Surface {
+    void (*open)(HWND window);
+    void (*close)(HWND window);
+};
+
+void Clip_And_End_Draw(HWND) {
+    if (dice.One_In(2)) Clip_Rect(dice.Between(-9, 100), 5, dice.Length(0, 200), dice.Length(0, 99));
+    End_Draw();
+}
+
+constexpr Surface surfaces[] = {
+    {[](HWND window) { Begin_Draw(window, nullptr); }, Clip_And_End_Draw},
+    {[](HWND window) { Begin_Batch(window); }, [](HWND) { End_Batch(); }},
+    {[](HWND window) { Begin_Hold(window); }, [](HWND window) { End_Hold(window); }}};
+
 /// The window of a run, and what must not change on it.
 class Stage {
   public:
@@ -116,15 +132,16 @@ class Stage {
     /// Opens a surface, or closes the last one.
     void Change_Surfaces() {
         if (open.size() < 4 && dice.One_In(2)) {
-            static constexpr char kinds[] = {'D', 'B', 'F', 'H'};
-            Open(dice.Any(kinds));
-        } else {
-            Close_Last();
+            open.push_back(dice.Any(surfaces));
+            open.back().open(window);
+        } else if (Is_Open()) {
+            open.back().close(window);
+            open.pop_back();
         }
     }
     void Close_All() {
-        while (!open.empty())
-            Close_Last();
+        for (; Is_Open(); open.pop_back())
+            open.back().close(window);
     }
     bool Is_Open() const { return !open.empty(); }
 
@@ -149,30 +166,9 @@ class Stage {
             std::fill(row + left, row + right + 1, char{true});
         }
     }
-    void Open(char kind) {
-        const RECT area{dice.Between(-9, 200), dice.Between(-9, 100), dice.Between(0, 300),
-                        dice.Between(0, 200)};
-        if (kind == 'D') Begin_Draw(window, nullptr);
-        if (kind == 'B') Begin_Batch(window);
-        if (kind == 'F') Begin_Batch(window, area, 0x808080), Allow_All();
-        if (kind == 'H') Begin_Hold(window);
-        open += kind;
-    }
-    void Close_Last() {
-        if (open.empty()) return;
-        const char kind = open.back();
-        open.pop_back();
-        if (kind == 'H') return End_Hold(window);
-        if (kind == 'D') {
-            if (dice.One_In(2)) Clip_Rect(dice.Between(-9, 100), 5, dice.Length(0, 200), dice.Length(0, 99));
-            return End_Draw();
-        }
-        End_Batch();
-    }
-
     Picture base{window};
     std::vector<char> mask;
-    std::string open;
+    std::vector<Surface> open;
 };
 
 void Drop_Images(Tools& control) {
@@ -521,9 +517,6 @@ void Play_Any(Stage& stage, const std::tuple<Control...>*) {
 
 struct Held {
     int blocks = Live_Blocks(), objects = Gdi_Objects();
-    bool Has_More_Than(const Held& before) const {
-        return blocks > before.blocks || objects > before.objects;
-    }
 };
 
 /// Plays the scenes of one seed. What is left over at the end is lost only when it is left a second time,
@@ -544,7 +537,7 @@ void Run(int steps) {
         for (MSG message; PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE);) {
         }
         const Held after;
-        if (!after.Has_More_Than(before)) return;
+        if (after.blocks <= before.blocks && after.objects <= before.objects) return;
         if (again)
             Fail(std::to_string(after.blocks - before.blocks) + " blocks and " +
                  std::to_string(after.objects - before.objects) + " handles are left over");

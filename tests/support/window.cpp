@@ -79,6 +79,12 @@ Area Picture::Painted() const {
     return area.right < 0 ? Nothing : area;
 }
 
+Picture On_Screen(HWND window) {
+    RECT area = Client(window);
+    MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&area), 2);
+    return {Window_Context(nullptr), area};
+}
+
 testing::AssertionResult Same(const Picture& got, const Picture& wanted) {
     if (got.width_ != wanted.width_ || got.height_ != wanted.height_) {
         return testing::AssertionFailure() << "sizes differ";

@@ -47,6 +47,9 @@ class Picture {
     std::vector<std::uint32_t> pixels_;
 };
 
+/// What the screen shows of the client area of a window, which may be one of another program.
+Picture On_Screen(HWND window);
+
 /// A visible window of a wanted client size. It never takes the focus, so that it does not disturb tests of
 /// real input that run beside.
 class Test_Window {
