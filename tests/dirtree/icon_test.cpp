@@ -165,6 +165,10 @@ TEST(Icons, Are_Painted_Where_They_Touch_The_Box) {
     }
     Icon_Draw_Image(nullptr, 0, 0, "", name);
     Icon_Draw_Image(&box, 32767, -32768, nullptr, nullptr);
+    Ground black(window, Colors(0, 0, 0));
+    const Icon_File clear("clear.rgb", Sgi(1, 1, 4, "\x09\x09\x09\xFF"));
+    const auto draw = [&] { Icon_Draw_Image(&black, 20, 30, nullptr, clear.name.c_str()); };
+    EXPECT_EQ(window.After(draw).At(20, 30), 0x090909U) << "as it is, whatever its weight";
 }
 
 TEST(Icons, Are_Read_Outside_The_Lock_And_Leave_The_Box_As_Clip) {
@@ -189,14 +193,6 @@ TEST(Icons, Are_Read_Outside_The_Lock_And_Leave_The_Box_As_Clip) {
         // Nothing limits what is painted after the pair, which only a batch can show.
         EXPECT_EQ(shown.Painted(), batch ? (Area{0, 99, 0, 59}) : (Area{10, 69, 11, 50}));
     }
-}
-
-TEST(Icons, Go_As_They_Are_Over_Black) {
-    Test_Window window(100, 60);
-    Ground box(window, Colors(0, 0, 0));
-    const Icon_File clear("clear.rgb", Sgi(1, 1, 4, "\x09\x09\x09\xFF"));
-    const auto draw = [&] { Icon_Draw_Image(&box, 20, 30, nullptr, clear.name.c_str()); };
-    EXPECT_EQ(window.After(draw).At(20, 30), 0x090909U);
 }
 
 TEST(Icons, Go_Without_Memory) {

@@ -19,15 +19,17 @@ namespace {
 
 /// Waits until a window shows the same for a while, or has changed for some seconds.
 Picture At_Rest(HWND window) {
-    constexpr int times = 4, most_tries = 20;
-    constexpr DWORD interval = 150;
+    constexpr DWORD interval = 150, patience = 3000;
     Picture shown = On_Screen(window);
-    for (int same = 0, tries = 0; same < times && tries < most_tries; ++tries) {
+    int same = 0;
+    const auto rests = [&] {
         Sleep(interval);
         const Picture now = On_Screen(window);
         same = now.Pixels() == shown.Pixels() ? same + 1 : 0;
         shown = now;
-    }
+        return same == 4;
+    };
+    Wait_Until(rests, patience);
     return shown;
 }
 

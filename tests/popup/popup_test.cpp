@@ -175,7 +175,6 @@ TEST(Dialogs, Answer_To_Keys) {
         {PopUp_Querry, {VK_TAB, VK_RETURN}, 0},
         {PopUp_Querry, {VK_RIGHT, VK_RIGHT, VK_RETURN}, 1},
         {PopUp_Querry, {VK_LEFT, VK_RETURN}, 0},
-        {PopUp_Querry, {VK_DOWN, VK_RETURN}, 0},
         {PopUp_Querry, {VK_DOWN, VK_UP, VK_RETURN}, 1},
         {PopUp_Querry, {VK_TAB, VK_TAB, VK_RIGHT, VK_RIGHT, VK_RETURN}, 0, lines},  // from the text
         {PopUp_Querry, {VK_TAB, VK_TAB, VK_RETURN}, 1, lines},
@@ -352,12 +351,12 @@ TEST(Dialogs, Leave_Nothing_Behind) {
         for (const Dialog_Function open : {PopUp_Message, PopUp_Querry})
             call.Run(open, "a\nb\nc", 0, 0, [](HWND dialog) { Mouse(dialog, WM_LBUTTONDOWN, 40, 20); });
     };
-    open_both();  // what the system keeps
+    call.Run(PopUp_Message, "?", 0, 0);  // what the system keeps
     Tools_Lib_Cleanup();
     const int at_first = Gdi_Objects();
     open_both(), open_both();
     const int held = Gdi_Objects();
-    EXPECT_GT(held, at_first + 6) << "fonts and regions are there";
+    EXPECT_GT(held, at_first + 14) << "fonts and regions come and go";
     for (int i = 0; i < 20; ++i)
         open_both();
     EXPECT_EQ(Gdi_Objects(), held);

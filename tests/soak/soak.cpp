@@ -116,12 +116,11 @@ class Stage {
     }
     void Check_Pixels() {
         const Picture now(window);
-        for (std::size_t i = 0; i < mask.size(); ++i) {
-            if (mask[i] || now.Pixels()[i] == base.Pixels()[i]) continue;
-            const int place = static_cast<int>(i);
-            Fail("painted at column " + std::to_string(place % now.Width()) + ", row " +
-                 std::to_string(place / now.Width()) + " from the top, far from all controls");
-        }
+        const auto width = static_cast<std::size_t>(now.Width());
+        for (std::size_t i = 0; i < mask.size(); ++i)
+            if (!mask[i] && now.Pixels()[i] != base.Pixels()[i])
+                Fail("painted far from all controls, at column " + std::to_string(i % width) + " of row " +
+                     std::to_string(i / width) + " from the top");
         Begin();
     }
     void Check_Locks() const {
