@@ -25,6 +25,8 @@ using Script = std::function<void(HWND)>;
 /// Opens dialogs. Once one is painted, a script acts on it. When that, and the keys that it typed, have not
 /// ended the dialog, it is closed.
 struct Popup_Call {
+    Popup_Call() { SetCursorPos(1270, 1010); }  // or buttons that open below the pointer are lit
+
     Test_Window owner{200, 100};
     const char* caption = Caption;
     std::string text;
