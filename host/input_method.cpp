@@ -20,7 +20,7 @@ struct Library {
         Find_Function(module, "ImmNotifyIME", notify);
     }
 
-    bool Is_Complete() const {
+    bool Is_There() const {
         return get_context && release_context && set_window && set_font && get_string && notify;
     }
 
@@ -41,7 +41,7 @@ const Library& Imm() {
 class Input_Context {
   public:
     explicit Input_Context(HWND owner)
-        : window(owner), context(Imm().Is_Complete() ? Imm().get_context(owner) : nullptr) {}
+        : window(owner), context(Imm().Is_There() ? Imm().get_context(owner) : nullptr) {}
     ~Input_Context() {
         if (context) Imm().release_context(window, context);
     }

@@ -131,6 +131,7 @@ void Canvas::Fill_Rows(int top, int bottom, unsigned long color, Next next) {
         return;
     }
     const RECT clip = view.clip;
+    if (Is_Empty(clip)) return;
     for (; top <= bottom && top < clip.top; ++top)
         next();
     const int end = std::min<int>(bottom + 1, clip.bottom);

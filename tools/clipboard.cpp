@@ -59,11 +59,11 @@ Block Block_Of(std::basic_string_view<Unit> text) {
     return block;
 }
 
-/// Gives the clipboard a block, which then belongs to it.
+/// Gives the clipboard a block.
 bool Give(UINT format, Block& block) {
-    const bool given = SetClipboardData(format, block.get()) != nullptr;
-    if (given) block.release();
-    return given;
+    if (!SetClipboardData(format, block.get())) return false;
+    static_cast<void>(block.release());  // it belongs to the clipboard now
+    return true;
 }
 
 }  // namespace

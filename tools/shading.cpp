@@ -84,7 +84,8 @@ unsigned long* Make_Body(const Shading& shading, int margin) {
         for (int x = margin; x < shading.width - margin; ++x) {
             const auto offset =
                 static_cast<int>(Share_Of_Offset(x - shading.border, columns, shading.ramp) + row_offset);
-            row[x] = ramp[static_cast<std::size_t>(std::clamp(offset, -Farthest, Farthest) + Farthest)];
+            const int place = std::clamp(offset, -Farthest, Farthest) + Farthest;
+            row[x] = ramp[static_cast<std::size_t>(place)];
         }
     }
     return pixels;

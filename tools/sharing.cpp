@@ -42,7 +42,7 @@ struct Prepared_Allocator {
 /// Holders of each thing that has more than one; a thing that is not listed has one.
 using Address = std::pair<Thing, const void*>;
 using Holders =
-    std::map<Address, unsigned, std::less<Address>, Prepared_Allocator<std::pair<const Address, unsigned>>>;
+    std::map<Address, unsigned, std::less<>, Prepared_Allocator<std::pair<const Address, unsigned>>>;
 
 /// Things with a holder that could not be listed, by the places of their addresses. They are never freed: to
 /// lose memory is better than to free what another control still paints. The set needs no memory itself, at
@@ -78,7 +78,7 @@ void Share(Thing kind, const void* thing, unsigned holders, const Drawing_Lock&)
 
 bool Is_Shared(Thing kind, const void* thing) {
     Drawing_Lock lock;
-    return Is_Lost(kind, thing) || The<Holders>().count({kind, thing}) != 0;
+    return Is_Lost(kind, thing) || The<Holders>().contains({kind, thing});
 }
 
 bool Let_Go(Thing kind, const void* thing, const Drawing_Lock&) {

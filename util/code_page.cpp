@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cstddef>
 #include <iterator>
 #include <memory>
 #include <mutex>
@@ -29,7 +30,7 @@ class Code_Page {
         if (Is_UTF8()) return;
         CPINFO info{};
         GetCPInfo(number, &info);
-        if (info.MaxCharSize == 2) pairs.reset(new (std::nothrow) wchar_t[Bytes * Bytes]());
+        if (info.MaxCharSize == 2) pairs.reset(new (std::nothrow) wchar_t[std::size_t{Bytes} * Bytes]());
         for (unsigned byte = 0; byte < Bytes; ++byte) {
             leads[byte] = pairs && IsDBCSLeadByteEx(number, static_cast<BYTE>(byte)) != 0;
             if (leads[byte]) Read_Pairs(byte);

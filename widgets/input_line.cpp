@@ -99,7 +99,7 @@ bool Is_Character(std::string_view bytes) {
 
 bool Passes_Filters(unsigned long flag, std::string_view character) {
     const auto is_one_of = [character](std::string_view set) {
-        return character.size() == 1 && set.find(character[0]) != set.npos;
+        return character.size() == 1 && set.find(character[0]) != std::string_view::npos;
     };
     if (flag & TEXT_FLOAT && !is_one_of("0123456789+-.e")) return false;
     if (flag & TEXT_INTEGER && !is_one_of("0123456789+-")) return false;

@@ -85,9 +85,9 @@ template <class Visit>
 void From_Back_To_Front(const Tabs& set, Visit visit) {
     const auto row = Row_Of(set);
     TabItems* const front = Front_Of(set);
-    for (auto tab = row.rbegin(); tab != row.rend(); ++tab) {
-        if (*tab != front) visit(**tab);
-    }
+    std::for_each(row.rbegin(), row.rend(), [&](TabItems* tab) {
+        if (tab != front) visit(*tab);
+    });
     if (front) visit(*front);
 }
 

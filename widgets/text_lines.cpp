@@ -28,7 +28,7 @@ void Output_Lines::Put(std::string_view text, bool plain) const {
 }
 
 void Output_Lines::Write(std::string_view text) const {
-    for (std::size_t end; (end = text.find('\n')) != text.npos; text.remove_prefix(end + 1)) {
+    for (std::size_t end; (end = text.find('\n')) != std::string_view::npos; text.remove_prefix(end + 1)) {
         Put(text.substr(0, end));
         Begin();
     }
@@ -75,11 +75,11 @@ std::size_t Run_Reader::Run_Length() const {
     constexpr std::size_t Color_Codes = 6;
     if (codes == Text_Codes::None) return rest.size();
     const std::string_view set = codes == Text_Codes::All ? Codes : Codes.substr(0, Color_Codes);
-    if (rest.find_first_of(set) == rest.npos) return rest.size();
+    if (rest.find_first_of(set) == std::string_view::npos) return rest.size();
     for (std::size_t at = 0; at < rest.size();) {
         const std::string_view left = rest.substr(at);
         const auto bytes = static_cast<std::size_t>(Character_Length(left));
-        if (bytes == 1 && set.find(left[0]) != set.npos) return at;
+        if (bytes == 1 && set.find(left[0]) != std::string_view::npos) return at;
         at += bytes;
     }
     return rest.size();

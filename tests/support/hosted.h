@@ -27,7 +27,11 @@ class Hosted_Window {
     Hosted_Window& operator=(const Hosted_Window&) = delete;
 
     /// From now on the messages of the window go to the host first, as in an application.
-    void Connect() { SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Procedure)); }
+    /// @param unicode  what is typed comes in UTF-16
+    void Connect(bool unicode = false) {
+        const auto set = unicode ? SetWindowLongPtrW : SetWindowLongPtrA;
+        set(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Procedure));
+    }
 
     /// Hands the host a message, with a logical place on the window.
     /// @return whether the host took it; false without a host
@@ -72,7 +76,8 @@ class Hosted_Window {
         const auto* self = reinterpret_cast<Hosted_Window*>(GetWindowLongPtrA(window, GWLP_USERDATA));
         LRESULT result = 0;
         if (self && self->host && self->host->Message(message, wparam, lparam, result)) return result;
-        return DefWindowProcA(window, message, wparam, lparam);
+        const auto otherwise = IsWindowUnicode(window) ? DefWindowProcW : DefWindowProcA;
+        return otherwise(window, message, wparam, lparam);
     }
 };
 

@@ -1,6 +1,7 @@
 #include "tests/support/reader.h"
 
 #include <cstdio>
+#include <map>
 #include <utility>
 
 namespace galdren_test {
@@ -26,11 +27,17 @@ std::string Ask(IAccessible& object, HRESULT (STDMETHODCALLTYPE IAccessible::*qu
     return Text(result, text);
 }
 
+std::shared_ptr<IAccessible> Share(IAccessible* object) {
+    return {object, [](IAccessible* shared) {
+                if (shared) shared->Release();
+            }};
+}
+
 std::shared_ptr<IAccessible> Share(IDispatch* object) {
     IAccessible* wanted = nullptr;
-    if (object) object->QueryInterface(__uuidof(IAccessible), reinterpret_cast<void**>(&wanted));
-    if (object) object->Release();
-    return std::shared_ptr<IAccessible>(wanted, Let_Go());
+    object->QueryInterface(__uuidof(IAccessible), reinterpret_cast<void**>(&wanted));
+    object->Release();
+    return Share(wanted);
 }
 
 std::string States(long state) {
@@ -44,41 +51,22 @@ std::string States(long state) {
     return text;
 }
 
-void Read_Lines(const Spoken& spoken, int depth, std::string& lines) {
-    lines += std::string(static_cast<std::size_t>(depth) * 2, ' ') + spoken.Line() + '\n';
-    for (long number = 1; number <= spoken.Count(); ++number)
-        Read_Lines(spoken.Child(number), depth + 1, lines);
-}
-
 std::string heard;
 
-const char* Name_Of_Event(DWORD event) {
-    switch (event) {
-        case EVENT_OBJECT_FOCUS:
-            return "focus";
-        case EVENT_OBJECT_VALUECHANGE:
-            return "value";
-        case EVENT_OBJECT_STATECHANGE:
-            return "state";
-        case EVENT_OBJECT_SELECTION:
-            return "chosen";
-        case EVENT_OBJECT_SHOW:
-            return "shown";
-        case EVENT_OBJECT_HIDE:
-            return "hidden";
-        default:
-            return nullptr;
-    }
-}
+const std::map<DWORD, std::string> Names_Of_Events = {
+    {EVENT_OBJECT_FOCUS, "focus"},       {EVENT_OBJECT_VALUECHANGE, "value"},
+    {EVENT_OBJECT_STATECHANGE, "state"}, {EVENT_OBJECT_SELECTION, "chosen"},
+    {EVENT_OBJECT_SHOW, "shown"},        {EVENT_OBJECT_HIDE, "hidden"},
+};
 
 void CALLBACK Hear(HWINEVENTHOOK, DWORD event, HWND window, LONG object, LONG child, DWORD, DWORD) {
-    const char* name = Name_Of_Event(event);
-    if (!name || (object != OBJID_CLIENT && object <= 0)) return;
+    const auto name = Names_Of_Events.find(event);
+    if (name == Names_Of_Events.end() || (object != OBJID_CLIENT && object <= 0)) return;
     IAccessible* found = nullptr;
     VARIANT number;
     AccessibleObjectFromEvent(window, static_cast<DWORD>(object), static_cast<DWORD>(child), &found, &number);
-    const Spoken part(std::shared_ptr<IAccessible>(found, Let_Go()), number.lVal);
-    heard += (heard.empty() ? "" : ", ") + std::string(name) + ' ' + (found ? part.Name() : "?");
+    const Spoken part(Share(found), number.lVal);
+    heard += (heard.empty() ? "" : ", ") + name->second + ' ' + (found ? part.Name() : "?");
 }
 
 }  // namespace
@@ -104,7 +92,7 @@ VARIANT Number(long number) {
 Spoken::Spoken(HWND window, LONG id) {
     void* object = nullptr;
     AccessibleObjectFromWindow(window, static_cast<DWORD>(id), __uuidof(IAccessible), &object);
-    if (object) object_ = std::shared_ptr<IAccessible>(static_cast<IAccessible*>(object), Let_Go());
+    if (object) object_ = Share(static_cast<IAccessible*>(object));
 }
 
 long Spoken::Count() const {
@@ -136,15 +124,6 @@ Spoken Spoken::At(POINT point) const {
 POINT Spoken::Middle() const {
     const RECT place = Place();
     return {(place.left + place.right) / 2, (place.top + place.bottom) / 2};
-}
-
-Spoken Found_At(POINT point) {
-    IAccessible* found = nullptr;
-    VARIANT child;
-    VariantInit(&child);
-    AccessibleObjectFromPoint(point, &found, &child);
-    if (!found) return {};
-    return {std::shared_ptr<IAccessible>(found, Let_Go()), child.lVal};
 }
 
 std::string Spoken::Name() const { return Ask(*object_, &IAccessible::get_accName, Id()); }
@@ -185,9 +164,10 @@ HRESULT Spoken::Set_Value(const wchar_t* value) const {
     return object_->put_accValue(Id(), text.get());
 }
 
-std::string Read_Aloud(const Spoken& root) {
-    std::string lines;
-    Read_Lines(root, 0, lines);
+std::string Read_Aloud(const Spoken& root, const std::string& indent) {
+    std::string lines = indent + root.Line() + '\n';
+    for (long number = 1; number <= root.Count(); ++number)
+        lines += Read_Aloud(root.Child(number), indent + "  ");
     return lines;
 }
 

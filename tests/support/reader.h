@@ -11,12 +11,6 @@
 
 namespace galdren_test {
 
-struct Let_Go {
-    void operator()(IUnknown* object) const { object->Release(); }
-};
-template <class Interface>
-using Held = std::unique_ptr<Interface, Let_Go>;
-
 VARIANT Number(long number);
 
 /// What a screen reader points at: an object, or a child of one that has no object of its own.
@@ -60,10 +54,7 @@ class Spoken {
 };
 
 /// Lines of an object and all below it, those of parts indented.
-std::string Read_Aloud(const Spoken& root);
-
-/// What the system finds at a point on the screen.
-Spoken Found_At(POINT point);
+std::string Read_Aloud(const Spoken& root, const std::string& indent = {});
 
 /// While it lives, listens to what windows of this process tell screen readers of their parts.
 class Listener {
