@@ -25,12 +25,14 @@ constexpr RECT List_Place{40, 40, 440, 240};
 const char* const* Labels() {
     static const std::vector<std::string> texts = [] {
         std::vector<std::string> made;
+        made.reserve(Items);
         for (int i = 0; i < Items; ++i)
             made.push_back("Option " + std::to_string(i + 1));
         return made;
     }();
     static const std::vector<const char*> labels = [] {
         std::vector<const char*> made;
+        made.reserve(Items + 1);
         for (const std::string& text : texts)
             made.push_back(text.c_str());
         made.push_back(nullptr);

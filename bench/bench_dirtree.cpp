@@ -5,6 +5,7 @@
 #include <commctrl.h>
 
 #include <string>
+#include <utility>
 
 #include "footprint.h"
 #include "scene.h"
@@ -36,7 +37,7 @@ std::string Name_Of(int index) { return "directory " + std::to_string(10'000 + i
 /// A directory in the temporary directory, with `count` directories in it. Every fourth has one in it.
 class Sample_Directory {
   public:
-    Sample_Directory(const std::string& place, int directories) : path(place), count(directories) {
+    Sample_Directory(std::string place, int directories) : path(std::move(place)), count(directories) {
         CreateDirectoryA(path.c_str(), nullptr);
         For_Each([](const std::string& name) { CreateDirectoryA(name.c_str(), nullptr); }, true);
     }

@@ -8,18 +8,13 @@
 
 namespace {
 
-using bench::Back_And_Forth;
 using bench::Compare;
 using bench::Compare_Steps;
-using bench::Native_Control;
 using bench::Native_Side;
 using bench::Our_Side;
-using bench::Require;
 using bench::Require_Each_Shows;
 using bench::Result;
 using bench::Shown;
-using bench::Steps;
-using bench::Summary;
 
 constexpr RECT Console_Place{40, 40, 660, 440};
 /// The place of the lines, without the scroll bars.

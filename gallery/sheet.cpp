@@ -103,11 +103,4 @@ void Sheet::Fit(SIZE client) {
         item.move(*item.control, right, up);
 }
 
-std::vector<const Tools*> Sheet::Controls() const {
-    std::vector<const Tools*> controls;
-    for (const Item& item : items)
-        controls.push_back(item.control.get());
-    return controls;
-}
-
 }  // namespace gallery

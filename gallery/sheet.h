@@ -74,8 +74,6 @@ class Sheet {
     /// Moves the controls to where they stand in a client area of this size, in pixels of the design. They
     /// need `Init` afterwards.
     void Fit(SIZE client);
-    /// The controls in order of addition.
-    std::vector<const Tools*> Controls() const;
 
     void Report(const std::string& text) const { report(text); }
     /// What the control's `Select` answered that is being reported; see `Host::Answer`.

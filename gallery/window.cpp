@@ -244,31 +244,10 @@ void Window::Log_Pointer() {
 void Window::Announce() {
     announced = true;
     Log("ready");
-    for (std::size_t i = 0; i < Pages().size(); ++i)
-        Log_Place(*page_tabs.Item[i]);
     Log_Page();
 }
 
-void Window::Log_Page() const {
-    Log_Controls(*sheets[shown]);
-    Log(std::string("page ") + Pages()[shown].name);
-}
-
-/// A line for a control that has a name: where it is in the client area, y downward, with the last column and
-/// row.
-void Window::Log_Place(const Tools& control) const {
-    if (!control.Name) return;
-    const LONG height = Client_Size(window).cy;
-    const int top = height - 1 - control.Y - control.Height;
-    Log(std::string("control \"") + control.Name + "\" " + std::to_string(control.X) + ' ' +
-        std::to_string(top) + ' ' + std::to_string(control.X + control.Width) + ' ' +
-        std::to_string(height - 1 - control.Y));
-}
-
-void Window::Log_Controls(const Sheet& sheet) const {
-    for (const Tools* control : sheet.Controls())
-        Log_Place(*control);
-}
+void Window::Log_Page() const { Log(std::string("page ") + Pages()[shown].name); }
 
 LRESULT CALLBACK Window::Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
     auto* self = reinterpret_cast<Window*>(GetWindowLongPtrA(window, GWLP_USERDATA));

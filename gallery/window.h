@@ -42,7 +42,7 @@ class Window {
     void Press(const char* name);
     /// Paints all that is pending now.
     void Paint_Now() const;
-    /// Says on the log that the window is shown, and where its controls are.
+    /// Says on the log that the window is shown, and from now on which page it shows.
     void Announce();
 
   private:
@@ -65,8 +65,6 @@ class Window {
     void Log_Pointer();
     void Log(const std::string& line) const;
     void Log_Page() const;
-    void Log_Place(const Tools& control) const;
-    void Log_Controls(const Sheet& sheet) const;
 
     HWND window;
     Host host;

@@ -90,7 +90,7 @@ bool Host::Press_Part(Part_Place place) {
     const Paint_Batch batch(window);
     if (const Entry* const left = watch.Control()) Let_Go(*left);
     if (had_pointer && !held) Point_Again();
-    return answered != 0;
+    return true;
 }
 
 /// Tells a control that it has neither the pointer nor a button that is held.

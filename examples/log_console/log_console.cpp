@@ -15,7 +15,8 @@ constexpr UINT line_message = WM_APP + 1;  // its lparam owns a std::string
 
 /// For the worker. A line that the window does not take, as when its queue is full, is dropped here.
 void Hand_Over(HWND window, Line line) {
-    if (PostMessageA(window, line_message, 0, reinterpret_cast<LPARAM>(line.get()))) line.release();
+    const bool taken = PostMessageA(window, line_message, 0, reinterpret_cast<LPARAM>(line.get())) != FALSE;
+    if (taken) static_cast<void>(line.release());
 }
 
 Line Take_Over(LPARAM lparam) { return Line(reinterpret_cast<std::string*>(lparam)); }

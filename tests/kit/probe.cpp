@@ -6,8 +6,9 @@
 
 #include <cstdio>
 #include <cstring>
-#include <functional>
 #include <set>
+
+#include "tests/support/program.h"
 
 namespace {
 
@@ -44,27 +45,6 @@ bool Library_Works() {
                  "the box is not green");
 }
 
-/// Waits for ten seconds at most.
-bool Wait_Until(const std::function<bool()>& condition) {
-    for (int tries = 0; tries < 200; ++tries) {
-        if (condition()) return true;
-        Sleep(50);
-    }
-    return false;
-}
-
-/// The first visible window of a thread.
-HWND Visible_Window(DWORD thread) {
-    const auto keep_visible = [](HWND window, LPARAM found) -> BOOL {
-        if (!IsWindowVisible(window)) return TRUE;
-        *reinterpret_cast<HWND*>(found) = window;
-        return FALSE;
-    };
-    HWND found = nullptr;
-    EnumThreadWindows(thread, keep_visible, reinterpret_cast<LPARAM>(&found));
-    return found;
-}
-
 /// Whether the screen shows controls in the client area: frames and captions have many colours, also in
 /// the flat theme of the system.
 bool Shows_Controls(HWND window) {
@@ -81,28 +61,14 @@ bool Shows_Controls(HWND window) {
     return colors.size() > 16;
 }
 
-bool Program_Works(char* command) {
-    STARTUPINFOA startup{};
-    startup.cb = sizeof startup;
-    PROCESS_INFORMATION process{};
-    if (!Check(CreateProcessA(nullptr, command, nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
-                              &process),
-               "the program does not start")) {
-        return false;
-    }
-    HWND window = nullptr;
-    Wait_Until([&] { return (window = Visible_Window(process.dwThreadId)) != nullptr; });
-    const bool shows = window && Wait_Until([&] { return Shows_Controls(window); });
-    if (window) PostMessageA(window, WM_CLOSE, 0, 0);
-    const bool ended = WaitForSingleObject(process.hProcess, 10000) == WAIT_OBJECT_0;
-    DWORD exit_code = 1;
-    GetExitCodeProcess(process.hProcess, &exit_code);
-    if (!ended) TerminateProcess(process.hProcess, 1);
-    CloseHandle(process.hThread);
-    CloseHandle(process.hProcess);
+bool Program_Works(const char* command) {
     std::printf("%s\n", command);
+    galdren_test::Program program(command);
+    const HWND window = program.Window();
+    const bool shows = window && galdren_test::Wait_Until([&] { return Shows_Controls(window); });
+    if (window) PostMessageA(window, WM_CLOSE, 0, 0);
     return Check(window, "the program shows no window") && Check(shows, "the program shows no controls") &&
-           Check(ended, "the program does not end") && Check(exit_code == 0, "the program fails");
+           Check(program.Exit_Code() == 0, "the program fails or does not end");
 }
 
 }  // namespace

@@ -185,6 +185,7 @@ TEST_F(Keys, Do_What_The_Part_Is_For) {
         {gain, Whole, {Space, '+'}, "gain: no no"},
         {color, 0, {Down, Right, End, Up}, "color 0: step color step color"},
         {color, 2, {Down, Down, Up}, "color 2:"},
+        {color, 3, {Space, Space}, "color 3:"},  // the other mode, and back: nothing that is told
         {entry, Whole, {Enter, Esc, Space, 'x', Left}, "entry: press ok press cancel"},
     };
     for (const Row& row : rows) {

@@ -1,24 +1,18 @@
 // Controls that have little room, odd borders, or hang over the edge of their window. These sheets stand
 // apart, for what should be seen there may change while the others stay.
 #include "tests/pictures/looks.h"
+#include "tests/support/controls.h"
 
 using namespace galdren_test;
 
 namespace {
 
-/// Gives a control what it needs to show more than its frame, and goes through the usual calls.
+/// Furnishes a control, but for what needs more room, and goes through the usual calls.
 template <class Control>
 void Use(Control& control, const Cell& cell) {
-    static constexpr const char* names[] = {"one", "two", "three", nullptr};
-    if constexpr (requires { control.Grow(3, 0); }) {
-        control.Grow(3, 0);
-        for (int i = 0; i < 3; ++i)
-            control.Item[i]->Name = names[i];
-    }
-    if constexpr (requires { control.Start_Val; }) control.End_Val = 100, control.Val = 40;
-    if constexpr (requires { control.Enabled; }) control.List = names;
-    if constexpr (requires { control.Chan_1; }) control.Flag |= COLOR_EDIT_MODE_BUTTON;
-    if constexpr (requires { control.Lamp; }) control.Flag |= BUTTON_LAMP;
+    Furnish(control);
+    if constexpr (requires { control.Enabled; }) control.Value = 0;
+    if constexpr (requires { control.Format; }) control.Format = nullptr;
     control.Name = "Cap";
     cell.Point_Away();
     control.Init(cell.window);
@@ -29,19 +23,6 @@ void Use(Control& control, const Cell& cell) {
     if constexpr (requires { control.Adjust(); }) control.Adjust();
     cell.Point_At(control);
     if constexpr (requires { control.Select(0); }) control.Select(EVENT_MOVE);
-}
-
-/// Calls `visit.operator()<Control>(name)` for each class.
-template <class Visit>
-void For_Each_Class(Visit visit) {
-    const auto pass = [&]<class... Controls>(std::initializer_list<const char*> names) {
-        auto name = names.begin();
-        (visit.template operator()<Controls>(*name++), ...);
-    };
-    pass.template operator()<Boxs, Buttons, Labels, Sliders, Valuators, Texts, Hue_Edit, Color_Edit,
-                             CheckLists, Lists, Selects, TabItems, Tabs, DirTrees>(
-        {"box", "button", "label", "slider", "valuator", "text", "hue editor", "color editor", "check list",
-         "list", "selector", "tab", "tabs", "browser"});
 }
 
 /// A scene of a control with these fields; a width of 0 lets it fill its cell.

@@ -1,4 +1,7 @@
 // What has no value and no parts: primitives, icons, boxes, buttons, labels, tabs.
+#include <algorithm>
+#include <utility>
+
 #include "Galdren_Util.h"
 #include "tests/pictures/looks.h"
 
@@ -217,6 +220,89 @@ void Show_Icons(Sheet& sheet) {
 TEST(Pictures, Icons_On_Bodies) {
     Sheet sheet("icons-on-bodies", 60, 50);
     Show_Icons<Boxs>(sheet), Show_Icons<Buttons>(sheet);
+    sheet.Expect_Recorded();
+}
+
+namespace {
+
+/// A scale, and the size of a control at 100 %.
+struct Sized {
+    int scale, width, height;
+};
+constexpr Sized Sizes[] = {{100, 30, 20}, {200, 30, 20}, {150, 30, 20}, {399, 30, 20},
+                           {200, 45, 30}, {100, 45, 30}, {50, 80, 60},  {90, 45, 30}};
+
+Tools& Body_Of(Tools& control) { return control; }
+Tools& Body_Of(Lists& list) { return list.Frame; }
+
+/// A scene of a control that gets an image of 30 x 20 pixels at 100 %, and then other sizes and scales.
+template <class Control>
+Scene Rescaled(const Sized& last, bool another_image = false) {
+    return [=](const Cell& cell) {
+        Control control;
+        Tools& body = Body_Of(control);
+        cell.Place(control);
+        control.Name = nullptr, control.Set_Color(0x33, 0xAA, 0x55);
+        control.Width = body.Width = 30, control.Height = body.Height = 20;
+        Give_Image(body);
+        cell.Point_Away();
+        control.Init(cell.window);
+        for (const Sized& size : {Sized{120, 30, 20}, last}) {
+            const auto scaled = [&](int length) { return static_cast<short>(length * size.scale / 100); };
+            control.Scale = static_cast<unsigned short>(size.scale), control.Border = scaled(3);
+            control.Width = scaled(size.width), control.Height = scaled(size.height);
+            if constexpr (requires { control.Slant; }) control.Slant = scaled(6);
+            control.Init(nullptr);
+        }
+        if (another_image) Give_Image(body), control.Init(nullptr);
+        control.Draw();
+    };
+}
+
+/// An image has the pixels that it was given with: it is enlarged by whole factors, or every second is left
+/// out.
+template <class Control>
+void Show_Images(Sheet& sheet) {
+    for (const Sized& size : Sizes)
+        sheet.Add("image at " + std::to_string(size.scale), Rescaled<Control>(size));
+    sheet.Add("image given at 200", Rescaled<Control>({200, 15, 10}, true));
+}
+
+/// What the fields point at is what is shown.
+void Paint_Over(Buttons& button) {
+    std::fill_n(button.Cur_Graph_Normal, button.Width * button.Height, 0x123456UL);
+}
+
+}  // namespace
+
+TEST(Pictures, Images_And_Borders_That_Change) {
+    Sheet sheet("images", 130, 92);
+    Show_Images<Boxs>(sheet), Show_Images<Buttons>(sheet);
+    Show_Images<TabItems>(sheet), Show_Images<Lists>(sheet);
+    // Shading that was made for another border leaves no gap.
+    const Steps<Boxs> thinner{
+        [](auto& b, auto&) { b.Border = 8, b.Init(nullptr), b.Border = 2, b.Init(nullptr), b.Draw(); },
+        [](auto& b, auto&) {
+            const short usual = std::exchange(BORDER, short{1});
+            b.Draw();
+            BORDER = usual;
+        },
+    };
+    const Steps<Buttons> painted_over{
+        [](auto& b, auto&) { Paint_Over(b), b.Draw(); },
+        [](auto& b, auto& at) {
+            Paint_Over(b), at.Point_At(b), b.Select(EVENT_MOVE), at.Point_Away(), b.Select(EVENT_MOVE);
+        },
+    };
+    // The edge of a tab that an application paints joins what the tab has painted.
+    const auto edge = [](auto& t, auto&) {
+        t.Cadre(0, t.Value, 1, t.X, static_cast<short>(t.X + t.Width), t.Y,
+                static_cast<short>(t.Y + t.Height));
+    };
+    sheet.Add_All<TabItems>(
+        nullptr, Looks<TabItems>{{"edge"}, {"edge in front", 0, [](auto& t) { t.Value = 1; }}}, {edge});
+    sheet.Add_All<Boxs>(nullptr, Flags<Boxs>({FLAG_NO_RIM}), thinner);
+    sheet.Add_All<Buttons>(nullptr, Flags<Buttons>({0}), painted_over);
     sheet.Expect_Recorded();
 }
 

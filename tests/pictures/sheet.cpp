@@ -34,6 +34,7 @@ const Sheet::Way Sheet::Ways[] = {
     {"directly", 0, [](HWND) {}, [] {}},
     {"in batches", 0, [](HWND window) { Begin_Batch(window); }, End_Batch},
     {"in pairs", 0, [](HWND window) { Begin_Draw(window, nullptr); }, End_Draw},
+    {"held", 0, [](HWND window) { Begin_Hold(window); }, [] {}},
     {"on a context of its own", CS_OWNDC, [](HWND) {}, [] {}},
     {"without memory", 0, [](HWND) { Starve(); }, [] { Starved.reset(); }},
 };

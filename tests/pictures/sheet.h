@@ -73,9 +73,9 @@ class Sheet {
         }
     }
     /// Paints all scenes directly on a window, in batches, between `Begin_Draw` and `End_Draw`, on a window
-    /// with a context of its own, and without memory for pictures. All have to give the recorded picture;
-    /// what differs is told by scenes. With a folder in the environment variable GALDREN_RECORD the picture
-    /// is written there first.
+    /// that is held, on one with a context of its own, and without memory for pictures. All have to give the
+    /// recorded picture; what differs is told by scenes. With a folder in the environment variable
+    /// GALDREN_RECORD the picture is written there first.
     void Expect_Recorded() const;
 
   private:

@@ -1,9 +1,8 @@
 // soak [--steps N] [--seed N]: uses every class at random, as applications do and as they should not. What
 // has to hold is watched all the time: nothing outside the controls is painted, nothing stays locked, nothing
-// is lost. A run of 1000 steps has its own seed, the next run the next one, so that a failure can be replayed
-// by itself.
+// is lost. A run of 1000 steps has its own seed, the next run the next one, and says how it can be replayed
+// by itself before it begins.
 #include <algorithm>
-#include <atomic>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -13,11 +12,13 @@
 #include <random>
 #include <string>
 #include <tuple>
+#include <typeinfo>
 #include <vector>
 
 #include "Galdren_Host.h"
 #include "Galdren_Tools.h"
 #include "Galdren_Util.h"
+#include "host/design.h"
 #include "tests/support/spy.h"
 #include "tests/support/window.h"
 
@@ -26,32 +27,16 @@ using namespace galdren_test;
 namespace {
 
 constexpr int Steps_Of_Run = 1000, Steps_Of_Scene = 100;
-constexpr SIZE Usual_Client{260, 180};
 
 /// Where the soak is, for who has to tell.
 unsigned seed = 1;
-std::atomic<int> step = 0;
-const char* volatile subject = "";
+int step = 0;
+const char* scene_name = "";
 
 [[noreturn]] void Fail(const std::string& what) {
-    std::printf("%s: %s\nReplay: scripts/soak --seed %u --steps %d\n", subject, what.c_str(), seed,
-                step.load());
+    std::printf("%s, step %d: %s\n", scene_name, step, what.c_str());
     std::fflush(stdout);
-    TerminateProcess(GetCurrentProcess(), EXIT_FAILURE);
-    std::abort();
-}
-
-LONG WINAPI Tell_Of_Crash(EXCEPTION_POINTERS* crash) {
-    char text[80];
-    std::snprintf(text, sizeof text, "exception %lx at %p, the DLL is at %p",
-                  crash->ExceptionRecord->ExceptionCode, crash->ExceptionRecord->ExceptionAddress,
-                  static_cast<void*>(GetModuleHandleA("Galdren_Tools.dll")));
-    Fail(text);
-}
-
-void CALLBACK Tell_Of_Hang(void*, BOOLEAN) {
-    static int last = -1;
-    if (std::exchange(last, step.load()) == step) Fail("hangs");
+    std::_Exit(EXIT_FAILURE);
 }
 
 class Dice {
@@ -78,17 +63,10 @@ class Dice {
     unsigned long Flags() { return One_In(3) ? 0 : One_In(2) ? 1UL << Below(32) : Bits() & Bits() & Bits(); }
     const char* Text() {
         static const std::string longest(3000, 'm');
-        static const char* const texts[] = {nullptr,
-                                            "",
-                                            "Name",
-                                            "A&B &&\tx",
-                                            "%s%n%d",
-                                            "1e9",
-                                            "7",
-                                            "\x01 blue \xF1 bold\nnext\r\n\n",
-                                            "\x80\xFF",
-                                            longest.c_str(),
-                                            "A caption that is wider than most controls are"};
+        static const char* const texts[] = {nullptr,        "",         "7",
+                                            "1e9",          "Name",     "A&B &&\tx",
+                                            "%s%n%d",       "\x80\xFF", "\x01 blue \xF1 bold\nnext\r\n\n",
+                                            longest.c_str()};
         return Any(texts);
     }
 
@@ -96,11 +74,24 @@ class Dice {
     std::mt19937 engine;
 } dice;
 
-void Copy_To_Memory(auto copy) {
-    const HDC memory = CreateCompatibleDC(nullptr);
-    copy(memory, RECT{0, 0, dice.Length(0, 400), dice.Length(0, 400)});
-    DeleteDC(memory);
+using Controls = std::tuple<Boxs, Buttons, CheckLists, Color_Edit, DirTrees, Hue_Edit, Labels, Lists, Selects,
+                            Sliders, TabItems, Tabs, Texts, Valuators>;
+
+/// What an application paints on.
+struct Surface {
+    void (*open)(HWND window);
+    void (*close)(HWND window);
+};
+
+void Clip_And_End_Draw(HWND) {
+    if (dice.One_In(2)) Clip_Rect(dice.Between(-9, 100), 5, dice.Length(0, 200), dice.Length(0, 99));
+    End_Draw();
 }
+
+constexpr Surface surfaces[] = {
+    {[](HWND window) { Begin_Draw(window, nullptr); }, Clip_And_End_Draw},
+    {[](HWND window) { Begin_Batch(window); }, [](HWND) { End_Batch(); }},
+    {[](HWND window) { Begin_Hold(window); }, [](HWND window) { End_Hold(window); }}};
 
 /// The window of a run, and what must not change on it.
 class Stage {
@@ -115,21 +106,21 @@ class Stage {
         base = Picture(window);
         mask.assign(Size(), Is_Open());
     }
-    void Allow(int left, int right, int bottom, int top) {
-        left = std::max(left, 0), right = std::min(right, base.Width() - 1);
-        for (int y = std::max(bottom, 0); y <= std::min(top, base.Height() - 1) && left <= right; ++y) {
-            const auto row = mask.begin() + (base.Height() - 1 - y) * base.Width();
-            std::fill(row + left, row + right + 1, char{true});
-        }
+    void Allow_All() { mask.assign(Size(), true); }
+    /// Lets a control paint a generous way around: small ones have frames beyond their rectangle, upright
+    /// captions may be higher, and tabs join with what is beside them. How far just is a matter of recorded
+    /// pictures.
+    void Allow(const Tools& control) {
+        const int x = 24 + 2 * std::abs(int{control.Border}), y = control.Flag & FLAG_VERTICAL ? 9999 : x;
+        Allow(control.X - x, control.X + control.Width + x, control.Y - y, control.Y + control.Height + y);
     }
     void Check_Pixels() {
         const Picture now(window);
-        for (std::size_t i = 0; i < mask.size(); ++i) {
-            if (mask[i] || now.Pixels()[i] == base.Pixels()[i]) continue;
-            const int place = static_cast<int>(i);
-            Fail("painted at column " + std::to_string(place % now.Width()) + ", row " +
-                 std::to_string(place / now.Width()) + " from the top, outside of all controls");
-        }
+        const auto width = static_cast<std::size_t>(now.Width());
+        for (std::size_t i = 0; i < mask.size(); ++i)
+            if (!mask[i] && now.Pixels()[i] != base.Pixels()[i])
+                Fail("painted far from all controls, at column " + std::to_string(i % width) + " of row " +
+                     std::to_string(i / width) + " from the top");
         Begin();
     }
     void Check_Locks() const {
@@ -140,19 +131,17 @@ class Stage {
     /// Opens a surface, or closes the last one.
     void Change_Surfaces() {
         if (open.size() < 4 && dice.One_In(2)) {
-            static constexpr char kinds[] = {'D', 'B', 'F', 'P', 'H'};
-            Open(dice.Any(kinds));
-        } else {
-            Close_Last();
+            open.push_back(dice.Any(surfaces));
+            open.back().open(window);
+        } else if (Is_Open()) {
+            open.back().close(window);
+            open.pop_back();
         }
-        if (open.empty() && dice.One_In(4)) Resize();
     }
     void Close_All() {
-        while (!open.empty())
-            Close_Last();
+        for (; Is_Open(); open.pop_back())
+            open.back().close(window);
     }
-    /// Number of sizes that the window has had; with a new one it shows nothing.
-    int Sizes() const { return sizes; }
     bool Is_Open() const { return !open.empty(); }
 
     /// Puts the pointer somewhere, often at a control or its edge.
@@ -165,70 +154,21 @@ class Stage {
         }
     }
     // A context of its own would keep what the pairs of the application set in it.
-    Test_Window window{Usual_Client.cx, Usual_Client.cy};
+    Test_Window window{260, 180};
 
   private:
     std::size_t Size() const { return static_cast<std::size_t>(base.Width() * base.Height()); }
-    void Open(char kind) {
-        const RECT area{dice.Between(-9, 200), dice.Between(-9, 100), dice.Between(0, 300),
-                        dice.Between(0, 200)};
-        if (kind == 'D') Begin_Draw(window, nullptr);
-        if (kind == 'B') Begin_Batch(window);
-        if (kind == 'F') Begin_Batch(window, area, 0x808080), Allow(0, 9999, 0, 9999);
-        if (kind == 'P' && !Begin_Print(window, 0x404040)) return;
-        if (kind == 'H') Begin_Hold(window);
-        open += kind;
-    }
-    void Close_Last() {
-        if (open.empty()) return;
-        const char kind = open.back();
-        open.pop_back();
-        if (kind == 'H') return End_Hold(window);
-        if (kind == 'D') {
-            if (dice.One_In(2)) Clip_Rect(dice.Between(-9, 100), 5, dice.Length(0, 200), dice.Length(0, 99));
-            return End_Draw();
+    void Allow(int left, int right, int bottom, int top) {
+        left = std::max(left, 0), right = std::min(right, base.Width() - 1);
+        for (int y = std::max(bottom, 0); y <= std::min(top, base.Height() - 1) && left <= right; ++y) {
+            const auto row = mask.begin() + (base.Height() - 1 - y) * base.Width();
+            std::fill(row + left, row + right + 1, char{true});
         }
-        if (kind == 'P') Copy_To_Memory([](HDC memory, const RECT& place) { Show_Batch(memory, place); });
-        End_Batch();
     }
-    void Resize() {
-        const bool usual = dice.One_In(2);
-        window.Resize(usual ? Usual_Client.cx : dice.Between(0, 300),
-                      usual ? Usual_Client.cy : dice.Between(0, 200));
-        window.Refill();
-        Begin();
-        ++sizes;
-    }
-
     Picture base{window};
     std::vector<char> mask;
-    int sizes = 0;
-    std::string open;
+    std::vector<Surface> open;
 };
-
-/// What a control paints at most: what is not made of parts is not cut. Its frames need room, upright
-/// captions may be higher, and tabs join with what is beside them.
-template <class Control>
-void Allow(Stage& stage, const Control& control, int beyond = 0) {
-    constexpr bool is_plain = std::is_same_v<Control, Boxs> || std::is_same_v<Control, Buttons>;
-    constexpr bool is_tab = std::is_same_v<Control, TabItems> || std::is_same_v<Control, Tabs>;
-    const int frames = 2 * (8 + 2 + std::max(std::abs(int{control.Border}), int{BORDER}));
-    int x = beyond, y = beyond;
-    if (is_plain || is_tab || std::is_same_v<Control, Labels>) {
-        x += control.Width > frames ? 3 : 3 + frames;
-        y += control.Flag & FLAG_VERTICAL ? 9999 : control.Height > frames ? 3 : 3 + frames;
-    }
-    if constexpr (std::is_same_v<Control, Texts>) {
-        // The output lies within the border: one below 0 puts it around the field, which has always been so.
-        const int around = std::max(0, -int{control.Border});
-        x += around, y += around;
-    }
-    if constexpr (std::is_same_v<Control, Tabs>) {
-        for (TabItems** item = control.Item; item && *item; ++item)
-            Allow(stage, **item, beyond);
-    }
-    stage.Allow(control.X - x, control.X + control.Width + x, control.Y - y, control.Y + control.Height + y);
-}
 
 void Drop_Images(Tools& control) {
     control.Graph_Normal = static_cast<unsigned long*>(control.Free(control.Graph_Normal));
@@ -256,26 +196,27 @@ void Draw_Enlarged(Control& control) {
     Drop_Images(control);
 }
 
-void Set_Caption(Tools& control) {
-    const char* const text = dice.Text();
-    dice.One_In(3) ? void(control.Set_Name(text ? "%s" : nullptr, text)) : void(control.Name = text);
-}
-
 /// Changes a field that every control has.
 void Change_Common(Tools& control) {
     static constexpr const char* words[] = {nullptr, "", "Arial", "Courier New", "bold", "i", "No Such Face"};
-    const int what = dice.Below(7);
+    const char* const text = dice.Text();
+    const int what = dice.Below(6);
     if (what == 0) control.Flag = dice.Flags();
-    if (what == 1) Set_Caption(control);
-    if (what == 2) control.Font_Size = dice.Length(6, 14), control.Font_Name = dice.Any(words);
-    if (what == 3) control.Font_Weight = dice.Any(words), control.Font_Style = dice.Any(words);
-    if (what == 4) control.Color = Colors(dice.Between(-9, 300), dice.Below(256), dice.Below(256));
-    if (what == 5) control.Border = dice.Length(0, 9);
-    if (what > 5) {
-        control.Clip_X = dice.Length(0, 100), control.Clip_Y = dice.Length(0, 100);
-        control.Clip_Width = dice.One_In(2) ? short{0} : dice.Length(0, 200);
-        control.Clip_Height = dice.Length(0, 200);
-    }
+    if (what == 1) control.Name = text;
+    if (what == 2) control.Set_Name(text ? "%s" : nullptr, text);
+    if (what == 3) control.Font_Name = dice.Any(words);
+    if (what == 4) control.Font_Weight = dice.Any(words), control.Font_Style = dice.Any(words);
+    if (what == 5) control.Color = Colors(dice.Between(-9, 300), dice.Below(256), dice.Below(256));
+}
+
+/// Changes some of the lengths that a control has beside its place.
+template <class Control>
+void Change_Lengths(Control& control) {
+    constexpr std::size_t Of_Place = 4;
+    galdren::Design_Fields fields;
+    galdren::Add_Common_Design(control, fields), galdren::Add_Design(control, fields);
+    for (std::size_t i = Of_Place; i < fields.lengths.Count(); ++i)
+        if (dice.One_In(4)) *fields.lengths[i] = dice.Length(0, dice.One_In(3) ? 100 : 12);
 }
 
 /// Changes a field that few classes have.
@@ -284,31 +225,19 @@ void Change_Own(Control& control) {
     static const char* const labels[] = {"one", "two", "", "a longer label than the others", "five", nullptr};
     static const unsigned char enabled[] = {1, 0, 1, 1, 0, 1, 0};
     static const char* const formats[] = {nullptr, "%g", "%5.1f", "%s", "%n%f", "100 %%", "%.300f", "%*f"};
+    Change_Lengths(control);
     if constexpr (requires { control.Start_Val; }) {
         control.Start_Val = dice.Number(), control.End_Val = dice.Number(), control.Step = dice.Number();
-        control.Curs_Half = dice.Length(0, 20);
+        control.Val = dice.Number();
         if (dice.One_In(3)) control.Larg_Adjust(dice.Number(), dice.Number());
     }
-    if constexpr (requires { control.Arrow_Dim; }) control.Arrow_Dim = dice.Length(0, 20);
-    if constexpr (requires { control.Arrow_Size; }) {
-        control.Arrow_Size = dice.Length(0, 20), control.Value_Width = dice.Length(0, 80);
-    }
-    if constexpr (requires { control.Num_Width; }) {
-        control.Format = dice.Any(formats), control.Num_Width = dice.Length(0, 50);
-        control.Lock(dice.Below(9));
-    }
+    if constexpr (requires { control.Format; })
+        control.Format = dice.Any(formats), control.Lock(dice.Below(9));
     if constexpr (requires { control.Lamp; }) control.Lamp = dice.Length(0, 4);
-    if constexpr (requires { control.Slant; }) control.Slant = dice.Length(0, 20);
     if constexpr (requires { control.Shape; }) control.Shape = dice.Length(0, 17);
-    if constexpr (requires { control.Tab_Height; }) control.Tab_Height = dice.Length(0, 90);
-    if constexpr (requires { control.Item_Height; }) {
-        control.Item_Height = dice.Length(0, 30), control.Slider_Width = dice.Length(0, 20);
-    }
-    if constexpr (requires { control.Bar_Dim; }) control.Bar_Dim = dice.Length(0, 20);
     if constexpr (requires { control.Enabled; }) {
         control.List = dice.One_In(9) ? nullptr : labels + dice.Below(6);
         control.Enabled = dice.One_In(2) ? nullptr : enabled;
-        control.Line_Height = dice.Length(-5, 30);
     }
     if constexpr (requires { control.Grow(1, 0); }) {
         const int count = dice.One_In(9) ? dice.Between(-1, 300) : dice.Below(9);
@@ -329,13 +258,10 @@ template <class Control>
 void Change_Value(Control& control) {
     const auto value = [&](auto& field) {
         using Value = std::remove_reference_t<decltype(field)>;
-        if constexpr (std::is_floating_point_v<Value>)
-            field = dice.One_In(2) ? control.Read() : dice.Number();
-        else if (dice.One_In(2))
+        if (dice.One_In(2))
             field = static_cast<Value>(control.Read());
         else
-            field =
-                dice.One_In(9) ? static_cast<Value>(dice.Bits()) : static_cast<Value>(dice.Between(-1, 8));
+            field = static_cast<Value>(dice.Length(-1, 8));
     };
     if constexpr (requires { control.Val; }) value(control.Val);
     if constexpr (requires { control.Value; }) value(control.Value);
@@ -352,7 +278,7 @@ void Type(Texts& field) {
     if (what == 1) field.Update();
     if (what == 2) field.Show_Caret(static_cast<Text_Caret>(dice.Below(3)));
     if (what == 3) field.OverWrite(text ? "%s" : nullptr, text);
-    if (what == 4) field.Write("%d\n%s", step.load(), text ? text : "");
+    if (what == 4) field.Write("%d\n%s", step, text ? text : "");
     if (what == 5) field.Input(dice.Any(special) | dice.Any(bits) | dice.Any(bits));
     if (what == 6 && dice.One_In(20)) field.Cleanup();
     if (what > 6) field.Input(dice.Below(256));
@@ -431,10 +357,10 @@ class Pair {
     }
     void Allow_Both() {
         for (const auto& control : controls)
-            if (control) Allow(stage, *control);
+            if (control) stage.Allow(*control);
         // Items that copies share are where the one that was initialised last has them.
         if constexpr (requires { controls[0]->Item; })
-            if (copied) stage.Allow(0, 9999, 0, 9999);
+            if (copied) stage.Allow_All();
     }
 
     Stage& stage;
@@ -456,8 +382,7 @@ class Hosted {
     }
 
     void Act_Once() {
-        if (stage.Sizes() != sizes) Repaint();
-        Allow_All();
+        Allow();
         One([this](auto& control) {
             const int what = dice.Below(6);
             if (what == 0) Change_Host(control);
@@ -471,14 +396,11 @@ class Hosted {
             if (what == 2) return Repaint();
             if (what > 2) Send(control);
         });
-        Allow_All();
+        Allow();
         if (Is_Inspected(host)) stage.Begin();  // its outline is where it likes
     }
 
   private:
-    using Controls = std::tuple<Boxs, Buttons, CheckLists, Color_Edit, DirTrees, Hue_Edit, Labels, Lists,
-                                Selects, Sliders, TabItems, Tabs, Texts, Valuators>;
-
     void Each(auto visit) {
         std::apply([&](auto&... all) { (visit(all), ...); }, controls);
     }
@@ -488,15 +410,13 @@ class Hosted {
             if (left-- == 0) visit(control);
         });
     }
-    void Allow_All() {
-        const int ring = 2;  // around what has the keyboard
-        Each([this, ring](auto& control) { Allow(stage, control, ring); });
+    void Allow() {
+        Each([this](auto& control) { stage.Allow(control); });
     }
     void Repaint() {
         InvalidateRect(stage.window, nullptr, FALSE);
         Take(WM_PAINT, 0, 0);
         stage.Begin();
-        sizes = stage.Sizes();
     }
     void Take(UINT message, WPARAM wparam, LPARAM lparam) {
         LRESULT result = 0;
@@ -505,29 +425,19 @@ class Hosted {
 
     template <class Control>
     void Add(Control& control) {
-        const int what = dice.Below(4);
-        if (what == 0) host.Add(control);
-        if (what == 1) {
-            host.Add(control, [this](Control& told) {
-                if (dice.One_In(9)) host.Remove(told);
-            });
-        }
-        if (what == 2) {
-            host.Add(control, [this](Control& told, const Host_Event&) {
-                if (dice.One_In(9)) Change_Host(told);
-            });
-        }
-        if (what > 2) {
-            host.Add(control,
-                     [](Control&, const Host_Event& event) { return event.answer && dice.One_In(2); });
-        }
+        if (dice.One_In(4)) return host.Add(control);
+        host.Add(control, [this](Control& told, const Host_Event& event) {
+            const bool refuses = event.answer && dice.One_In(3);
+            if (dice.One_In(9)) Change_Host(told);
+            return refuses;
+        });
     }
 
     template <class Control>
     void Change_Host(Control& control) {
         Tabs& tabs = std::get<Tabs>(controls);
         const bool yes = dice.One_In(2);
-        const int what = dice.Below(16);
+        const int what = dice.Below(15);
         if (what == 0) host.Remove(control);
         if (what == 1) Add(control), host.Init(control);
         if (what == 2) host.Set_Shown(control, yes);
@@ -539,58 +449,49 @@ class Hosted {
         if (what == 8) yes ? host.Set_Default(&control) : host.Set_Cancel(&control);
         if (what == 9) host.Describe(control, dice.Text());
         if (what == 10) host.Tell_Changed(control);
-        if (what == 11 && !stage.Is_Open()) {  // else it might be painted for a printer alone
-            host.Set_Background(Colors(dice.Below(256), 99, 99)), Repaint();
-        }
+        if (what == 11) host.Set_Background(Colors(dice.Below(256), 99, 99)), Repaint();
         if (what == 12) Inspect(host, dice.One_In(4));
-        if (what == 13) Work_Parts();
-        if (what == 14) {
-            Copy_To_Memory([this](HDC memory, const RECT& place) { host.Paint_Into(memory, place); });
+        if (const char* const name = dice.Text(); what == 13 && name) {
+            Part_Window& parts = host.Parts();
+            Press_Part(parts, name), Read_Part(parts, name), Write_Part(parts, name, dice.Text());
         }
-        if (what > 14 && dice.One_In(30)) host.Clear();
-    }
-    void Work_Parts() {
-        Part_Window& parts = host.Parts();
-        const char* const name = dice.Text();
-        if (!name) return;
-        Press_Part(parts, name), Read_Part(parts, name), Write_Part(parts, name, dice.Text());
+        if (what > 13 && dice.One_In(30)) host.Clear();
     }
     /// Sends a message as the system does, with the pointer often on a control.
     void Send(const Tools& control) {
-        static constexpr UINT pointer[] = {WM_MOUSEMOVE, WM_MOUSEMOVE,     WM_LBUTTONDOWN,
-                                           WM_LBUTTONUP, WM_LBUTTONDBLCLK, WM_RBUTTONDOWN,
-                                           WM_RBUTTONUP, WM_MBUTTONDOWN,   WM_MBUTTONUP};
-        static constexpr UINT keys[] = {WM_KEYDOWN, WM_KEYDOWN, WM_CHAR, WM_KEYUP, WM_SYSKEYDOWN, WM_SYSCHAR};
-        static constexpr UINT others[] = {WM_MOUSELEAVE, WM_CAPTURECHANGED, WM_SETFOCUS, WM_KILLFOCUS,
-                                          WM_ERASEBKGND, WM_SIZE,           WM_TIMER,    WM_SETTINGCHANGE};
-        static constexpr int special[] = {VK_TAB, VK_TAB,  VK_RETURN, VK_ESCAPE, VK_SPACE, VK_LEFT, VK_DOWN,
-                                          VK_END, VK_HOME, VK_NEXT,   VK_MENU,   VK_F2,    'A',     'Z'};
+        static constexpr UINT messages[] = {
+            WM_MOUSEMOVE,   WM_MOUSEMOVE, WM_LBUTTONDOWN, WM_LBUTTONUP,     WM_LBUTTONDBLCLK,
+            WM_RBUTTONDOWN, WM_RBUTTONUP, WM_MBUTTONDOWN, WM_MBUTTONUP,     WM_MOUSEWHEEL,
+            WM_MOUSEHWHEEL, WM_KEYDOWN,   WM_KEYDOWN,     WM_CHAR,          WM_KEYUP,
+            WM_SYSKEYDOWN,  WM_SYSCHAR,   WM_MOUSELEAVE,  WM_KILLFOCUS,     WM_SETFOCUS,
+            WM_ERASEBKGND,  WM_SIZE,      WM_TIMER,       WM_SETTINGCHANGE, WM_CAPTURECHANGED};
+        static constexpr int keys[] = {VK_TAB, VK_TAB,  VK_RETURN, VK_ESCAPE, VK_SPACE, VK_LEFT, VK_DOWN,
+                                       VK_END, VK_HOME, VK_NEXT,   VK_MENU,   VK_F2,    'A',     'Z'};
         stage.Point(&control);
         POINT at{ZCursor_X, ZCursor_Y};
-        const LPARAM screen = MAKELPARAM(at.x, at.y);
-        ScreenToClient(stage.window, &at);
-        const LPARAM client = MAKELPARAM(at.x, at.y);
-        const int what = dice.Below(8);
-        if (what == 0)
-            Take(dice.One_In(2) ? WM_MOUSEWHEEL : WM_MOUSEHWHEEL,
-                 MAKEWPARAM(0, static_cast<WORD>(dice.Between(-5, 5) * 60)), screen);
-        if (what == 1 || what == 2)
-            Take(dice.Any(keys), static_cast<WPARAM>(dice.One_In(3) ? dice.Below(256) : dice.Any(special)),
-                 0);
-        if (what == 3) Take(dice.Any(others), 0, 0);
-        if (what > 3)
-            Take(dice.Any(pointer), dice.Bits() & (MK_LBUTTON | MK_RBUTTON | MK_MBUTTON | MK_SHIFT), client);
+        const UINT message = dice.Any(messages);
+        if (message == WM_MOUSEWHEEL || message == WM_MOUSEHWHEEL) {
+            const auto turned = static_cast<WORD>(dice.Between(-5, 5) * 60);
+            Take(message, MAKEWPARAM(0, turned), MAKELPARAM(at.x, at.y));
+        } else if (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST) {
+            ScreenToClient(stage.window, &at);
+            Take(message, dice.Bits() & (MK_LBUTTON | MK_RBUTTON | MK_MBUTTON | MK_SHIFT),
+                 MAKELPARAM(at.x, at.y));
+        } else if (message >= WM_KEYFIRST && message <= WM_KEYLAST) {
+            Take(message, static_cast<WPARAM>(dice.One_In(3) ? dice.Below(256) : dice.Any(keys)), 0);
+        } else {
+            Take(message, 0, 0);
+        }
     }
 
     Stage& stage;
-    int sizes = 0;  // those that the window has had when it was painted
     Controls controls;
     Host host;
 };
 
 template <class Scene>
-void Play(const char* name, Stage& stage) {
-    subject = name;
+void Play(Stage& stage) {
+    scene_name = typeid(Scene).name();
     stage.Begin();
     {
         Scene scene(stage);
@@ -607,40 +508,21 @@ void Play(const char* name, Stage& stage) {
     stage.Check_Locks();
 }
 
-void Play_Any(Stage& stage) {
-    using Scene = void (*)(const char*, Stage&);
-    static constexpr std::pair<const char*, Scene> scenes[] = {
-        {"Boxs", Play<Pair<Boxs>>},
-        {"Buttons", Play<Pair<Buttons>>},
-        {"CheckLists", Play<Pair<CheckLists>>},
-        {"Color_Edit", Play<Pair<Color_Edit>>},
-        {"DirTrees", Play<Pair<DirTrees>>},
-        {"Hue_Edit", Play<Pair<Hue_Edit>>},
-        {"Labels", Play<Pair<Labels>>},
-        {"Lists", Play<Pair<Lists>>},
-        {"Selects", Play<Pair<Selects>>},
-        {"Sliders", Play<Pair<Sliders>>},
-        {"TabItems", Play<Pair<TabItems>>},
-        {"Tabs", Play<Pair<Tabs>>},
-        {"Texts", Play<Pair<Texts>>},
-        {"Valuators", Play<Pair<Valuators>>},
-        {"Host", Play<Hosted>},
-        {"Host", Play<Hosted>},
-    };
-    const auto& [name, play] = dice.Any(scenes);
-    play(name, stage);
+template <class... Control>
+void Play_Any(Stage& stage, const std::tuple<Control...>*) {
+    static constexpr void (*scenes[])(Stage&) = {Play<Pair<Control>>..., Play<Hosted>, Play<Hosted>};
+    dice.Any(scenes)(stage);
 }
 
 struct Held {
     int blocks = Live_Blocks(), objects = Gdi_Objects();
-    bool Has_More_Than(const Held& before) const {
-        return blocks > before.blocks || objects > before.objects;
-    }
 };
 
 /// Plays the scenes of one seed. What is left over at the end is lost only when it is left a second time,
 /// too: the library and the system make some things once.
 void Run(int steps) {
+    std::printf("scripts/soak --seed %u --steps %d\n", seed, steps);
+    std::fflush(stdout);  // also when it crashes or hangs
     Held before;
     for (const bool again : {false, true}) {
         dice.Start(seed);
@@ -648,13 +530,13 @@ void Run(int steps) {
         {
             Stage stage;
             while (step < steps)
-                Play_Any(stage);
+                Play_Any(stage, static_cast<const Controls*>(nullptr));
         }
         Tools_Lib_Cleanup();
         for (MSG message; PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE);) {
         }
         const Held after;
-        if (!after.Has_More_Than(before)) return;
+        if (after.blocks <= before.blocks && after.objects <= before.objects) return;
         if (again)
             Fail(std::to_string(after.blocks - before.blocks) + " blocks and " +
                  std::to_string(after.objects - before.objects) + " handles are left over");
@@ -671,10 +553,6 @@ int main(int count, char** arguments) {
         if (std::strcmp(arguments[i], "--seed") == 0)
             seed = static_cast<unsigned>(std::atoi(arguments[i + 1]));
     }
-    SetUnhandledExceptionFilter(Tell_Of_Crash);
-    HANDLE timer;
-    constexpr DWORD Longest = 60'000;
-    CreateTimerQueueTimer(&timer, nullptr, Tell_Of_Hang, nullptr, Longest, Longest, WT_EXECUTEDEFAULT);
     Error_Set_Handler([](HWND, int, const char*) {});
     int done = 0;
     for (; done < steps; done += step, ++seed)

@@ -31,9 +31,7 @@ inline void Remove_Directory(const std::filesystem::path& path) {
 class Sample_Directories {
   public:
     explicit Sample_Directories(std::initializer_list<const char*> names = {}) {
-        char temporary[MAX_PATH] = "";
-        GetTempPathA(MAX_PATH, temporary);
-        root_ = temporary + Name() + "\\";
+        root_ = std::filesystem::temp_directory_path().string() + Name() + "\\";
         Add("");
         for (const char* name : names)
             Add(name);

@@ -2,7 +2,17 @@
 /// Texts in many languages.
 #pragma once
 
+#include <string>
+
 namespace galdren_test {
+
+/// A text several times, one behind the other.
+inline std::string Repeated(const std::string& text, int times) {
+    std::string all;
+    for (; times > 0; --times)
+        all += text;
+    return all;
+}
 
 /// A text in a language, and a face that has its letters.
 struct Language {

@@ -4,6 +4,7 @@
 #include <objidl.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 namespace Gdiplus {
 using std::max;
@@ -47,6 +48,16 @@ bool Write_Png(const Picture& picture, const std::string& path) {
     Gdiplus::Bitmap file(picture.Width(), picture.Height(), 4 * picture.Width(), PixelFormat32bppRGB,
                          reinterpret_cast<BYTE*>(pixels.data()));
     return file.Save(target.c_str(), &encoder, nullptr) == Gdiplus::Ok;
+}
+
+testing::AssertionResult Is_Recorded(const Picture& picture, const std::string& directory,
+                                     const std::string& name) {
+    const char* const target = std::getenv("GALDREN_RECORD");
+    const std::string path = (target ? target : directory) + '/' + name + ".png";
+    if (target && !Write_Png(picture, path)) return testing::AssertionFailure() << path << " is not written";
+    const std::optional<Picture> recorded = Read_Png(path);
+    if (!recorded) return testing::AssertionFailure() << path << " cannot be read";
+    return Same(picture, *recorded) << ", as in " << path;
 }
 
 }  // namespace galdren_test

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <initializer_list>
 #include <utility>
 
 #include "Galdren_Util.h"
@@ -20,19 +21,16 @@ constexpr std::size_t Stub_Size = 48;
 constexpr long long Never = -1;
 constexpr const char* Guarded_Allocator = "VirtualAlloc";  // of checked builds
 constexpr const char* Plain_Allocator = "malloc";
-constexpr const char* Allocators[] = {Guarded_Allocator, Plain_Allocator, "GlobalAlloc"};
 
-/// Whether to lead a function through the spy. Other libraries export data too, which must stay as it is.
-bool Wanted(const char* library, const char* function) {
-    if (_stricmp(library, "gdi32.dll") == 0 || _stricmp(library, "user32.dll") == 0) return true;
-    return std::ranges::any_of(Allocators,
-                               [&](const char* name) { return std::strcmp(function, name) == 0; });
+bool Is_Among(std::initializer_list<const char*> names, const char* name) {
+    return std::ranges::any_of(names, [&](const char* one) { return _stricmp(one, name) == 0; });
 }
 
-/// Other libraries export data too, which must stay as it is.
-bool Is_Of_System(const char* library) {
-    const char* const libraries[] = {"gdi32.dll", "user32.dll", "kernel32.dll", "msvcrt.dll"};
-    return std::ranges::any_of(libraries, [&](const char* name) { return _stricmp(library, name) == 0; });
+/// Whether to lead a function through the spy. Other libraries export data too, which must stay as it is.
+bool Wanted(const char* library, const char* function, bool all) {
+    return Is_Among({"gdi32.dll", "user32.dll"}, library) ||
+           (all ? Is_Among({"kernel32.dll", "msvcrt.dll"}, library)
+                : Is_Among({Guarded_Allocator, Plain_Allocator, "GlobalAlloc"}, function));
 }
 
 void Write_Slot(ULONGLONG* slot, ULONGLONG value) {
@@ -63,7 +61,7 @@ Call_Spy::Call_Spy(const char* library_name, bool all)
             if (IMAGE_SNAP_BY_ORDINAL64(import->u1.Ordinal)) continue;
             const auto* by_name = reinterpret_cast<IMAGE_IMPORT_BY_NAME*>(base + import->u1.AddressOfData);
             const auto* function = reinterpret_cast<const char*>(by_name->Name);
-            if (all ? Is_Of_System(name) : Wanted(name, function)) Lead_Through(function, &slot->u1.Function);
+            if (Wanted(name, function, all)) Lead_Through(function, &slot->u1.Function);
         }
     }
 }

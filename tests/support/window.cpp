@@ -15,6 +15,17 @@ RECT Client(HWND window) {
     return client;
 }
 
+/// The context of a window for the time of a call.
+struct Window_Context {
+    explicit Window_Context(HWND its_window) : window(its_window), dc(GetDCEx(window, nullptr, DCX_CACHE)) {}
+    ~Window_Context() { ReleaseDC(window, dc); }
+    Window_Context(const Window_Context&) = delete;
+    Window_Context& operator=(const Window_Context&) = delete;
+    operator HDC() const { return dc; }
+    const HWND window;
+    const HDC dc;
+};
+
 HWND Make_Window(int width, int height, UINT class_style) {
     const std::string name = "Galdren_Test_Window_" + std::to_string(class_style);
     WNDCLASSA description{};
@@ -33,14 +44,14 @@ void PrintTo(const Area& area, std::ostream* out) {
     *out << "x " << area.left << ".." << area.right << ", y " << area.bottom << ".." << area.top;
 }
 
-Picture::Picture(HWND window) : width_(Client(window).right), height_(Client(window).bottom) {
+Picture::Picture(HDC source, const RECT& area)
+    : width_(area.right - area.left), height_(area.bottom - area.top) {
     const BITMAPINFO layout{{sizeof(BITMAPINFOHEADER), width_, -height_, 1, 32, BI_RGB, 0, 0, 0, 0, 0}, {}};
     void* bits = nullptr;
-    HDC source = GetDCEx(window, nullptr, DCX_CACHE);
     HDC memory = CreateCompatibleDC(source);
     HBITMAP bitmap = CreateDIBSection(source, &layout, DIB_RGB_COLORS, &bits, nullptr, 0);
     HGDIOBJ before = SelectObject(memory, bitmap);
-    BitBlt(memory, 0, 0, width_, height_, source, 0, 0, SRCCOPY);
+    BitBlt(memory, 0, 0, width_, height_, source, area.left, area.top, SRCCOPY);
     GdiFlush();
     const auto* first = static_cast<const std::uint32_t*>(bits);
     pixels_.assign(first, first + width_ * height_);
@@ -49,8 +60,9 @@ Picture::Picture(HWND window) : width_(Client(window).right), height_(Client(win
     SelectObject(memory, before);
     DeleteObject(bitmap);
     DeleteDC(memory);
-    ReleaseDC(window, source);
 }
+
+Picture::Picture(HWND window) : Picture(Window_Context(window), Client(window)) {}
 
 std::uint32_t Picture::At(int x, int y) const {
     return pixels_.at(static_cast<std::size_t>((height_ - 1 - y) * width_ + x));
@@ -65,6 +77,12 @@ Area Picture::Painted() const {
         }
     }
     return area.right < 0 ? Nothing : area;
+}
+
+Picture On_Screen(HWND window) {
+    RECT area = Client(window);
+    MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&area), 2);
+    return {Window_Context(nullptr), area};
 }
 
 testing::AssertionResult Same(const Picture& got, const Picture& wanted) {
@@ -102,9 +120,7 @@ void Test_Window::Close() {
 void Test_Window::Refill() {
     const RECT all = Client(window_);
     HBRUSH brush = CreateSolidBrush(RGB(Loud >> 16, Loud >> 8, Loud));
-    HDC context = GetDCEx(window_, nullptr, DCX_CACHE);
-    FillRect(context, &all, brush);
-    ReleaseDC(window_, context);
+    FillRect(Window_Context(window_), &all, brush);
     DeleteObject(brush);
 }
 

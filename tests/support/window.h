@@ -26,6 +26,8 @@ class Picture {
   public:
     /// Reads what `window` shows.
     explicit Picture(HWND window);
+    /// Reads an area of a context, in device pixels.
+    Picture(HDC source, const RECT& area);
     /// Takes rows from the top down.
     Picture(int width, int height, std::vector<std::uint32_t> pixels)
         : width_(width), height_(height), pixels_(std::move(pixels)) {}
@@ -44,6 +46,9 @@ class Picture {
     int width_, height_;
     std::vector<std::uint32_t> pixels_;
 };
+
+/// What the screen shows of the client area of a window, which may be one of another program.
+Picture On_Screen(HWND window);
 
 /// A visible window of a wanted client size. It never takes the focus, so that it does not disturb tests of
 /// real input that run beside.

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "Galdren_Tools.h"
 #include "tests/support/spy.h"
@@ -29,14 +30,10 @@ class Cursor_Test : public testing::Test {
 }  // namespace
 
 TEST(Buttons_Held, Follow_Press_Release_And_Mask) {
-    struct Row {
-        int button;
-        unsigned int bit;
-    };
-    for (const auto& [button, bit] : {Row{1, 1}, Row{2, 4}, Row{3, 2}, Row{0, 0}, Row{4, 0}, Row{-1, 0}}) {
+    constexpr std::pair<int, unsigned> bits[] = {{1, 1}, {2, 4}, {3, 2}, {0, 0}, {4, 0}, {-1, 0}};
+    for (const auto& [button, bit] : bits) {
         STATE_MASK(0x80);
-        BUTTON_PRESS(button);
-        BUTTON_PRESS(button);
+        BUTTON_PRESS(button), BUTTON_PRESS(button);
         EXPECT_EQ(Button_State, 0x80 | bit) << button;
         STATE_MASK(-1);
         BUTTON_RELEASE(button);
@@ -46,18 +43,15 @@ TEST(Buttons_Held, Follow_Press_Release_And_Mask) {
 }
 
 TEST(Buttons_Held, Are_Read_From_The_Mouse_As_It_Is_Now) {
-    struct Row {
-        int vk;
-        DWORD down, up;
-    };
-    for (const Row& row : {Row{VK_LBUTTON, MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP},
-                           Row{VK_RBUTTON, MOUSEEVENTF_RIGHTDOWN, MOUSEEVENTF_RIGHTUP},
-                           Row{VK_MBUTTON, MOUSEEVENTF_MIDDLEDOWN, MOUSEEVENTF_MIDDLEUP}}) {
-        mouse_event(row.down, 0, 0, 0, 0);
-        for (int vk = 0; vk < 6; ++vk)
-            EXPECT_EQ(getbutton(vk), vk == row.vk) << vk;
-        mouse_event(row.up, 0, 0, 0, 0);
-        EXPECT_EQ(getbutton(row.vk), 0);
+    constexpr DWORD rows[][3] = {{VK_LBUTTON, MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP},
+                                 {VK_RBUTTON, MOUSEEVENTF_RIGHTDOWN, MOUSEEVENTF_RIGHTUP},
+                                 {VK_MBUTTON, MOUSEEVENTF_MIDDLEDOWN, MOUSEEVENTF_MIDDLEUP}};
+    for (const auto& [held, down, up] : rows) {
+        mouse_event(down, 0, 0, 0, 0);
+        for (DWORD key = 0; key < 6; ++key)
+            EXPECT_EQ(getbutton(static_cast<int>(key)), key == held) << key;
+        mouse_event(up, 0, 0, 0, 0);
+        EXPECT_EQ(getbutton(static_cast<int>(held)), 0);
     }
 }
 
@@ -80,14 +74,15 @@ TEST(Modifier_Keys, Answer_To_Either_Side_And_Ignore_The_Toggle) {
 }
 
 TEST_F(Cursor_Test, Shapes_Are_Set_And_Undone) {
-    struct Row {
+    const struct {
         void (*set)(HWND);
         const char* shown;
         int shape;
-    };
-    for (const Row& row :
-         {Row{[](HWND w) { Set_Curs(w, Standard(IDC_HELP)); }, IDC_HELP, 1}, Row{Set_Curs_Drag, IDC_ARROW, 3},
-          Row{Set_Curs_Cross, IDC_CROSS, 4}, Row{Set_Curs_Arrow, IDC_ARROW, 5}}) {
+    } rows[] = {{[](HWND w) { Set_Curs(w, Standard(IDC_HELP)); }, IDC_HELP, 1},
+                {Set_Curs_Drag, IDC_ARROW, 3},
+                {Set_Curs_Cross, IDC_CROSS, 4},
+                {Set_Curs_Arrow, IDC_ARROW, 5}};
+    for (const auto& row : rows) {
         row.set(nullptr);
         Expect(row.shown, row.shape, 0);
         EXPECT_EQ(Cursor_Saved, Standard(IDC_IBEAM));
@@ -105,32 +100,29 @@ TEST_F(Cursor_Test, Shapes_Are_Set_And_Undone) {
 }
 
 TEST_F(Cursor_Test, Waits_Nest) {
-    Set_Curs_Cross(nullptr);
-    Set_Curs_Wait(nullptr);  // undoes the cross
-    Expect(IDC_WAIT, 0, 1);
-    EXPECT_EQ(Cursor_Saved_Wait, Standard(IDC_IBEAM));
-    SetCursor(Standard(IDC_UPARROW));
-    Set_Curs_Wait(nullptr);
-    Expect(IDC_WAIT, 0, 2);
-    Reset_Curs_Wait(nullptr);
-    Expect(IDC_WAIT, 0, 1);
-    Reset_Curs_Wait(nullptr);
-    Expect(IDC_IBEAM, 0, 0);
-    SetCursor(Standard(IDC_UPARROW));
-    Reset_Curs_Wait(nullptr);  // without a wait: the cursor before the last one once more
-    Expect(IDC_IBEAM, 0, 0);
-    for (int i = 0; i < 3; ++i)
-        Set_Curs_Wait(nullptr);
-    Reset_Curs(nullptr);  // without a shape: all levels end
-    Expect(IDC_IBEAM, 0, 0);
-}
-
-TEST_F(Cursor_Test, A_Wait_Is_Counted_Without_A_Cursor) {
+    const auto end_no_wait = [](HWND w) { SetCursor(Standard(IDC_UPARROW)), Reset_Curs_Wait(w); };
+    const auto end_two_waits = [](HWND w) { Set_Curs_Wait(w), Set_Curs_Wait(w), Reset_Curs(w); };
+    const auto count_a_wait = [](HWND w) { Start_Over(), Set_Curs_Cross(w), Set_Wait_Flag(); };
+    const struct {
+        void (*call)(HWND);
+        const char* shown;
+        int shape, wait;
+    } steps[] = {
+        {Set_Curs_Cross, IDC_CROSS, 4, 0},
+        {Set_Curs_Wait, IDC_WAIT, 0, 1},  // undoes the cross
+        {Set_Curs_Wait, IDC_WAIT, 0, 2},
+        {Reset_Curs_Wait, IDC_WAIT, 0, 1},
+        {Reset_Curs_Wait, IDC_IBEAM, 0, 0},
+        {end_no_wait, IDC_IBEAM, 0, 0},    // the cursor before the last one once more
+        {end_two_waits, IDC_IBEAM, 0, 0},  // without a shape all levels end
+        {count_a_wait, IDC_CROSS, 4, 1},
+        {Reset_Curs_Wait, IDC_CROSS, 4, 0},
+    };
     galdren_test::Report_Catcher reports;
-    Set_Curs_Cross(nullptr);
-    Set_Wait_Flag();
+    for (const auto& [call, shown, shape, wait] : steps) {
+        SCOPED_TRACE(testing::Message() << shape << ' ' << wait);
+        call(nullptr);
+        Expect(shown, shape, wait);
+    }
     EXPECT_EQ(reports.Take(), "11:Set_Wait_Flag Wait=0 Shape=4");
-    Expect(IDC_CROSS, 4, 1);
-    Reset_Curs_Wait(nullptr);
-    Expect(IDC_CROSS, 4, 0);
 }

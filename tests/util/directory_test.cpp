@@ -4,15 +4,12 @@
 
 #include "Galdren_Util.h"
 #include "tests/support/code_page.h"
+#include "tests/support/directories.h"
 #include "util/wide.h"
 
 namespace {
 
-std::wstring Sample_Place() {
-    wchar_t temporary[MAX_PATH] = L"";
-    GetTempPathW(MAX_PATH, temporary);
-    return L"\\\\?\\" + (temporary + (L"galdren_scan_" + std::to_wstring(GetCurrentProcessId())));
-}
+using galdren_test::Sample_Directories;
 
 /// What a listing says of a directory: its two answers; "none" when it is not listed.
 std::string Answers(const Scan_Entry* listing, const std::string& name) {
@@ -26,82 +23,64 @@ std::string Answers(const Scan_Entry* listing, const std::string& name) {
 }  // namespace
 
 TEST(Directory, Is_Listed_With_What_Is_Below) {
-    const std::wstring place = Sample_Place();
-    const std::wstring longest(240, L'n');
-    const std::wstring made[] = {L"",
-                                 L"\\plain",
-                                 L"\\.dotted",
-                                 L"\\tree",
-                                 L"\\tree\\.dot",
-                                 L"\\tree\\in",
-                                 L"\\hollow",
-                                 L"\\hollow\\.dot",
-                                 L"\\\x00C4 \x20AC & %s",
-                                 L"\\\x65E5\x672C",
-                                 L"\\" + longest,
-                                 L"\\" + longest + L"\\" + longest};
-    for (const std::wstring& name : made)
-        EXPECT_TRUE(CreateDirectoryW((place + name).c_str(), nullptr)) << GetLastError();
-    CloseHandle(CreateFileW((place + L"\\file").c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr));
-    std::string path(place.begin() + 4, place.end());
+    const std::string longest(240, 'n');
+    Sample_Directories sample{"plain\\",    ".dotted\\", "tree\\",         "tree\\.dot\\",
+                              "tree\\in\\", "hollow\\",  "hollow\\.dot\\", "\xC4 \x80 & %s\\"};
+    sample.Add(longest + '\\'), sample.Add(longest + '\\' + longest + '\\');
+    const std::string path = sample.Plain(), file = path + "file";
+    CloseHandle(CreateFileA(file.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr));
     Scan_Entry* listing = Scan_Dir(path.c_str());
     ASSERT_NE(listing, nullptr);
-    const std::string long_name(longest.begin(), longest.end());
     const std::pair<std::string, const char*> table[] = {
-        {"plain", "00"}, {".dotted", "00"}, {"tree", "01"},   {"hollow", "00"}, {"\xC4 \x80 & %s", "00"},
-        {"??", "10"},    {long_name, "01"}, {"file", "none"}, {".", "none"},    {"..", "none"}};
+        {"plain", "00"}, {".dotted", "00"}, {"tree", "01"}, {"hollow", "00"}, {"\xC4 \x80 & %s", "00"},
+        {longest, "01"}, {"file", "none"},  {".", "none"},  {"..", "none"}};
     for (const auto& [name, answers] : table)
         EXPECT_EQ(Answers(listing, name), answers) << name;
     Scan_Free(listing);
-    EXPECT_EQ(Is_Tree((path + "\\tree\\").c_str()), 1);
-    EXPECT_EQ(Is_Tree((path + "\\hollow").c_str()), 0);
-    const std::string deep = path + '\\' + long_name + '\\' + long_name;
+    EXPECT_EQ(Is_Tree((path + "tree\\").c_str()), 1);
+    EXPECT_EQ(Is_Tree((path + "hollow").c_str()), 0);
+    const std::string deep = path + longest + '\\' + longest;
     for (const std::string& empty : {deep, deep + '\\', path + "/tree/in"}) {
         listing = Scan_Dir(empty.c_str());
         ASSERT_NE(listing, nullptr) << empty;
         EXPECT_EQ(listing->name, nullptr);
         Scan_Free(listing);
     }
-    for (const std::string& bad : {path + "\\gone", path + "\\file", path + "\\*", path + "\\t?ee",
-                                   std::string(), std::string(40000, 'x'), std::string("q:\\")})
+    for (const std::string& bad : {path + "gone", file, path + "*", path + "t?ee", std::string(),
+                                   std::string(40000, 'x'), std::string("q:\\")})
         EXPECT_EQ(Scan_Dir(bad.c_str()), nullptr) << bad.substr(0, 99);
     EXPECT_EQ(Scan_Dir(nullptr), nullptr);
     Scan_Free(nullptr);
-    DeleteFileW((place + L"\\file").c_str());
-    for (auto name = std::rbegin(made); name != std::rend(made); ++name)
-        RemoveDirectoryW((place + *name).c_str());
+    DeleteFileA(file.c_str());
 }
 
-/// Every name is there, and a path leads to it.
+/// Every name is there, and a path leads to it; one that the code page lacks is told.
 TEST(Directory, Of_All_Scripts_Is_Listed_In_UTF_8) {
     const galdren_test::Other_Page page(CP_UTF8);
-    const std::wstring place = Sample_Place();
-    const std::wstring half = place + L"\\half \xD83D";  // no text stands for it
-    EXPECT_TRUE(CreateDirectoryW(place.c_str(), nullptr));
-    for (const char* name : galdren_test::Scripts) {
-        EXPECT_TRUE(CreateDirectoryW((place + L'\\' + galdren::To_Wide(name)).c_str(), nullptr));
-        EXPECT_TRUE(CreateDirectoryW((place + L'\\' + galdren::To_Wide(name) + L"\\in").c_str(), nullptr));
-    }
+    Sample_Directories sample;
+    const std::string path = sample.Plain();
+    const std::wstring half = galdren::To_Wide(path) + L"half \xD83D";  // no text stands for it
     const bool has_half = CreateDirectoryW(half.c_str(), nullptr) != 0;
-    const std::string path = galdren::From_Wide(place.substr(4));
-    Scan_Entry* const listing = Scan_Dir(path.c_str());
+    for (const std::string name : galdren_test::Scripts)
+        sample.Add(name + '\\'), sample.Add(name + "\\in\\");
+    Scan_Entry* listing = Scan_Dir(path.c_str());
     ASSERT_NE(listing, nullptr);
     for (const char* name : galdren_test::Scripts) {
         EXPECT_EQ(Answers(listing, name), "01") << name;
-        EXPECT_EQ(Is_Tree((path + "\\" + name).c_str()), 1) << name;
+        EXPECT_EQ(Is_Tree((path + name).c_str()), 1) << name;
         char absolute[2 * MAX_PATH];
-        strcpy(absolute, (path + "\\.\\" + name).c_str());
+        strcpy(absolute, (path + ".\\" + name).c_str());
         EXPECT_EQ(Path_To_Abs(absolute, sizeof absolute), 1);
-        EXPECT_EQ(absolute, path + "\\" + name + "\\");
+        EXPECT_EQ(absolute, path + name + "\\");
     }
     EXPECT_EQ(Answers(listing, "half \xEF\xBF\xBD"), has_half ? "10" : "none");
     Scan_Free(listing);
-    for (const char* name : galdren_test::Scripts) {
-        RemoveDirectoryW((place + L'\\' + galdren::To_Wide(name) + L"\\in").c_str());
-        RemoveDirectoryW((place + L'\\' + galdren::To_Wide(name)).c_str());
-    }
     RemoveDirectoryW(half.c_str());
-    RemoveDirectoryW(place.c_str());
+    Set_Text_Code_Page(1252);
+    listing = Scan_Dir(path.c_str());
+    EXPECT_EQ(Answers(listing, "??"), "10");
+    Scan_Free(listing);
+    Set_Text_Code_Page(CP_UTF8);
 }
 
 TEST(Paths, Become_Absolute_And_Small) {

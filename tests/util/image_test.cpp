@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <sstream>
 #include <string>
 #include <string_view>
 
@@ -18,9 +19,8 @@ using namespace std::string_view_literals;
 namespace {
 
 struct Outcome {
-    int error = 0;
-    int width = 0, height = 0, channels = 0;
-    std::string pixels;
+    int error;
+    std::string size, pixels;  ///< size as width x height x channels
     std::string report;
 };
 
@@ -32,15 +32,14 @@ Outcome Read(std::string_view name, const std::string& path) {
     IGB_Image* image = &unwritten;
     errno = 0;
     const int result = (Is_Sgi(name) ? IGB_Read_Image : TGA_Read_Image)(path.c_str(), &image);
-    Outcome outcome{errno, 0, 0, 0, {}, reports.Take()};
     EXPECT_EQ(result, image ? 1 : 0) << name;
-    if (!image) return outcome;
-    outcome.error = 0;
-    outcome.width = image->width, outcome.height = image->height, outcome.channels = image->channels;
-    const std::size_t size = std::size_t{image->width} * image->height * image->channels;
-    outcome.pixels.assign(reinterpret_cast<const char*>(image->pixels), size);
+    if (!image) return {errno, "", "", reports.Take()};
+    const int width = image->width, height = image->height, channels = image->channels;
+    const std::string pixels(reinterpret_cast<const char*>(image->pixels),
+                             std::size_t(width * height * channels));
     IGB_Free(image);
-    return outcome;
+    return {0, (std::ostringstream() << width << 'x' << height << 'x' << channels).str(), pixels,
+            reports.Take()};
 }
 
 std::string Load(const std::string& path) {
@@ -82,9 +81,7 @@ TEST(Image, Reads_What_Another_Program_Wrote) {
             SCOPED_TRACE(path);
             const Outcome outcome = Read(path, path);
             EXPECT_EQ(outcome.report, "");
-            EXPECT_EQ(outcome.width, 131);
-            EXPECT_EQ(outcome.height, 2);
-            EXPECT_EQ(outcome.channels, *name == '1' ? 1 : *name == '4' ? 4 : 3);
+            EXPECT_EQ(outcome.size, *name == '1' ? "131x2x1" : *name == '4' ? "131x2x4" : "131x2x3");
             EXPECT_TRUE(outcome.pixels == Load((*name == 't' ? "3"s : name) + ".raw"));
         }
     }
@@ -94,24 +91,23 @@ TEST(Image, Reads_What_Is_Rare) {
     const struct {
         const char* name;
         std::string bytes;
-        int width, height, channels;
-        const char* pixels;
+        const char *size, *pixels;
     } table[] = {
         {"two channels, rows in any order, shared and not ended by a zero.sgi",
          "\x01\xda\1\1\0\3\0\2\0\2\0\2"s + std::string(500, '\0') +
              "\0\0\2\x23\0\0\2\x20\0\0\2\x23\0\0\2\x23\0\0\0\3\0\0\0\3\0\0\0\2\0\0\0\3"
              "\x82\x61\x62\2\x7a\0"s,
-         2, 2, 2, "azbzzzzz"},
-        {"one dimension.sgi", "\x01\xda\0\1\0\1\0\3\0\7\0\x09"s + std::string(500, '\0') + "abc", 3, 1, 1,
+         "2x2x2", "azbzzzzz"},
+        {"one dimension.sgi", "\x01\xda\0\1\0\1\0\3\0\7\0\x09"s + std::string(500, '\0') + "abc", "3x1x1",
          "abc"},
         {"a packet over two rows, from the right, after identification and unused map.tga",
          "\4\1\x0a\0\0\1\0\x10\0\0\0\0\2\0\2\0\x18\x30noteMM\x82"
          "BGR\0bgr"s,
-         2, 2, 3, "BGRBGRbgrBGR"},
+         "2x2x3", "BGRBGRbgrBGR"},
         {"colours from the fifth on.tga",
          "\0\1\1\5\0\2\0\x20\0\0\0\0\2\0\1\0\x08\0"
          "abcdefgh\6\5"s,
-         2, 1, 4, "efghabcd"},
+         "2x1x4", "efghabcd"},
     };
     const Scratch_File file;
     for (const auto& row : table) {
@@ -119,9 +115,7 @@ TEST(Image, Reads_What_Is_Rare) {
         file.Write(row.bytes);
         const Outcome outcome = Read(row.name, file.path);
         EXPECT_EQ(outcome.report, "");
-        EXPECT_EQ(outcome.width, row.width);
-        EXPECT_EQ(outcome.height, row.height);
-        EXPECT_EQ(outcome.channels, row.channels);
+        EXPECT_EQ(outcome.size, row.size);
         EXPECT_EQ(outcome.pixels, row.pixels);
     }
 }

@@ -65,7 +65,7 @@ TEST(Program, Is_Known_By_Its_Name_And_Its_Library_By_Its_Place) {
     DeleteFileA(copy.c_str());
 }
 
-TEST(Color_Space, Knows_The_Corners_And_Comes_Back) {
+TEST(Color_Space, Knows_The_Corners) {
     constexpr float Third = 1.0F / 3.0F;
     const float table[][6] = {{0, 0, 0, 0, 0, 0},
                               {1, 1, 1, 0, 1, 0},
@@ -79,15 +79,5 @@ TEST(Color_Space, Knows_The_Corners_And_Comes_Back) {
         RGB_to_HLS(row[0], row[1], row[2], &hls[0], &hls[1], &hls[2]);
         for (int i = 0; i < 3; ++i)
             EXPECT_NEAR(hls[i], row[3 + i], 1e-6F) << &row - table << ", " << i;
-    }
-    for (int color = 0; color < 1 << 24; color += 4093) {
-        float h, l, s, back[3];
-        const float rgb[] = {static_cast<float>(color & 255) / 255,
-                             static_cast<float>(color >> 8 & 255) / 255,
-                             static_cast<float>(color >> 16) / 255};
-        RGB_to_HLS(rgb[0], rgb[1], rgb[2], &h, &l, &s);
-        HLS_to_RGB(h + 1, l, s, &back[0], &back[1], &back[2]);
-        for (int i = 0; i < 3; ++i)
-            ASSERT_NEAR(back[i], rgb[i], 2e-6F) << std::hex << color;
     }
 }

@@ -1,11 +1,10 @@
 #include <algorithm>
 #include <climits>
-#include <deque>
-#include <map>
 #include <string>
 #include <vector>
 
 #include "Galdren_Tools.h"
+#include "tests/support/controls.h"
 #include "tests/support/spy.h"
 #include "tests/support/window.h"
 
@@ -13,53 +12,42 @@ using namespace galdren_test;
 
 namespace {
 
-/// "item 1", "item 2", ..., every fourth with a tab, ended by null or by an empty text.
-const char* const* Names(int count) {
-    static std::deque<std::string> texts;
-    static std::map<int, std::vector<const char*>> lists;
-    std::vector<const char*>& list = lists[count];
-    if (!list.empty()) return list.data();
-    for (int i = 0; i < count; ++i)
-        list.push_back(texts.emplace_back((i % 4 ? "item " : "i\tt ") + std::to_string(i)).c_str());
-    list.push_back(count % 2 ? nullptr : "");
-    return list.data();
-}
-
-void Fill_In(CheckLists& list, int count, unsigned long flag = 0) {
-    list.X = 20, list.Y = 50, list.Width = 310, list.Height = 93, list.Line_Height = 20;
-    list.Font_Name = "Arial", list.Font_Size = 9, list.Flag = flag, list.List = Names(count);
-}
-
-void Point_At(const Test_Window& window, const CheckLists& list, int item, int x = 10) {
-    window.Point_At(list.Label[item].X + x, list.Label[item].Y + 7);
-}
+/// A list of named items, ready but for `Init`.
+struct Named : CheckLists {
+    explicit Named(int count, unsigned long flag = 0) {
+        Place(*this, nullptr, 20, 50, 310, 93, flag);
+        Line_Height = 20;
+        names.assign(static_cast<std::size_t>(count), "item");
+        names.push_back(count % 2 ? nullptr : "");  // either ends a list
+        List = names.data();
+    }
+    std::vector<const char*> names;
+};
 
 }  // namespace
 
 TEST(Check_Lists, Show_Their_Value) {
     Test_Window window(400, 200);
-    struct Row {
+    const struct {
         int count;
         unsigned long flag;
         int value, adjusted;
         std::string first, drawn, after;  // until the first paint, item k of a mask follows k << k
-    };
-    const Row table[] = {{10, 0, 0x3FF, 5, "1 2 3 4 5 6 7 9 ", "0 1 2 3 4 5 6 7 8 9 ", "0 2 "},
-                         {33, 0, 32, 1, "5 32 ", "5 ", "0 32 "},
-                         {500, 0, 2, INT_MIN, "1 33 ", "1 33 ", "31 "},
-                         {10, CHECKLIST_SINGLE, 0, 9, "0 ", "0 ", "9 "},
-                         {10, CHECKLIST_SINGLE, 7, 10, "7 ", "7 ", "7 "},
-                         {10, CHECKLIST_SINGLE, 7, -1, "7 ", "7 ", "7 "},
-                         {10, FLAG_PASSIVE, 1, 2, "", "", ""}};
-    for (const Row& row : table) {
-        CheckLists list;
+    } table[] = {{10, 0, 0x3FF, 5, "1 2 3 4 5 6 7 9 ", "0 1 2 3 4 5 6 7 8 9 ", "0 2 "},
+                 {33, 0, 32, 1, "5 32 ", "5 ", "0 32 "},
+                 {500, 0, 2, INT_MIN, "1 33 ", "1 33 ", "31 "},
+                 {10, CHECKLIST_SINGLE, 0, 9, "0 ", "0 ", "9 "},
+                 {10, CHECKLIST_SINGLE, 7, 10, "7 ", "7 ", "7 "},
+                 {10, CHECKLIST_SINGLE, 7, -1, "7 ", "7 ", "7 "},
+                 {10, FLAG_PASSIVE, 1, 2, "", "", ""}};
+    for (const auto& row : table) {
+        Named list(row.count, row.flag);
         const auto checked = [&list] {
             std::string items;
             for (int k = 0; k < std::min<int>(list.Count, 35); ++k)
                 if (list.Check[k].Value) items += std::to_string(k) + ' ';
             return items;
         };
-        Fill_In(list, row.count, row.flag);
         list.Value = row.value;
         list.Init(window);
         EXPECT_EQ(checked(), row.first);
@@ -72,47 +60,19 @@ TEST(Check_Lists, Show_Their_Value) {
     }
 }
 
-TEST(Check_Lists, Follow_The_Pointer) {
-    constexpr int Beside = -1, Frame = -2;
+TEST(Check_Lists, Read_The_Value_With_The_Item_Under_The_Pointer) {
     constexpr unsigned char Enabled[33] = {1, 1, 0, 1};
     Test_Window window(400, 200);
-    CheckLists list;
-    Fill_In(list, 33);
+    Named list(33);
     list.Enabled = Enabled, list.Value = 5;
     list.Init(window);
-    struct Row {
-        int item;
-        unsigned long flag;
-        short hover, hover_after;  // of the item, or of item 1
-        int event, result, read;
-        bool paints;
-    };
-    const Row table[] = {{3, 0, 0, 1, EVENT_MOVE, 1, 13, true},
-                         {3, CHECKLIST_SINGLE, 1, 1, EVENT_PRESS | EVENT_LEFT, 1, 3, false},
-                         {3, 0, 2, 2, EVENT_TEST, 1, 13, false},
-                         {3, FLAG_PASSIVE, 0, 0, EVENT_MOVE, 0, -1, false},
-                         {3, FLAG_NO_BODY, 0, 1, EVENT_MOVE, 1, 13, false},
-                         {2, 0, 0, 1, EVENT_MOVE, 1, 1, false},  // disabled, for the application to look at
-                         {32, 0, 0, 1, EVENT_MOVE, 1, 4, false},
-                         {Beside, 0, 1, 2, EVENT_DRAG, 0, -1, true},
-                         {Beside, FLAG_NO_BODY, 1, 2, EVENT_MOVE, 0, -1, false},
-                         {Frame, 0, 2, 2, EVENT_TEST, 1, -1, false},
-                         {Frame, 0, 1, 2, EVENT_MOVE, 0, -1, true}};
-    for (const Row& row : table) {
-        SCOPED_TRACE(testing::Message() << "item " << row.item << ", flag " << row.flag);
-        short& hover = list.Hover_List[std::max(row.item, 1)];
-        std::fill_n(list.Hover_List, 33, short{0});
-        hover = row.hover, list.Flag = row.flag;
-        row.item < 0 ? window.Point_At(row.item == Frame ? 21 : 10, 60) : Point_At(window, list, row.item);
-        EXPECT_EQ(list.Read(), row.read);
-        Call_Spy spy;
-        const Area painted = window.Changed([&] { EXPECT_EQ(list.Select(row.event), row.result); });
-        EXPECT_EQ(painted != Nothing, row.paints);
-        EXPECT_EQ(spy.Contexts(), row.paints) << "one surface for all, and none for nothing";
-        EXPECT_EQ(hover, row.hover_after);
-        const bool lit = hover == 1 && list.Enabled[row.item] && row.flag != FLAG_NO_BODY;
-        EXPECT_EQ(window.Changed([&] { list.Deselect(); }) != Nothing, lit);
-        EXPECT_EQ(hover, row.hover_after);
+    const struct {
+        int item, select, read;
+    } table[] = {{3, 1, 13}, {0, 1, 4}, {2, 1, 1} /* disabled, for the application to look at */, {32, 1, 4}};
+    for (const auto& [item, select, read] : table) {
+        window.Point_At(list.Label[item].X + 10, list.Label[item].Y + 7);
+        EXPECT_EQ(list.Select(EVENT_PRESS | EVENT_LEFT), select) << item;
+        EXPECT_EQ(list.Read(), read) << item;
     }
 }
 
@@ -120,12 +80,10 @@ TEST(Check_Lists, Follow_The_Pointer) {
 TEST(Check_Lists, Bring_Boxes_Back_That_A_Long_Label_Covered) {
     Test_Window window(400, 200);
     static const char* const labels[] = {"a label that is longer than its column", "b", "c", "d", nullptr};
-    CheckLists list;
-    Fill_In(list, 4);
+    Named list(4);
     list.List = labels, list.Width = 200, list.Height = 60;
     list.Init(window);
     list.Draw();
-    Point_At(window, list, 2, 2);
     for (int value : {1, 0, 1, 8}) {
         window.Point_At(list.Label[0].X + 3, list.Label[0].Y + 3);
         list.Select(EVENT_MOVE);
@@ -142,12 +100,7 @@ TEST(Check_Lists, Bring_Boxes_Back_That_A_Long_Label_Covered) {
 TEST(Check_Lists, Without_Items_Are_Boxes) {
     Test_Window window(400, 200);
     Report_Catcher reports;
-    CheckLists list;
-    Fill_In(list, 0);
-    list.Draw(), list.Adjust();
-    EXPECT_NE(reports.Take().find("type: CheckList::Draw   name: (null)\n"), std::string::npos);
-    list.Draw();
-    EXPECT_EQ(reports.Take(), "");
+    Named list(0);
     list.Set_Name("%s", "Name");
     list.Init(window);
     list.Set_Name("%s", "Another");  // shown after the next Init
@@ -158,7 +111,7 @@ TEST(Check_Lists, Without_Items_Are_Boxes) {
     EXPECT_EQ(reports.Take(),
               "11:Problems in CheckLists::Init()|11:device->List is empty|"
               "11:type: CheckLists\n  name: Another");
-    EXPECT_EQ(list.Flag, 3U);
+    EXPECT_EQ(list.Flag, FLAG_PASSIVE | FLAG_NO_BODY);
     list.Flag = 0, list.Value = 1;
     list.Draw(), list.Adjust(), list.Deselect();
     EXPECT_EQ(list.Select(EVENT_MOVE), 0);
@@ -170,8 +123,7 @@ TEST(Check_Lists, Tell_Of_Lack_Of_Memory) {
     Report_Catcher reports;
     bool told = false;
     for (int passed = 0; passed < 60 && !told; ++passed) {
-        CheckLists list;
-        Fill_In(list, 10);
+        Named list(10);
         Call_Spy spy;
         spy.Fail_Allocation(passed);
         list.Init(window), list.Draw();

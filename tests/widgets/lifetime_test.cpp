@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "Galdren_Tools.h"
+#include "tests/support/controls.h"
 #include "tests/support/spy.h"
 #include "tests/support/window.h"
 
@@ -14,10 +15,9 @@ using namespace galdren_test;
 
 namespace {
 
-template <class Control>
-void Fill_In(Control& control) {
-    control.X = 20, control.Y = 10, control.Width = 80, control.Height = 30;
-    control.Font_Name = "Arial", control.Font_Weight = "bold", control.Font_Size = 10;
+void Fill_In(Tools& control) {
+    Place(control, nullptr, 20, 10, 80, 30);
+    control.Font_Weight = "bold", control.Font_Size = 10;
     control.Set_Name("%s", "Name");
 }
 
@@ -49,20 +49,17 @@ TEST(Names_And_Images, Are_Freed_Whatever_Becomes_Of_The_Fields) {
 TEST(Names, Belong_To_The_Control_Only_When_Set) {
     Tools t;
     EXPECT_EQ(t.Set_Name("%s-%d", "axis", 3), 1);
-    EXPECT_STREQ(t.Name, "axis-3");
-    EXPECT_EQ(t.State, STATE_OWNS_NAME);
     EXPECT_EQ(t.Set_Name("%s", t.Name), 1);  // from itself
     EXPECT_STREQ(t.Name, "axis-3");
+    EXPECT_EQ(t.State, STATE_OWNS_NAME);
     for (const std::size_t length : {0U, 1023U, 1024U, 100000U}) {
         EXPECT_EQ(t.Set_Name("%s", std::string(length, 'n').c_str()), 1);
         EXPECT_EQ(t.Name, std::string(std::min<std::size_t>(length, 1023), 'n'));
     }
     EXPECT_EQ(t.Set_Name(nullptr), 0);
-    EXPECT_EQ(t.Name, nullptr);
     EXPECT_EQ(t.State, 0);
     for (const unsigned char state : {std::uint8_t{0}, std::uint8_t{STATE_READY}}) {
-        t.Name = "the application's";
-        t.State = state;
+        t.Name = "the application's", t.State = state;
         EXPECT_EQ(t.Set_Name(nullptr), 0);
         EXPECT_EQ(t.Name == nullptr, state != 0);
     }
@@ -87,13 +84,12 @@ TEST(Images, Are_Allocated_And_Freed_Once) {
     spy.Fail_Allocation();
     EXPECT_EQ(t.Alloc_Graph_Select(1), 0);
     EXPECT_EQ(reports.Take(), "1:line 336  of .\\tools.cpp \nmemory error in new");
-    const char* const own = "the application's";
-    for (const char* const name : {own, static_cast<const char*>(nullptr)}) {
-        t.Name = own;
-        if (!name) t.Set_Name("%s", "the control's");
+    for (const bool owned : {false, true}) {
+        t.Name = "the application's";
+        if (owned) t.Set_Name("%s", "the control's");
         spy.Fail_Allocation();
         EXPECT_EQ(t.Set_Name("name"), 0);
-        EXPECT_EQ(t.Name, name) << "only what the control owned is gone";
+        EXPECT_EQ(t.Name == nullptr, owned) << "only what the control owned is gone";
         EXPECT_EQ(t.State, 0);
         EXPECT_EQ(reports.Take(), "1:line 451  of .\\tools.cpp \nmemory error in new");
     }
@@ -101,39 +97,23 @@ TEST(Images, Are_Allocated_And_Freed_Once) {
     t.Graph_Select = t.Graph_Normal;  // one image for both states is one image to free
 }
 
-TEST(Init, Rebuilds_Only_What_Changed) {
-    Test_Window window(200, 80);
-    Boxs box;
-    Buttons button;
-    Fill_In(box), Fill_In(button);
-    box.Init(window), button.Init(window);
-    EXPECT_EQ(box.Color == Colors(170, 170, 170), 1);
-    unsigned long** const buffers[] = {&box.Own_Graph_Normal, &box.Own_Graph_Select,
-                                       &button.Own_Normal_Up, &button.Own_Normal_Down,
-                                       &button.Own_Select_Up, &button.Own_Select_Down};
-    // A mark in each buffer tells whether it was made again.
-    constexpr unsigned long Mark = 0x12345678;
-    const auto survivors = [&](const std::function<void()>& change) {
-        for (unsigned long** const buffer : buffers)
-            (*buffer)[0] = Mark;
-        change();
-        box.Init(window), button.Init(window);
-        std::string kept;
-        for (unsigned long** const buffer : buffers)
-            kept += (*buffer)[0] == Mark ? 'k' : '-';
-        return kept;
+/// Generated pictures have one limit, which counts pixels, and one report for a control with its parts.
+TEST(Images, Are_Flat_Where_They_Would_Be_Too_Large) {
+    Test_Window window(300, 200);
+    Report_Catcher reports;
+    const auto reported = [&](auto&& control, int width, int height) {
+        control.Width = static_cast<short>(width), control.Height = static_cast<short>(height);
+        control.Color = Colors(10, 200, 30);
+        control.Init(window), control.Draw();
+        const std::string text = reports.Take();
+        return std::count(text.begin(), text.end(), '|') + !text.empty();
     };
-    EXPECT_EQ(survivors([] {}), "kkkkkk");
-    EXPECT_EQ(survivors([&] { box.Flag |= FLAG_RAISED, box.X += 5, button.Value = 1, box.Font_Size = 14; }),
-              "kkkkkk");
-    EXPECT_NE(box.Font, button.Font) << "of another size";
-    EXPECT_EQ(survivors([&] { box.Set_Color(9, 8, 7), button.Set_Color(30, 8, 7); }), "-k--kk");
-    EXPECT_EQ(survivors([&] { box.Set_Color(0, 0, 0), button.Color = Colors(170, 170, 170); }), "-k--kk");
-    EXPECT_EQ(survivors([&] { box.Width++, button.Height++; }), "------");
-    EXPECT_EQ(button.Cur_Graph_Normal, button.Normal_Down);
-    Call_Spy spy;
-    box.Init(window), button.Init(window);
-    EXPECT_EQ(spy.Count("CreateFontIndirectW"), 0);
+    EXPECT_EQ(reported(Buttons(), 32767, 30), 0);
+    EXPECT_EQ(reported(Buttons(), 24000, 24000), 1);
+    EXPECT_EQ(Picture(window).At(100, 100), 0x0AC81Eu);
+    EXPECT_EQ(reported(Boxs(), 24000, 24000), 1);
+    EXPECT_EQ(reported(Hue_Edit(), 24000, 24000), 1);
+    EXPECT_EQ(reported(Color_Edit(), 24000, 24000), 1);
 }
 
 TEST(Init, Forgets_Withdrawn_Images_Whatever_Way_It_Takes) {
@@ -147,90 +127,82 @@ TEST(Init, Forgets_Withdrawn_Images_Whatever_Way_It_Takes) {
         if (way == No_Window) control.Window = nullptr;
         control.Init(way == No_Window ? nullptr : static_cast<HWND>(window));
     };
-    const auto bodies = [](auto& control) {
-        std::vector<unsigned long*> all{control.Cur_Graph_Normal, control.Cur_Graph_Select};
-        if constexpr (requires { control.Normal_Up; }) {
-            all.insert(all.end(),
-                       {control.Normal_Up, control.Normal_Down, control.Select_Up, control.Select_Down});
-        }
-        return all;
+    const auto bodies = [](const auto& control) -> std::vector<unsigned long*> {
+        if constexpr (requires { control.Normal_Up; })
+            return {control.Normal_Up, control.Normal_Down, control.Select_Up, control.Select_Down};
+        return {control.Cur_Graph_Normal, control.Cur_Graph_Select};
     };
     const auto check = [&](auto control, int way) {
         SCOPED_TRACE(testing::Message() << typeid(control).name() << ", " << way);
         Fill_In(control);
         control.Alloc_Graph_Normal(0x102030), control.Alloc_Graph_Select(0x405060);
         set(control, Ways);
-        if constexpr (std::is_same_v<decltype(control), Sliders>) {  // takes images only from the application
-            control.Cur_Graph_Normal = control.Graph_Normal, control.Cur_Graph_Select = control.Graph_Select;
-        }
-        unsigned long* const normal = std::exchange(control.Graph_Normal, nullptr);
-        unsigned long* const select = std::exchange(control.Graph_Select, nullptr);
-        ASSERT_TRUE(control.Cur_Graph_Normal == normal && control.Cur_Graph_Select == select);
+        // A slider does not take them by itself.
+        control.Cur_Graph_Normal = control.Graph_Normal, control.Cur_Graph_Select = control.Graph_Select;
+        const auto normal = std::exchange(control.Graph_Normal, nullptr);
+        const auto select = std::exchange(control.Graph_Select, nullptr);
         set(control, way);
         for (const unsigned long* body : bodies(control))
             EXPECT_TRUE(body != normal && body != select);
         control.Draw(), control.Adjust();
         // The next image may come to stand where the one before stood.
         control.Graph_Normal = normal, control.Graph_Select = select;
-        if constexpr (std::is_same_v<decltype(control), Sliders>) return;
         set(control, Ways);
-        EXPECT_TRUE(control.Cur_Graph_Normal == normal && control.Cur_Graph_Select == select);
+        if constexpr (!std::is_same_v<decltype(control), Sliders>) {
+            EXPECT_TRUE(control.Cur_Graph_Normal == normal && control.Cur_Graph_Select == select);
+        }
     };
     for (int way = 0; way < Ways; ++way)
         check(Boxs(), way), check(Buttons(), way), check(Valuators(), way), check(Sliders(), way);
-    // The parts of a control that stops too.
-    const auto check_part = [&](auto& control, auto& part) {
+}
+
+/// The parts of a control that stops forget too.
+TEST(Init, Has_Parts_Forget_Withdrawn_Images) {
+    Test_Window window(300, 200);
+    const auto check = [&](auto control, auto part_of) {
         SCOPED_TRACE(typeid(control).name());
+        Fill_In(control), Furnish(control, 1);
+        control.Flag = FLAG_OWN_IMAGES;
+        auto& part = part_of(control);
+        part.Flag |= FLAG_OWN_IMAGES;
         unsigned long* const image = part.Graph_Normal = new unsigned long[81 * 31];
         control.Init(window);
         ASSERT_EQ(part.Cur_Graph_Normal, image);
         part.Graph_Normal = static_cast<unsigned long*>(part.Free(part.Graph_Normal));
         control.Width = 0;
         control.Init(window);
-        for (const unsigned long* body : bodies(part))
-            EXPECT_NE(body, image);
-        control.Width = 80;
+        EXPECT_NE(part.Cur_Graph_Normal, image);
     };
-    Lists list;
-    Selects selector;
-    Tabs tabs;
-    CheckLists checks;
-    Hue_Edit hue;
-    Color_Edit color;
-    const char* const labels[] = {"one", nullptr};
-    Fill_In(list), Fill_In(selector), Fill_In(tabs), Fill_In(checks), Fill_In(hue), Fill_In(color);
-    list.Grow(1, FLAG_OWN_IMAGES), checks.List = labels;
-    selector.Grow(1, FLAG_OWN_IMAGES);
-    hue.Flag = tabs.Flag = checks.Flag = FLAG_OWN_IMAGES;
-    check_part(list, list.Frame), check_part(list, *list.Item[0]);
-    check_part(selector, selector.Frame), check_part(selector, *selector.Item[0]);
-    check_part(tabs, tabs.Box), check_part(checks, checks.Box);
-    check_part(hue, hue.Frame), check_part(color, color.Frame);
+    const auto frame = [](auto& control) -> auto& { return control.Frame; };
+    const auto item = [](auto& control) -> auto& { return *control.Item[0]; };
+    const auto box = [](auto& control) -> auto& { return control.Box; };
+    check(Lists(), frame), check(Lists(), item), check(Selects(), frame), check(Selects(), item);
+    check(Tabs(), box), check(CheckLists(), box), check(Hue_Edit(), frame), check(Color_Edit(), frame);
 }
 
 TEST(Failures, Of_A_Font_Are_Reported_Once) {
     Test_Window window(300, 200);
     Report_Catcher reports;
     Call_Spy spy;
+    Boxs box, stock;
+    Fill_In(box), Fill_In(stock);
+    stock.Font_Name = stock.Font_Weight = nullptr, stock.Font_Size = 0;
+    stock.Init(window);
     spy.Fail("CreateFontIndirectW");
-    Boxs box;
-    Fill_In(box);
-    box.Font_Name = "Face";
     box.Init(window);
     EXPECT_EQ(box.Font, nullptr);
     EXPECT_EQ(reports.Take(),
-              "7:WARNING: in Z_Create_Font()|7:Unable to allocate font:(name:Face height:-13 weight:700 )");
+              "7:WARNING: in Z_Create_Font()|7:Unable to allocate font:(name:Arial height:-13 weight:700 )");
+    const Picture in_stock_font = window.After([&] { stock.Draw(); });
+    EXPECT_TRUE(Same(window.After([&] { box.Draw(); }), in_stock_font));
     spy.Fail("CreateFontIndirectW");
     EXPECT_EQ(Z_Create_Font(window, "Other", nullptr, nullptr, 33), nullptr);
     EXPECT_EQ(reports.Take(), "");
-    Boxs stock;
-    Fill_In(stock);
-    stock.Font_Name = stock.Font_Weight = nullptr, stock.Font_Size = 0;
-    stock.Init(window);
-    const Picture got = window.After([&] { box.Draw(); }), wanted = window.After([&] { stock.Draw(); });
-    EXPECT_TRUE(Same(got, wanted)) << "in the stock font";
     box.Init(window);
-    EXPECT_NE(box.Font, nullptr);
+    const HFONT made = box.Font;
+    EXPECT_NE(made, nullptr);
+    box.Font_Size = 14, box.Init(window);
+    EXPECT_NE(box.Font, made) << "of another size";
 }
 
 /// The last of this program: what it loses stays lost.

@@ -2,7 +2,7 @@
 #include <string>
 
 #include "Galdren_Tools.h"
-#include "tests/support/spy.h"
+#include "tests/support/controls.h"
 #include "tests/support/window.h"
 
 using namespace galdren_test;
@@ -11,16 +11,11 @@ namespace {
 
 constexpr short Left = 30, Bottom = 25;
 
-void Place(Tools& control, int width, int height, unsigned long flag) {
-    control.X = Left, control.Y = Bottom, control.Flag = flag, control.Name = "Caption";
-    control.Width = static_cast<short>(width), control.Height = static_cast<short>(height);
-    control.Font_Name = "Arial", control.Font_Size = 10;
-}
-
 /// A set ready but for `Init`.
 struct Row : Tabs {
     explicit Row(int count, int width = 300, int height = 40, unsigned long flag = 0) {
-        Place(*this, width, height, flag);
+        Place(*this, "Caption", Left, Bottom, width, height, flag);
+        Font_Size = 10;
         EXPECT_EQ(Grow(count, 0), 1);
         for (int i = 0; i < count; ++i)
             Item[i]->Name = i % 2 ? "Odd" : "Even & long";
@@ -30,64 +25,11 @@ struct Row : Tabs {
 
 }  // namespace
 
-TEST(Tab_Items, Show_Images_Of_The_Size_That_Init_Saw) {
-    Test_Window window(260, 90);
-    window.Point_At(0, 0);
-    const auto expect = [&](TabItems& t, int first) {
-        const Picture shown = window.After([&] { t.Draw(); });
-        for (const auto& [x, y] : {POINT{13, 33}, POINT{13, 5}, POINT{86, 33}, POINT{60, 20}})
-            EXPECT_EQ(int(shown.At(Left + x, Bottom + y)), first + (36 - y) * 256 + x - t.Slant);
-        EXPECT_EQ(shown.At(Left + 12, Bottom + 20), Loud);
-    };
-    TabItems t;
-    const auto fill = [&](int first) {
-        t.Alloc_Graph_Normal(0);
-        for (int i = 0; i < t.Width * t.Height; ++i)
-            t.Graph_Normal[i] = static_cast<unsigned long>(first + i / t.Width * 256 + i % t.Width);
-    };
-    Place(t, 100, 37, 0);
-    t.Name = nullptr, t.Slant = 9;
-    fill(0x100000), t.Init(window), expect(t, 0x100000);
-    fill(0x200000), t.Init(window), expect(t, 0x100000);
-    TabItems copy(t);
-    t.Width = 200;
-    EXPECT_EQ(window.After([&] { t.Draw(); }).At(Left + 40, Bottom + 20), 0x969696u) << "not read beyond";
-    t.Flag |= FLAG_STATIC, t.Init(window), t.Flag &= ~FLAG_STATIC, t.Init(window), t.Draw();
-    t.Width = 100, t.Init(window), expect(t, 0x200000);
-    expect(copy, 0x100000);
-}
-
-TEST(Tab_Items, Have_An_Edge_That_Joins_The_Page_In_Front) {
-    Test_Window window(200, 90);
-    TabItems t;
-    Place(t, 100, 37, 0);
-    t.Init(window);
-    for (const bool front : {false, true}) {
-        t.Value = front;
-        const Picture drawn = window.After([&] { t.Draw(); });
-        const Picture edge =
-            window.After([&] { t.Cadre(0, front, 1, Left, Left + 100, Bottom, Bottom + 37); });
-        for (int y = Bottom - 3; y <= Bottom; ++y)
-            EXPECT_EQ(edge.At(Left + 50, y), drawn.At(Left + 50, y)) << front << ' ' << y;
-    }
-}
-
 /// A tab that lights up paints over the end of its neighbour.
 TEST(Tab_Sets, Show_The_Same_After_A_Press_As_Painted_Anew) {
     Test_Window window(420, 120);
     Row s(6, 380, 30);
-    s.Font_Name = "Arial", s.Font_Size = 6;  // smoothed, so GDI writes it
     s.Init(window), s.Draw();
-    const auto texts_written = [](const auto& draw) {
-        const Call_Spy spy;
-        draw();
-        return spy.Count("ExtTextOutW");
-    };
-    EXPECT_EQ(texts_written([&] { s.Draw(); }), texts_written([&] {
-                  for (int i = 0; i < 6; ++i)
-                      s.Item[i]->Draw();
-              }))
-        << "each tab is painted once";
     std::mt19937 random(5);
     for (int i = 0; i < 300; ++i) {
         window.Point_At(Left + static_cast<int>(random() % 400), Bottom + static_cast<int>(random() % 40));
@@ -111,32 +53,4 @@ TEST(Tab_Sets, Show_The_Same_After_A_Press_As_Painted_Anew) {
     s.Flag = FLAG_PASSIVE;
     EXPECT_EQ(window.Changed([&] { s.Turn(0), s.Adjust(), s.Select(EVENT_PRESS); }), Nothing);
     EXPECT_EQ(s.Read(), -1);
-}
-
-TEST(Tab_Sets, Follow_The_Pointer) {
-    Test_Window window(420, 120);
-    Row s(3);
-    s.Item[2]->Flag = FLAG_PASSIVE;
-    s.Init(window);
-    enum Lit { None, First, Second, Both };
-    const struct {
-        int x, y;  // from the left and bottom edge
-        int read;
-        Lit lit;
-    } table[] = {{23, 9, -1, None},  {24, 0, 0, First},   {103, 40, 0, First}, {104, 40, 0, Both},
-                 {114, 9, 0, Both},  {115, 9, 1, Second}, {194, 9, 1, Second}, {195, 9, -1, None},
-                 {60, -1, -1, None}, {60, 41, -1, None},  {299, 9, -1, None},  {-5, 9, -1, None}};
-    for (const auto& [x, y, index, lit] : table) {
-        SCOPED_TRACE(testing::Message() << x << ' ' << y);
-        s.Draw(), window.Point_At(Left + x, Bottom + y);
-        EXPECT_EQ(s.Read(), index);
-        EXPECT_EQ(s.Select(EVENT_PRESS | EVENT_LEFT), lit != None);
-        EXPECT_EQ(s.Item[0]->Hover == 1, lit == First || lit == Both);
-        EXPECT_EQ(s.Item[1]->Hover == 1, lit == Second || lit == Both);
-        // A passive tab is painted every time.
-        const Area passive = window.Changed([&] { s.Item[2]->Select(EVENT_MOVE); });
-        EXPECT_EQ(window.Changed([&] { s.Select(EVENT_MOVE); }), passive);
-        window.Point_At(0, 0);
-        EXPECT_EQ(window.Changed([&] { EXPECT_EQ(s.Select(EVENT_MOVE), 0); }) != passive, lit != None);
-    }
 }
