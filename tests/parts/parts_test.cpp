@@ -123,6 +123,9 @@ TEST_F(Parts, Are_Described_And_Found_Where_They_Are) {
         {"color",
          {"Group = #804020", "Slider 'Red' = 128 [0 .. 255]: 128", "Slider 'Green' = 64 [0 .. 255]: 64",
           "Slider 'Blue' = 32 [0 .. 255]: 32", "Button 'RGB'"}},
+        {"hls",
+         {"Group = #804020", "Slider 'Hue' = 6 % [0 .. 100]: 5.556",
+          "Slider 'Lightness' = 32 % [0 .. 100]: 31.57", "Slider 'Saturation' = 60 % [0 .. 100]: 59.63"}},
         {"line", {"Field = 12"}},
         {"secret", {"Field secret"}},
         {"output",
@@ -222,6 +225,7 @@ TEST_F(Parts, Take_Keys_As_The_Wheel_And_Texts_As_Far_As_They_Are_Values) {
         {"bar", Whole, Right, true, "Bar = 25 [0 .. 100]: 25"},
         {"bar", Whole, Down, true, "Bar = 20 [0 .. 100]: 20"},
         {"bar", Whole, Page_Up, true, "Bar = 70 [0 .. 100]: 70"},
+        {"bar", Whole, Page_Down, true, "Bar = 20 [0 .. 100]: 20"},
         {"bar", Whole, Home, true, "Bar = 0 [0 .. 100]: 0"},
         {"bar", Whole, "200", true, "Bar = 100 [0 .. 100]: 100"},
         {"gain", Whole, " 41 dB ", true, "Slider 'Gain' = 41 dB [0 .. 100]: 41"},
@@ -255,6 +259,8 @@ TEST_F(Parts, Take_Keys_As_The_Wheel_And_Texts_As_Far_As_They_Are_Values) {
         {"color", 0, Home, true, "Slider 'Red' = 0 [0 .. 255]: 0"},
         {"color", 1, Right, true, "Slider 'Green' = 69 [0 .. 255]: 69"},
         {"color", 2, "300", true, "Slider 'Blue' = 255 [0 .. 255]: 255"},
+        {"color", 2, "50 %", false, "Slider 'Blue' = 255 [0 .. 255]: 255"},
+        {"hls", 2, "25 %", true, "Slider 'Saturation' = 25 % [0 .. 100]: 24.84"},
         {"color", Whole, "#010203", true, "Group = #010203"},
         {"line", Whole, "-34", true, "Field = -34"},
         {"line", Whole, "3.4", false, "Field = -34"},
@@ -280,6 +286,11 @@ TEST_F(Parts, Take_Keys_As_The_Wheel_And_Texts_As_Far_As_They_Are_Values) {
     EXPECT_STREQ(secret.Line, "%s%n");
     EXPECT_STREQ(line.Update(), "-34") << "the application is told";
     EXPECT_EQ(output.V_Slider.Val, output.V_Slider.End_Val);
+    output.Flag |= TEXT_H_BAR, output.V_Slider.Val = 0, output.Init(window);
+    output.Write("%s", std::string(200, 'x').c_str());
+    for (const Part_Move move : {Right, Right, Left})
+        EXPECT_TRUE(host->Parts().Step({numbers.at("output")}, move));
+    EXPECT_EQ(output.H_Slider.Val, output.H_Slider.Step) << "to the right and back";
     // Back to what a control noted last, with something else shown since.
     const Part_Place at_hue{numbers.at("hue")};
     const std::string noted = Text(at_hue);
