@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "tests/support/controls.h"
+#include "tests/support/directories.h"
 #include "tests/support/hosted.h"
 
 namespace galdren_test {
@@ -136,7 +137,15 @@ TEST_F(Handlers_Test, Rows_Follow_The_Lines_Of_A_Notch) {
     list.Grow(100, 0), selector.Grow(100, 0);
     list.Item_Height = 20;
     host->Add(list), host->Add(selector);
+    selector.Item[5]->Name = "next", selector.Current = 4;
     host->Init_All();
+    const Boxs& values = selector.Value_Box;
+    const POINT arrow{values.X + values.Width - 3, values.Y + values.Height / 2};
+    Send(WM_MOUSEMOVE, 0, arrow);
+    const Picture before_press(window);
+    Click(arrow);
+    EXPECT_EQ(selector.Current, 5);
+    EXPECT_FALSE(Same(Picture(window), before_press));
     const float top = list.Scroll_Bar.Val, step = list.Scroll_Bar.Step;
     const auto rows_after = [&](UINT lines, int delta) {
         Wheel_Setting::Set(lines);
@@ -154,7 +163,18 @@ TEST_F(Handlers_Test, Rows_Follow_The_Lines_Of_A_Notch) {
     EXPECT_NE(list.Scroll_Bar.Val, top);
     Wheel_Setting::Set(5);
     Wheel(WM_MOUSEWHEEL, -120, selector);
-    EXPECT_TRUE(selector.Current == 1 || selector.Current == 99) << "values go by a step";
+    EXPECT_TRUE(selector.Current == 6 || selector.Current == 4) << "values go by a step";
+
+    Sample_Directories sample;
+    for (int i = 10; i < 40; ++i)
+        sample.Add(std::string(200, 'x') + std::to_string(i) + "\\");
+    DirTrees tree;
+    Place(tree, nullptr, 110, 50, 200, 250);
+    host->Add(tree), host->Init(tree);
+    tree.Set(sample.Plain().c_str()), tree.Draw();
+    Wheel(WM_MOUSEWHEEL, -120, tree), Wheel(WM_MOUSEHWHEEL, 120, tree);
+    EXPECT_EQ(tree.Vertical_Bar.Val, 5 * tree.Vertical_Bar.Step);
+    EXPECT_EQ(tree.Horizontal_Bar.Val, 3 * tree.Horizontal_Bar.Step) << "characters, as the system has them";
 }
 
 TEST_F(Handlers_Test, The_Wheel_Moves_What_Lies_Its_Way) {
