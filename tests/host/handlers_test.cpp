@@ -139,8 +139,7 @@ TEST_F(Handlers_Test, Rows_Follow_The_Lines_Of_A_Notch) {
     host->Add(list), host->Add(selector);
     selector.Item[5]->Name = "next", selector.Current = 4;
     host->Init_All();
-    const Boxs& values = selector.Value_Box;
-    const POINT arrow{values.X + values.Width - 3, values.Y + values.Height / 2};
+    const POINT arrow{selector.Value_Box.X + selector.Value_Box.Width - 3, 25};
     Send(WM_MOUSEMOVE, 0, arrow);
     const Picture before_press(window);
     Click(arrow);
@@ -164,7 +163,6 @@ TEST_F(Handlers_Test, Rows_Follow_The_Lines_Of_A_Notch) {
     Wheel_Setting::Set(5);
     Wheel(WM_MOUSEWHEEL, -120, selector);
     EXPECT_TRUE(selector.Current == 6 || selector.Current == 4) << "values go by a step";
-
     Sample_Directories sample;
     for (int i = 10; i < 40; ++i)
         sample.Add(std::string(200, 'x') + std::to_string(i) + "\\");

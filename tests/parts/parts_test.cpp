@@ -473,6 +473,8 @@ TEST(Parts_Of_Trees, Are_Rows_And_A_Button) {
         EXPECT_EQ(copy.Nb_Row, tree.Nb_Row + 1);
         for (const int none : {-1, tree.Nb_Row + 0})
             EXPECT_TRUE(!tree.Open_Row(none, true) && tree.Row_Place(none).right == 0);
+        shown.host->Set_Shown(tree, false);
+        EXPECT_EQ(shown.window.Changed([&] { tree.Draw(), tree.Bring_Into_View(0); }), Nothing);
     }
 }
 
