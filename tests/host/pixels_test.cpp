@@ -37,6 +37,7 @@ TEST(Pixels_Test, Keeps_Proportions) {
     } rows[] = {
         {40, 20, {100, 100}, {100, 50}}, {20, 40, {100, 100}, {50, 100}}, {400, 200, {100, 30}, {60, 30}},
         {1000, 1, {100, 100}, {100, 1}}, {0, 0, {100, 100}, {0, 0}},      {10, 10, {0, 100}, {0, 0}},
+        {90, 1, {90, 1}, {90, 1}},
     };
     for (const auto& [width, height, room, wanted] : rows) {
         const std::vector<unsigned long> data(static_cast<std::size_t>(width * height));

@@ -25,6 +25,8 @@ using Script = std::function<void(HWND)>;
 /// Opens dialogs. Once one is painted, a script acts on it. When that, and the keys that it typed, have not
 /// ended the dialog, it is closed.
 struct Popup_Call {
+    Popup_Call() { SetCursorPos(1270, 1010); }  // or buttons that open below the pointer are lit
+
     Test_Window owner{200, 100};
     const char* caption = Caption;
     std::string text;
@@ -357,9 +359,12 @@ TEST(Dialogs, Leave_Nothing_Behind) {
     open_both(), open_both();
     const int held = Gdi_Objects();
     EXPECT_GT(held, at_first + 14) << "fonts and regions come and go";
+    const Call_Spy spy("Galdren_Tools.dll", true);
     for (int i = 0; i < 20; ++i)
         open_both();
     EXPECT_EQ(Gdi_Objects(), held);
+    EXPECT_EQ(spy.Count("GlobalAlloc"), 40) << "a template each";
+    EXPECT_EQ(spy.Count("GlobalFree"), 40);
     Tools_Lib_Cleanup();
     EXPECT_EQ(Gdi_Objects(), at_first);
 }
