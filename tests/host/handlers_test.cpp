@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "tests/support/controls.h"
-#include "tests/support/directories.h"
 #include "tests/support/hosted.h"
 
 namespace galdren_test {
@@ -163,16 +162,6 @@ TEST_F(Handlers_Test, Rows_Follow_The_Lines_Of_A_Notch) {
     Wheel_Setting::Set(5);
     Wheel(WM_MOUSEWHEEL, -120, selector);
     EXPECT_TRUE(selector.Current == 6 || selector.Current == 4) << "values go by a step";
-    Sample_Directories sample;
-    for (int i = 10; i < 40; ++i)
-        sample.Add(std::string(200, 'x') + std::to_string(i) + "\\");
-    DirTrees tree;
-    Place(tree, nullptr, 110, 50, 200, 250);
-    host->Add(tree), host->Init(tree);
-    tree.Set(sample.Plain().c_str()), tree.Draw();
-    Wheel(WM_MOUSEWHEEL, -120, tree), Wheel(WM_MOUSEHWHEEL, 120, tree);
-    EXPECT_EQ(tree.Vertical_Bar.Val, 5 * tree.Vertical_Bar.Step);
-    EXPECT_EQ(tree.Horizontal_Bar.Val, 3 * tree.Horizontal_Bar.Step) << "characters, as the system has them";
 }
 
 TEST_F(Handlers_Test, The_Wheel_Moves_What_Lies_Its_Way) {

@@ -447,6 +447,10 @@ TEST(Parts_Of_Trees, Are_Rows_And_A_Button) {
         EXPECT_EQ(shown.Text({0, last + 1}), "Button 'Refresh'");
         EXPECT_TRUE(shown.Is_Found({0, last + 1}));
 
+        shown.Wheel(WM_MOUSEWHEEL, -120, {100, 200}), shown.Wheel(WM_MOUSEHWHEEL, 120, {100, 200});
+        EXPECT_EQ(tree.Vertical_Bar.Val, 3 * tree.Vertical_Bar.Step) << "lines, as the system has them";
+        EXPECT_EQ(tree.Horizontal_Bar.Val, width == 200 ? 3 * tree.Horizontal_Bar.Step : 0);
+
         // Every row can be brought into view, and only what has to move does.
         const int page = parts.Next(tree, row, Part_Move::Page_Down) - row;
         for (const int next : {row, row + page, row - 1, last, 0, row}) {
