@@ -359,6 +359,7 @@ TEST(Access, Goes_From_Part_To_Part) {
         {list, CHILDID_SELF, NAVDIR_PREVIOUS, "Show"},
         {list, 4, NAVDIR_NEXT, "none"},
         {list, 2, NAVDIR_DOWN, "TIFF"},
+        {list, 2, NAVDIR_UP, "PNG"},
         {tabs, 1, NAVDIR_RIGHT, "Page"},
         {tabs, 3, NAVDIR_LEFT, "Page"},
     };

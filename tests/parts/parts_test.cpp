@@ -242,6 +242,7 @@ TEST_F(Parts, Take_Keys_As_The_Wheel_And_Texts_As_Far_As_They_Are_Values) {
         {"locked", Whole, "1", false, "Slider 'Fixed' read-only = 0.5 [0 .. 1]: 0.5"},
         {"choice", Whole, Left, true, "Select 'Format' = TIFF"},
         {"choice", Whole, Page_Up, true, "Select 'Format' = JPEG"},
+        {"choice", Whole, End, true, "Select 'Format' = TIFF"},
         {"choice", Whole, "TIFF", true, "Select 'Format' = TIFF"},
         {"choice", Whole, "PNG", false, "Select 'Format' = TIFF"},
         {"choice", Whole, Home, true, "Select 'Format' = JPEG"},
@@ -252,6 +253,7 @@ TEST_F(Parts, Take_Keys_As_The_Wheel_And_Texts_As_Far_As_They_Are_Values) {
         {"tabs", Whole, "Two", true, "Tab_Set = Two"},
         {"tabs", Whole, "Four", false, "Tab_Set = Two"},
         {"hue", Whole, End, true, "Slider 'Hue' = #FF000F [0 .. 100]: 99.02"},
+        {"hue", Whole, Left, true, "Slider 'Hue' = #FF002D [0 .. 100]: 97.05"},
         {"hue", Whole, "#FF0000", true, "Slider 'Hue' = #FF0000 [0 .. 100]: 0"},
         {"hue", Whole, "33.4", true, "Slider 'Hue' = #00FF01 [0 .. 100]: 33.4"},
         {"hue", Whole, "#FF00", false, "Slider 'Hue' = #00FF01 [0 .. 100]: 33.4"},
@@ -468,6 +470,10 @@ TEST(Parts_Of_Trees, Are_Rows_And_A_Button) {
             shown.Press({0, next});
             EXPECT_EQ(tree.Current, tree.Row[next].node);
         }
+        shown.host->Focus(&tree);
+        shown.Send(WM_CHAR, '+');
+        EXPECT_EQ(shown.Text({0, row}), "Row '" + long_name + "130' chosen open");
+        shown.Send(WM_CHAR, '-');
         EXPECT_EQ(shown.Text({0, row}), "Row '" + long_name + "130' chosen closed");
         EXPECT_EQ(parts.First(tree), row);
         EXPECT_EQ(shown.Describe({0, row}).level, shown.Describe({0, parent}).level + 1);
