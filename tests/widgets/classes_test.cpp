@@ -133,8 +133,7 @@ TYPED_TEST(Any_Class, Paints_Nothing_Without_A_Size) {
     for (const POINT size : {POINT{0, 66}, POINT{130, 0}}) {
         TypeParam control;
         if constexpr (requires { control.Deselect(); }) control.Deselect();
-        Put(control, 130, 66);
-        control.Init(this->window);
+        Put(control, 130, 66), control.Init(this->window);
         control.Width = static_cast<short>(size.x), control.Height = static_cast<short>(size.y);
         EXPECT_EQ(this->window.Changed([&] { Use(this->window, control); }), Nothing) << size.x;
     }

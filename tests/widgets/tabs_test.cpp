@@ -28,8 +28,7 @@ struct Row : Tabs {
 TEST(Tab_Items, Are_Painted_Of_Public_Parts) {
     Test_Window window(200, 90);
     TabItems t;
-    Place(t, nullptr, Left, Bottom, 100, 37);
-    t.Init(window);
+    Place(t, nullptr, Left, Bottom, 100, 37), t.Init(window);
     const Picture drawn = window.After([&] { t.Draw(); }), parts = window.After([&] {
         t.Cadre(0, 0, 1, Left, Left + 100, Bottom, Bottom + 37);
         t.Fill_Select(0, nullptr, 0, 1, Left + t.Slant, Left + 100 - t.Slant, Bottom, Bottom + 37);
