@@ -119,6 +119,9 @@ enum Child : long {
     Depth,
     Hidden,
     Disabled,
+    Side,
+    Pages,
+    Swatch,
     Files
 };
 
@@ -165,6 +168,9 @@ TEST(Access, Tells_What_A_Window_Is_Made_Of) {
     const Spoken root(served.window);
     EXPECT_EQ(root.Child(Apply).Shortcut(), "Alt+A");
     EXPECT_EQ(root.Child(Keep).Shortcut(), Not_Supported);
+    EXPECT_EQ(root.Child(Entry).Description(), Not_Supported);
+    served.entry.Flag |= TEXT_EDITING, served.entry.Selected = -2;
+    EXPECT_EQ(root.Child(Entry).Description(), "bc") << "what is selected";
 }
 
 bool Is_Inside(const RECT& inner, const RECT& outer) {
@@ -294,6 +300,7 @@ TEST(Access, Sets_Values_That_Fit) {
     EXPECT_EQ(root.Child(Entry).Value(), "\xE6\x97\xA5\xCC\x81\xF0\x9F\x98\x80");
     Set_Text_Code_Page(0);
     EXPECT_EQ(root.Child(Depth)->put_accValue(Number(CHILDID_SELF), nullptr), DISP_E_MEMBERNOTFOUND);
+    EXPECT_EQ(root->put_accName(Number(Apply), nullptr), DISP_E_MEMBERNOTFOUND);
 }
 
 TEST(Access, Moves_Focus_And_Selection) {
@@ -336,7 +343,7 @@ TEST(Access, Moves_Focus_And_Selection) {
 TEST(Access, Goes_From_Part_To_Part) {
     Full_Window served;
     const Spoken root(served.window);
-    const Spoken list = root.Child(Formats);
+    const Spoken list = root.Child(Formats), tabs = root.Child(Pages);
     const struct {
         const Spoken& from;
         long child;
@@ -352,6 +359,9 @@ TEST(Access, Goes_From_Part_To_Part) {
         {list, CHILDID_SELF, NAVDIR_PREVIOUS, "Show"},
         {list, 4, NAVDIR_NEXT, "none"},
         {list, 2, NAVDIR_DOWN, "TIFF"},
+        {list, 2, NAVDIR_UP, "PNG"},
+        {tabs, 1, NAVDIR_RIGHT, "Page"},
+        {tabs, 3, NAVDIR_LEFT, "Page"},
     };
     VARIANT answer;
     for (const auto& [from, child, direction, wanted] : rows) {
@@ -364,6 +374,11 @@ TEST(Access, Goes_From_Part_To_Part) {
     IDispatch* parent = nullptr;
     ASSERT_EQ(list->get_accParent(&parent), S_OK);
     EXPECT_EQ(parent, root.operator->()) << "one object for each thing, however it is found";
+    parent->Release();
+    ASSERT_TRUE(root->get_accParent(&parent) == S_OK && parent);
+    HWND framed = nullptr;
+    EXPECT_EQ(WindowFromAccessibleObject(static_cast<IAccessible*>(parent), &framed), S_OK);
+    EXPECT_EQ(framed, served.window);
     parent->Release();
 }
 

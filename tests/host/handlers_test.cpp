@@ -136,7 +136,14 @@ TEST_F(Handlers_Test, Rows_Follow_The_Lines_Of_A_Notch) {
     list.Grow(100, 0), selector.Grow(100, 0);
     list.Item_Height = 20;
     host->Add(list), host->Add(selector);
+    selector.Item[5]->Name = "next", selector.Current = 4;
     host->Init_All();
+    const POINT arrow{selector.Value_Box.X + selector.Value_Box.Width - 3, 25};
+    Send(WM_MOUSEMOVE, 0, arrow);
+    const Picture before_press(window);
+    Click(arrow);
+    EXPECT_EQ(selector.Current, 5);
+    EXPECT_FALSE(Same(Picture(window), before_press));
     const float top = list.Scroll_Bar.Val, step = list.Scroll_Bar.Step;
     const auto rows_after = [&](UINT lines, int delta) {
         Wheel_Setting::Set(lines);
@@ -154,7 +161,7 @@ TEST_F(Handlers_Test, Rows_Follow_The_Lines_Of_A_Notch) {
     EXPECT_NE(list.Scroll_Bar.Val, top);
     Wheel_Setting::Set(5);
     Wheel(WM_MOUSEWHEEL, -120, selector);
-    EXPECT_TRUE(selector.Current == 1 || selector.Current == 99) << "values go by a step";
+    EXPECT_TRUE(selector.Current == 6 || selector.Current == 4) << "values go by a step";
 }
 
 TEST_F(Handlers_Test, The_Wheel_Moves_What_Lies_Its_Way) {

@@ -418,6 +418,7 @@ TEST_F(Host_Test, A_Picture_Held_Is_Painted_Where_It_Changed) {
         [&] { host->Set_On_Paint({}); },
         [&] { host->Add(c), host->Init_All(), Paint(0, 0, 1, 1), remove_c(); },
         [&] { host->Message(WM_SIZE, 0, 0, result); },
+        [&] { host->Message(WM_DISPLAYCHANGE, 32, 0, result); },
         [&] { window.Resize(client_width + 10, client_height); },
         [&] { host->Set_On_Paint([this] { host->Set_On_Paint({}); }), Paint(0, 0, 1, 1); }};
     for (const auto& change : changes) {

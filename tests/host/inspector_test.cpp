@@ -172,8 +172,8 @@ TEST(Inspector, Follows_Controls_That_Move_Hide_And_Go) {
 
 TEST(Inspector, Goes_With_Host_And_Window) {
     Inspected first, second;
-    Inspect(*first.host, true);
     Inspect(*second.host, true);
+    Inspect(*first.host, true);
     first.Point_At(50, 25);
     EXPECT_TRUE(first.Is_Outlined(10, 10, 91, 41));
     second.Point_At(50, 25);
@@ -184,7 +184,11 @@ TEST(Inspector, Goes_With_Host_And_Window) {
     EXPECT_FALSE(first.Is_Outlined(10, 10, 91, 41)) << "there is one pointer";
     second.host.reset();
     EXPECT_FALSE(Panel_Of(second.window));
-    EXPECT_TRUE(Panel_Of(first.window));
+    EXPECT_TRUE(Is_Inspected(*first.host));
+    const HWND panel = Panel_Of(first.window);
+    EXPECT_EQ(SendMessageA(panel, WM_MOUSEACTIVATE, 0, 0), MA_NOACTIVATE);
+    SendMessageA(panel, WM_CLOSE, 0, 0);
+    EXPECT_TRUE(IsWindow(panel)) << "it goes with the window alone";
     first.window.Close();
     EXPECT_FALSE(Is_Inspected(*first.host));
     Inspect(*first.host, true);

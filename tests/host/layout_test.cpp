@@ -210,6 +210,7 @@ TEST(Host_Layout_Test, The_Window_Is_Not_Smaller_Than_All_Need) {
     };
     EXPECT_EQ(Lay_Out(host, Row(0, {Least(box, 0, 90), label})).cy, 90) << "as high as the highest needs";
     EXPECT_EQ(least_width(BUTTON_LAMP), least_width(0) + 8) << "a lamp takes room";
+    EXPECT_LT(least_width(FLAG_VERTICAL), least_width(0)) << "letters below each other";
 }
 
 }  // namespace

@@ -80,6 +80,7 @@ TEST_F(Shown_Test, What_Is_Disabled_Is_Half_Of_Itself) {
         for (Tools* control : some)
             host->Set_Enabled(*control, false);
         EXPECT_EQ(host->Current(), nullptr) << "who was disabled has lost the pointer";
+        EXPECT_TRUE(host->Is_Enabled(tabs) && !host->Is_Enabled(button) && !host->Is_Enabled(Buttons()));
         const Picture disabled = Painted();
         // Half of the ground, and half of what a passive control shows there.
         EXPECT_EQ(disabled.At(125, 22), 0x7391AFu);

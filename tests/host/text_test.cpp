@@ -268,19 +268,27 @@ TEST(Host_Text, The_Mouse_Works_On_Text) {
     Set_Text_Menu(words);
     static wchar_t shown[30];
     static UINT undo_state;
-    SetTimer(typing.window, 1, 20, [](HWND window, UINT, UINT_PTR timer, DWORD) {
+    static RECT menu_place;
+    const TIMERPROC choose = [](HWND window, UINT, UINT_PTR timer, DWORD) {
         KillTimer(window, timer);
-        const auto menu =
-            reinterpret_cast<HMENU>(SendMessageW(FindWindowW(L"#32768", nullptr), MN_GETHMENU, 0, 0));
+        const HWND shows = FindWindowW(L"#32768", nullptr);
+        GetWindowRect(shows, &menu_place);
+        const auto menu = reinterpret_cast<HMENU>(SendMessageW(shows, MN_GETHMENU, 0, 0));
         GetMenuStringW(menu, 8, shown, static_cast<int>(std::size(shown)), MF_BYPOSITION);
         undo_state = GetMenuState(menu, 0, MF_BYPOSITION);
         PostMessageW(window, WM_KEYDOWN, 'W', 1);
-    });
-    typing.other.Selected = 0;
-    SendMessageW(typing.window, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(HWND(typing.window)),
-                 MAKELPARAM(at.x, at.y));
+    };
+    POINT at_caret{caret.left, side - 1 - caret.top};
+    ClientToScreen(typing.window, &at_caret);
+    for (const bool by_keys : {false, true}) {
+        typing.other.Selected = 0;
+        SetTimer(typing.window, 1, 20, choose);
+        SendMessageW(typing.window, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(HWND(typing.window)),
+                     by_keys ? MAKELPARAM(-1, -1) : MAKELPARAM(at.x, at.y));
+        EXPECT_EQ(typing.other.Selected, -7) << "Select all";
+        EXPECT_EQ(menu_place.left, by_keys ? at_caret.x : at.x);
+    }
     Set_Text_Menu({});
-    EXPECT_EQ(typing.other.Selected, -7) << "Select all";
     EXPECT_EQ(shown, std::wstring(L"Всё (&W)\tCtrl+A"));
     EXPECT_TRUE(undo_state & MF_GRAYED) << "nothing was typed";
     SetCursorPos(before.x, before.y);

@@ -123,6 +123,9 @@ TEST_F(Parts, Are_Described_And_Found_Where_They_Are) {
         {"color",
          {"Group = #804020", "Slider 'Red' = 128 [0 .. 255]: 128", "Slider 'Green' = 64 [0 .. 255]: 64",
           "Slider 'Blue' = 32 [0 .. 255]: 32", "Button 'RGB'"}},
+        {"hls",
+         {"Group = #804020", "Slider 'Hue' = 6 % [0 .. 100]: 5.556",
+          "Slider 'Lightness' = 32 % [0 .. 100]: 31.57", "Slider 'Saturation' = 60 % [0 .. 100]: 59.63"}},
         {"line", {"Field = 12"}},
         {"secret", {"Field secret"}},
         {"output",
@@ -222,6 +225,7 @@ TEST_F(Parts, Take_Keys_As_The_Wheel_And_Texts_As_Far_As_They_Are_Values) {
         {"bar", Whole, Right, true, "Bar = 25 [0 .. 100]: 25"},
         {"bar", Whole, Down, true, "Bar = 20 [0 .. 100]: 20"},
         {"bar", Whole, Page_Up, true, "Bar = 70 [0 .. 100]: 70"},
+        {"bar", Whole, Page_Down, true, "Bar = 20 [0 .. 100]: 20"},
         {"bar", Whole, Home, true, "Bar = 0 [0 .. 100]: 0"},
         {"bar", Whole, "200", true, "Bar = 100 [0 .. 100]: 100"},
         {"gain", Whole, " 41 dB ", true, "Slider 'Gain' = 41 dB [0 .. 100]: 41"},
@@ -238,6 +242,7 @@ TEST_F(Parts, Take_Keys_As_The_Wheel_And_Texts_As_Far_As_They_Are_Values) {
         {"locked", Whole, "1", false, "Slider 'Fixed' read-only = 0.5 [0 .. 1]: 0.5"},
         {"choice", Whole, Left, true, "Select 'Format' = TIFF"},
         {"choice", Whole, Page_Up, true, "Select 'Format' = JPEG"},
+        {"choice", Whole, End, true, "Select 'Format' = TIFF"},
         {"choice", Whole, "TIFF", true, "Select 'Format' = TIFF"},
         {"choice", Whole, "PNG", false, "Select 'Format' = TIFF"},
         {"choice", Whole, Home, true, "Select 'Format' = JPEG"},
@@ -248,6 +253,7 @@ TEST_F(Parts, Take_Keys_As_The_Wheel_And_Texts_As_Far_As_They_Are_Values) {
         {"tabs", Whole, "Two", true, "Tab_Set = Two"},
         {"tabs", Whole, "Four", false, "Tab_Set = Two"},
         {"hue", Whole, End, true, "Slider 'Hue' = #FF000F [0 .. 100]: 99.02"},
+        {"hue", Whole, Left, true, "Slider 'Hue' = #FF002D [0 .. 100]: 97.05"},
         {"hue", Whole, "#FF0000", true, "Slider 'Hue' = #FF0000 [0 .. 100]: 0"},
         {"hue", Whole, "33.4", true, "Slider 'Hue' = #00FF01 [0 .. 100]: 33.4"},
         {"hue", Whole, "#FF00", false, "Slider 'Hue' = #00FF01 [0 .. 100]: 33.4"},
@@ -255,6 +261,8 @@ TEST_F(Parts, Take_Keys_As_The_Wheel_And_Texts_As_Far_As_They_Are_Values) {
         {"color", 0, Home, true, "Slider 'Red' = 0 [0 .. 255]: 0"},
         {"color", 1, Right, true, "Slider 'Green' = 69 [0 .. 255]: 69"},
         {"color", 2, "300", true, "Slider 'Blue' = 255 [0 .. 255]: 255"},
+        {"color", 2, "50 %", false, "Slider 'Blue' = 255 [0 .. 255]: 255"},
+        {"hls", 2, "25 %", true, "Slider 'Saturation' = 25 % [0 .. 100]: 24.84"},
         {"color", Whole, "#010203", true, "Group = #010203"},
         {"line", Whole, "-34", true, "Field = -34"},
         {"line", Whole, "3.4", false, "Field = -34"},
@@ -280,6 +288,11 @@ TEST_F(Parts, Take_Keys_As_The_Wheel_And_Texts_As_Far_As_They_Are_Values) {
     EXPECT_STREQ(secret.Line, "%s%n");
     EXPECT_STREQ(line.Update(), "-34") << "the application is told";
     EXPECT_EQ(output.V_Slider.Val, output.V_Slider.End_Val);
+    output.Flag |= TEXT_H_BAR, output.V_Slider.Val = 0, output.Init(window);
+    output.Write("%s", std::string(200, 'x').c_str());
+    for (const Part_Move move : {Right, Right, Left})
+        EXPECT_TRUE(host->Parts().Step({numbers.at("output")}, move));
+    EXPECT_EQ(output.H_Slider.Val, output.H_Slider.Step) << "to the right and back";
     // Back to what a control noted last, with something else shown since.
     const Part_Place at_hue{numbers.at("hue")};
     const std::string noted = Text(at_hue);
@@ -436,6 +449,10 @@ TEST(Parts_Of_Trees, Are_Rows_And_A_Button) {
         EXPECT_EQ(shown.Text({0, last + 1}), "Button 'Refresh'");
         EXPECT_TRUE(shown.Is_Found({0, last + 1}));
 
+        shown.Wheel(WM_MOUSEWHEEL, -120, {100, 200}), shown.Wheel(WM_MOUSEHWHEEL, 120, {100, 200});
+        EXPECT_EQ(tree.Vertical_Bar.Val, 3 * tree.Vertical_Bar.Step) << "lines, as the system has them";
+        EXPECT_EQ(tree.Horizontal_Bar.Val, width == 200 ? 3 * tree.Horizontal_Bar.Step : 0);
+
         // Every row can be brought into view, and only what has to move does.
         const int page = parts.Next(tree, row, Part_Move::Page_Down) - row;
         for (const int next : {row, row + page, row - 1, last, 0, row}) {
@@ -453,6 +470,10 @@ TEST(Parts_Of_Trees, Are_Rows_And_A_Button) {
             shown.Press({0, next});
             EXPECT_EQ(tree.Current, tree.Row[next].node);
         }
+        shown.host->Focus(&tree);
+        shown.Send(WM_CHAR, '+');
+        EXPECT_EQ(shown.Text({0, row}), "Row '" + long_name + "130' chosen open");
+        shown.Send(WM_CHAR, '-');
         EXPECT_EQ(shown.Text({0, row}), "Row '" + long_name + "130' chosen closed");
         EXPECT_EQ(parts.First(tree), row);
         EXPECT_EQ(shown.Describe({0, row}).level, shown.Describe({0, parent}).level + 1);
@@ -462,6 +483,8 @@ TEST(Parts_Of_Trees, Are_Rows_And_A_Button) {
         EXPECT_EQ(copy.Nb_Row, tree.Nb_Row + 1);
         for (const int none : {-1, tree.Nb_Row + 0})
             EXPECT_TRUE(!tree.Open_Row(none, true) && tree.Row_Place(none).right == 0);
+        shown.host->Set_Shown(tree, false);
+        EXPECT_EQ(shown.window.Changed([&] { tree.Draw(), tree.Bring_Into_View(0); }), Nothing);
     }
 }
 

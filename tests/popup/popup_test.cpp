@@ -381,6 +381,8 @@ TEST(Dialogs, Are_Read_And_Answered_By_Screen_Readers) {
                                      "  No: push button, focusable (Press)\n");
                            EXPECT_EQ(root.Child(2).Shortcut(), "Alt+Y");
                            EXPECT_EQ(root.At(root.Child(3).Middle()).Name(), "No");
+                           const RECT all = root.Place();
+                           EXPECT_EQ(root.At({all.left + 2, all.top + 2}).Role(), ROLE_SYSTEM_DIALOG);
                            EXPECT_EQ(root.Child(2).Act(), S_OK);
                        }),
               1);

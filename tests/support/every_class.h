@@ -45,6 +45,8 @@ struct Every_Class {
         Put(hue, "Hue", 0, 280, 240, 40, 0);
         color.Value = 0xFF204080;
         Put(color, nullptr, 0, 330, 240, 100, COLOR_EDIT_MODE_BUTTON);
+        hls.Value = color.Value;
+        Put(hls, nullptr, 450, 160, 140, 100, COLOR_EDIT_HLS);
         Put(line, nullptr, 250, 240, 180, 30, TEXT_SINGLE_LINE | TEXT_INTEGER | TEXT_REPORT_CHANGES);
         Put(secret, nullptr, 250, 280, 180, 30, TEXT_SINGLE_LINE | TEXT_PASSWORD);
         Put(output, "Log", 250, 320, 180, 110, TEXT_V_BAR);
@@ -58,8 +60,8 @@ struct Every_Class {
         visit("lights", lights), visit("tab", tab), visit("checks", checks), visit("single", single);
         visit("bar", bar), visit("gain", gain), visit("log", log), visit("locked", locked);
         visit("choice", choice), visit("list", list), visit("row", row), visit("tabs", tabs);
-        visit("hue", hue), visit("color", color), visit("line", line), visit("secret", secret);
-        visit("output", output);
+        visit("hue", hue), visit("color", color), visit("hls", hls), visit("line", line);
+        visit("secret", secret), visit("output", output);
     }
     /// Adds them to a host, initialises them and writes into the fields.
     void Show_In(Host& host) {
@@ -81,7 +83,7 @@ struct Every_Class {
     Lists list, row;
     Tabs tabs;
     Hue_Edit hue;
-    Color_Edit color;
+    Color_Edit color, hls;
     Texts line, secret, output;
 
   private:

@@ -130,6 +130,7 @@ std::string Spoken::Name() const { return Ask(*object_, &IAccessible::get_accNam
 std::string Spoken::Value() const { return Ask(*object_, &IAccessible::get_accValue, Id()); }
 std::string Spoken::Action() const { return Ask(*object_, &IAccessible::get_accDefaultAction, Id()); }
 std::string Spoken::Shortcut() const { return Ask(*object_, &IAccessible::get_accKeyboardShortcut, Id()); }
+std::string Spoken::Description() const { return Ask(*object_, &IAccessible::get_accDescription, Id()); }
 
 long Spoken::Role() const {
     VARIANT role = Number(0);

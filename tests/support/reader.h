@@ -37,6 +37,7 @@ class Spoken {
     std::string Value() const;
     std::string Action() const;
     std::string Shortcut() const;
+    std::string Description() const;
     long Role() const;
     long State() const;
     /// On the screen.

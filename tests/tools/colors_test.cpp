@@ -23,6 +23,7 @@ TEST(Colors, Are_Made_And_Set_From_Every_Source) {
     Expect_Channels(Colors(short{-5}), -5, -5, -5, 0);
     Expect_Channels(Colors(0xFF030201U), 1, 2, 3, 255);
     Expect_Channels(Colors(Byte{1}, Byte{2}, Byte{3}), 1, 2, 3, 0);
+    Expect_Channels(Colors(Byte{1}, Byte{2}, Byte{3}, Byte{4}), 1, 2, 3, 4);
     Expect_Channels(Colors(1, 2, 65539, 0x18000), 1, 2, 3, -32768);
     Expect_Channels(Colors(Bytes), 1, 2, 255, 0);
     Expect_Channels(Colors(Numbers), -1, 300, 7, 0);
@@ -34,6 +35,8 @@ TEST(Colors, Are_Made_And_Set_From_Every_Source) {
     c.set(Numbers), Expect_Channels(c, -1, 300, 7, 77);
     c = Byte{6}, Expect_Channels(c, 6, 6, 6, 77);
     c = 0xFF030201U, Expect_Channels(c, 1, 2, 3, 77);
+    c = short{-8}, Expect_Channels(c, -8, -8, -8, 77);
+    c.set(Byte{5}, Byte{6}, Byte{7}, Byte{8}), Expect_Channels(c, 5, 6, 7, 8);
     c.set(-1, 2, 3, 65536), Expect_Channels(c, -1, 2, 3, 0);
 }
 

@@ -129,6 +129,16 @@ TYPED_TEST(Any_Class, Survives_Lack_Of_Memory_And_Gives_Everything_Back) {
     });
 }
 
+TYPED_TEST(Any_Class, Paints_Nothing_Without_A_Size) {
+    for (const POINT size : {POINT{0, 66}, POINT{130, 0}}) {
+        TypeParam control;
+        if constexpr (requires { control.Deselect(); }) control.Deselect();
+        Put(control, 130, 66), control.Init(this->window);
+        control.Width = static_cast<short>(size.x), control.Height = static_cast<short>(size.y);
+        EXPECT_EQ(this->window.Changed([&] { Use(this->window, control); }), Nothing) << size.x;
+    }
+}
+
 /// Calls that are reported by a class which calls itself `name` in them.
 template <class Control>
 void Expect_Misuse(const std::string& name, const std::string& type) {

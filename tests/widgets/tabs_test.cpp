@@ -25,6 +25,20 @@ struct Row : Tabs {
 
 }  // namespace
 
+TEST(Tab_Items, Are_Painted_Of_Public_Parts) {
+    Test_Window window(200, 90);
+    TabItems t;
+    Place(t, nullptr, Left, Bottom, 100, 37), t.Init(window);
+    const Picture drawn = window.After([&] { t.Draw(); }), parts = window.After([&] {
+        t.Cadre(0, 0, 1, Left, Left + 100, Bottom, Bottom + 37);
+        t.Fill_Select(0, nullptr, 0, 1, Left + t.Slant, Left + 100 - t.Slant, Bottom, Bottom + 37);
+    });
+    EXPECT_TRUE(Same(parts, drawn));
+    t.Flag = FLAG_OUTLINE;
+    const Picture thin = window.After([&] { t.Cadre_Outline(Left, Left + 100, Bottom, Bottom + 37); });
+    EXPECT_TRUE(Same(window.After([&] { t.Draw(); }), thin));
+}
+
 /// A tab that lights up paints over the end of its neighbour.
 TEST(Tab_Sets, Show_The_Same_After_A_Press_As_Painted_Anew) {
     Test_Window window(420, 120);

@@ -117,6 +117,11 @@ TEST(Text_Editing, Takes_What_It_Can_Of_Bad_Text) {
     field.Press({All, Cut, Copy});
     EXPECT_STREQ(field.Line, "mine");
     EXPECT_EQ(Clipboard(), L"held") << "passwords are not copied";
+    field.Read("sec\xC3\xA9t");
+    field.Drag(field.Place_Of(5), field.Place_Of(5));
+    EXPECT_EQ(field.Cursor_Pos, 5) << "behind four marks are five bytes";
+    field.Insert("i\x1B!\n"), field.Insert(nullptr);
+    EXPECT_STREQ(field.Line, "sec\xC3\xA9i!t") << "no key is pressed here either";
 }
 
 TEST(Text_Editing, The_Pointer_Selects_In_The_Input_Line) {
@@ -179,6 +184,14 @@ TEST(Text_Editing, The_Pointer_Selects_Output_Lines) {
     field.Write("more");
     field.Press({Copy});
     EXPECT_EQ(Clipboard(), L"line 37\r\nline 38") << "it goes up with its lines";
+    const POINT word = row(1, left + 2);
+    field.Drag(word, word);
+    for (const wchar_t* wanted : {L"line", L"line 39"}) {
+        field.Point(EVENT_PRESS, word), field.Point(EVENT_MOVE, word), field.Press({Copy});
+        EXPECT_EQ(Clipboard(), wanted) << "pressed again";
+    }
+    field.Point(EVENT_PRESS, field.Place_Of(0)), field.Point(EVENT_MOVE, word);
+    EXPECT_FALSE(field.Can_Take(Copy)) << "a press in the input line takes it from the output";
     field.Point(EVENT_PRESS, row(0, field.X + 200));
     for (int i = 0; i < 60; ++i)
         field.Point(EVENT_DRAG, {field.X + 200, 259});
