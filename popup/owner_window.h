@@ -39,6 +39,7 @@ struct Dress {
     unsigned short scale = 0;     ///< in percent; 0 means 100
     const Theme* look = nullptr;  ///< null means none
 };
+
 /// Has a window keep them for its dialogs.
 void Keep_Dress(HWND window, const Dress& dress);
 
