@@ -1,7 +1,6 @@
 // soak [--steps N] [--seed N]: uses every class at random, as applications do and as they should not. What
 // has to hold is watched all the time: nothing outside the controls is painted, nothing stays locked, nothing
-// is lost. A run of 1000 steps has its own seed, the next run the next one, and says how it can be replayed
-// by itself before it begins.
+// is lost. Each run of 1000 steps has a seed of its own, and says before it begins how it can be replayed.
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
@@ -107,12 +106,15 @@ class Stage {
         mask.assign(Size(), Is_Open());
     }
     void Allow_All() { mask.assign(Size(), true); }
-    /// Lets a control paint a generous way around: small ones have frames beyond their rectangle, upright
-    /// captions may be higher, and tabs join with what is beside them. How far just is a matter of recorded
-    /// pictures.
-    void Allow(const Tools& control) {
+    /// Lets a control paint a generous way around, for frames, upright captions and what joins; a set of tabs
+    /// also around each of these, which may be larger than the set.
+    template <class Control>
+    void Allow(const Control& control) {
         const int x = 24 + 2 * std::abs(int{control.Border}), y = control.Flag & FLAG_VERTICAL ? 9999 : x;
         Allow(control.X - x, control.X + control.Width + x, control.Y - y, control.Y + control.Height + y);
+        if constexpr (std::is_same_v<Control, Tabs>)
+            for (TabItems** item = control.Item; item && *item; ++item)
+                Allow(**item);
     }
     void Check_Pixels() {
         const Picture now(window);
