@@ -321,6 +321,7 @@ void Popup::Lay_Out(HWND dialog, int width, int height) {
 
 void Popup::Fill() {
     constexpr std::size_t Longest_Whole = 256;
+    field.Cleanup();
     field.Flag |= FLAG_NO_BODY;  // nothing shows yet, and thousands of lines need not be painted one by one
     if (message && std::strlen(message) > Longest_Whole) {
         Write_Lines(field, message);
