@@ -10,9 +10,7 @@
 #include <mutex>
 #include <new>
 
-#include "util/error.h"
-#include "util/program.h"
-#include "util/program_name.h"
+#include "util/page_in_use.h"
 
 namespace {
 
@@ -141,17 +139,17 @@ const Code_Page& Page() {
 
 }  // namespace
 
-void Set_Text_Code_Page(unsigned number) {
+galdren::Page_Choice galdren::Use_Page(unsigned number) {
     if (number == 0 || number == GetACP()) {
         Page_In_Use = nullptr;
     } else if (!Code_Page::Is_Usable(number)) {
-        Error_Fct(hwnd, ERROR_LEVEL_WARNING, "Set_Text_Code_Page(%u): there is no such code page", number);
+        return Page_Choice::Unknown;
     } else if (const Code_Page* const page = Read_Page(number)) {
         Page_In_Use = page;
     } else {
-        Error_Fct(hwnd, ERROR_LEVEL_MEMORY, "Set_Text_Code_Page(%u): no memory", number);
+        return Page_Choice::No_Memory;
     }
-    galdren::Name_Program();
+    return Page_Choice::Used;
 }
 
 unsigned Text_Code_Page() { return Page().number; }

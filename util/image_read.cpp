@@ -1,5 +1,4 @@
-#include "util/image.h"
-
+// Image files: from their bytes on the disk to a picture or a report.
 #include <io.h>
 
 #include <cerrno>
@@ -8,6 +7,7 @@
 #include <new>
 
 #include "util/error.h"
+#include "util/image.h"
 #include "util/image_decode.h"
 #include "util/open_file.h"
 #include "util/program.h"
