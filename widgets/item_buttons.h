@@ -2,9 +2,11 @@
 /// Buttons that are the items of others, of which there may be thousands.
 #pragma once
 
+#include <windows.h>
+
 #include <span>
 
-#include "widgets/button.h"
+class Buttons;
 
 namespace galdren {
 
