@@ -2,9 +2,6 @@
 
 #include <utility>
 
-#include "parts/access_object.h"
-#include "parts/access_system.h"
-
 namespace galdren {
 
 namespace {
@@ -15,18 +12,6 @@ UINT Carrying_Message() {
     static const UINT message = RegisterWindowMessageA("Galdren_Access_Call");
     return message;
 }
-
-/// Holds a lock for a scope.
-class Locked {
-  public:
-    explicit Locked(SRWLOCK& taken) : lock(taken) { AcquireSRWLockExclusive(&lock); }
-    ~Locked() { ReleaseSRWLockExclusive(&lock); }
-    Locked(const Locked&) = delete;
-    Locked& operator=(const Locked&) = delete;
-
-  private:
-    SRWLOCK& lock;
-};
 
 }  // namespace
 
@@ -40,32 +25,8 @@ struct Access_Link::Call {
     std::atomic<bool> done = false;
 };
 
-void Release_Object::operator()(Access_Object* object) const { object->Release(); }
-
 Access_Link::Access_Link(Part_Window& window_served)
     : served(&window_served), window(window_served.Window()), thread(GetCurrentThreadId()) {}
-
-void Access_Link::Cut() {
-    served = nullptr;
-    window = nullptr;
-    // Without memory for the list, clients of other processes keep their objects, which answer with errors.
-    Without_Exceptions([this] {
-        for (const Object_Holder& object : Held_Objects())
-            Disconnect_Clients(object.get());
-        return S_OK;
-    });
-}
-
-std::vector<Object_Holder> Access_Link::Held_Objects() {
-    const Locked locked(lock);
-    std::vector<Object_Holder> held;
-    held.reserve(objects.size());
-    for (const auto& [serial, object] : objects) {
-        object->AddRef();
-        held.emplace_back(object);
-    }
-    return held;
-}
 
 HRESULT Access_Link::Ask(const Access_Question& question, Access_Answer& answer) {
     if (GetCurrentThreadId() == thread) return Answer_Here(question, answer);
@@ -117,26 +78,6 @@ std::shared_ptr<Access_Link::Call> Access_Link::Withdraw(WPARAM number) {
     std::shared_ptr<Call> call = std::move(found->second);
     calls.erase(found);
     return call;
-}
-
-Object_Holder Access_Link::Object(unsigned serial) {
-    const Locked locked(lock);
-    const auto known = objects.find(serial);
-    if (known != objects.end()) {
-        known->second->AddRef();
-        return Object_Holder(known->second);
-    }
-    auto object = std::make_unique<Access_Object>(shared_from_this(), serial);
-    objects.emplace(serial, object.get());
-    return Object_Holder(object.release());
-}
-
-ULONG Access_Link::Count_Down(Access_Object& object) {
-    // Within the lock, so that nobody gets an object whose last use has just ended.
-    const Locked locked(lock);
-    const ULONG left = --object.uses;
-    if (left == 0) objects.erase(object.serial);
-    return left;
 }
 
 }  // namespace galdren

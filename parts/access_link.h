@@ -77,6 +77,17 @@ class Access_Link : public std::enable_shared_from_this<Access_Link> {
 
   private:
     struct Call;
+    // Holds a lock for a scope.
+    class Locked {
+      public:
+        explicit Locked(SRWLOCK& taken) : lock(taken) { AcquireSRWLockExclusive(&lock); }
+        ~Locked() { ReleaseSRWLockExclusive(&lock); }
+        Locked(const Locked&) = delete;
+        Locked& operator=(const Locked&) = delete;
+
+      private:
+        SRWLOCK& lock;
+    };
 
     HRESULT Answer_Here(const Access_Question& question, Access_Answer& answer);
     WPARAM Park(std::shared_ptr<Call> call);

@@ -1,6 +1,5 @@
 #include "parts/access_spot.h"
 
-#include "parts/access_object.h"
 #include "parts/access_terms.h"
 #include "parts/by_name.h"
 #include "util/wide.h"

@@ -1,6 +1,7 @@
 # What is compiled into the DLL, which keeps it to itself, and into the host.
 set(parts_sources
     access.cpp
+    access_life.cpp
     access_link.cpp
     access_object.cpp
     access_spot.cpp
