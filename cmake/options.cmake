@@ -28,10 +28,12 @@ if(GALDREN_CHECKED)
                                                    -fsanitize-undefined-trap-on-error)
 endif()
 
-option(GALDREN_PRECOMPILED "Precompile the system's headers: three times as fast, but a missing #include goes unnoticed" OFF)
+set(GALDREN_PRECOMPILED OFF CACHE STRING "Precompile the system's headers: three times as fast, but a missing #include \
+goes unnoticed. MOST is for the tests and the static libraries alone, whose sources the DLLs have, too.")
 # galdren_precompile(TARGET [HEADER...])
 function(galdren_precompile target)
-  if(GALDREN_PRECOMPILED)
+  if(GALDREN_PRECOMPILED STREQUAL "ON" OR (GALDREN_PRECOMPILED STREQUAL "MOST" AND
+                                           NOT target MATCHES "^Galdren_(Util|Tools|Host)$"))
     if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")  # or compiler caches take the headers for new ones
       target_compile_options(${target} PRIVATE "SHELL:-Xclang -fno-pch-timestamp")
     endif()
