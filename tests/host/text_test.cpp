@@ -16,6 +16,7 @@
 #include "tests/support/fonts.h"
 #include "tests/support/hosted.h"
 #include "tests/support/languages.h"
+#include "tests/support/spy.h"
 #include "util/wide.h"
 
 namespace galdren_test {
@@ -164,6 +165,14 @@ TEST(Host_Text, Takes_What_The_Page_Of_A_Window_Has) {
         for (const wchar_t unit : row.units)
             if (row.unicode) typing.Char(unit);
         EXPECT_STREQ(typing.field.Line, row.line) << row.page;
+    }
+    {
+        Typing typing(false, 1252);
+        Call_Spy system(nullptr, true);  // whose page has characters of two bytes
+        system.Set_Answer("IsDBCSLeadByte", 1), system.Fail("IsDBCSLeadByte");
+        for (const WPARAM byte : {0x83, 0x41})
+            SendMessageA(typing.window, WM_CHAR, byte, 1);
+        EXPECT_STREQ(typing.field.Line, "\x83\x41");
     }
     Typing typing(true);
     EXPECT_EQ(SendMessageW(typing.window, WM_UNICHAR, UNICODE_NOCHAR, 0), TRUE);
