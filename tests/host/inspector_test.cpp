@@ -95,8 +95,12 @@ TEST(Inspector, Tells_About_The_Part_Under_The_Pointer) {
 TEST(Inspector, Counts_What_The_Last_Event_Cost) {
     Inspected under;
     Inspect(*under.host, true);
-    under.Point_At(300, 100);
-    under.Point_At(300, 101);
+    MSG asked;
+    for (const int x : {299, 300})
+        under.Send(WM_MOUSEMOVE, 0, {x, 100});
+    EXPECT_TRUE(PeekMessageA(&asked, Panel_Of(under.window), WM_APP, WM_APP, PM_REMOVE));
+    DispatchMessageA(&asked);
+    EXPECT_FALSE(PeekMessageA(&asked, Panel_Of(under.window), WM_APP, WM_APP, PM_REMOVE)) << "it tells once";
     EXPECT_TRUE(under.Tells("Last event: pointer\nPaints: 0\nCopies: 0\nBytes: 0\n"));
     const RECT third = under.list.Item_Place(2);
     const POINT at{third.left + 9, third.top + 9};
@@ -155,12 +159,12 @@ TEST(Inspector, Follows_Controls_That_Move_Hide_And_Go) {
     const auto look_again = [&] { SendMessageA(Panel_Of(under.window), WM_TIMER, 1, 0); };
     under.Point_At(240, 20);
     EXPECT_TRUE(under.Tells("Class: Boxs\n") && under.Is_Outlined(230, 10, 291, 71));
-    lent->Y = 15, lent->Init(under.window);
+    lent->Y = 15, lent->Height = 184, lent->Init(under.window);  // up to the topmost row of the window
     look_again();
-    EXPECT_TRUE(under.Is_Outlined(230, 15, 291, 76));
+    EXPECT_TRUE(under.Is_Outlined(230, 15, 291, 200));
     under.host->Set_Shown(*lent, false);
     look_again();
-    EXPECT_TRUE(under.Tells("Class: \n") && !under.Is_Outlined(230, 15, 291, 76));
+    EXPECT_TRUE(under.Tells("Class: \n") && !under.Is_Outlined(230, 15, 291, 200));
     under.host->Set_Shown(*lent, true);
     look_again();
     EXPECT_TRUE(under.Tells("Class: Boxs\n"));

@@ -328,6 +328,11 @@ TEST(Dialogs, Survive_Misuse_And_Failures) {
     Report_Catcher reports;
     for (const int width : {1, -300, 32767})
         call.Run(PopUp_Querry, "text", width, width < 0 ? width : 40);
+    // A text without room is not there for the next dialog either.
+    call.Run(PopUp_Message, "before", 0, 0,
+             [](HWND dialog) { SetWindowPos(dialog, nullptr, 0, 0, 120, 20, SWP_NOMOVE); });
+    call.Run(PopUp_Message, "after", 0, 0,
+             [](HWND dialog) { EXPECT_EQ(Spoken(dialog).Child(1).Value(), "after\n"); });
     call.Run(PopUp_Message, "first", 0, 0, [&](HWND dialog) {
         EXPECT_EQ(PopUp_Message(Caption, Caption, call.text.data(), 0, 0), -1);
         EXPECT_EQ(reports.Take(), "11:PopUp_Message: another dialog of this kind is open");
