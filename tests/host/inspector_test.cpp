@@ -12,11 +12,6 @@ constexpr int width = 320;
 constexpr int height = 200;
 constexpr std::uint32_t red = 0xE00000;
 
-void Pump() {
-    for (MSG message; PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE);)
-        DispatchMessageA(&message);
-}
-
 /// The window of the inspector of a window; null when there is none.
 HWND Panel_Of(HWND inspected) {
     HWND panel = nullptr;
@@ -182,10 +177,8 @@ TEST(Inspector, Goes_With_Host_And_Window) {
     EXPECT_TRUE(first.Is_Outlined(10, 10, 91, 41));
     second.Point_At(50, 25);
     // It leaves the first window when the display says so.
-    for (int tries = 0; first.Is_Outlined(10, 10, 91, 41) && tries < 200; ++tries)
-        Sleep(10), Pump();
+    EXPECT_TRUE(Pump_Until([&] { return !first.Is_Outlined(10, 10, 91, 41); })) << "there is one pointer";
     EXPECT_TRUE(second.Is_Outlined(10, 10, 91, 41));
-    EXPECT_FALSE(first.Is_Outlined(10, 10, 91, 41)) << "there is one pointer";
     second.host.reset();
     EXPECT_FALSE(Panel_Of(second.window));
     EXPECT_TRUE(Is_Inspected(*first.host));

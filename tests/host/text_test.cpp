@@ -65,12 +65,6 @@ void Inject(const std::wstring& text) {
     }
 }
 
-void Handle_Messages() {
-    MSG message;
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
-        TranslateMessage(&message), DispatchMessageW(&message);
-}
-
 /// A field, and an edit control of the system with the same font.
 class Beside_The_System : public Typing {
   public:
@@ -87,7 +81,7 @@ class Beside_The_System : public Typing {
     template <class Type>
     std::wstring After(Type type) {
         for (const HWND typed_in : {edit, HWND(window)})
-            SetFocus(typed_in), type(), Handle_Messages();
+            SetFocus(typed_in), type(), Pump();
         wchar_t text[100];
         GetWindowTextW(edit, text, 100);
         EXPECT_EQ(text, galdren::To_Wide(field.Line));

@@ -266,17 +266,6 @@ TEST(Dialogs, Scroll_By_Their_Bar_With_Any_Button_Held) {
 
 TEST(Dialogs, Let_Their_Text_Be_Copied) {
     constexpr int Control = KEY_CONTROL;
-    const auto pump_until = [](auto done) {
-        MSG message;
-        for (const ULONGLONG begin = GetTickCount64(); !done() && GetTickCount64() - begin < 10'000;) {
-            MsgWaitForMultipleObjects(0, nullptr, FALSE, 100, QS_ALLINPUT);
-            while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
-                TranslateMessage(&message);
-                if (message.hwnd) DispatchMessageA(&message);  // else it is the timer that closes the dialog
-            }
-        }
-        return done();
-    };
     Popup_Call call;
     ASSERT_TRUE(Set_Clipboard(L""));
     const auto point = [](HWND dialog, int x, int y) {
@@ -289,22 +278,22 @@ TEST(Dialogs, Let_Their_Text_Be_Copied) {
         PostMessageA(dialog, WM_KEYDOWN, 'A', 1);
         menu();
         Type_Keys({Control | 'C'});
-        EXPECT_TRUE(pump_until([] { return Clipboard() == L"one %\r\ntwo\r\n"; }));
+        EXPECT_TRUE(Pump_Until([] { return Clipboard() == L"one %\r\ntwo\r\n"; }));
         menu();
         EXPECT_FALSE(IsWindow(dialog)) << "closed while the menu was open";
     });
     call.Run(PopUp_Message, Sixty_Lines(), 0, 0, [&](HWND dialog) {
         point(dialog, 250, 60);
-        EXPECT_TRUE(pump_until([] { return GetCursor() == LoadCursorA(nullptr, IDC_IBEAM); }));
+        EXPECT_TRUE(Pump_Until([] { return GetCursor() == LoadCursorA(nullptr, IDC_IBEAM); }));
         mouse_event(MOUSEEVENTF_LEFTDOWN, 0, 0, 0, 0);
-        EXPECT_TRUE(pump_until([&] { return GetCapture() == dialog; }));
+        EXPECT_TRUE(Pump_Until([&] { return GetCapture() == dialog; }));
         point(dialog, 10, 300);
-        EXPECT_TRUE(pump_until([] {  // held still above the text, which scrolls to its beginning
+        EXPECT_TRUE(Pump_Until([] {  // held still above the text, which scrolls to its beginning
             Type_Keys({Control | 'C'});
             return Clipboard().starts_with(L"0\r\n1\r\n2");
         }));
         mouse_event(MOUSEEVENTF_LEFTUP, 0, 0, 0, 0);
-        EXPECT_TRUE(pump_until([&] { return GetCapture() != dialog; }));
+        EXPECT_TRUE(Pump_Until([&] { return GetCapture() != dialog; }));
     });
 }
 

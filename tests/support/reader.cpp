@@ -172,10 +172,4 @@ std::string Read_Aloud(const Spoken& root, const std::string& indent) {
     return lines;
 }
 
-void Pump() {
-    MSG message;
-    while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE))
-        DispatchMessageA(&message);
-}
-
 }  // namespace galdren_test
