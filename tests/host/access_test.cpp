@@ -532,12 +532,9 @@ TEST(Access, Tells_Of_What_Changes) {
     } rows[] = {
         {"pressed", [&] { root.Child(Apply).Act(); }, "focus Apply, state Apply"},
         {"item", [&] { list.Child(1).Act(); }, "focus PNG, chosen PNG"},
-        {"item by mouse", [&] { scene.Click_On(list.Child(2)); }, "focus PNG, chosen JPEG, focus JPEG"},
         {"value", [&] { root.Child(Depth).Set_Value(L"50"); }, "value Depth"},
-        {"focus", [&] { scene.host->Focus(&scene.keep); }, "focus Keep \xC3\xA9"},
         {"hidden", [&] { scene.host->Set_Shown(scene.apply, false); }, "hidden Apply"},
         {"shown", [&] { scene.host->Set_Shown(scene.apply, true); }, "shown Apply"},
-        {"disabled", [&] { scene.host->Set_Enabled(scene.apply, false); }, "state Apply"},
         {"by the application",
          [&] { scene.depth.Val = 10, scene.depth.Adjust(), scene.host->Tell_Changed(scene.depth); },
          "value Depth"},
