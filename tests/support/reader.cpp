@@ -53,11 +53,13 @@ std::string States(long state) {
 
 std::string heard;
 
-const std::map<DWORD, std::string> Names_Of_Events = {
-    {EVENT_OBJECT_FOCUS, "focus"},       {EVENT_OBJECT_VALUECHANGE, "value"},
-    {EVENT_OBJECT_STATECHANGE, "state"}, {EVENT_OBJECT_SELECTION, "chosen"},
-    {EVENT_OBJECT_SHOW, "shown"},        {EVENT_OBJECT_HIDE, "hidden"},
-};
+const std::map<DWORD, std::string> Names_Of_Events = {{EVENT_OBJECT_FOCUS, "focus"},
+                                                      {EVENT_OBJECT_VALUECHANGE, "value"},
+                                                      {EVENT_OBJECT_STATECHANGE, "state"},
+                                                      {EVENT_OBJECT_SELECTION, "chosen"},
+                                                      {EVENT_OBJECT_SHOW, "shown"},
+                                                      {EVENT_OBJECT_HIDE, "hidden"},
+                                                      {EVENT_OBJECT_TEXTSELECTIONCHANGED, "caret"}};
 
 void CALLBACK Hear(HWINEVENTHOOK, DWORD event, HWND window, LONG object, LONG child, DWORD, DWORD) {
     const auto name = Names_Of_Events.find(event);
