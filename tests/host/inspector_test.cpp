@@ -91,8 +91,7 @@ TEST(Inspector, Counts_What_The_Last_Event_Cost) {
     Inspected under;
     Inspect(*under.host, true);
     MSG asked;
-    for (const int x : {299, 300})
-        under.Send(WM_MOUSEMOVE, 0, {x, 100});
+    under.Send(WM_MOUSEMOVE, 0, {299, 100}), under.Send(WM_MOUSEMOVE, 0, {300, 100});
     EXPECT_TRUE(PeekMessageA(&asked, Panel_Of(under.window), WM_APP, WM_APP, PM_REMOVE));
     DispatchMessageA(&asked);
     EXPECT_FALSE(PeekMessageA(&asked, Panel_Of(under.window), WM_APP, WM_APP, PM_REMOVE)) << "it tells once";
