@@ -45,7 +45,7 @@ struct Popup_Call {
             SetTimer(nullptr, 0, USER_TIMER_MINIMUM, [](HWND, UINT, UINT_PTR, DWORD) { running->Tick(); });
         const int result = open(caption, caption, caption ? text.data() : nullptr, static_cast<short>(width),
                                 static_cast<short>(height));
-        KillTimer(nullptr, timer);
+        KillTimer(nullptr, timer), running = nullptr;
         EXPECT_EQ(IsWindowEnabled(owner), enabled) << "as it was";
         EXPECT_EQ(GetActiveWindow(), enabled ? HWND{owner} : nullptr);
         EXPECT_FALSE(FindWindowA(Dialog_Class, nullptr));
