@@ -164,7 +164,7 @@ TEST(Host_Text, Takes_What_The_Page_Of_A_Window_Has) {
         Typing typing(false, 1252);
         Call_Spy system(nullptr, true);  // whose page has characters of two bytes
         system.Set_Answer("IsDBCSLeadByte", 1), system.Fail("IsDBCSLeadByte");
-        for (const WPARAM byte : {0x83, 0x41})
+        for (const WPARAM byte : {0x83U, 0x41U})
             SendMessageA(typing.window, WM_CHAR, byte, 1);
         EXPECT_STREQ(typing.field.Line, "\x83\x41");
     }
