@@ -52,10 +52,8 @@ bool Access::Hand_Out_Object(WPARAM wparam, LONG id, LRESULT& result) {
         if (!link) link = std::make_shared<galdren::Access_Link>(served);
         const galdren::Object_Holder object =
             link->Object(id == OBJID_CLIENT ? 0 : static_cast<unsigned>(id));
-        const LRESULT handed = galdren::Hand_Out(wparam, object.get());
-        if (handed == 0) return E_FAIL;
-        result = handed;
-        return S_OK;
+        result = galdren::Hand_Out(wparam, object.get());
+        return result ? S_OK : E_FAIL;
     });
     return done == S_OK;
 }
