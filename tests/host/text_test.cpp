@@ -164,8 +164,8 @@ TEST(Host_Text, Takes_What_The_Page_Of_A_Window_Has) {
         Typing typing(false, 1252);
         Call_Spy system(nullptr, true);  // whose page has characters of two bytes
         system.Set_Answer("IsDBCSLeadByte", 1), system.Fail("IsDBCSLeadByte");
-        for (const WPARAM byte : {0x83U, 0x41U})
-            SendMessageA(typing.window, WM_CHAR, byte, 1);
+        typing.Send(WM_CHAR, 0x83), typing.Send(WM_CHAR, 0x41);
+        typing.Key(WM_CHAR, 0x7F, KEY_CONTROL);  // what Ctrl and Backspace type is a key
         EXPECT_STREQ(typing.field.Line, "\x83\x41");
     }
     Typing typing(true);
@@ -197,6 +197,7 @@ TEST(Host_Text, Dead_Keys_And_AltGr_Type_And_Command_Nothing) {
         {0, {{WM_KEYDOWN, VK_SPACE}, {WM_CHAR, L'^'}}, L"xy^"},
         {alt_gr, {{WM_KEYDOWN, 'A'}}, L"xy", 1},
         {KEY_CONTROL, {{WM_KEYDOWN, 'X'}, {WM_CHAR, 'X' - '@'}}, L"xy", 1},
+        {KEY_CONTROL, {{WM_KEYDOWN, VK_BACK}, {WM_CHAR, 0x7F}}, L"xy", 1},
     };
     for (const Row& row : rows) {
         Typing typing(true);
