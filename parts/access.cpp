@@ -48,16 +48,14 @@ bool Access::Knows(LONG id) const {
 
 bool Access::Hand_Out_Object(WPARAM wparam, LONG id, LRESULT& result) {
     if (!served.Window() || !Knows(id)) return false;
-    LRESULT handed = 0;
-    galdren::Without_Exceptions([&] {
+    const HRESULT done = galdren::Without_Exceptions([&] {
         if (!link) link = std::make_shared<galdren::Access_Link>(served);
         const galdren::Object_Holder object =
             link->Object(id == OBJID_CLIENT ? 0 : static_cast<unsigned>(id));
-        handed = galdren::Hand_Out(wparam, object.get());
-        return S_OK;
+        result = galdren::Hand_Out(wparam, object.get());
+        return result ? S_OK : E_FAIL;
     });
-    if (handed) result = handed;
-    return handed != 0;
+    return done == S_OK;
 }
 
 void Access::Tell(Part_Change change, Part_Place place) const {

@@ -16,8 +16,7 @@ constexpr WPARAM Last_Code = 0x10FFFF;
 }  // namespace
 
 std::optional<std::string> Typed_Text::Take(HWND window, UINT message, WPARAM wparam) {
-    const bool waits = high != 0 || lead != 0;
-    if ((message != WM_CHAR && message != WM_UNICHAR) || (wparam <= Last_ASCII && !waits)) return {};
+    if (message != WM_CHAR && message != WM_UNICHAR) return {};
     if (message == WM_UNICHAR) {
         if (wparam <= Last_Unit || wparam > Last_Code) return Take_Unit(static_cast<wchar_t>(wparam));
         const auto beyond = static_cast<unsigned>(wparam) - 0x10000;

@@ -7,7 +7,7 @@ using galdren::Truncate;
 
 namespace {
 
-unsigned char Byte(unsigned int v, int index) { return static_cast<unsigned char>(v >> (8 * index)); }
+unsigned char Byte(unsigned long v, int index) { return static_cast<unsigned char>(v >> (8 * index)); }
 
 unsigned char Clamp(short channel) {
     if (channel <= 0) return 0;
@@ -59,10 +59,7 @@ unsigned long Colors::get() const { return Pack(Red, Green, Blue, Alpha); }
 
 unsigned long Colors::get_invert() const { return Pack(Blue, Green, Red, Alpha); }
 
-unsigned char Colors::operator[](int i) const {
-    const short channels[] = {Red, Green, Blue, Alpha};
-    return i >= 0 && i < 4 ? Clamp(channels[i]) : 0;
-}
+unsigned char Colors::operator[](int i) const { return i >= 0 && i < 4 ? Byte(get(), i) : 0; }
 
 int Colors::operator==(const Colors& c) const { return Red == c.Red && Green == c.Green && Blue == c.Blue; }
 

@@ -131,11 +131,9 @@ void Input_View::Paint(Canvas& canvas) const {
     }
     const int height = Metrics_Of(field.Bold_Font).tmHeight;
     const POINT place{Text_Left() - shift, box.bottom + (box.top - box.bottom - height) / 2};
-    if (length == 0 && field.Placeholder) {
+    if (length == 0 && field.Placeholder)
         Write_Span(canvas, field.Bold_Font, field.Placeholder, place, canvas.Look().Caption_Hint, {0, 0},
                    box);
-        return;
-    }
     const Area rows{0, 0, box.bottom + border + 1, box.top - border - Scaled(field, 2)};
     Write_Span(canvas, field.Bold_Font, In_View(), place, canvas.Look().Caption,
                {selected.from - first, selected.to - first}, rows);

@@ -130,12 +130,13 @@ class Wheel_Setting {
 
 TEST_F(Handlers_Test, Rows_Follow_The_Lines_Of_A_Notch) {
     const Wheel_Setting setting;
-    Lists list;
+    Lists list, across;
     Selects selector;
     Place(list, nullptr, 10, 10, 90, 200, FLAG_VERTICAL), Place(selector, nullptr, 110, 10, 200, 30);
-    list.Grow(100, 0), selector.Grow(100, 0);
+    Place(across, nullptr, 110, 50, 280, 60);
+    list.Grow(100, 0), across.Grow(100, 0), selector.Grow(100, 0);
     list.Item_Height = 20;
-    host->Add(list), host->Add(selector);
+    host->Add(list), host->Add(across), host->Add(selector);
     selector.Item[5]->Name = "next", selector.Current = 4;
     host->Init_All();
     const POINT arrow{selector.Value_Box.X + selector.Value_Box.Width - 3, 25};
@@ -144,21 +145,22 @@ TEST_F(Handlers_Test, Rows_Follow_The_Lines_Of_A_Notch) {
     Click(arrow);
     EXPECT_EQ(selector.Current, 5);
     EXPECT_FALSE(Same(Picture(window), before_press));
-    const float top = list.Scroll_Bar.Val, step = list.Scroll_Bar.Step;
-    const auto rows_after = [&](UINT lines, int delta) {
+    const auto rows_of = [&](const Lists& scrolled, UINT lines, int delta) {
         Wheel_Setting::Set(lines);
-        const float before = list.Scroll_Bar.Val;
-        Wheel(WM_MOUSEWHEEL, delta, list);
-        return (before - list.Scroll_Bar.Val) / step;
+        const float before = scrolled.Scroll_Bar.Val;
+        Wheel(WM_MOUSEWHEEL, delta, scrolled);
+        return (before - scrolled.Scroll_Bar.Val) / scrolled.Scroll_Bar.Step;
     };
+    const auto rows_after = [&](UINT lines, int delta) { return rows_of(list, lines, delta); };
     EXPECT_EQ(std::abs(rows_after(5, -120)), 5);
     EXPECT_EQ(std::abs(rows_after(5, -24)), 1) << "a fifth of a notch is a line";
     EXPECT_EQ(rows_after(5, -12), 0);
     EXPECT_EQ(std::abs(rows_after(5, -12)), 1) << "the rest is kept";
     const float page = std::abs(rows_after(WHEEL_PAGESCROLL, -120));
     EXPECT_TRUE(page > 5 && page < 10) << page << " of about 9 rows in view";
+    EXPECT_EQ(std::abs(rows_of(across, WHEEL_PAGESCROLL, -120)), 8)
+        << "a page of a row is as long as it is wide";
     EXPECT_EQ(rows_after(0, -120), 0) << "the user wants no wheel";
-    EXPECT_NE(list.Scroll_Bar.Val, top);
     Wheel_Setting::Set(5);
     Wheel(WM_MOUSEWHEEL, -120, selector);
     EXPECT_TRUE(selector.Current == 6 || selector.Current == 4) << "values go by a step";
@@ -187,7 +189,7 @@ TEST_F(Handlers_Test, The_Wheel_Moves_What_Lies_Its_Way) {
     host->Add(upright), host->Add(row), host->Add(column), host->Add(text);
     host->Add(narrow), host->Init_All();
     for (Texts* field : {&text, &narrow})
-        field->Write("%s", std::string(200, 'x').c_str()), field->Draw();
+        field->Write("%s", (std::string(99, '\n') + std::string(200, 'x')).c_str()), field->Draw();
     row.Bring_Into_View(20), column.Bring_Into_View(20);
     constexpr UINT turned = WM_MOUSEWHEEL, tilted = WM_MOUSEHWHEEL;
     const struct {
@@ -219,6 +221,8 @@ TEST_F(Handlers_Test, The_Wheel_Moves_What_Lies_Its_Way) {
         EXPECT_EQ(moved, before);
         EXPECT_EQ(text.V_Slider.Val, height);
     }
+    Wheel(turned, 120, narrow);
+    EXPECT_EQ(narrow.V_Slider.Val, 3 * narrow.V_Slider.Step) << "lines, as the system has them";
     EXPECT_EQ(told, "-1 steps") << "to the left";
     EXPECT_EQ(Button_State, 2u) << "the right button still is";
 }

@@ -128,6 +128,9 @@ TEST(Host_Layout_Test, What_Is_Anchored_To_No_Side_Keeps_To_The_Middle) {
     Lay_Out(*window.host, Anchors(200, 100, {Anchor(middle, From_Bottom(60, 0, 50, 20), EDGE_BOTTOM)}));
     window.Resize(212, 100);
     EXPECT_TRUE(middle.X == 66 && middle.Width == 49);
+    const Item across = Anchor(Least(middle, 70, 0), From_Bottom(60, 0, 50, 20), EDGE_LEFT | EDGE_RIGHT);
+    EXPECT_EQ(Lay_Out(*window.host, Anchors(200, 100, {across})).cx, 60 + 70 + 90)
+        << "with what is beside it";
 }
 
 TEST(Host_Layout_Test, What_Is_Hidden_Or_Removed_Gives_Its_Room_Away) {

@@ -16,6 +16,7 @@
 #include "tests/support/fonts.h"
 #include "tests/support/hosted.h"
 #include "tests/support/languages.h"
+#include "tests/support/spy.h"
 #include "util/wide.h"
 
 namespace galdren_test {
@@ -64,12 +65,6 @@ void Inject(const std::wstring& text) {
     }
 }
 
-void Handle_Messages() {
-    MSG message;
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
-        TranslateMessage(&message), DispatchMessageW(&message);
-}
-
 /// A field, and an edit control of the system with the same font.
 class Beside_The_System : public Typing {
   public:
@@ -86,7 +81,7 @@ class Beside_The_System : public Typing {
     template <class Type>
     std::wstring After(Type type) {
         for (const HWND typed_in : {edit, HWND(window)})
-            SetFocus(typed_in), type(), Handle_Messages();
+            SetFocus(typed_in), type(), Pump();
         wchar_t text[100];
         GetWindowTextW(edit, text, 100);
         EXPECT_EQ(text, galdren::To_Wide(field.Line));
@@ -165,6 +160,14 @@ TEST(Host_Text, Takes_What_The_Page_Of_A_Window_Has) {
             if (row.unicode) typing.Char(unit);
         EXPECT_STREQ(typing.field.Line, row.line) << row.page;
     }
+    {
+        Typing typing(false, 1252);
+        Call_Spy system(nullptr, true);  // whose page has characters of two bytes
+        system.Set_Answer("IsDBCSLeadByte", 1), system.Fail("IsDBCSLeadByte");
+        typing.Send(WM_CHAR, 0x83), typing.Send(WM_CHAR, 0x41);
+        typing.Key(WM_CHAR, 0x7F, KEY_CONTROL);  // what Ctrl and Backspace type is a key
+        EXPECT_STREQ(typing.field.Line, "\x83\x41");
+    }
     Typing typing(true);
     EXPECT_EQ(SendMessageW(typing.window, WM_UNICHAR, UNICODE_NOCHAR, 0), TRUE);
     typing.host->Focus(nullptr);
@@ -194,6 +197,7 @@ TEST(Host_Text, Dead_Keys_And_AltGr_Type_And_Command_Nothing) {
         {0, {{WM_KEYDOWN, VK_SPACE}, {WM_CHAR, L'^'}}, L"xy^"},
         {alt_gr, {{WM_KEYDOWN, 'A'}}, L"xy", 1},
         {KEY_CONTROL, {{WM_KEYDOWN, 'X'}, {WM_CHAR, 'X' - '@'}}, L"xy", 1},
+        {KEY_CONTROL, {{WM_KEYDOWN, VK_BACK}, {WM_CHAR, 0x7F}}, L"xy", 1},
     };
     for (const Row& row : rows) {
         Typing typing(true);

@@ -455,6 +455,7 @@ TEST(Parts_Of_Trees, Are_Rows_And_A_Button) {
 
         // Every row can be brought into view, and only what has to move does.
         const int page = parts.Next(tree, row, Part_Move::Page_Down) - row;
+        EXPECT_EQ(page, 13) << "one of 14 rows stays in view";
         for (const int next : {row, row + page, row - 1, last, 0, row}) {
             SCOPED_TRACE(next);
             parts.Bring_Into_View(tree, next);

@@ -45,7 +45,7 @@ struct Popup_Call {
             SetTimer(nullptr, 0, USER_TIMER_MINIMUM, [](HWND, UINT, UINT_PTR, DWORD) { running->Tick(); });
         const int result = open(caption, caption, caption ? text.data() : nullptr, static_cast<short>(width),
                                 static_cast<short>(height));
-        KillTimer(nullptr, timer);
+        KillTimer(nullptr, timer), running = nullptr;
         EXPECT_EQ(IsWindowEnabled(owner), enabled) << "as it was";
         EXPECT_EQ(GetActiveWindow(), enabled ? HWND{owner} : nullptr);
         EXPECT_FALSE(FindWindowA(Dialog_Class, nullptr));
@@ -266,17 +266,6 @@ TEST(Dialogs, Scroll_By_Their_Bar_With_Any_Button_Held) {
 
 TEST(Dialogs, Let_Their_Text_Be_Copied) {
     constexpr int Control = KEY_CONTROL;
-    const auto pump_until = [](auto done) {
-        MSG message;
-        for (const ULONGLONG begin = GetTickCount64(); !done() && GetTickCount64() - begin < 10'000;) {
-            MsgWaitForMultipleObjects(0, nullptr, FALSE, 100, QS_ALLINPUT);
-            while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
-                TranslateMessage(&message);
-                if (message.hwnd) DispatchMessageA(&message);  // else it is the timer that closes the dialog
-            }
-        }
-        return done();
-    };
     Popup_Call call;
     ASSERT_TRUE(Set_Clipboard(L""));
     const auto point = [](HWND dialog, int x, int y) {
@@ -289,22 +278,22 @@ TEST(Dialogs, Let_Their_Text_Be_Copied) {
         PostMessageA(dialog, WM_KEYDOWN, 'A', 1);
         menu();
         Type_Keys({Control | 'C'});
-        EXPECT_TRUE(pump_until([] { return Clipboard() == L"one %\r\ntwo\r\n"; }));
+        EXPECT_TRUE(Pump_Until([] { return Clipboard() == L"one %\r\ntwo\r\n"; }));
         menu();
         EXPECT_FALSE(IsWindow(dialog)) << "closed while the menu was open";
     });
     call.Run(PopUp_Message, Sixty_Lines(), 0, 0, [&](HWND dialog) {
         point(dialog, 250, 60);
-        EXPECT_TRUE(pump_until([] { return GetCursor() == LoadCursorA(nullptr, IDC_IBEAM); }));
+        EXPECT_TRUE(Pump_Until([] { return GetCursor() == LoadCursorA(nullptr, IDC_IBEAM); }));
         mouse_event(MOUSEEVENTF_LEFTDOWN, 0, 0, 0, 0);
-        EXPECT_TRUE(pump_until([&] { return GetCapture() == dialog; }));
+        EXPECT_TRUE(Pump_Until([&] { return GetCapture() == dialog; }));
         point(dialog, 10, 300);
-        EXPECT_TRUE(pump_until([] {  // held still above the text, which scrolls to its beginning
+        EXPECT_TRUE(Pump_Until([] {  // held still above the text, which scrolls to its beginning
             Type_Keys({Control | 'C'});
             return Clipboard().starts_with(L"0\r\n1\r\n2");
         }));
         mouse_event(MOUSEEVENTF_LEFTUP, 0, 0, 0, 0);
-        EXPECT_TRUE(pump_until([&] { return GetCapture() != dialog; }));
+        EXPECT_TRUE(Pump_Until([&] { return GetCapture() != dialog; }));
     });
 }
 
@@ -328,6 +317,11 @@ TEST(Dialogs, Survive_Misuse_And_Failures) {
     Report_Catcher reports;
     for (const int width : {1, -300, 32767})
         call.Run(PopUp_Querry, "text", width, width < 0 ? width : 40);
+    // A text without room is not there for the next dialog either.
+    call.Run(PopUp_Message, "before", 0, 0,
+             [](HWND dialog) { SetWindowPos(dialog, nullptr, 0, 0, 120, 20, SWP_NOMOVE); });
+    call.Run(PopUp_Message, "after", 0, 0,
+             [](HWND dialog) { EXPECT_EQ(Spoken(dialog).Child(1).Value(), "after\n"); });
     call.Run(PopUp_Message, "first", 0, 0, [&](HWND dialog) {
         EXPECT_EQ(PopUp_Message(Caption, Caption, call.text.data(), 0, 0), -1);
         EXPECT_EQ(reports.Take(), "11:PopUp_Message: another dialog of this kind is open");

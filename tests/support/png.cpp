@@ -7,8 +7,8 @@
 #include <cstdlib>
 #include <filesystem>
 namespace Gdiplus {
-using std::max;
-using std::min;
+using std::max;  // NOLINT(misc-unused-using-decls)
+using std::min;  // NOLINT(misc-unused-using-decls)
 }  // namespace Gdiplus
 #include <gdiplus.h>
 

@@ -53,11 +53,13 @@ std::string States(long state) {
 
 std::string heard;
 
-const std::map<DWORD, std::string> Names_Of_Events = {
-    {EVENT_OBJECT_FOCUS, "focus"},       {EVENT_OBJECT_VALUECHANGE, "value"},
-    {EVENT_OBJECT_STATECHANGE, "state"}, {EVENT_OBJECT_SELECTION, "chosen"},
-    {EVENT_OBJECT_SHOW, "shown"},        {EVENT_OBJECT_HIDE, "hidden"},
-};
+const std::map<DWORD, std::string> Names_Of_Events = {{EVENT_OBJECT_FOCUS, "focus"},
+                                                      {EVENT_OBJECT_VALUECHANGE, "value"},
+                                                      {EVENT_OBJECT_STATECHANGE, "state"},
+                                                      {EVENT_OBJECT_SELECTION, "chosen"},
+                                                      {EVENT_OBJECT_SHOW, "shown"},
+                                                      {EVENT_OBJECT_HIDE, "hidden"},
+                                                      {EVENT_OBJECT_TEXTSELECTIONCHANGED, "caret"}};
 
 void CALLBACK Hear(HWINEVENTHOOK, DWORD event, HWND window, LONG object, LONG child, DWORD, DWORD) {
     const auto name = Names_Of_Events.find(event);
@@ -170,12 +172,6 @@ std::string Read_Aloud(const Spoken& root, const std::string& indent) {
     for (long number = 1; number <= root.Count(); ++number)
         lines += Read_Aloud(root.Child(number), indent + "  ");
     return lines;
-}
-
-void Pump() {
-    MSG message;
-    while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE))
-        DispatchMessageA(&message);
 }
 
 }  // namespace galdren_test

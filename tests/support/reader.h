@@ -72,7 +72,4 @@ class Listener {
     HWINEVENTHOOK hook_;
 };
 
-/// Handles the messages that this thread has.
-void Pump();
-
 }  // namespace galdren_test

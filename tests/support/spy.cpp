@@ -78,9 +78,9 @@ void Call_Spy::Lead_Through(const char* function, ULONGLONG* slot) {
     static constexpr BYTE Stub[] = {0x49, 0xBA, 0,    0,    0,    0,    0,    0,    0,    0,    0xB8, 1,
                                     0,    0,    0,    0xF0, 0x49, 0x0F, 0xC1, 0x02, 0x49, 0x3B, 0x42, 0x08,
                                     0x75, 0x05, 0x49, 0x8B, 0x42, 0x18, 0xC3, 0x41, 0xFF, 0x62, 0x10};
-    Entry& entry = entries_[function];
-    entry = {0, Never, *slot, 0, slot};
-    const Entry* address = &entry;
+    const auto [place, is_new] = entries_.try_emplace(function, Entry{0, Never, *slot, 0, slot});
+    if (!is_new) return;  // one is imported twice
+    const auto address = reinterpret_cast<ULONGLONG>(&place->second);
     std::memcpy(free_code_, Stub, sizeof Stub);
     std::memcpy(free_code_ + 2, &address, sizeof address);
     Write_Slot(slot, reinterpret_cast<ULONGLONG>(free_code_));

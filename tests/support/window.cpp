@@ -131,4 +131,17 @@ void Test_Window::Point_At(int x, int y) const {
     ZCursor_Y = point.y;
 }
 
+void Pump() {
+    for (MSG message; PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE);) {
+        TranslateMessage(&message);
+        if (message.hwnd) DispatchMessageW(&message);  // else it is a timer of the test itself
+    }
+}
+
+bool Pump_Until(const std::function<bool()>& done) {
+    for (const ULONGLONG begin = GetTickCount64(); !done() && GetTickCount64() - begin < 10'000; Pump())
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, 100, QS_ALLINPUT);
+    return done();
+}
+
 }  // namespace galdren_test

@@ -6,6 +6,7 @@
 #include <windows.h>
 
 #include <cstdint>
+#include <functional>
 #include <utility>
 #include <vector>
 
@@ -81,5 +82,11 @@ class Test_Window {
   private:
     HWND window_;
 };
+
+/// Handles the messages that the windows of this thread have.
+void Pump();
+/// Handles messages until `done` answers true; false when that takes longer than ten seconds, which is meant
+/// for what never happens unless something is wrong.
+bool Pump_Until(const std::function<bool()>& done);
 
 }  // namespace galdren_test

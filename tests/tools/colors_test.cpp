@@ -44,12 +44,12 @@ TEST(Colors, Pack_With_Clamping) {
     EXPECT_EQ(Colors(300, -5, 128).get(), 0x008000FFU);
     EXPECT_EQ(Colors(255, 256, 1, -32768).get(), 0x0001FFFFU);
     EXPECT_EQ(Colors(1, 2, 3, 4).get_invert(), 0x04010203U);
-    const Colors c(-1, 300, 254, 255);
-    const int wanted[] = {0, 0, 255, 254, 255, 0};
+    const Colors c(300, -1, 254, 255);
+    const int wanted[] = {0, 255, 0, 254, 255, 0};
     for (int i = -1; i < 5; ++i)
         EXPECT_EQ(c[i], wanted[i + 1]) << i;
-    EXPECT_EQ(c == Colors(-1, 300, 254, 0), 1);
-    EXPECT_EQ(c == Colors(0, 300, 254, 255), 0);
+    EXPECT_EQ(c == Colors(300, -1, 254, 0), 1);
+    EXPECT_EQ(c == Colors(255, -1, 254, 255), 0);
 }
 
 TEST(Colors, Arithmetic_Wraps_And_Truncates) {

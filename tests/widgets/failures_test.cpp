@@ -46,7 +46,7 @@ Picture Tour(Test_Window& window) {
     window.Refill();
     int number = 0;
     For_Each_Class([&]<class Control>(const char*) { Use<Control>(window, number++); });
-    const Picture shown(window);
+    Picture shown(window);
     Begin_Hold(window), Begin_Batch(window), Begin_Draw(window, nullptr);
     Clip_Rect(5, 5, 100, 100);
     Use<Buttons>(window, 0);

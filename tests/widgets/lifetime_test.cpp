@@ -93,8 +93,6 @@ TEST(Images, Are_Allocated_And_Freed_Once) {
         EXPECT_EQ(t.State, 0);
         EXPECT_EQ(reports.Take(), "1:line 451  of .\\tools.cpp \nmemory error in new");
     }
-    EXPECT_EQ(t.Alloc_Graph_Normal(5), 1);
-    t.Graph_Select = t.Graph_Normal;  // one image for both states is one image to free
 }
 
 /// Generated pictures have one limit, which counts pixels, and one report for a control with its parts.

@@ -127,9 +127,11 @@ TEST(Text_Editing, Takes_What_It_Can_Of_Bad_Text) {
 TEST(Text_Editing, The_Pointer_Selects_In_The_Input_Line) {
     Field field(65001);
     field.Read("one two \xE6\x97\xA5\xE6\x9C\xAC!");
+    EXPECT_FALSE(field.Can_Take(KEY_NAVIGATION | VK_DELETE)) << "the caret is at the end";
     field.Drag(field.Place_Of(1), field.Place_Of(1));
     EXPECT_EQ(field.Cursor_Pos, 1);
     EXPECT_EQ(field.Selected, 0);
+    EXPECT_TRUE(field.Can_Take(KEY_NAVIGATION | VK_DELETE));
     field.Drag(field.Place_Of(11), field.Place_Of(5));
     EXPECT_EQ(field.Selection(), "wo \xE6\x97\xA5");
     EXPECT_EQ(field.Cursor_Pos, 5);
