@@ -29,13 +29,17 @@ if(GALDREN_CHECKED)
 endif()
 
 set(GALDREN_PRECOMPILED OFF CACHE STRING "Precompile the system's headers: three times as fast, but a missing #include \
-goes unnoticed. MOST is for the tests and the static libraries alone, whose sources the DLLs have, too.")
+goes unnoticed. MOST leaves out the DLLs and the host, whose sources the static libraries have once more.")
 # galdren_precompile(TARGET [HEADER...])
 function(galdren_precompile target)
   if(GALDREN_PRECOMPILED STREQUAL "ON" OR (GALDREN_PRECOMPILED STREQUAL "MOST" AND
                                            NOT target MATCHES "^Galdren_(Util|Tools|Host)$"))
     if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")  # or compiler caches take the headers for new ones
       target_compile_options(${target} PRIVATE "SHELL:-Xclang -fno-pch-timestamp")
+    endif()
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+      # With optimization GCC 12 takes what it reads of strings there for overruns.
+      target_compile_options(${target} PRIVATE -Wno-array-bounds -Wno-stringop-overflow)
     endif()
     target_precompile_headers(${target} PRIVATE <windows.h> <algorithm> <functional> <memory> <string> <vector> ${ARGN})
   endif()
