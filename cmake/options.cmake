@@ -29,11 +29,11 @@ if(GALDREN_CHECKED)
 endif()
 
 set(GALDREN_PRECOMPILED OFF CACHE STRING "Precompile the system's headers: three times as fast, but a missing #include \
-goes unnoticed. MOST leaves out the DLLs and the host, whose sources the static libraries have once more.")
+goes unnoticed. MOST leaves out one library with each source: the DLLs, and the host without parts, which these have.")
 # galdren_precompile(TARGET [HEADER...])
 function(galdren_precompile target)
   if(GALDREN_PRECOMPILED STREQUAL "ON" OR (GALDREN_PRECOMPILED STREQUAL "MOST" AND
-                                           NOT target MATCHES "^Galdren_(Util|Tools|Host)$"))
+                                           NOT target MATCHES "^Galdren_(Util|Tools|Host_Static)$"))
     if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")  # or compiler caches take the headers for new ones
       target_compile_options(${target} PRIVATE "SHELL:-Xclang -fno-pch-timestamp")
     endif()
