@@ -97,8 +97,7 @@ std::string Faults_Of(const Spoken& parent, const Spoken& part) {
     return faults.empty() ? faults : part.Line() + ':' + faults + '\n';
 }
 
-/// Goes over a page with Tab, from control to control.
-/// @return the places of those that it comes to
+/// Goes over a page with Tab. @return the places of the controls that it comes to
 std::vector<std::string> Tab_Over(const Spoken& root) {
     constexpr std::size_t most_controls = 50;  // a question takes milliseconds
     std::vector<std::string> reached;

@@ -178,8 +178,7 @@ bool Is_Inside(const RECT& inner, const RECT& outer) {
            inner.bottom <= outer.bottom;
 }
 
-/// Looks for all below an object at the places that they tell.
-/// @return how many were found
+/// How many below an object were found at the places that they tell.
 int Find_All_Below(const Spoken& parent, const Spoken& root) {
     int found = 0;
     for (long number = 1; number <= parent.Count(); ++number) {
@@ -382,8 +381,7 @@ TEST(Access, Goes_From_Part_To_Part) {
     parent->Release();
 }
 
-/// The questions of an object whose answer is another than `wanted`. All of them take a child, but those at
-/// the end.
+/// The questions of an object whose answer is another than `wanted`; all but the last take a child.
 std::string Answers_Other_Than(HRESULT wanted, IAccessible& object, VARIANT child, bool all) {
     BSTR text = nullptr;
     VARIANT variant;

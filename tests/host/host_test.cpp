@@ -456,8 +456,7 @@ TEST(Host_Paint_Test, Is_Never_Mirrored) {
     }
 }
 
-/// An application's own control: pixels of its own stand where it says, and a part is cut, hidden and
-/// scaled like it.
+/// An application's own control: its pixels stand where it says, its part is cut, hidden and scaled.
 TEST_F(Host_Test, Helps_Controls_Of_The_Application) {
     struct Stamp : Tools {
         Buttons part;

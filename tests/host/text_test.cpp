@@ -76,8 +76,7 @@ class Beside_The_System : public Typing {
                                window, nullptr, nullptr, nullptr);
         SendMessageW(edit, WM_SETFONT, reinterpret_cast<WPARAM>(field.Bold_Font), FALSE);
     }
-    /// Has a user type in both.
-    /// @return what is in both then
+    /// What is in both when a user has typed in both.
     template <class Type>
     std::wstring After(Type type) {
         for (const HWND typed_in : {edit, HWND(window)})

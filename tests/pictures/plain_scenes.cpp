@@ -259,8 +259,7 @@ Scene Rescaled(const Sized& last, bool another_image = false) {
     };
 }
 
-/// An image has the pixels that it was given with: it is enlarged by whole factors, or every second is left
-/// out.
+/// An image keeps the pixels of its own size: enlarged by whole factors, or every second left out.
 template <class Control>
 void Show_Images(Sheet& sheet) {
     for (const Sized& size : Sizes)

@@ -85,8 +85,7 @@ class Test_Window {
 
 /// Handles the messages that the windows of this thread have.
 void Pump();
-/// Handles messages until `done` answers true; false when that takes longer than ten seconds, which is meant
-/// for what never happens unless something is wrong.
+/// Handles messages until `done` answers true; false after ten seconds, when something is wrong.
 bool Pump_Until(const std::function<bool()>& done);
 
 }  // namespace galdren_test
