@@ -135,6 +135,7 @@ void Canvas::Fill_Rows(int top, int bottom, unsigned long color, Next next) {
     for (; top <= bottom && top < clip.top; ++top)
         next();
     const int end = std::min<int>(bottom + 1, clip.bottom);
+    if (top >= end) return;  // there is no pointer to a row that far away
     const Raster& raster = view.sheet->Pixels();
     const auto pixel = static_cast<unsigned long>(Pixel_Of(color));
     const POINT origin = view.origin;
