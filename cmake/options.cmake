@@ -30,20 +30,34 @@ endif()
 
 set(GALDREN_PRECOMPILED OFF CACHE STRING "Precompile the system's headers: three times as fast, but a missing #include \
 goes unnoticed. MOST leaves out one library with each source: the DLLs, and the host without parts, which these have.")
-# galdren_precompile(TARGET [HEADER...])
+set(precompiled_headers <windows.h> <algorithm> <functional> <memory> <string> <vector>)
+
+# galdren_precompile(TARGET [HEADER...]): what has headers of its own has them precompiled by itself, all others together.
 function(galdren_precompile target)
-  if(GALDREN_PRECOMPILED STREQUAL "ON" OR (GALDREN_PRECOMPILED STREQUAL "MOST" AND
-                                           NOT target MATCHES "^Galdren_(Util|Tools|Host_Static)$"))
-    if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")  # or compiler caches take the headers for new ones
-      target_compile_options(${target} PRIVATE "SHELL:-Xclang -fno-pch-timestamp")
-    endif()
-    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
-      # With optimization GCC 12 takes what it reads of strings there for overruns.
-      target_compile_options(${target} PRIVATE -Wno-array-bounds -Wno-stringop-overflow)
-    endif()
-    target_precompile_headers(${target} PRIVATE <windows.h> <algorithm> <functional> <memory> <string> <vector> ${ARGN})
+  if(NOT GALDREN_PRECOMPILED OR (GALDREN_PRECOMPILED STREQUAL "MOST" AND
+                                 target MATCHES "^Galdren_(Util|Tools|Host_Static)$"))
+    return()
+  endif()
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+    # With optimization GCC 12 takes what it reads of strings there for overruns.
+    target_compile_options(${target} PRIVATE -Wno-array-bounds -Wno-stringop-overflow)
+  endif()
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")  # or compiler caches take the headers for new ones
+    target_compile_options(${target} PRIVATE "SHELL:-Xclang -fno-pch-timestamp")
+  endif()
+  if(ARGN OR target STREQUAL "galdren_precompiled")
+    target_precompile_headers(${target} PRIVATE ${precompiled_headers} ${ARGN})
+  else()
+    target_precompile_headers(${target} REUSE_FROM galdren_precompiled)
   endif()
 endfunction()
+
+if(GALDREN_PRECOMPILED)
+  file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/precompiled.cpp CONTENT "")
+  add_library(galdren_precompiled OBJECT ${PROJECT_BINARY_DIR}/precompiled.cpp)
+  target_link_libraries(galdren_precompiled PRIVATE galdren_options)
+  galdren_precompile(galdren_precompiled)
+endif()
 
 # galdren_library(NAME DESCRIPTION text SOURCES... [NEEDS library] [SYSTEM library...]): the DLL NAME and the static library NAME_Static, with the
 # aliases Galdren::NAME and Galdren::NAME_Static.
