@@ -28,19 +28,13 @@ if(GALDREN_CHECKED)
                                                    -fsanitize-undefined-trap-on-error)
 endif()
 
-set(GALDREN_PRECOMPILED OFF CACHE STRING "Precompile the system's headers: three times as fast, but a missing #include \
-goes unnoticed. MOST leaves out one library with each source: the DLLs, and the host without parts, which these have.")
+option(GALDREN_PRECOMPILED "Precompile the system's headers: three times as fast, but a missing #include goes unnoticed" OFF)
 set(precompiled_headers <windows.h> <algorithm> <functional> <memory> <string> <vector>)
 
 # galdren_precompile(TARGET [HEADER...]): what has headers of its own has them precompiled by itself, all others together.
 function(galdren_precompile target)
-  if(NOT GALDREN_PRECOMPILED OR (GALDREN_PRECOMPILED STREQUAL "MOST" AND
-                                 target MATCHES "^Galdren_(Util|Tools|Host_Static)$"))
+  if(NOT GALDREN_PRECOMPILED)
     return()
-  endif()
-  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
-    # With optimization GCC 12 takes what it reads of strings there for overruns.
-    target_compile_options(${target} PRIVATE -Wno-array-bounds -Wno-stringop-overflow)
   endif()
   if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")  # or compiler caches take the headers for new ones
     target_compile_options(${target} PRIVATE "SHELL:-Xclang -fno-pch-timestamp")

@@ -191,7 +191,7 @@ class Repaint_Clock {
         lines[in_batch]->Set_Name("%s: %.2f ms", in_batch ? "In a batch" : "One by one",
                                   crowd->Paint(in_batch));
         sheet.Refresh(*lines[in_batch]);
-        sheet.Report(std::string("press \"Paint batch\": Lamp ") + (in_batch ? "1" : "0"));
+        sheet.Report(in_batch ? "press \"Paint batch\": Lamp 1" : "press \"Paint batch\": Lamp 0");
     }
 
   private:
