@@ -110,7 +110,9 @@ class Stage {
     /// also around each of these, which may be larger than the set.
     template <class Control>
     void Allow(const Control& control) {
-        const int x = 24 + 2 * std::abs(int{control.Border}), y = control.Flag & FLAG_VERTICAL ? 9999 : x;
+        const bool upright = (control.Flag & FLAG_VERTICAL) != 0;
+        const int letter = upright ? 2 * std::max(control.Font_Size, control.Font_Size_Last) : 0;
+        const int x = 24 + 2 * std::abs(int{control.Border}) + letter, y = upright ? 9999 : x;
         Allow(control.X - x, control.X + control.Width + x, control.Y - y, control.Y + control.Height + y);
         if constexpr (std::is_same_v<Control, Tabs>)
             for (TabItems** item = control.Item; item && *item; ++item)
