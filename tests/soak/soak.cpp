@@ -1,6 +1,5 @@
-// soak [--steps N] [--seed N]: uses every class at random, as applications do and as they should not. What
-// has to hold is watched all the time: nothing outside the controls is painted, nothing stays locked, nothing
-// is lost. Each run of 1000 steps has a seed of its own, and says before it begins how it can be replayed.
+// soak [--steps N] [--seed N]: uses every class at random, rightly and wrongly: nothing outside the controls
+// is painted, nothing stays locked, nothing is lost. Each run of 1000 steps has a seed, which replays it.
 #include <algorithm>
 #include <cmath>
 #include <cstdio>

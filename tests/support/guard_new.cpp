@@ -13,7 +13,7 @@ constexpr std::size_t Page = 4096;
 constexpr std::size_t Largest_Alignment = 16;
 
 /// The size of an object is a multiple of its alignment, so the lowest bit set in the size is alignment
-/// enough, and leaves no gap between the block and its guard.
+/// enough, and leaves no gap between the block and its guard. Not for Clang: its code counts on 16.
 std::size_t Alignment_Of(std::size_t size) {
     const std::size_t lowest = size & (~size + 1);
     return lowest < Largest_Alignment ? lowest : Largest_Alignment;

@@ -170,9 +170,10 @@ namespace {
 /// Blocks of the allocator of checked builds, which are ranges without access but for the block.
 int Guarded_Blocks() {
     int count = 0;
-    const char* address = nullptr;
-    for (MEMORY_BASIC_INFORMATION range; VirtualQuery(address, &range, sizeof range) == sizeof range;
-         address = static_cast<const char*>(range.BaseAddress) + range.RegionSize)
+    ULONG_PTR address = 0;
+    for (MEMORY_BASIC_INFORMATION range;
+         VirtualQuery(reinterpret_cast<void*>(address), &range, sizeof range) == sizeof range;
+         address = reinterpret_cast<ULONG_PTR>(range.BaseAddress) + range.RegionSize)
         count += range.State == MEM_COMMIT && range.AllocationProtect == PAGE_NOACCESS &&
                  range.Type == MEM_PRIVATE;
     return count;
