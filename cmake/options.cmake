@@ -31,7 +31,7 @@ endif()
 option(GALDREN_PRECOMPILED "Precompile the system's headers: three times as fast, but a missing #include goes unnoticed" OFF)
 set(precompiled_headers <windows.h> <algorithm> <functional> <memory> <string> <vector>)
 
-# galdren_precompile(TARGET [HEADER...]): what has headers of its own has them precompiled by itself, all others together.
+# galdren_precompile(TARGET [HEADER...]): its own headers, or without any those that are precompiled once for all.
 function(galdren_precompile target)
   if(NOT GALDREN_PRECOMPILED)
     return()
@@ -39,8 +39,8 @@ function(galdren_precompile target)
   if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")  # or compiler caches take the headers for new ones
     target_compile_options(${target} PRIVATE "SHELL:-Xclang -fno-pch-timestamp")
   endif()
-  if(ARGN OR target STREQUAL "galdren_precompiled")
-    target_precompile_headers(${target} PRIVATE ${precompiled_headers} ${ARGN})
+  if(ARGN)
+    target_precompile_headers(${target} PRIVATE ${ARGN})
   else()
     target_precompile_headers(${target} REUSE_FROM galdren_precompiled)
   endif()
@@ -50,7 +50,7 @@ if(GALDREN_PRECOMPILED)
   file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/precompiled.cpp CONTENT "")
   add_library(galdren_precompiled OBJECT ${PROJECT_BINARY_DIR}/precompiled.cpp)
   target_link_libraries(galdren_precompiled PRIVATE galdren_options)
-  galdren_precompile(galdren_precompiled)
+  galdren_precompile(galdren_precompiled ${precompiled_headers})
 endif()
 
 # galdren_library(NAME DESCRIPTION text SOURCES... [NEEDS library] [SYSTEM library...]): the DLL NAME and the static library NAME_Static, with the
